@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs what a bare Debian 12 machine lacks. Usage: scripts/setup.sh [test|bench]
+set -euo pipefail
+
+packages=(build-essential cmake ninja-build ccache pkg-config
+          qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libgl-dev libsqlcipher-dev
+          fonts-liberation breeze-icon-theme)
+case "${1:-run}" in
+  run)   if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then packages+=(xvfb xdotool scrot); fi ;;
+  test)  packages+=(libgtest-dev) ;;
+  bench) packages+=(libbenchmark-dev) ;;
+esac
+
+missing=()
+for package in "${packages[@]}"; do
+  dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'install ok installed' || missing+=("$package")
+done
+[ ${#missing[@]} -eq 0 ] && exit 0
+
+as_root=()
+if [ "$(id -u)" -ne 0 ]; then
+  command -v sudo >/dev/null || { echo "These packages are missing; install them as root: ${missing[*]}" >&2; exit 1; }
+  as_root=(sudo)
+fi
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -q
+DEBIAN_FRONTEND=noninteractive "${as_root[@]}" apt-get install -y -q --no-install-recommends "${missing[@]}"

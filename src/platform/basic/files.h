@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QString>
+
+namespace vorel::basic {
+
+// The file name of a plain file at the path, or "" if there is none (a folder is none). The last components are found
+// whatever their case. Both "\" and "/" part folders.
+QString Dir(const QString &path);
+// The path as it really is on disk (case found, separators the system's), or the path with the
+// system's separators, below the folders that are there, when nothing is there.
+QString realPath(const QString &path);
+// The folder of data, configuration and scratch files; decided once (see desktop/programfolder.h), set by tests.
+const QString &programFolder();
+void setProgramFolder(const QString &path);
+
+}

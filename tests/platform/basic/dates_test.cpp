@@ -1,0 +1,279 @@
+#include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/format.h"
+#include "support.h"
+
+#include <limits>
+
+using namespace vorel::basic;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Dates = BasicTest;
+
+TEST_F(Dates, SerialsCountFromTheirDayZero)
+{
+    EXPECT_EQ(DateTime::fromParts(1899, 12, 30).serial(), 0);
+    EXPECT_EQ(DateTime::fromParts(2003, 12, 25, 12).serial(), 37980.5);
+    EXPECT_EQ(DateTime::fromParts(100, 1, 1).serial(), -657434);
+    EXPECT_EQ(DateTime::fromParts(9999, 12, 31).serial(), 2958465);
+    // Before day 0 the time still counts forward from midnight.
+    EXPECT_EQ(DateTime(-1.25).toStored(), u"1899-12-29 06:00:00"_s);
+    EXPECT_EQ(DateTime::fromParts(1899, 12, 29, 6).serial(), -1.25);
+    // Half a second short of midnight is midnight.
+    EXPECT_EQ(DateTime(37979.999999).toStored(), u"2003-12-25 00:00:00"_s);
+    EXPECT_FALSE(DateTime(0.5).hasDate());
+    EXPECT_TRUE(DateTime(0.5).hasTime());
+    EXPECT_EQ(DateTime(-1.25).dayOnly().serial(), -1);
+}
+
+TEST_F(Dates, EverySecondAndDayComesBack)
+{
+    for (int second = 0; second < 86400; second += 7) {
+        const DateTime moment = DateTime::fromParts(2004, 2, 29, second / 3600, second / 60 % 60, second % 60);
+        ASSERT_EQ(moment.time(), QTime(0, 0).addSecs(second));
+        ASSERT_EQ(DateTime::fromStored(moment.toStored()), moment);
+    }
+    for (int serial = -657434; serial <= 2958465; serial += 97) {
+        const DateTime day(serial);
+        ASSERT_EQ(day.date(), QDate(1899, 12, 30).addDays(serial));
+        ASSERT_EQ(DateTime::fromStored(day.toStored()), day);
+    }
+}
+
+TEST_F(Dates, StoredFormRefusesGarbage)
+{
+    const QStringView bad[] = {
+        u"", u"garbage", u"2003-12-25 09:00:0", u"2003-12-25 09:00:000", u"2003/12/25 09:00:00", u"2003-13-01 00:00:00",
+        u"2003-02-29 00:00:00", u"2003-00-10 00:00:00", u"2003-01-32 00:00:00", u"2003-01-10 24:00:00",
+        u"2003-01-10 10:60:00", u"2003-01-10 10:00:60", u"2003-01-10x10:00:00", u"0099-01-01 00:00:00", u"-003-01-10 00:00:00",
+        u"2003-01-1\u0663 00:00:00", u"2003-01-10 10.00.00", u"37991",
+    };
+    for (const QStringView text : bad) {
+        bool ok = true;
+        EXPECT_EQ(DateTime::fromStored(text, &ok), DateTime()) << text.toString().toStdString();
+        EXPECT_FALSE(ok) << text.toString().toStdString();
+    }
+    bool ok = false;
+    EXPECT_EQ(DateTime::fromStored(u"2003-12-25", &ok), DateTime(37980));
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(DateTime::fromStored(u"2003-12-25T18:00", &ok), DateTime(37980.75));
+    EXPECT_TRUE(ok);
+}
+
+TEST_F(Dates, SerialsOutsideTheRangeStayInside)
+{
+    EXPECT_EQ(DateTime(1e300).toStored(), u"9999-12-31 23:59:59"_s);
+    EXPECT_EQ(DateTime(-1e300).toStored(), u"0100-01-01 00:00:00"_s);
+    EXPECT_EQ(DateTime(std::numeric_limits<double>::quiet_NaN()).toStored(), u"1899-12-30 00:00:00"_s);
+    EXPECT_EQ(DateTime(2958465.9999999).toStored(), u"9999-12-31 23:59:59"_s);
+    EXPECT_EQ(errorOf([] { CDate(Value(2958466)); }), 6);
+    EXPECT_EQ(errorOf([] { DateAdd(u"d", 1, DateTime(2958465)); }), 5);
+    EXPECT_EQ(errorOf([] { DateAdd(u"yyyy", -1900, DateTime(1)); }), 5);
+    EXPECT_EQ(errorOf([] { DateAdd(u"s", 1e300, DateTime(1)); }), 5);
+    EXPECT_EQ(errorOf([] { DateSerial(2000000000, 2000000000, 1); }), 5);
+    EXPECT_EQ(errorOf([] { DateDiff(u"s", DateTime(-657434), DateTime(2958465)); }), 6);
+    EXPECT_EQ(errorOf([] { DateTime::fromParts(2003, 2, 29); }), 5);
+}
+
+TEST_F(Dates, ArithmeticBeyondTheVectors)
+{
+    const DateTime evening = DateTime::fromParts(2004, 2, 28, 23, 59, 30);
+    EXPECT_EQ(DateAdd(u"s", 31, evening).toStored(), u"2004-02-29 00:00:01"_s);
+    EXPECT_EQ(DateAdd(u"H", -48, evening).toStored(), u"2004-02-26 23:59:30"_s);
+    EXPECT_EQ(DateAdd(u"n", 90, DateTime(-1.25)).toStored(), u"1899-12-29 07:30:00"_s);
+    // Monday to Monday: one week boundary when weeks begin on Monday, whichever way.
+    const DateTime monday = DateTime::fromParts(2004, 1, 5);
+    const DateTime nextMonday = DateTime::fromParts(2004, 1, 12);
+    const DateTime sunday = DateTime::fromParts(2004, 1, 11);
+    EXPECT_EQ(DateDiff(u"ww", monday, sunday), 1);
+    EXPECT_EQ(DateDiff(u"ww", monday, sunday, 2), 0);
+    EXPECT_EQ(DateDiff(u"ww", nextMonday, monday, 2), -1);
+    EXPECT_EQ(TimeSerial(9, 90, 0), DateTime::fromParts(1899, 12, 30, 10, 30));
+    EXPECT_EQ(TimeSerial(6, -15, 0).toStored(), u"1899-12-30 05:45:00"_s);
+    for (const QStringView interval : {u"", u"x", u"day", u"yy"})
+        EXPECT_EQ(errorOf([&] { DateAdd(interval, 1, monday); }), 5) << interval.toString().toStdString();
+    EXPECT_EQ(errorOf([&] { Weekday(monday, 8); }), 5);
+}
+
+TEST_F(Dates, TheOrderOfAMachineShowsInOneText)
+{
+    const QStringView monthFirst[] = {u"en_US", u"C", u"POSIX", u"C.UTF-8", u"en_US.UTF-8", u"", u"xx_XX"};
+    for (const QStringView name : monthFirst) {
+        setRegional(regionalFor(name.toString()));
+        EXPECT_EQ(DatePart(u"d", CDate(Value(u"2/7/2000"_s))), 7) << name.toString().toStdString();
+    }
+    const QStringView dayFirst[] = {u"en_AU", u"en_GB", u"de_DE", u"en_GB.UTF-8", u"de_DE@euro", u"fr_FR"};
+    for (const QStringView name : dayFirst) {
+        setRegional(regionalFor(name.toString()));
+        EXPECT_EQ(DatePart(u"d", CDate(Value(u"2/7/2000"_s))), 2) << name.toString().toStdString();
+    }
+}
+
+TEST_F(Dates, RegionalSettings)
+{
+    const struct {
+        QStringView name;
+        DateOrder order;
+        QStringView shown;           // 5 January 2004, 21:05:07
+        QStringView price;           // -1234.5
+        bool metricPaper;
+    } cases[] = {
+        {u"en_US", DateOrder::MonthFirst, u"1/5/2004 9:05:07 PM", u"($1,234.50)", false},
+        {u"C", DateOrder::MonthFirst, u"1/5/2004 9:05:07 PM", u"($1,234.50)", false},
+        {u"en_AU", DateOrder::DayFirst, u"5/01/2004 9:05:07 PM", u"-$1,234.50", true},
+        {u"en_GB", DateOrder::DayFirst, u"05/01/2004 21:05:07", u"-£1,234.50", true},
+        {u"de_DE", DateOrder::DayFirst, u"05.01.2004 21:05:07", u"-1.234,50 €", true},
+    };
+    const DateTime moment = DateTime::fromParts(2004, 1, 5, 21, 5, 7);
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.name.toString().toStdString());
+        setRegional(regionalFor(c.name.toString()));
+        EXPECT_EQ(regional().order, c.order);
+        EXPECT_EQ(Value(moment).text(), c.shown);
+        EXPECT_EQ(Format(Value(-1234.5), u"Currency"), c.price);
+        EXPECT_EQ(regional().metricPaper, c.metricPaper);
+        // A query's date keeps its form everywhere.
+        EXPECT_EQ(Format(Value(moment), u"mm/dd/yyyy"), u"01/05/2004"_s);
+    }
+}
+
+TEST_F(Dates, WhatAMachineWritesItReads)
+{
+    const DateTime moments[] = {
+        DateTime::fromParts(2003, 12, 25), DateTime::fromParts(2004, 5, 6, 7, 8, 9), DateTime::fromParts(1968, 2, 29, 12, 0, 0),
+        DateTime::fromParts(1899, 12, 30, 23, 59, 59), DateTime::fromParts(9999, 12, 31), DateTime::fromParts(100, 1, 1),
+        DateTime(),
+    };
+    const QStringView names[] = {u"en_US", u"en_AU", u"en_GB", u"en_CA", u"en_NZ", u"de_DE", u"de_CH",
+                                 u"fr_FR", u"nl_NL", u"sv_SE", u"hu_HU", u"bg_BG", u"ko_KR", u"ja_JP",
+                                 u"fi_FI", u"pl_PL", u"ar_EG", u"fa_IR", u"lt_LT", u"hr_HR"};
+    for (const QStringView name : names) {
+        setRegional(regionalFor(name.toString()));
+        for (const DateTime &moment : moments) {
+            const QString text = Value(moment).text();
+            SCOPED_TRACE(name.toString().toStdString() + ' ' + text.toStdString());
+            EXPECT_EQ(errorOf([&] { EXPECT_EQ(CDate(Value(text)), moment); }), 0);
+        }
+        EXPECT_EQ(CDate(Value(u"2003-12-25"_s)), moments[0]) << name.toString().toStdString();
+    }
+}
+
+TEST_F(Dates, GermanDots)
+{
+    stopClock(2003, 6, 1);
+    setRegional(regionalFor(u"de_DE"_s));
+    const struct {
+        QStringView text;
+        QStringView stored;
+    } cases[] = {
+        {u"25.12.2003", u"2003-12-25 00:00:00"}, {u"1.2.03", u"2003-02-01 00:00:00"}, {u"12.25.2003", u"2003-12-25 00:00:00"},
+        {u"25.12.", u"2003-12-25 00:00:00"}, {u"5. Dec 2003", u"2003-12-05 00:00:00"},
+        {u"25.12.2003 14:30", u"2003-12-25 14:30:00"}, {u"25/12/2003", u"2003-12-25 00:00:00"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(CDate(Value(c.text.toString())).toStored(), c.stored) << c.text.toString().toStdString();
+    for (const QStringView text : {u"32.12.2003", u".25.12.2003", u"25..12.2003", u"1.2.3.4"})
+        EXPECT_FALSE(IsDate(Value(text.toString()))) << text.toString().toStdString();
+}
+
+TEST_F(Dates, TextsBeyondTheVectors)
+{
+    stopClock(2003, 6, 1);
+    const struct {
+        QStringView locale;
+        QStringView text;
+        QStringView stored;          // or "" if it is no date
+    } cases[] = {
+        {u"en_US", u"14 2 3", u"2014-02-03 00:00:00"},          // year, month, day before day, month, year
+        {u"en_US", u"14 1", u"2003-01-14 00:00:00"},
+        {u"en_US", u"1 14", u"2003-01-14 00:00:00"},
+        {u"en_US", u"2 35", u"1935-02-01 00:00:00"},
+        {u"en_US", u"29 2", u"2029-02-01 00:00:00"},            // no leap year: month and year
+        {u"en_US", u"Jan 35", u"1935-01-01 00:00:00"},
+        {u"en_US", u"12/2003", u"2003-12-01 00:00:00"},
+        {u"en_US", u"02/29/01", u""},
+        {u"en_AU", u"02/29/01", u"2029-02-01 00:00:00"},
+        {u"en_US", u"2004/20/12", u""},
+        {u"en_US", u"Sept 5 2003", u""},
+        {u"en_US", u"Jan Feb 2003", u""},
+        {u"en_US", u"Monday 5 January 2004", u""},
+        {u"en_US", u"9:00 10:00", u""},
+        {u"en_US", u"9:00 5", u""},
+        {u"en_US", u"5 // 6 // 2003", u""},
+        {u"en_US", u"99999999999999999999/1/1", u""},
+        {u"en_US", u"   ", u""},
+        {u"en_US", u"9:", u""},
+        {u"en_US", u"13 PM", u"1899-12-30 13:00:00"},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.text.toString().toStdString());
+        setRegional(regionalFor(c.locale.toString()));
+        const Value text(c.text.toString());
+        EXPECT_EQ(IsDate(text), !c.stored.isEmpty());
+        if (c.stored.isEmpty())
+            EXPECT_EQ(errorOf([&] { CDate(text); }), 13);
+        else
+            EXPECT_EQ(CDate(text).toStored(), c.stored);
+    }
+    // A plain number is no date's text, yet it converts as the serial.
+    EXPECT_EQ(CDate(Value(u"37980.5"_s)).serial(), 37980.5);
+}
+
+TEST_F(Dates, FormatBeyondTheVectors)
+{
+    const Value moment(DateTime::fromParts(2004, 1, 5, 12, 36, 1));
+    const struct {
+        QStringView pattern;
+        QStringView expected;
+    } cases[] = {
+        {u"hh :mm:mm", u"12 :36:01"},          // the second one follows no hour: the month
+        {u"h \"h\" mm", u"12 h 36"},
+        {u"hhAMPM", u"12PM"},
+        {u"am/pm h", u"pm 12"},
+        {u"c", u"1/5/2004 12:36:01 PM"},
+        {u"General Date", u"1/5/2004 12:36:01 PM"},
+        {u"long date", u"Monday, January 05, 2004"},
+        {u"dddddd", u"Monday, January 05, 2004"},
+        {u"yyyy\\", u"2004"},
+        {u"\"open yyyy", u"open yyyy"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Format(moment, c.pattern), c.expected) << c.pattern.toString().toStdString();
+    EXPECT_EQ(Value(DateTime::fromParts(2004, 1, 5)).text(), u"1/5/2004"_s);
+    EXPECT_EQ(Value(DateTime(0.5)).text(), u"12:00:00 PM"_s);
+    EXPECT_EQ(Format(Value(u"39697.11"_s), u"mm-dd-yy"), u"09-06-08"_s);
+    EXPECT_EQ(Format(Value(1e300), u"mm/dd/yyyy"), u"1E+300"_s);
+}
+
+TEST_F(Dates, TheClockIsTheOneThatWasSet)
+{
+    stopClock(2004, 2, 29, 18, 30, 15);
+    EXPECT_EQ(Now().toStored(), u"2004-02-29 18:30:15"_s);
+    EXPECT_EQ(vorel::basic::Date(), DateTime::fromParts(2004, 2, 29));
+    EXPECT_EQ(Time().toStored(), u"1899-12-30 18:30:15"_s);
+    setClock({});
+    const DateTime before = DateTime::fromQDateTime(QDateTime::currentDateTime());
+    const DateTime now = Now();
+    EXPECT_LE(before, now);
+    EXPECT_LE(now, DateTime::fromQDateTime(QDateTime::currentDateTime()));
+}
+
+TEST_F(Dates, ChanceRepeatsFromItsSeed)
+{
+    const auto series = [] {
+        setRandomSeed(7);
+        QList<double> numbers;
+        for (int i = 0; i < 1000; ++i)
+            numbers << Rnd();
+        return numbers;
+    };
+    const QList<double> numbers = series();
+    EXPECT_EQ(series(), numbers);
+    EXPECT_GE(*std::min_element(numbers.begin(), numbers.end()), 0.0);
+    EXPECT_LT(*std::max_element(numbers.begin(), numbers.end()), 1.0);
+    EXPECT_GT(QSet<double>(numbers.begin(), numbers.end()).size(), 900);
+}
+
+}

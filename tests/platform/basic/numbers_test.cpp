@@ -1,0 +1,180 @@
+#include "platform/basic/convert.h"
+#include "platform/basic/format.h"
+#include "support.h"
+
+#include <limits>
+
+using namespace vorel::basic;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Numbers = BasicTest;
+
+Currency money(const QString &text)
+{
+    return CCur(Value(text));
+}
+
+TEST_F(Numbers, CurrencyIsExact)
+{
+    // 0.1 ten times is 1, which binary fractions miss.
+    Currency sum;
+    for (int i = 0; i < 10; ++i)
+        sum = sum + Currency::fromDouble(0.1);
+    EXPECT_EQ(sum, Currency::fromScaled(10000));
+    EXPECT_EQ((money(u"922337203685477.5806"_s) + Currency::fromScaled(1)).scaled(), std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(Value(money(u"-922337203685477.5807"_s)).text(), u"-922337203685477.5807"_s);
+    EXPECT_EQ(Value(money(u"1,000.0500"_s) - money(u"1000.1"_s)).text(), u"-0.05"_s);
+    EXPECT_EQ(-money(u"(3.5)"_s), money(u"3.5"_s));
+}
+
+TEST_F(Numbers, CurrencyRoundsTiesToEven)
+{
+    const struct {
+        QStringView text;
+        std::int64_t scaled;
+    } cases[] = {
+        {u"0.00005", 0}, {u"0.00015", 2}, {u"0.00025", 2}, {u"-0.00015", -2}, {u"0.000050000001", 1},
+        {u"0.00004999", 0}, {u"0.00009999", 1}, {u"123456789012.34565", 1234567890123456}, {u"1e-9", 0}, {u"9.99999", 100000},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(money(c.text.toString()).scaled(), c.scaled) << c.text.toString().toStdString();
+    EXPECT_EQ(Currency::fromDouble(0.25).scaled(), 2500);
+    EXPECT_EQ(Currency::fromDouble(-2.00006).scaled(), -20001);
+}
+
+TEST_F(Numbers, CurrencyOverflows)
+{
+    const Currency highest = Currency::fromScaled(std::numeric_limits<std::int64_t>::max());
+    EXPECT_EQ(errorOf([&] { return highest + Currency::fromScaled(1); }), 6);
+    EXPECT_EQ(errorOf([&] { return -highest - Currency::fromScaled(1); }), 6);
+    for (const QString &text : {u"922337203685477.5808"_s, u"-922337203685477.58075"_s, u"1e15"_s, u"1e99"_s})
+        EXPECT_EQ(errorOf([&] { money(text); }), 6) << text.toStdString();
+    for (const double number : {1e15, -1e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
+        EXPECT_EQ(errorOf([&] { Currency::fromDouble(number); }), 6) << number;
+}
+
+TEST_F(Numbers, IntegersOverflowAtTheirEnds)
+{
+    EXPECT_EQ(CByte(Value(255.5 - 0.1)), 255);
+    EXPECT_EQ(CInt(Value(-32768.5)), -32768);
+    EXPECT_EQ(CLng(Value(-2147483648.5)), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(CInt(Value(true)), -1);
+    EXPECT_EQ(CLng(Value(Currency::fromScaled(25000))), 2);
+    EXPECT_EQ(errorOf([] { CByte(Value(255.5)); }), 6);
+    EXPECT_EQ(errorOf([] { CByte(Value(-1)); }), 6);
+    EXPECT_EQ(errorOf([] { CInt(Value(-32769)); }), 6);
+    EXPECT_EQ(errorOf([] { CSng(Value(1e39)); }), 6);
+    EXPECT_EQ(errorOf([] { CDbl(Value(u"1e309"_s)); }), 6);
+    EXPECT_EQ(CDbl(Value(u"1e-400"_s)), 0.0);
+}
+
+TEST_F(Numbers, NullAndBinaryConvertToNothing)
+{
+    EXPECT_EQ(errorOf([] { CStr(Value()); }), 94);
+    EXPECT_EQ(errorOf([] { CDbl(Value()); }), 94);
+    EXPECT_EQ(errorOf([] { CCur(Value()); }), 94);
+    EXPECT_EQ(errorOf([] { CBool(Value()); }), 94);
+    EXPECT_EQ(errorOf([] { CDate(Value()); }), 94);
+    EXPECT_EQ(errorOf([] { CLng(Value(QByteArray("12"))); }), 13);
+    EXPECT_FALSE(IsNumeric(Value()));
+    EXPECT_FALSE(IsDate(Value()));
+    EXPECT_FALSE(IsDate(Value(37991)));
+    EXPECT_EQ(Value().text(), QString());
+}
+
+TEST_F(Numbers, TextOfValues)
+{
+    const struct {
+        Value value;
+        QStringView text;
+    } cases[] = {
+        {Value(true), u"True"}, {Value(false), u"False"}, {Value(std::uint8_t{200}), u"200"},
+        {Value(std::int16_t{-7}), u"-7"}, {Value(-2147483647 - 1), u"-2147483648"}, {Value(-0.0), u"0"},
+        {Value(999999999.5), u"999999999.5"}, {Value(-1e9), u"-1000000000"}, {Value(1e-16), u"1E-16"},
+        {Value(Currency::fromScaled(-5)), u"-0.0005"}, {Value(Currency::fromScaled(120000)), u"12"},
+    };
+    for (const auto &c : cases) {
+        EXPECT_EQ(c.value.text(), c.text);
+        EXPECT_EQ(CStr(c.value), c.text);
+    }
+}
+
+TEST_F(Numbers, RoundIsHalfToEven)
+{
+    const struct {
+        double number;
+        int digits;
+        double expected;
+    } cases[] = {
+        {2.5, 0, 2}, {3.5, 0, 4}, {-2.5, 0, -2}, {0.5, 0, 0}, {0.125, 2, 0.12}, {0.375, 2, 0.38}, {2.51, 0, 3},
+        {12.3456, 3, 12.346}, {99.96, 1, 100}, {-0.004, 2, 0}, {1e20, 2, 1e20},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Round(c.number, c.digits), c.expected) << c.number;
+    EXPECT_EQ(errorOf([] { Round(1, -1); }), 5);
+}
+
+TEST_F(Numbers, ValBeyondTheVectors)
+{
+    EXPECT_EQ(Val(u"&H8000"), -32768);
+    EXPECT_EQ(Val(u"&H10000"), 65536);
+    EXPECT_EQ(Val(u"&HFFFFFFFF"), -1);
+    EXPECT_EQ(Val(u"\t12\n34"), 1234);
+    EXPECT_EQ(Val(u"12\u00A034"), 12);
+    EXPECT_EQ(Val(u"1e-400"), 0);
+    EXPECT_EQ(errorOf([] { Val(u"50.5%"); }), 13);
+    EXPECT_EQ(errorOf([] { Val(u"1e999"); }), 6);
+}
+
+TEST_F(Numbers, GermanMachine)
+{
+    setRegional(regionalFor(u"de_DE"_s));
+    EXPECT_EQ(Value(-1234.5).text(), u"-1234,5"_s);
+    EXPECT_EQ(Value(Currency::fromScaled(12500)).text(), u"1,25"_s);
+    EXPECT_EQ(CDbl(Value(u"1.234,5"_s)), 1234.5);
+    EXPECT_EQ(money(u"1.234,50 €"_s).scaled(), 12345000);
+    EXPECT_EQ(Format(Value(1234.5), u"#,##0.00"), u"1.234,50"_s);
+    EXPECT_EQ(Format(Value(-1234.5), u"Currency"), u"-1.234,50 €"_s);
+    // What a box shows is what is read from it.
+    EXPECT_EQ(money(Format(Value(9.875), u"######.#0")).scaled(), 98800);
+    // These two never follow the machine.
+    EXPECT_EQ(Str(1.5), u" 1.5"_s);
+    EXPECT_EQ(Val(u"1.5"), 1.5);
+}
+
+TEST_F(Numbers, FormatBeyondTheVectors)
+{
+    const struct {
+        Value value;
+        QStringView pattern;
+        QStringView expected;
+    } cases[] = {
+        {Value(12345678.0), u"#,##0,", u"12,346"},                  // a comma before the end divides
+        {Value(1234567890.0), u"#,##0,,.0", u"1,234.6"},
+        {Value(5), u"0##", u"005"},
+        {Value(5), u"#####.##", u"5."},
+        {Value(1234.5), u"Scientific", u"1.23E+03"},
+        {Value(0.00099996), u"0.00E-00", u"1.00E-03"},
+        {Value(0.0), u"Scientific", u"0.00E+00"},
+        {Value(-1.0), u"0;;\\Z", u"-1"},
+        {Value(5551234), u"000-0000", u"555-1234"},
+        {Value(Currency::fromScaled(9223372036854775807)), u"0.0000", u"922337203685477.5807"},
+        {Value(1), u"Yes/No", u"Yes"},
+        {Value(u"(5)"_s), u"0.00", u"-5.00"},
+        {Value(u"1e3"_s), u"#,##0", u"1,000"},
+        {Value(u"1e999"_s), u"0.00", u"1e999"},
+        {Value(1), u"0\\", u"1"},
+        {Value(1), u"0\"open", u"1open"},
+        {Value(std::numeric_limits<double>::infinity()), u"0.00", u"1.#INF"},
+        {Value(u"abcdefg"_s), u"@@@", u"abcdefg"},
+        {Value(u"ab"_s), u"!@@@@x", u"ab  x"},
+        {Value(u"AB"_s), u"<@@@", u" ab"},
+        {Value(7), u"@@@", u"  7"},
+    };
+    for (const auto &c : cases)
+        EXPECT_EQ(Format(c.value, c.pattern), c.expected) << c.pattern.toString().toStdString();
+}
+
+}

@@ -1,0 +1,151 @@
+#include "support/scriptedprompts.h"
+
+#include <gtest/gtest.h>
+
+namespace vorel::test {
+
+using basic::Answer;
+using basic::Buttons;
+
+namespace {
+
+// The answer of someone who wants nothing to happen, so that the test goes on to its end.
+Answer harmless(Buttons buttons)
+{
+    if (buttons == Buttons::Ok)
+        return Answer::Ok;
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+bool isOffered(Answer answer, Buttons buttons)
+{
+    switch (buttons) {
+    case Buttons::Ok: return answer == Answer::Ok;
+    case Buttons::OkCancel: return answer == Answer::Ok || answer == Answer::Cancel;
+    case Buttons::YesNo: return answer == Answer::Yes || answer == Answer::No;
+    case Buttons::YesNoCancel: return answer == Answer::Yes || answer == Answer::No || answer == Answer::Cancel;
+    case Buttons::RetryCancel: return answer == Answer::Retry || answer == Answer::Cancel;
+    }
+    return false;
+}
+
+const char *const kindNames[] = {"message", "input", "file chooser", "folder chooser", "colour chooser"};
+
+}
+
+ScriptedPrompts::ScriptedPrompts()
+{
+    basic::setPrompts(this);
+}
+
+ScriptedPrompts::~ScriptedPrompts()
+{
+    basic::setPrompts(nullptr);
+    for (const Expected &left : m_expected)
+        ADD_FAILURE() << "never asked (" << kindNames[static_cast<int>(left.kind)] << "): " << left.text.toStdString();
+}
+
+void ScriptedPrompts::expect(const QString &text, Answer answer)
+{
+    m_expected.push_back({Kind::Message, text, answer});
+}
+
+void ScriptedPrompts::expectInput(const QString &text, const QString &typed)
+{
+    m_expected.push_back({Kind::Input, text, typed});
+}
+
+void ScriptedPrompts::expectFile(const QString &title, const std::optional<QString> &path)
+{
+    m_expected.push_back({Kind::File, title, {}});
+    if (path)
+        m_expected.back().answer = *path;
+}
+
+void ScriptedPrompts::expectFolder(const QString &title, const std::optional<QString> &path)
+{
+    m_expected.push_back({Kind::Folder, title, {}});
+    if (path)
+        m_expected.back().answer = *path;
+}
+
+void ScriptedPrompts::expectColour(const std::optional<quint32> &rgb)
+{
+    m_expected.push_back({Kind::Colour, {}, {}});
+    if (rgb)
+        m_expected.back().answer = *rgb;
+}
+
+QStringList ScriptedPrompts::texts() const
+{
+    QStringList all;
+    for (const Shown &one : m_shown)
+        all.append(one.text);
+    return all;
+}
+
+bool ScriptedPrompts::take(Kind kind, const QString &text, Expected *taken)
+{
+    const char *name = kindNames[static_cast<int>(kind)];
+    if (m_expected.empty()) {
+        ADD_FAILURE() << "not expected (" << name << "): " << text.toStdString();
+        return false;
+    }
+    if (m_expected.front().kind != kind || !text.contains(m_expected.front().text)) {
+        ADD_FAILURE() << "asked (" << name << "): " << text.toStdString() << "\nexpected ("
+                      << kindNames[static_cast<int>(m_expected.front().kind)] << "): " << m_expected.front().text.toStdString();
+        return false;
+    }
+    *taken = m_expected.front();
+    m_expected.pop_front();
+    return true;
+}
+
+Answer ScriptedPrompts::message(const QString &text, const QString &title, Buttons buttons, basic::Icon icon)
+{
+    m_shown.push_back({text, title, buttons, icon});
+    Expected taken;
+    if (!take(Kind::Message, text, &taken))
+        return harmless(buttons);
+    const Answer answer = std::get<Answer>(taken.answer);
+    EXPECT_TRUE(isOffered(answer, buttons)) << "no such button under: " << text.toStdString();
+    return answer;
+}
+
+QString ScriptedPrompts::input(const QString &text, const QString &title, const QString &)
+{
+    m_shown.push_back({text, title});
+    Expected taken;
+    return take(Kind::Input, text, &taken) ? std::get<QString>(taken.answer) : QString();
+}
+
+std::optional<QString> ScriptedPrompts::path(Kind kind, const QString &title)
+{
+    m_shown.push_back({title, title});
+    Expected taken;
+    if (!take(kind, title, &taken) || !std::holds_alternative<QString>(taken.answer))
+        return std::nullopt;
+    return std::get<QString>(taken.answer);
+}
+
+std::optional<QString> ScriptedPrompts::chooseFile(const basic::FileQuestion &question)
+{
+    m_lastFile = question;
+    return path(Kind::File, question.title);
+}
+
+std::optional<QString> ScriptedPrompts::chooseFolder(const QString &title, const QString &)
+{
+    return path(Kind::Folder, title);
+}
+
+std::optional<quint32> ScriptedPrompts::chooseColour(quint32)
+{
+    m_shown.push_back({});
+    Expected taken;
+    if (!take(Kind::Colour, {}, &taken) || !std::holds_alternative<quint32>(taken.answer))
+        return std::nullopt;
+    return std::get<quint32>(taken.answer);
+}
+
+}
