@@ -1,0 +1,82 @@
+#pragma once
+
+#include "platform/dao/dao.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <functional>
+#include <vector>
+
+// The data control: one current row of a query, bound widgets that show and write that row's fields.
+namespace vorel::controls {
+
+struct BindOptions {
+    // How the stored value is shown; default: Value::text(). E.g. a date in the user's display format.
+    std::function<QString(const dao::Value &)> show = {};
+    // From the shown text to what is stored; default: the text itself (an empty text is Null for dates and numbers).
+    std::function<dao::Value(const QString &)> store = {};
+};
+
+class DataControl : public QObject {
+    Q_OBJECT
+public:
+    explicit DataControl(QObject *parent = nullptr);
+    ~DataControl() override;
+
+    void setDatabaseName(const QString &path);
+    const QString &DatabaseName() const;
+    void setConnect(const QString &connect);            // "Access", ";pwd=..."
+    void setRecordSource(const QString &sql);           // "" = no rows after the next Refresh
+    const QString &RecordSource() const;
+    void Refresh();                                     // opens the query, first row current; engine errors go to Error
+    dao::Recordset &Recordset();                        // an open recordset or an empty handle
+    dao::Database &Database();
+    void setRecordset(const dao::Recordset &recordset); // shows another recordset (a sorted one), first row current
+    bool hasRows() const;
+    void Close();                                       // writes nothing; rows and file are let go
+
+    // A widget for a field: QLineEdit, QComboBox, QCheckBox, QLabel, QTextEdit, QPlainTextEdit. One field may have several.
+    void bind(QWidget *widget, const QString &field, BindOptions options = {});
+    void unbindAll();
+
+    // Writes the bound widgets whose content changed since the row was shown; nothing changed writes nothing.
+    // false: the engine refused; Error was emitted, the row is still current and the widgets keep what was typed.
+    bool UpdateRecord();
+    void ShowRow();                                     // fills the widgets from the current row, then emits Reposition
+    bool isDirty() const;
+    void revert();                                      // back to the stored values
+    void takeAsShown(QWidget *widget);                  // what code put into the widget on showing the row is no typing
+
+    // Each writes the current row first (UpdateRecord) and stays if that fails; then moves and shows the row.
+    bool MoveFirst();
+    bool MoveLast();
+    bool MoveNext();                                    // stays on the last row
+    bool MovePrevious();
+    bool FindFirst(const QString &criteria);            // not found: the row that was current stays; false
+    bool setBookmark(dao::Bookmark mark);
+
+signals:
+    void Reposition();                                  // after every change of the current row, no rows included
+    void RowsChanged();                                 // the recordset itself was exchanged or requeried
+    void Error(int number, const QString &text);        // unconnected: shown in a message box
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+// The control's visible part: first, previous, position, next, last.
+class DataNavigator : public QWidget {
+    Q_OBJECT
+public:
+    explicit DataNavigator(DataControl *control, QWidget *parent = nullptr);
+    void setCaption(const QString &caption);
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+public:
+    ~DataNavigator() override;
+};
+
+}

@@ -1,0 +1,113 @@
+#pragma once
+
+#include "platform/controls/datacontrol.h"
+
+#include <QColor>
+#include <QTableView>
+
+// The grid of the main screen: an item model over a recordset, style sets by name, twips for sizes.
+namespace vorel::controls {
+
+inline constexpr int twipsPerPixel = 15;                // 96 dpi; the toolkit scales pixels itself
+constexpr int toPixels(double twips) { return static_cast<int>(twips / twipsPerPixel + 0.5); }
+constexpr int toTwips(int pixels) { return pixels * twipsPerPixel; }
+// Where the head lines end in the positions that DblClick tells, whatever their real height on this desktop.
+inline constexpr int headLinesTwips = 275;
+
+struct StyleSet {
+    QColor back = {};                                   // invalid: the grid's own
+    QColor fore = {};
+    bool bold = false;
+};
+
+struct GridColumn {
+    enum class Style { Text, Check, Button };
+    QString field;                                      // name in the recordset; "" = computed by the painter alone
+    QString caption;                                    // head text
+    int width = 1000;                                   // twips
+    bool visible = true;
+    Style style = Style::Text;
+    QString format = {};                                // pattern for Format; "" = the value's text
+    Qt::Alignment alignment = Qt::AlignLeft;
+};
+
+// What a row-load handler may set for one row before it is painted.
+struct RowPaint {
+    qsizetype row = 0;
+    std::function<dao::Value(int column)> cell;         // the stored value of a grid column
+    // By column index of the grid:
+    std::vector<QString> text;                          // replaces the shown text where not null
+    std::vector<QString> style;                         // a style set's name where not empty
+    QString rowStyle;                                   // for all columns that have none of their own
+};
+
+class Grid : public QTableView {
+    Q_OBJECT
+public:
+    explicit Grid(QWidget *parent = nullptr);
+    ~Grid() override;
+
+    void setDataControl(DataControl *data);
+    DataControl *dataControl() const;
+    void setColumns(std::vector<GridColumn> columns);
+    const std::vector<GridColumn> &columns() const;
+    void setTitle(const QString &title);                // the caption line above the column heads
+    const QString &title() const;
+    void setAllowAddNew(bool allow);                    // an empty line after the last row (its ID reads as 0)
+    void setRecordSelectors(bool on);
+
+    // The set named "" is what all cells without another one take. A set without a fore colour, or with one that cannot
+    // be told from what is behind it, is shown in black or white.
+    void setStyleSet(const QString &name, const StyleSet &style);
+    StyleSet styleSet(const QString &name) const;
+    void setRowLoad(std::function<void(RowPaint &)> handler);
+    void setToolTipProvider(std::function<QString(qsizetype row)> provider);    // row -1: the head lines
+    void setActiveRowStyleSet(const QString &name);     // the style of the current row; "" = none
+
+    // Column widths and row height in twips.
+    int columnWidthTwips(int column) const;
+    void setColumnWidthTwips(int column, int twips);
+    int rowHeightTwips() const;
+    void setRowHeightTwips(int twips);
+
+    qsizetype rows() const;                             // without the new-row line
+    int VisibleRows() const;
+    qsizetype FirstRow() const;
+    void MoveFirst();
+    dao::Bookmark getBookmark(qsizetype row) const;
+    dao::Bookmark Bookmark() const;                     // of the selected row; invalid on the new-row line
+    void setBookmark(dao::Bookmark mark);               // selects the row and scrolls it into view
+    void Scroll(qsizetype firstRow);
+    void setRedraw(bool on);
+    QString CellText(int column, qsizetype row) const;  // as shown; a check column's is "-1" or "0"
+    QString CellText(int column) const;                 // of the selected row; "" on the new-row line or with no row
+    qsizetype currentRow() const;                       // -1 = none; rows() = the new-row line
+    void Requery();                                     // the control's rows changed: paint anew, keep the place if possible
+    void Repaint();                                     // asks the row-load handler anew for the rows in view
+
+signals:
+    void HeadClick(int column);
+    void DblClick(int yTwips);                          // from the grid's top: up to headLinesTwips on the title and the
+                                                        // heads, more below them
+    void RowChange();                                   // the data control stands on the new row already
+    void ColResize(int column);                         // by the user; once, when the edge is let go
+    void RowResize();                                   // likewise: all rows have the new height
+    void BtnClick(int column, qsizetype row);           // by the mouse, or F4 and Alt+Down on the row
+    void EnterKey();                                    // Return on a row
+
+protected:
+    void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+    void keyPressEvent(QKeyEvent *event) override;
+    void keyboardSearch(const QString &) override {}    // the screens have a search box of their own
+    void mouseDoubleClickEvent(QMouseEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
+
+private:
+    struct Private;
+    std::unique_ptr<Private> d;
+};
+
+}

@@ -1,0 +1,122 @@
+#include "platform/controls/prompts.h"
+
+#include <QApplication>
+#include <QColorDialog>
+#include <QFileDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace vorel::controls {
+
+using namespace Qt::StringLiterals;
+using basic::Answer;
+using basic::Buttons;
+using basic::Icon;
+
+namespace {
+
+QMessageBox::StandardButtons standardButtons(Buttons buttons)
+{
+    switch (buttons) {
+    case Buttons::Ok: return QMessageBox::Ok;
+    case Buttons::OkCancel: return QMessageBox::Ok | QMessageBox::Cancel;
+    case Buttons::YesNo: return QMessageBox::Yes | QMessageBox::No;
+    case Buttons::YesNoCancel: return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case Buttons::RetryCancel: return QMessageBox::Retry | QMessageBox::Cancel;
+    }
+    return QMessageBox::Ok;
+}
+
+QMessageBox::Icon standardIcon(Icon icon)
+{
+    switch (icon) {
+    case Icon::None: return QMessageBox::NoIcon;
+    case Icon::Information: return QMessageBox::Information;
+    case Icon::Exclamation: return QMessageBox::Warning;
+    case Icon::Question: return QMessageBox::Question;
+    case Icon::Critical: return QMessageBox::Critical;
+    }
+    return QMessageBox::NoIcon;
+}
+
+// Closed without an answer: the one that changes nothing.
+Answer answerOf(int pressed, Buttons buttons)
+{
+    switch (pressed) {
+    case QMessageBox::Ok: return Answer::Ok;
+    case QMessageBox::Yes: return Answer::Yes;
+    case QMessageBox::Retry: return Answer::Retry;
+    case QMessageBox::No: return Answer::No;
+    default: break;
+    }
+    if (buttons == Buttons::Ok)
+        return Answer::Ok;
+    return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
+}
+
+const QString &titleOr(const QString &title)
+{
+    return title.isEmpty() ? basic::applicationTitle() : title;
+}
+
+}
+
+Answer ScreenPrompts::message(const QString &text, const QString &title, Buttons buttons, Icon icon)
+{
+    QPointer<QMessageBox> box = new QMessageBox(QApplication::activeWindow());
+    box->setObjectName(u"MsgBox"_s);
+    box->setWindowModality(Qt::ApplicationModal);
+    box->setWindowTitle(titleOr(title));
+    box->setTextFormat(Qt::PlainText);
+    box->setText(text);
+    box->setIcon(standardIcon(icon));
+    box->setStandardButtons(standardButtons(buttons));
+    if (buttons == Buttons::YesNo)
+        box->setEscapeButton(QMessageBox::No);
+    const int pressed = box->exec();
+    delete box;                         // its parent may have died under it
+    return answerOf(pressed, buttons);
+}
+
+QString ScreenPrompts::input(const QString &text, const QString &title, const QString &initial)
+{
+    QPointer<QInputDialog> box = new QInputDialog(QApplication::activeWindow());
+    box->setObjectName(u"InputBox"_s);
+    box->setWindowModality(Qt::ApplicationModal);
+    box->setWindowTitle(titleOr(title));
+    box->setLabelText(text);
+    box->setTextValue(initial);
+    const bool accepted = box->exec() == QDialog::Accepted;
+    const QString typed = accepted && box ? box->textValue() : QString();
+    delete box;
+    return typed;
+}
+
+std::optional<QString> ScreenPrompts::chooseFile(const basic::FileQuestion &question)
+{
+    QWidget *parent = QApplication::activeWindow();
+    const QString path = question.save
+        ? QFileDialog::getSaveFileName(parent, titleOr(question.title), question.startPath, question.filter)
+        : QFileDialog::getOpenFileName(parent, titleOr(question.title), question.startPath, question.filter);
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+std::optional<quint32> ScreenPrompts::chooseColour(quint32 rgb)
+{
+    const QColor chosen = QColorDialog::getColor(QColor::fromRgb(rgb), QApplication::activeWindow());
+    return chosen.isValid() ? std::optional<quint32>(chosen.rgb() & 0xFFFFFF) : std::nullopt;
+}
+
+std::optional<QString> ScreenPrompts::chooseFolder(const QString &title, const QString &startPath)
+{
+    const QString path = QFileDialog::getExistingDirectory(QApplication::activeWindow(), titleOr(title), startPath);
+    return path.isEmpty() ? std::nullopt : std::optional(path);
+}
+
+void ScreenPrompts::beep()
+{
+    QApplication::beep();
+}
+
+}

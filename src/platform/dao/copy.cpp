@@ -1,0 +1,188 @@
+#include "platform/dao/copy.h"
+
+#include <limits>
+
+namespace vorel::dao::copy {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+struct Item {
+    QByteArray type, name, sql;
+};
+
+// A damaged row of the schema table must not hide those before it.
+std::vector<Item> items(Connection &from, bool tolerant)
+{
+    std::vector<Item> found;
+    try {
+        Statement list(from.handle(), "SELECT type, name, sql FROM sqlite_master WHERE sql IS NOT NULL"
+                                      " AND name NOT LIKE 'sqlite\\_%' ESCAPE '\\' ORDER BY rowid");
+        while (list.step())
+            found.push_back({ list.bytes(0), list.bytes(1), list.bytes(2) });
+    } catch (const EngineError &) {
+        if (!tolerant)
+            throw;
+    }
+    return found;
+}
+
+QByteArray columnsOf(Connection &file, const QByteArray &table, int *count)
+{
+    QByteArrayList names;
+    Statement info(file.handle(), "PRAGMA table_info(" + quoted(QString::fromUtf8(table)) + ')');
+    while (info.step())
+        names.append(quoted(info.text(1)));
+    *count = static_cast<int>(names.size());
+    return names.join(", ");
+}
+
+// One table's way from file to file.
+class TableCopy {
+public:
+    TableCopy(Connection &from, Connection &to, const QByteArray &table)
+        : m_from(from), m_table(quoted(QString::fromUtf8(table)))
+    {
+        m_columns = columnsOf(from, table, &m_count);
+        m_insert = Statement(to.handle(), "INSERT OR IGNORE INTO " + m_table + " (" + m_columns + ") VALUES ("
+                                 + QByteArrayList(m_count, "?").join(", ") + ')');
+    }
+
+    void all()
+    {
+        Statement rows(m_from.handle(), "SELECT " + m_columns + " FROM " + m_table);
+        while (rows.step())
+            put(rows, 0);
+    }
+
+    // Reads from both ends up to the first damage, then halves what lies between.
+    void readable()
+    {
+        try {
+            m_up = Statement(m_from.handle(), select("ASC"));
+            m_down = Statement(m_from.handle(), select("DESC"));
+        } catch (const EngineError &) {
+            return all();       // without row ids, as far as it reads
+        }
+        between(std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max());
+    }
+
+private:
+    QByteArray select(const char *order) const
+    {
+        return "SELECT rowid, " + m_columns + " FROM " + m_table + " NOT INDEXED WHERE rowid BETWEEN ?1 AND ?2 ORDER BY rowid "
+            + order;
+    }
+
+    void put(Statement &row, int first)
+    {
+        for (int i = 0; i < m_count; ++i)
+            m_insert.bindCopy(i + 1, sqlite3_column_value(row.get(), first + i));
+        m_insert.run();
+    }
+
+    // Copies the rows of the range in the statement's order. True if all were read; else `reached` is the last one read.
+    bool sweep(Statement &rows, qint64 low, qint64 high, qint64 &reached)
+    {
+        const ResetGuard reset(rows);
+        rows.reset();
+        rows.bind(1, low);
+        rows.bind(2, high);
+        while (true) {
+            try {
+                if (!rows.step())
+                    return true;
+            } catch (const EngineError &) {
+                return false;
+            }
+            put(rows, 1);
+            reached = rows.integer(0);
+        }
+    }
+
+    void between(qint64 low, qint64 high)
+    {
+        constexpr int mostProbes = 200'000;
+        constexpr qint64 unreadLow = std::numeric_limits<qint64>::min();
+        constexpr qint64 unreadHigh = std::numeric_limits<qint64>::max();
+        if (low > high || ++m_probes > mostProbes)
+            return;
+        qint64 reached = unreadLow;
+        if (sweep(m_up, low, high, reached))
+            return;
+        const qint64 up = reached == unreadLow ? low : reached + 1;
+        reached = unreadHigh;
+        if (up > high || sweep(m_down, up, high, reached))
+            return;
+        const qint64 down = reached == unreadHigh ? high : reached - 1;
+        if (up >= down)
+            return;
+        const qint64 middle = up / 2 + down / 2 + (up % 2 + down % 2) / 2;
+        between(up, middle);
+        between(middle + 1, down);
+    }
+
+    Connection &m_from;
+    QByteArray m_table;
+    QByteArray m_columns;
+    int m_count = 0;
+    int m_probes = 0;
+    Statement m_insert;
+    Statement m_up;
+    Statement m_down;
+};
+
+void copyHeader(Connection &from, Connection &to)
+{
+    for (const QByteArray &pragma : { QByteArray("user_version"), QByteArray("application_id") })
+        execute(to.handle(), "PRAGMA " + pragma + " = " + QByteArray::number(integerOf(from.handle(), "PRAGMA " + pragma)));
+}
+
+}
+
+void everything(Connection &from, Connection &to)
+{
+    // One read for the whole file: no other process can change it half-way.
+    execute(from.handle(), "SAVEPOINT copying");
+    try {
+        const std::vector<Item> all = items(from, false);
+        const int level = to.begin();
+        for (const bool tables : { true, false }) {
+            for (const Item &item : all) {
+                if ((item.type == "table") != tables)
+                    continue;
+                execute(to.handle(), item.sql);
+                if (tables)
+                    TableCopy(from, to, item.name).all();
+            }
+        }
+        copyHeader(from, to);
+        to.commitTo(level);
+    } catch (...) {
+        executeQuietly(from.handle(), "RELEASE copying");
+        throw;
+    }
+    execute(from.handle(), "RELEASE copying");
+}
+
+bool readableRows(Connection &from, Connection &to)
+{
+    int tables = 0;
+    const std::vector<Item> all = items(from, true);
+    const int level = to.begin();
+    for (const Item &item : all) {
+        if (item.type != "table" || executeQuietly(to.handle(), item.sql.constData()) != SQLITE_OK)
+            continue;
+        ++tables;
+        TableCopy(from, to, item.name).readable();
+    }
+    for (const Item &item : all) {
+        if (item.type != "table")
+            executeQuietly(to.handle(), item.sql.constData());
+    }
+    to.commitTo(level);
+    return tables > 0;
+}
+
+}

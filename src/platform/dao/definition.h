@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/dao/connection.h"
+
+// Data definition: tables and indexes made, changed and dropped. Internal.
+namespace vorel::dao {
+
+// Within a transaction of the caller's.
+void createTable(Connection &file, const TableDef &design);
+// Carries out a CREATE, ALTER or DROP statement, all of it or nothing.
+void define(Connection &file, const jet::Translation &statement);
+
+}

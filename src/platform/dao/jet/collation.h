@@ -1,0 +1,11 @@
+#pragma once
+
+#include <string_view>
+
+namespace vorel::dao::jet {
+
+// The engine's order of texts (UTF-8), negative, 0 or positive: case does not count, trailing blanks do not count,
+// accents only break ties, a hyphen or an apostrophe weighs nothing beside other characters, digits stand before letters.
+int compareText(std::string_view a, std::string_view b);
+
+}

@@ -1,0 +1,188 @@
+#include "platform/dao/dao.h"
+
+#include "platform/dao/recordset_p.h"
+
+namespace vorel::dao {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+RecordsetPrivate &opened(const std::shared_ptr<RecordsetPrivate> &d)
+{
+    if (!d)
+        throw EngineError(3420);
+    d->requireOpen();
+    return *d;
+}
+
+}
+
+void Recordset::Close()
+{
+    opened(d).isClosed = true;
+    d.reset();
+}
+
+const std::vector<RecordsetField> &Recordset::Fields() const { return opened(d).fields; }
+int Recordset::fieldIndex(QStringView name) const { return opened(d).fieldIndex(name); }
+RecordsetType Recordset::Type() const { return opened(d).type; }
+bool Recordset::Updatable() const { return opened(d).updatable; }
+
+bool Recordset::BOF() const { return opened(d).atStart(); }
+bool Recordset::EOF_() const { return opened(d).atEnd(); }
+qsizetype Recordset::RecordCount() const { return opened(d).visited; }
+
+qsizetype Recordset::AbsolutePosition() const
+{
+    const RecordsetPrivate &p = opened(d);
+    return p.hasCurrent() ? p.position : -1;
+}
+
+void Recordset::MoveFirst()
+{
+    RecordsetPrivate &p = opened(d);
+    p.discard();
+    if (p.rows() == 0)
+        throw EngineError(3021);
+    p.moveTo(0);
+}
+
+void Recordset::MoveLast()
+{
+    RecordsetPrivate &p = opened(d);
+    p.discard();
+    if (p.rows() == 0)
+        throw EngineError(3021);
+    p.moveTo(p.rows() - 1);
+}
+
+void Recordset::MoveNext() { opened(d).move(1); }
+void Recordset::MovePrevious() { opened(d).move(-1); }
+void Recordset::Move(qsizetype rows) { opened(d).move(rows); }
+
+Value Recordset::Get(QStringView name) const { return Get(fieldIndex(name)); }
+
+Value Recordset::Get(int column) const
+{
+    RecordsetPrivate &p = opened(d);
+    if (column < 0 || static_cast<size_t>(column) >= p.fields.size())
+        throw EngineError(3265);
+    if (p.buffer.mode != CopyBuffer::Mode::None)
+        return p.buffer.values[static_cast<size_t>(column)];
+    p.requireCurrent();
+    bool there = false;
+    Value value = p.stored(p.currentRows, p.position, column, &there);
+    if (!there)
+        throw EngineError(3167);
+    return value;
+}
+
+void Recordset::Set(QStringView name, const Value &value) { Set(fieldIndex(name), value); }
+
+void Recordset::Set(int column, const Value &value)
+{
+    RecordsetPrivate &p = opened(d);
+    if (column < 0 || static_cast<size_t>(column) >= p.fields.size())
+        throw EngineError(3265);
+    p.assign(column, value);
+}
+
+void Recordset::AddNew() { opened(d).addNew(); }
+void Recordset::Edit() { opened(d).edit(); }
+void Recordset::Update() { opened(d).update(); }
+void Recordset::Delete() { opened(d).erase(); }
+bool Recordset::editPending() const { return opened(d).buffer.mode != CopyBuffer::Mode::None; }
+
+void Recordset::CancelUpdate()
+{
+    if (!editPending())
+        throw EngineError(3020);
+    d->discard();
+}
+
+dao::Bookmark Recordset::Bookmark() const
+{
+    const RecordsetPrivate &p = opened(d);
+    p.requireCurrent();
+    return dao::Bookmark(p.keyAt(p.position));
+}
+
+void Recordset::setBookmark(dao::Bookmark mark)
+{
+    RecordsetPrivate &p = opened(d);
+    const qsizetype row = mark.isValid() ? p.positionOfKey(mark.key()) : -1;
+    p.discard();
+    if (row < 0)
+        throw EngineError(mark.isValid() && p.deleted.contains(mark.key()) ? 3167 : 3159);
+    p.moveTo(row);
+}
+
+dao::Bookmark Recordset::LastModified() const
+{
+    const RecordsetPrivate &p = opened(d);
+    return p.lastModified ? dao::Bookmark(*p.lastModified) : dao::Bookmark();
+}
+
+void Recordset::FindFirst(QStringView criteria) { opened(d).find(RecordsetPrivate::Find::First, criteria); }
+void Recordset::FindNext(QStringView criteria) { opened(d).find(RecordsetPrivate::Find::Next, criteria); }
+void Recordset::FindPrevious(QStringView criteria) { opened(d).find(RecordsetPrivate::Find::Previous, criteria); }
+void Recordset::FindLast(QStringView criteria) { opened(d).find(RecordsetPrivate::Find::Last, criteria); }
+bool Recordset::NoMatch() const { return opened(d).noMatch; }
+
+QString Recordset::Sort() const { return opened(d).sort; }
+QString Recordset::Filter() const { return opened(d).filter; }
+
+void Recordset::setSort(const QString &fields)
+{
+    if (opened(d).type == dbOpenTable)
+        throw EngineError(3251);
+    d->sort = fields;
+}
+
+void Recordset::setFilter(const QString &criteria)
+{
+    if (opened(d).type == dbOpenTable)
+        throw EngineError(3251);
+    d->filter = criteria;
+}
+
+// What this recordset was itself refined by goes on to act.
+Recordset Recordset::OpenRecordset(RecordsetType type) const
+{
+    const RecordsetPrivate &p = opened(d);
+    jet::Refinement refinement = p.refinement;
+    if (!p.sort.isEmpty())
+        refinement.sort = p.sort;
+    if (!p.filter.isEmpty())
+        refinement.filter = refinement.filter.isEmpty() ? p.filter : u'(' + refinement.filter + u") AND ("_s + p.filter + u')';
+    return Recordset(std::make_shared<RecordsetPrivate>(p.database, p.source, refinement, type));
+}
+
+Recordset Recordset::Clone() const { return Recordset(std::make_shared<RecordsetPrivate>(opened(d))); }
+void Recordset::Requery() { opened(d).open(); }
+
+qsizetype Recordset::rowTotal() const { return opened(d).rows(); }
+
+Value Recordset::cell(qsizetype row, int column) const
+{
+    RecordsetPrivate &p = opened(d);
+    if (row < 0 || row >= p.rows() || column < 0 || static_cast<size_t>(column) >= p.fields.size())
+        return {};
+    bool there = false;
+    return p.stored(p.gridRows, row, column, &there);
+}
+
+dao::Bookmark Recordset::bookmarkAt(qsizetype row) const
+{
+    const RecordsetPrivate &p = opened(d);
+    return row >= 0 && row < p.rows() ? dao::Bookmark(p.keyAt(row)) : dao::Bookmark();
+}
+
+qsizetype Recordset::positionOf(dao::Bookmark mark) const
+{
+    const RecordsetPrivate &p = opened(d);
+    return mark.isValid() ? p.positionOfKey(mark.key()) : -1;
+}
+
+}

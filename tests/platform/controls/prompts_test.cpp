@@ -1,0 +1,98 @@
+#include "platform/controls/prompts.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <gtest/gtest.h>
+
+using namespace Qt::StringLiterals;
+using namespace vorel;
+using basic::Answer;
+using basic::Buttons;
+using basic::Icon;
+
+namespace {
+
+// Runs on the next modal dialog and sees to it that the dialog ends, so that a fault fails and does not hang.
+template <class Dialog>
+void onNextDialog(const QString &name, std::function<void(Dialog &)> act)
+{
+    QTimer::singleShot(0, qApp, [name, act] {
+        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
+        EXPECT_TRUE(dialog) << "no dialog";
+        if (!dialog)
+            return;
+        EXPECT_EQ(name, dialog->objectName());
+        act(*dialog);
+        if (dialog->isVisible())
+            dialog->close();
+    });
+}
+
+}
+
+TEST(ScreenPrompts, MessageOffersItsButtonsAndGivesTheAnswer)
+{
+    controls::ScreenPrompts prompts;
+    struct Case { Buttons buttons; QMessageBox::StandardButton press; Answer answer; Answer onEsc; };
+    const std::vector<Case> cases {
+        {Buttons::Ok, QMessageBox::Ok, Answer::Ok, Answer::Ok},
+        {Buttons::OkCancel, QMessageBox::Ok, Answer::Ok, Answer::Cancel},
+        {Buttons::OkCancel, QMessageBox::Cancel, Answer::Cancel, Answer::Cancel},
+        {Buttons::YesNo, QMessageBox::Yes, Answer::Yes, Answer::No},
+        {Buttons::YesNo, QMessageBox::No, Answer::No, Answer::No},
+        {Buttons::YesNoCancel, QMessageBox::No, Answer::No, Answer::Cancel},
+        {Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry, Answer::Cancel},
+    };
+    for (const Case &c : cases) {
+        onNextDialog<QMessageBox>(u"MsgBox"_s, [&](QMessageBox &box) {
+            EXPECT_EQ(u"<b>Sure</b>?"_s, box.text());
+            EXPECT_EQ(Qt::PlainText, box.textFormat());
+            EXPECT_EQ(u"Question?"_s, box.windowTitle());
+            EXPECT_EQ(QMessageBox::Question, box.icon());
+            ASSERT_TRUE(box.button(c.press));
+            QTest::mouseClick(box.button(c.press), Qt::LeftButton);
+        });
+        EXPECT_EQ(c.answer, prompts.message(u"<b>Sure</b>?"_s, u"Question?"_s, c.buttons, Icon::Question));
+        onNextDialog<QMessageBox>(u"MsgBox"_s, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        EXPECT_EQ(c.onEsc, prompts.message(u"?"_s, {}, c.buttons, Icon::None));
+    }
+}
+
+TEST(ScreenPrompts, EmptyTitleIsTheProducts)
+{
+    const QString before = basic::applicationTitle();
+    basic::setApplicationTitle(u"The Product"_s);
+    controls::ScreenPrompts prompts;
+    onNextDialog<QMessageBox>(u"MsgBox"_s, [](QMessageBox &box) { EXPECT_EQ(u"The Product"_s, box.windowTitle()); });
+    prompts.message(u"x"_s, {}, Buttons::Ok, Icon::None);
+    basic::setApplicationTitle(before);
+}
+
+TEST(ScreenPrompts, InputGivesTheTextOrNothing)
+{
+    controls::ScreenPrompts prompts;
+    onNextDialog<QInputDialog>(u"InputBox"_s, [](QInputDialog &box) {
+        EXPECT_EQ(u"Enter Sort Column:"_s, box.labelText());
+        EXPECT_EQ(u"Title"_s, box.textValue());
+        box.setTextValue(u"Author"_s);
+        box.accept();
+    });
+    EXPECT_EQ(u"Author"_s, prompts.input(u"Enter Sort Column:"_s, {}, u"Title"_s));
+    onNextDialog<QInputDialog>(u"InputBox"_s, [](QInputDialog &box) { box.reject(); });
+    EXPECT_EQ(u""_s, prompts.input(u"x"_s, {}, u"Title"_s));
+}
+
+TEST(ScreenPrompts, BoxMayLoseItsParentWhileItIsOpen)
+{
+    controls::ScreenPrompts prompts;
+    auto *screen = new QDialog;
+    screen->show();
+    QApplication::setActiveWindow(screen);
+    QTimer::singleShot(0, qApp, [screen] { delete screen; });
+    EXPECT_EQ(Answer::No, prompts.message(u"Sure?"_s, {}, Buttons::YesNo, Icon::None));
+}

@@ -1,0 +1,55 @@
+#include "platform/dao/jet/collation.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+using vorel::dao::jet::compareText;
+
+namespace {
+
+int signOf(const char *a, const char *b)
+{
+    const int result = compareText(a, b);
+    return result < 0 ? -1 : result > 0 ? 1 : 0;
+}
+
+}
+
+TEST(Collation, OrdersAndEquals)
+{
+    struct Case { const char *a; const char *b; int expected; };
+    const Case cases[] = {
+        // case and trailing blanks do not count; leading and inner blanks do
+        {"Tea", "TEA", 0}, {"Tea", "tea  ", 0}, {"   ", "", 0}, {" Tea", "Tea", -1}, {"T ea", "Tea", -1},
+        {"Tea\t", "Tea", 1},
+        // accents make a difference, but only between texts that are the same without them
+        {"acci\u00f3n", "accion", 1}, {"ACCI\u00d3N", "acci\u00f3n", 0}, {"\u00e9", "f", -1}, {"\u00e9a", "eb", -1},
+        {"e\u0301", "\u00e9", 0}, {"\u00e9  ", "\u00c9", 0}, {"zebra", "\u00e9clair", 1},
+        // hyphen and apostrophe: coop, co-op, cop
+        {"coop", "co-op", -1}, {"co-op", "cop", -1}, {"coop", "cop", -1}, {"co-op", "CO-OP", 0}, {"O'Brien", "OBrien", 1},
+        {"O'Brien", "Oc", -1}, {"-a", "b", -1}, {"co-\u00f3p", "co\u00f3p", 1},
+        // punctuation before digits before letters
+        {"_", "0", -1}, {"9", "a", -1}, {"(a", "1", -1}, {"a1", "ab", -1}, {"a", "ab", -1}, {"", "a", -1},
+        {"10", "9", -1}, {"~", "0", -1}, {"z", "\u0436", -1},
+    };
+    for (const Case &c : cases) {
+        EXPECT_EQ(signOf(c.a, c.b), c.expected) << c.a << " | " << c.b;
+        EXPECT_EQ(signOf(c.b, c.a), -c.expected) << c.b << " | " << c.a;
+    }
+}
+
+TEST(Collation, IsATotalOrder)
+{
+    const std::string texts[] = {"", " ", "-", "'", "a", "A ", "a-", "-a", "a'", "\u00e1", "\u00e1-", "a\u0301b", "ab", "\xff", "a\xff",
+                                 "1", "_", "\u00df", "ss", "\u00e6", "z", "\u4e2d", "\U0001f600"};
+    for (const std::string &a : texts) {
+        for (const std::string &b : texts) {
+            for (const std::string &c : texts) {
+                if (compareText(a, b) <= 0 && compareText(b, c) <= 0) {
+                    EXPECT_LE(compareText(a, c), 0) << a << '|' << b << '|' << c;
+                }
+            }
+        }
+    }
+}

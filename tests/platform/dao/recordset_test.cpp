@@ -1,0 +1,360 @@
+#include "daotest.h"
+
+namespace vorel::dao::test {
+
+class Recordsets : public DaoTest {
+protected:
+    void SetUp() override
+    {
+        m_file = create();
+        m_file.AppendTable(sample());
+    }
+    QStringList names(const Recordset &rows) const
+    {
+        QStringList list;
+        const int column = rows.fieldIndex(u"NAME");
+        for (qsizetype i = 0; i < rows.rowTotal(); ++i)
+            list.append(rows.cell(i, column).text());
+        return list;
+    }
+    Database m_file;
+};
+
+TEST_F(Recordsets, ValuesComeBackAsTheyWereStored)
+{
+    const basic::DateTime moment = basic::DateTime::fromParts(2004, 2, 29, 23, 59, 58);
+    struct Case {
+        QString name;
+        Value value;
+    };
+    const std::vector<Case> cases = {
+        { u"NAME"_s, u"007"_s }, { u"NAME"_s, u" blanks  "_s }, { u"NAME"_s, u""_s }, { u"NAME"_s, u"O'Neil \"é漢\U0001F600"_s },
+        { u"NAME"_s, Value() }, { u"DAY"_s, moment }, { u"DAY"_s, basic::DateTime(0.5) },
+        { u"DAY"_s, basic::DateTime::fromParts(1899, 12, 29, 6) }, { u"DAY"_s, basic::DateTime::fromParts(100, 1, 1) },
+        { u"DAY"_s, basic::DateTime::fromParts(9999, 12, 31) }, { u"DAY"_s, basic::DateTime::fromParts(1900, 1, 31) },
+        { u"DAY"_s, basic::DateTime::fromParts(2003, 3, 1, 9, 30) }, { u"DAY"_s, Value() },
+        { u"PRICE"_s, basic::Currency::fromScaled(9223372036854775807LL) }, { u"PRICE"_s, basic::Currency::fromScaled(-1) },
+        { u"FLAG"_s, true }, { u"FLAG"_s, false }, { u"SMALL"_s, std::int16_t { -32768 } }, { u"LARGE"_s, 2147483647 },
+        { u"TINY"_s, std::uint8_t { 255 } }, { u"HALF"_s, 0.1f }, { u"WHOLE"_s, 1.0 / 3.0 }, { u"WHOLE"_s, -1e300 },
+        { u"NOTE"_s, QString(100000, u'n') }, { u"NOTE"_s, u"line\r\nline"_s }, { u"PICTURE"_s, QByteArray("\x00\x01\xff", 3) },
+        { u"PICTURE"_s, QByteArray(3000000, 'p') },
+    };
+    Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
+    for (const Case &one : cases) {
+        rows.AddNew();
+        rows.Set(one.name, one.value);
+        rows.Update();
+    }
+    rows.Close();
+    m_file.Close();
+    DBEngine::Forget(path());
+    m_file = DBEngine::OpenDatabase(path());
+    rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s, dbOpenSnapshot);
+    for (const Case &one : cases) {
+        EXPECT_EQ(rows.Get(one.name), one.value) << one.name.toStdString() << " " << one.value.text().left(40).toStdString();
+        rows.MoveNext();
+    }
+    EXPECT_TRUE(rows.EOF_());
+}
+
+TEST_F(Recordsets, AssignmentConvertsOrRefuses)
+{
+    struct Case {
+        QString name;
+        Value value;
+        int error;
+        Value stored;
+    };
+    const std::vector<Case> cases = {
+        { u"NAME"_s, QString(20, u'x'), 0, QString(20, u'x') },
+        { u"NAME"_s, QString(21, u'x'), 3163, {} },
+        { u"NAME"_s, 12, 0, u"12"_s },
+        { u"NAME"_s, true, 0, u"True"_s },
+        { u"LARGE"_s, u"12"_s, 0, 12 },
+        { u"LARGE"_s, 2.5, 0, 2 },
+        { u"LARGE"_s, u""_s, 3421, {} },
+        { u"LARGE"_s, u"twelve"_s, 3421, {} },
+        { u"SMALL"_s, 40000, 3421, {} },
+        { u"SMALL"_s, 3.5, 0, std::int16_t { 4 } },
+        { u"PRICE"_s, u"$1,234.50"_s, 0, basic::Currency::fromScaled(12345000) },
+        { u"FLAG"_s, Value(), 0, false },
+        { u"FLAG"_s, 7, 0, true },
+        { u"FLAG"_s, u"False"_s, 0, false },
+        { u"FLAG"_s, u"Yes"_s, 3421, {} },
+        { u"DAY"_s, u"Dec 25, 2003"_s, 0, basic::DateTime::fromParts(2003, 12, 25) },
+        { u"DAY"_s, 37980, 0, basic::DateTime::fromParts(2003, 12, 25) },
+        { u"DAY"_s, u""_s, 3421, {} },
+        { u"DAY"_s, Value(), 0, {} },
+        { u"WHOLE"_s, Value(), 0, {} },
+        { u"PICTURE"_s, 5, 3421, {} },
+    };
+    Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
+    for (const Case &one : cases) {
+        SCOPED_TRACE(one.name.toStdString() + " = " + one.value.text().left(30).toStdString());
+        rows.AddNew();
+        EXPECT_EQ(errorOf([&] { rows.Set(one.name, one.value); }), one.error);
+        if (one.error == 0) {
+            EXPECT_EQ(rows.Get(one.name), one.stored);
+            rows.Update();
+            rows.setBookmark(rows.LastModified());
+            EXPECT_EQ(rows.Get(one.name), one.stored);
+        }
+    }
+}
+
+TEST_F(Recordsets, EmptyAndNullAreRefusedWhereTheDesignSaysSo)
+{
+    m_file.AppendTable({ .Name = u"STRICT"_s,
+                         .Fields = { { .Name = u"A"_s, .Type = dbText, .Size = 5 },
+                                     { .Name = u"B"_s, .Type = dbText, .Size = 5, .AllowZeroLength = true, .Required = true },
+                                     { .Name = u"C"_s, .Type = dbLong, .Size = 4 } },
+                         .Indexes = { { u"Key"_s, { u"C"_s }, true, true, true } } });
+    Recordset rows = m_file.OpenRecordset(u"STRICT"_s);
+    rows.AddNew();
+    EXPECT_EQ(errorOf([&] { rows.Set(u"A", u""_s); }), 3315);
+    rows.Set(u"C", 1);
+    EXPECT_EQ(errorOf([&] { rows.Update(); }), 3314);
+    rows.Set(u"B", u""_s);
+    rows.Set(u"C", Value());
+    EXPECT_EQ(errorOf([&] { rows.Update(); }), 3058);
+    rows.Set(u"C", 1);
+    EXPECT_EQ(errorOf([&] { rows.Update(); }), 0);      // the copy buffer outlived both refusals
+    EXPECT_EQ(rows.rowTotal(), 1);
+    // Through Execute a refused row is passed over, and the count tells it.
+    m_file.Execute(u"INSERT INTO STRICT (B, C) VALUES ('x', 1)"_s);
+    EXPECT_EQ(m_file.RecordsAffected(), 0);
+}
+
+TEST_F(Recordsets, CountsTheRowsVisited)
+{
+    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
+    EXPECT_TRUE(rows.BOF() && rows.EOF_());
+    EXPECT_EQ(rows.RecordCount(), 0);
+    for (const auto &move : { &Recordset::MoveFirst, &Recordset::MoveLast, &Recordset::MoveNext, &Recordset::MovePrevious })
+        EXPECT_EQ(errorOf([&] { (rows.*move)(); }), 3021);
+    EXPECT_EQ(errorOf([&] { rows.Get(u"NAME"); }), 3021);
+    EXPECT_EQ(errorOf([&] { rows.Edit(); }), 3021);
+    EXPECT_EQ(errorOf([&] { rows.Delete(); }), 3021);
+
+    addRows(m_file, { u"a"_s, u"b"_s, u"c"_s });
+    rows.Requery();
+    EXPECT_FALSE(rows.BOF() || rows.EOF_());
+    EXPECT_EQ(rows.RecordCount(), 1);
+    EXPECT_EQ(rows.AbsolutePosition(), 0);
+    rows.MoveNext();
+    EXPECT_EQ(rows.RecordCount(), 2);
+    rows.MovePrevious();
+    EXPECT_EQ(rows.RecordCount(), 2);
+    rows.MovePrevious();
+    EXPECT_TRUE(rows.BOF());
+    EXPECT_EQ(rows.AbsolutePosition(), -1);
+    EXPECT_EQ(errorOf([&] { rows.MovePrevious(); }), 3021);
+    rows.MoveNext();
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"a"_s));
+    rows.MoveLast();
+    EXPECT_EQ(rows.RecordCount(), 3);
+    rows.MoveNext();
+    EXPECT_TRUE(rows.EOF_());
+    EXPECT_EQ(errorOf([&] { rows.Get(u"NAME"); }), 3021);
+    EXPECT_EQ(errorOf([&] { rows.MoveNext(); }), 3021);
+    rows.MovePrevious();
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"c"_s));
+}
+
+TEST_F(Recordsets, AddNewKeepsTheCurrentRowAndAppends)
+{
+    addRows(m_file, { u"m"_s, u"z"_s });
+    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE ORDER BY NAME"_s);
+    EXPECT_FALSE(rows.LastModified().isValid());
+    EXPECT_EQ(errorOf([&] { rows.Set(u"NAME", u"x"_s); }), 3020);
+    EXPECT_EQ(errorOf([&] { rows.Update(); }), 3020);
+    EXPECT_EQ(errorOf([&] { rows.CancelUpdate(); }), 3020);
+    rows.AddNew();
+    EXPECT_EQ(rows.Get(u"NAME"), Value());
+    EXPECT_EQ(rows.Get(u"LARGE"), Value(0));
+    EXPECT_EQ(rows.Get(u"FLAG"), Value(false));
+    EXPECT_EQ(rows.Get(u"ID"), Value(3));       // readable before Update
+    rows.Set(u"NAME", u"a"_s);
+    rows.Update();
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"m"_s));
+    EXPECT_EQ(names(rows), (QStringList { u"m"_s, u"z"_s, u"a"_s }));
+    EXPECT_EQ(rows.RecordCount(), 2);
+    rows.setBookmark(rows.LastModified());
+    EXPECT_EQ(rows.Get(u"ID"), Value(3));
+    rows.AddNew();
+    EXPECT_EQ(rows.Get(u"ID"), Value(4));
+    rows.MoveFirst();                           // drops it without a word
+    EXPECT_FALSE(rows.editPending());
+    rows.AddNew();
+    EXPECT_EQ(rows.Get(u"ID"), Value(5));       // an abandoned number is not given again
+    rows.Set(u"ID", 40);
+    rows.Update();
+    rows.AddNew();
+    EXPECT_EQ(rows.Get(u"ID"), Value(41));
+    rows.CancelUpdate();
+    rows.Requery();
+    EXPECT_EQ(names(rows).mid(1), (QStringList { u"a"_s, u"m"_s, u"z"_s }));
+}
+
+TEST_F(Recordsets, EditStaysInPlaceAndDeleteLeavesAGap)
+{
+    addRows(m_file, { u"a"_s, u"b"_s, u"c"_s, u"d"_s });
+    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE WHERE NAME<>'x' ORDER BY NAME"_s);
+    rows.MoveNext();
+    const Bookmark second = rows.Bookmark();
+    rows.Edit();
+    rows.Set(u"NAME", u"x"_s);
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"x"_s));
+    rows.Update();
+    EXPECT_EQ(rows.LastModified(), second);
+    EXPECT_EQ(rows.AbsolutePosition(), 1);      // still in the set, though it no longer matches
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"x"_s));
+    rows.Edit();
+    rows.Set(u"NAME", u"y"_s);
+    rows.MoveNext();
+    rows.MovePrevious();
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"x"_s));
+
+    rows.MoveLast();
+    rows.setBookmark(second);
+    rows.Delete();
+    EXPECT_FALSE(rows.BOF() || rows.EOF_());
+    EXPECT_EQ(errorOf([&] { rows.Get(u"NAME"); }), 3021);
+    EXPECT_EQ(errorOf([&] { rows.Delete(); }), 3021);
+    EXPECT_EQ(rows.RecordCount(), 3);
+    rows.MoveNext();
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"c"_s));
+    EXPECT_EQ(errorOf([&] { rows.setBookmark(second); }), 3167);
+    EXPECT_EQ(errorOf([&] { rows.setBookmark(Bookmark()); }), 3159);
+    EXPECT_EQ(errorOf([&] { rows.setBookmark(Bookmark(999)); }), 3159);
+    while (!rows.EOF_()) {
+        rows.Delete();
+        rows.MoveNext();
+    }
+    EXPECT_EQ(names(rows), QStringList { u"a"_s });
+}
+
+TEST_F(Recordsets, FindsForwardsAndBackwards)
+{
+    addRows(m_file, { u"b"_s, u"A"_s, u"b "_s, u"a"_s, u"c"_s });
+    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE ORDER BY LARGE DESC"_s);
+    struct Case {
+        void (Recordset::*find)(QStringView);
+        QString criteria;
+        int wanted;         // LARGE of the row found, 0 for none
+    };
+    const std::vector<Case> cases = {
+        { &Recordset::FindFirst, u"NAME='a'"_s, 4 },     { &Recordset::FindNext, u"NAME='a'"_s, 2 },
+        { &Recordset::FindNext, u"NAME='a'"_s, 0 },      { &Recordset::FindPrevious, u"[NAME] = 'A'"_s, 4 },
+        { &Recordset::FindLast, u"NAME LIKE 'b*'"_s, 1 }, { &Recordset::FindPrevious, u"NAME='b'"_s, 3 },
+        { &Recordset::FindFirst, u"ID=5"_s, 5 },         { &Recordset::FindFirst, u"ID=77"_s, 0 },
+    };
+    EXPECT_FALSE(rows.NoMatch());
+    for (const Case &one : cases) {
+        SCOPED_TRACE(one.criteria.toStdString());
+        const Value before = rows.Get(u"LARGE");
+        (rows.*one.find)(one.criteria);
+        EXPECT_EQ(rows.NoMatch(), one.wanted == 0);
+        EXPECT_EQ(rows.Get(u"LARGE"), one.wanted == 0 ? before : Value(one.wanted));
+    }
+    EXPECT_EQ(errorOf([&] { rows.FindFirst(u"NAME='a"); }), 3077);
+    EXPECT_EQ(errorOf([&] { rows.FindFirst(u"NONE=1"); }), 3070);
+}
+
+TEST_F(Recordsets, SortAndFilterActOnTheNextRecordset)
+{
+    addRows(m_file, { u"b"_s, u"c"_s, u"a"_s });
+    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE ORDER BY NAME"_s);
+    rows.setSort(u"[NAME] desc"_s);
+    EXPECT_EQ(names(rows), (QStringList { u"a"_s, u"b"_s, u"c"_s }));
+    Recordset sorted = rows.OpenRecordset();
+    EXPECT_EQ(names(sorted), (QStringList { u"c"_s, u"b"_s, u"a"_s }));
+    sorted.setFilter(u"NAME<>'b'"_s);
+    Recordset both = sorted.OpenRecordset();
+    both.setFilter(u"NAME<>'c'"_s);
+    EXPECT_EQ(names(both), (QStringList { u"c"_s, u"a"_s }));
+    EXPECT_EQ(names(both.OpenRecordset()), QStringList { u"a"_s });
+
+    Recordset clone = rows.Clone();
+    EXPECT_EQ(errorOf([&] { clone.Get(u"NAME"); }), 3021);
+    clone.FindFirst(u"NAME='b'");
+    rows.setBookmark(clone.Bookmark());
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"b"_s));
+}
+
+TEST_F(Recordsets, KindsThatCannotChange)
+{
+    addRows(m_file, { u"a"_s, u"a"_s, u"b"_s });
+    struct Case {
+        QString source;
+        RecordsetType type;
+        qsizetype rows;
+        int error;
+    };
+    const std::vector<Case> cases = {
+        { u"SELECT * FROM SAMPLE"_s, dbOpenSnapshot, 3, 3251 },
+        { u"SELECT DISTINCT NAME FROM SAMPLE"_s, dbOpenDynaset, 2, 3027 },
+        { u"SELECT Count(*) AS N FROM SAMPLE"_s, dbOpenDynaset, 1, 3027 },
+        { u"SELECT NAME FROM SAMPLE UNION SELECT NAME FROM SAMPLE"_s, dbOpenDynaset, 2, 3027 },
+    };
+    for (const Case &one : cases) {
+        Recordset rows = m_file.OpenRecordset(one.source, one.type);
+        EXPECT_FALSE(rows.Updatable()) << one.source.toStdString();
+        EXPECT_EQ(rows.rowTotal(), one.rows) << one.source.toStdString();
+        EXPECT_EQ(errorOf([&] { rows.Edit(); }), one.error);
+        EXPECT_EQ(errorOf([&] { rows.AddNew(); }), one.error);
+        EXPECT_EQ(errorOf([&] { rows.Delete(); }), one.error);
+    }
+    EXPECT_EQ(errorOf([&] { m_file.OpenRecordset(u"DELETE FROM SAMPLE"_s); }), 3219);
+    EXPECT_EQ(errorOf([&] { m_file.OpenRecordset(u"SELECT NOPE FROM SAMPLE"_s); }), 3061);
+    Recordset rows = m_file.OpenRecordset(u"SELECT NAME, LARGE+1 AS MORE FROM SAMPLE"_s);
+    EXPECT_EQ(rows.Get(u"MORE").text(), u"2");
+    rows.Edit();
+    EXPECT_EQ(errorOf([&] { rows.Set(u"MORE", 5); }), 3164);
+    EXPECT_EQ(errorOf([&] { rows.Set(u"LARGE", 5); }), 3265);
+    rows.Set(u"NAME", u"q"_s);
+    rows.Update();
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"q"_s));
+    rows.Close();
+    EXPECT_FALSE(static_cast<bool>(rows));
+    EXPECT_EQ(errorOf([&] { rows.Close(); }), 3420);
+    EXPECT_EQ(errorOf([&] { rows.MoveFirst(); }), 3420);
+}
+
+TEST_F(Recordsets, WindowsFollowTheirPlaceInALargeSet)
+{
+    {
+        QStringList many;
+        for (int i = 0; i < 3000; ++i)
+            many.append(QString::number(i));
+        addRows(m_file, many);
+        m_file.Execute(u"DELETE FROM SAMPLE WHERE LARGE MOD 7 = 0 OR LARGE BETWEEN 900 AND 1400"_s);
+    }
+    for (const QString &source : { u"SELECT * FROM SAMPLE"_s, u"SELECT * FROM SAMPLE ORDER BY LARGE DESC"_s,
+                                   u"SELECT * FROM SAMPLE WHERE LARGE MOD 5 = 1"_s }) {
+        SCOPED_TRACE(source.toStdString());
+        Recordset rows = m_file.OpenRecordset(source);
+        QList<int> wanted;
+        for (int i = 1; i <= 3000; ++i) {
+            if (i % 7 != 0 && (i < 900 || i > 1400) && (!source.contains(u"WHERE") || i % 5 == 1))
+                wanted.append(i);
+        }
+        if (source.contains(u"DESC"))
+            std::reverse(wanted.begin(), wanted.end());
+        ASSERT_EQ(rows.rowTotal(), wanted.size());
+        const int column = rows.fieldIndex(u"LARGE");
+        for (qsizetype step : { 1, 17, 391 }) {
+            for (qsizetype i = 0; i < wanted.size(); i += step) {
+                ASSERT_EQ(rows.cell(i, column), Value(wanted[i])) << i;
+                ASSERT_EQ(rows.cell(wanted.size() - 1 - i, column), Value(wanted[wanted.size() - 1 - i])) << i;
+            }
+        }
+        qsizetype at = 0;
+        for (; !rows.EOF_(); rows.MoveNext())
+            ASSERT_EQ(rows.Get(u"LARGE"), Value(wanted[at++]));
+        for (rows.MoveLast(); !rows.BOF(); rows.MovePrevious())
+            ASSERT_EQ(rows.Get(u"LARGE"), Value(wanted[--at]));
+    }
+}
+
+}
