@@ -1,0 +1,36 @@
+#include "frame/frmCaddyIcons.h"
+#include "frame/frmStartup.h"
+#include "platform/basic/files.h"
+#include "platform/basic/prompts.h"
+#include "platform/controls/prompts.h"
+#include "platform/desktop/desktop.h"
+
+#include <QApplication>
+
+using namespace Qt::StringLiterals;
+
+int main(int argc, char **argv)
+{
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(u"Vorel Reminder"_s);
+    QApplication::setApplicationVersion(QStringLiteral(VOREL_VERSION));
+    QApplication::setDesktopFileName(u"org.vorel.Reminder"_s);
+    // The program ends by the main screen's own unload step, not when a box closes before that screen is up.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    vorel::basic::setProgramFolder(vorel::desktop::decideProgramFolder());
+    if (!vorel::desktop::claimSingleInstance())
+        return 0;
+
+    vorel::ApplyIconTheme();
+    QApplication::setWindowIcon(QIcon(u":/icons/vorelreminder.svg"_s));
+    vorel::basic::setApplicationTitle(u"Vorel Reminder"_s);
+    vorel::controls::ScreenPrompts prompts;
+    vorel::basic::setPrompts(&prompts);
+
+    vorel::Startup startup;
+    startup.Load();
+    const int result = QApplication::exec();
+    vorel::basic::setPrompts(nullptr);
+    return result;
+}

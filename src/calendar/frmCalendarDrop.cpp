@@ -1,0 +1,280 @@
+#include "calendar/frmCalendarDrop.h"
+
+#include "calendar/frmCalendarDropCell.h"
+#include "frame/state.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/format.h"
+#include "platform/controls/layout.h"
+
+#include <QComboBox>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using basic::DateTime;
+using controls::on;
+namespace layout = controls::layout;
+
+namespace {
+
+constexpr int firstYear = 100, lastYear = 9999;     // of the calendar
+constexpr int yearsAround = 100;                    // reach of the year's scroll bar
+
+QString boxText(const QWidget *box)
+{
+    if (const auto *edit = qobject_cast<const QLineEdit *>(box))
+        return edit->text();
+    if (const auto *combo = qobject_cast<const QComboBox *>(box))
+        return combo->currentText();
+    if (const auto *label = qobject_cast<const QLabel *>(box))
+        return label->text();
+    return {};
+}
+
+void setBoxText(QWidget *box, const QString &text)
+{
+    if (auto *edit = qobject_cast<QLineEdit *>(box)) {
+        edit->setText(text);
+    } else if (auto *combo = qobject_cast<QComboBox *>(box)) {
+        combo->setCurrentText(text);
+    } else if (auto *label = qobject_cast<QLabel *>(box)) {
+        label->setText(text);
+    }
+}
+
+QScrollBar *scrollBar(const QString &name, const QString &spoken)
+{
+    auto *bar = new QScrollBar(Qt::Horizontal);
+    bar->setObjectName(name);
+    bar->setAccessibleName(spoken);
+    bar->setToolTip(spoken);
+    bar->setFocusPolicy(Qt::StrongFocus);
+    return bar;
+}
+
+}
+
+frmCalendarDrop::frmCalendarDrop(QWidget *parent) : Form(u"frmCalendarDrop"_s, parent), m_weekStart(state().gWeekStartDay)
+{
+    setSizeGripEnabled(false);
+    compose();
+    connectHandlers();
+    DefaultDate({});
+}
+
+QLayout *frmCalendarDrop::composeMonth()
+{
+    auto *grid = new QGridLayout;
+    grid->setSpacing(0);
+    const std::array<QString, 7> heads = weekDayHeads(m_weekStart);
+    for (int column = 0; column < 7; ++column) {
+        auto *head = new QLabel(heads[static_cast<std::size_t>(column)]);
+        head->setObjectName(u"LBL_Day(%1)"_s.arg(column));
+        head->setAlignment(Qt::AlignCenter);
+        grid->addWidget(head, 0, column);
+    }
+    for (int index = 0; index < monthCellCount; ++index) {
+        auto *cell = new DayCell;
+        cell->setObjectName(u"LBL_Date(%1)"_s.arg(index));
+        on(cell, &DayCell::clicked, this, [this, index] { LBL_Date_Click(index); });
+        on(cell, &DayCell::DblClick, this, [this, index] {
+            LBL_Date_Click(index);
+            cmdApply_Click();
+        });
+        m_cells[static_cast<std::size_t>(index)] = cell;
+        grid->addWidget(cell, 1 + index / 7, index % 7);
+    }
+    return grid;
+}
+
+void frmCalendarDrop::compose()
+{
+    m_title = new QLabel;
+    m_title->setObjectName(u"lblTitle"_s);
+    m_title->setAlignment(Qt::AlignCenter);
+    QFont strong = m_title->font();
+    strong.setBold(true);
+    m_title->setFont(strong);
+    m_given = new QLabel;
+    m_given->setObjectName(u"lblDate"_s);
+    m_given->setAccessibleName(u"The given date"_s);
+    m_month = scrollBar(u"HScroll1"_s, u"Month"_s);
+    m_month->setRange(1, 12);
+    m_month->setPageStep(3);
+    m_year = scrollBar(u"HScroll2"_s, u"Year"_s);
+    m_year->setPageStep(10);
+    m_today = controls::button(u"Today"_s, u"&Today"_s, {}, u" Goes to today "_s);
+    m_action = controls::button(u"CmdAction"_s, u"&Given date"_s, {}, u" Goes back to the given date "_s);
+    m_apply = controls::button(u"cmdApply"_s, u"&Apply"_s, u"dialog-ok-apply"_s);
+    m_cancel = controls::button(u"cmdCancel"_s, u"&Cancel"_s, u"dialog-cancel"_s);
+    if (auto *push = qobject_cast<QPushButton *>(m_apply))
+        push->setDefault(true);
+
+    QLayout *screenColumn = layout::Column({
+        m_title,
+        composeMonth(),
+        layout::Fields({{u"&Month:"_s, m_month}, {u"&Year:"_s, m_year}}),
+        layout::Row({m_today, m_action, m_given, layout::Stretch{}}),
+        layout::Row({layout::Stretch{}, m_apply, m_cancel}),
+    });
+    layout::setMargins(screenColumn, 2 * layout::unit);
+    setLayout(screenColumn);
+}
+
+void frmCalendarDrop::connectHandlers()
+{
+    on(m_month, &QScrollBar::valueChanged, this, [this] { HScroll_Change(); });
+    on(m_year, &QScrollBar::valueChanged, this, [this] { HScroll_Change(); });
+    on(m_today, &QAbstractButton::clicked, this, [this] { selectDate(basic::Date()); });
+    on(m_action, &QAbstractButton::clicked, this, [this] { CmdAction_Click(); });
+    on(m_apply, &QAbstractButton::clicked, this, [this] { cmdApply_Click(); });
+    on(m_cancel, &QAbstractButton::clicked, this, [this] { Close(); });
+}
+
+void frmCalendarDrop::DefaultDate(const QString &text)
+{
+    m_givenDate = pickerDate(text);
+    const bool given = basic::IsDate(text) && basic::CDate(text).hasDate();
+    m_given->setText(given ? displayDate(m_givenDate) : QString());
+    m_action->setEnabled(given);
+    selectDate(m_givenDate);
+}
+
+void frmCalendarDrop::UpdateTitle()
+{
+    const QString title = monthTitle(m_date.year(), m_date.month());
+    m_title->setText(title);
+    setWindowTitle(title);
+}
+
+void frmCalendarDrop::selectDate(DateTime date)
+{
+    m_date = date;
+    m_drawing = true;
+    m_month->setValue(date.month());
+    m_year->setRange(std::max(firstYear, std::min(date.year(), m_givenDate.year()) - yearsAround),
+                     std::min(lastYear, std::max(date.year(), m_givenDate.year()) + yearsAround));
+    m_year->setValue(date.year());
+    m_drawing = false;
+    drawMonth();
+    UpdateTitle();
+}
+
+void frmCalendarDrop::drawMonth()
+{
+    const MonthCells month = monthCells(m_date.year(), m_date.month(), m_weekStart);
+    const DateTime today = basic::Date();
+    const bool hadFocus = qobject_cast<DayCell *>(focusWidget()) != nullptr;
+    for (int index = 0; index < monthCellCount; ++index) {
+        DayCell *cell = m_cells[static_cast<std::size_t>(index)];
+        const int day = index - month.firstCell + 1;
+        if (day < 1 || day > month.days) {
+            cell->setDay(0, {}, false, false);
+            continue;
+        }
+        const DateTime date = basic::DateSerial(month.year, month.month, day);
+        const bool selected = date == m_date;
+        cell->setDay(day, basic::Format(date, u"dddd, d mmmm yyyy"), date == today, selected);
+        if (selected && (hadFocus || !focusWidget()))
+            cell->setFocus();
+    }
+}
+
+void frmCalendarDrop::LBL_Date_Click(int index)
+{
+    const int day = m_cells[static_cast<std::size_t>(index)]->day();
+    if (day != 0)
+        selectDate(basic::DateSerial(m_date.year(), m_date.month(), day));
+}
+
+void frmCalendarDrop::HScroll_Change()
+{
+    if (m_drawing)
+        return;
+    const int months = (m_year->value() - m_date.year()) * 12 + m_month->value() - m_date.month();
+    selectDate(monthsAway(m_date, months));
+}
+
+void frmCalendarDrop::CmdAction_Click() { selectDate(m_givenDate); }
+
+void frmCalendarDrop::cmdApply_Click()
+{
+    m_applied = true;
+    Close();
+}
+
+void frmCalendarDrop::keyPressEvent(QKeyEvent *event)
+{
+    const auto days = [this](int count) {
+        DateTime moved = m_date;
+        basic::IgnoreErrors([&] { moved = basic::DateAdd(u"d", count, m_date); });
+        selectDate(moved);
+    };
+    const int months = event->modifiers() & Qt::ControlModifier ? 12 : 1;
+    const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
+    switch (event->key()) {
+    case Qt::Key_Left: return days(rightToLeft ? 1 : -1);
+    case Qt::Key_Right: return days(rightToLeft ? -1 : 1);
+    case Qt::Key_Up: return days(-7);
+    case Qt::Key_Down: return days(7);
+    case Qt::Key_PageUp: return selectDate(monthsAway(m_date, -months));
+    case Qt::Key_PageDown: return selectDate(monthsAway(m_date, months));
+    case Qt::Key_Home: return selectDate(basic::DateSerial(m_date.year(), m_date.month(), 1));
+    case Qt::Key_End: return days(m_date.date().daysInMonth() - m_date.day());
+    default: Form::keyPressEvent(event);
+    }
+}
+
+void frmCalendarDrop::showEvent(QShowEvent *event)
+{
+    if (m_area.isValid() && !event->spontaneous()) {
+        const QSize size = sizeHint().expandedTo(this->size());
+        const QScreen *where = screen();
+        const int bottom = where ? where->availableGeometry().bottom() : m_area.bottom() + size.height();
+        const bool below = m_area.bottom() + size.height() <= bottom || m_area.top() < size.height();
+        move(m_area.left(), below ? m_area.bottom() + 1 : m_area.top() - size.height());
+    }
+    Form::showEvent(event);
+    for (DayCell *cell : m_cells) {
+        if (cell->isChecked())
+            cell->setFocus();
+    }
+}
+
+std::optional<QString> pickDate(QWidget *beside, const QString &text, const QString &description)
+{
+    frmCalendarDrop picker(beside ? beside->window() : nullptr);
+    picker.setAccessibleDescription(description);
+    if (beside)
+        picker.setDropArea({beside->mapToGlobal(QPoint(0, 0)), beside->size()});
+    picker.DefaultDate(text);
+    picker.ShowModal();
+    return picker.applied() ? std::optional(displayDate(picker.selectedDate())) : std::nullopt;
+}
+
+bool OpenDatePicker(QWidget *box, const QString &code)
+{
+    const PickerTarget *target = pickerTarget(code);
+    QPointer<QWidget> written = box;
+    if (target && !target->box.isEmpty() && box && box->window()->objectName() == target->screen) {
+        if (auto *named = box->window()->findChild<QWidget *>(target->box.toString()))
+            written = named;
+    }
+    const std::optional<QString> chosen = pickDate(box, boxText(written));
+    if (!chosen || !written)        // the screen may have gone while the picker was open
+        return false;
+    setBoxText(written, *chosen);
+    return true;
+}
+
+}

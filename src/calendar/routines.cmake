@@ -1,0 +1,1 @@
+list(APPEND VOREL_ROUTINES calendar/picker.cpp)

@@ -1,0 +1,1 @@
+list(APPEND VOREL_SCREENS calendar/frmCalendarDrop.cpp calendar/frmCalendarDropCell.cpp)

@@ -1,0 +1,349 @@
+#include "frame/frmCaddy.h"
+
+#include "frame/frmCaddyEdit.h"
+#include "frame/frmCaddyIcons.h"
+#include "frame/frmCaddyLayout.h"
+#include "frame/frmCaddyMenus.h"
+#include "frame/frmCaddyPainting.h"
+#include "frame/frmCaddyPicture.h"
+#include "frame/frmCaddyRail.h"
+#include "frame/frmCaddySections.h"
+#include "frame/frmCaddyStrip.h"
+#include "frame/frmLater.h"
+#include "frame/ini.h"
+#include "frame/startup.h"
+#include "platform/basic/error.h"
+#include "platform/basic/files.h"
+#include "platform/basic/prompts.h"
+#include "platform/controls/colours.h"
+#include "platform/controls/form.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/profile.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScreen>
+#include <QSplitter>
+#include <QTimer>
+#include <QToolBar>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+struct frmCaddy::Rooms {
+    explicit Rooms(frmCaddy &screen)
+        : build(&screen, c), columns(sizes, &screen), painting(c, sizes, columns), search(c),
+          sections(c, screen, sizes, columns, search), periods(c, screen), edit(c, screen, &screen),
+          menus(c, screen, periods, &screen), strip(c) {}
+
+    struct Build {
+        Build(QMainWindow *window, CaddyControls &c) { BuildCaddy(window, c); }
+    };
+    CaddyControls c;
+    GridLayout sizes;
+    Build build;
+    CaddyColumns columns;
+    CaddyPainting painting;
+    CaddySearch search;
+    CaddySections sections;
+    CaddyPeriods periods;
+    CaddyEdit edit;
+    CaddyMenus menus;
+    CaddyStrip strip;
+};
+
+frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
+{
+    setObjectName(u"frmCaddy"_s);
+    setContextMenuPolicy(Qt::NoContextMenu);
+    d = std::make_unique<Rooms>(*this);
+    connectGrids();
+    connectButtons();
+    answerMenus();
+    controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { d->strip.Timer2_Timer(); });
+    connect(d->c.TimerMessages, &QTimer::timeout, this, [this] { basic::IgnoreErrors([this] { CheckForMessages(); }); });
+    fitDesktop();
+}
+
+frmCaddy::~frmCaddy()
+{
+    if (!m_unloaded)
+        state().gMainDb = {};
+}
+
+CaddyControls &frmCaddy::controls()
+{
+    return d->c;
+}
+
+void frmCaddy::RequeryReminders()
+{
+    for (ReminderGrid &one : d->c.reminders)
+        if (!one.grid->isHidden())
+            one.data->Refresh();
+    d->search.forgetRows();
+}
+
+void frmCaddy::connectGrids()
+{
+    for (ReminderGrid &one : d->c.reminders) {
+        using controls::Grid;
+        Grid *grid = one.grid;
+        grid->setToolTipProvider([this, &one](qsizetype row) { return d->edit.toolTip(one, row); });
+        controls::on(grid, &Grid::DblClick, this, [this, &one](int y) { d->edit.DblClick(one, y); });
+        controls::on(grid, &Grid::EnterKey, this, [&one] { one.panEdit->click(); });
+        controls::on(grid, &Grid::HeadClick, this, [this, grid](int column) { d->search.HeadClick(grid, column); });
+        controls::on(grid, &Grid::RowChange, this, [this, grid] {
+            if (grid == d->edit.activeGrid())
+                d->edit.showDetails();
+        });
+    }
+    controls::Grid *subjects = d->c.SUBJECTGRID;
+    controls::on(subjects, &controls::Grid::DblClick, this, [this](int y) {
+        if (y > controls::headLinesTwips)
+            d->edit.ShowEdit();
+    });
+    controls::on(subjects, &controls::Grid::EnterKey, this, [this] { d->edit.ShowEdit(); });
+    controls::on(subjects, &controls::Grid::HeadClick, this,
+                 [this, subjects](int column) { d->search.HeadClick(subjects, column); });
+    controls::on(subjects, &controls::Grid::RowChange, this, [this] { d->edit.showDetails(); });
+    controls::on(&d->edit, &CaddyEdit::ActiveGridChanged, this, [this](const controls::Grid *grid) {
+        d->painting.MarkActive(grid);
+        d->edit.showDetails();
+    });
+}
+
+void frmCaddy::connectButtons()
+{
+    CaddyControls &c = d->c;
+    const auto click = [this](QAbstractButton *button, std::function<void()> step) {
+        controls::on(button, &QAbstractButton::clicked, this, std::move(step));
+    };
+    for (const CategoryButton &entry : categoryButtons())
+        click(c.rail->button(entry.index), [this, index = entry.index] { d->sections.cmdCat_Click(index); });
+    click(c.panNew, [this] { d->edit.panNew_Click(); });
+    click(c.appointments().panEdit, [this] { d->edit.EditAppointment(); });
+    click(c.bills().panEdit, [this] { d->edit.EditBill(); });
+    click(c.events().panEdit, [this] { d->edit.EditEvent(); });
+    click(c.panEditS, [this] { d->edit.panEditS_Click(); });
+    click(c.cmdNext, [this] { d->search.next(); });
+    click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
+    for (const auto &[name, button] : c.tools)
+        click(button, [spoken = button->accessibleName()] { ShowLater(spoken); });
+    c.tools.at(u"cmdColor"_s)->disconnect(this);
+    click(c.tools.at(u"cmdColor"_s), [this] { cmdColor_Click(); });
+    controls::on(c.txtSearch, &QLineEdit::textChanged, this, [this] { d->search.textChanged(); });
+    controls::on(c.txtSearch, &QLineEdit::returnPressed, this, [this] { d->edit.editSearched(); });
+    c.txtSearch->installEventFilter(this);
+}
+
+// Two keys of the search box: Esc empties it, Down goes on to the grid.
+bool frmCaddy::eventFilter(QObject *watched, QEvent *event)
+{
+    if (watched != d->c.txtSearch || event->type() != QEvent::KeyPress)
+        return QMainWindow::eventFilter(watched, event);
+    switch (static_cast<QKeyEvent *>(event)->key()) {
+    case Qt::Key_Escape:
+        d->c.txtSearch->clear();
+        return true;
+    case Qt::Key_Down:
+        d->search.searchGrid()->setFocus(Qt::OtherFocusReason);
+        return true;
+    default:
+        return QMainWindow::eventFilter(watched, event);
+    }
+}
+
+void frmCaddy::answerMenus()
+{
+    CaddyMenus &menus = d->menus;
+    menus.answer(u"mnuExit"_s, [this] { close(); });
+    menus.answer(u"mnuQuit"_s, [this] { Unload(); });
+    menus.answer(u"mnuAbout"_s, [] {
+        basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)
+                          + u"\nProbably the Handiest Software you will own"_s, u"About"_s, basic::Icon::Information);
+    });
+    const auto startProgram = [](const QString &name) {
+        const QString program = basic::programFolder() + u'/' + name;
+        return !basic::Dir(program).isEmpty() && desktop::ShellExecute(basic::realPath(program));
+    };
+    menus.answer(u"mnuMaintenance"_s, [this, startProgram] {
+        if (startProgram(u"Chimer.exe"_s))
+            Unload();
+    });
+}
+
+void frmCaddy::loadSettings()
+{
+    LoadMainSettings();
+    LoadGridSettings(d->sizes);
+    d->painting.ApplyLayout();
+    applyBackground();
+    d->sections.ApplyFeatures();
+}
+
+void frmCaddy::openData()
+{
+    OpenMainDatabase();
+}
+
+void frmCaddy::showStart()
+{
+    DisplayDates();
+    SetTodayParts();
+    d->periods.setQuietly(u"mnuToday"_s);
+    const QString category = LoadStartCategory();
+    DisplayCategory(category);
+    if (state().gLastCategory.isEmpty())        // a name that is no section
+        DisplayCategory(u"All"_s);
+}
+
+void frmCaddy::Load()
+{
+    CaddyControls &c = d->c;
+    setWindowTitle(state().gProductTitle);
+    // A step that fails shows its error, and the next one is taken all the same.
+    basic::Trap([this] { loadSettings(); });
+    basic::Trap([this] { openData(); });
+    for (controls::DataControl *rows : {c.appointments().data, c.bills().data, c.events().data, c.dtaSubjects}) {
+        rows->setConnect(u"Access"_s);
+        rows->setDatabaseName(state().path(DataFile::Main));
+    }
+    basic::Trap([] { LoadUserName(); });
+    basic::Trap([this] { showStart(); });
+    basic::Trap([this] {
+        if (iniInteger(GetIniValue(iniSettings, u"Screen"_s, u"1"_s)) == 2)
+            setWindowState(windowState() | Qt::WindowMaximized);
+    });
+    basic::Trap([&c] {
+        LoadWarningSettings();
+        c.Timer2->start();
+        if (state().gNetwork)
+            c.TimerMessages->start();
+    });
+    basic::Trap([] { LoadSoundFile(); });
+    basic::Trap([this] { d->painting.DefaultMenu(); });
+    basic::Trap([this] { d->strip.ScrollMessages(); });
+    basic::Trap([this] { CheckForMessages(); });
+    c.picDetails->setPaper(desktop::findResource(u"\\Paper.jpg"_s));
+    const auto needs = [&c](int index, DataFile file) {
+        if (basic::Dir(state().path(file)).isEmpty())
+            c.rail->button(index)->setEnabled(false);
+    };
+    needs(17, DataFile::DataJ);
+    needs(4, DataFile::DataP);
+}
+
+void frmCaddy::DisplayCategory(const QString &name)
+{
+    d->sections.DisplayCategory(name);
+    d->painting.MarkActive(d->edit.activeGrid());
+    d->edit.showDetails();
+}
+
+void frmCaddy::GetData() { d->sections.GetData(); }
+void frmCaddy::RefreshData() { d->sections.RefreshData(); }
+void frmCaddy::DisplayCaption() { d->periods.DisplayCaption(); }
+void frmCaddy::DisplayDates() { d->periods.DisplayDates(); }
+void frmCaddy::CheckForMessages() { d->strip.CheckForMessages(); }
+void frmCaddy::SortData() { d->search.SortData(state().gSection); }
+
+void frmCaddy::DisableButtons(bool enable)
+{
+    d->c.SSPanel1->setEnabled(enable);
+    d->c.rail->setEnabled(enable);
+    d->c.Toolbar1->setEnabled(enable);
+}
+
+// The first size fits a small desktop; a larger one is not filled.
+void frmCaddy::fitDesktop()
+{
+    const QScreen *desktop = screen();
+    const QSize room = desktop ? desktop->availableSize() - QSize(8, 40) : QSize(1272, 760);
+    resize(QSize(1272, 760).boundedTo(room));
+}
+
+void frmCaddy::applyBackground()
+{
+    const QString chosen = GetIniValue(iniSettings, u"ScreenBackColour"_s, {});
+    const std::optional<quint32> number = chosen.isEmpty() ? std::nullopt : colourNumber(chosen);
+    QPalette page;
+    if (number) {
+        const QColor back = colourOf(*number);
+        page.setColor(QPalette::Window, back);
+        page.setColor(QPalette::WindowText, controls::readable(palette().color(QPalette::WindowText), back));
+    }
+    d->c.page->setAutoFillBackground(number.has_value());
+    d->c.page->setPalette(page);
+}
+
+void frmCaddy::cmdColor_Click()
+{
+    const QColor now = d->c.page->palette().color(QPalette::Window);
+    const std::optional<quint32> chosen = basic::prompts().chooseColour(now.rgb() & 0xFFFFFF);
+    if (!chosen)
+        return;
+    const quint32 bgr = (*chosen & 0xFF) << 16 | (*chosen & 0xFF00) | (*chosen >> 16 & 0xFF);
+    PutIniValue(iniSettings, u"ScreenBackColour"_s, QString::number(bgr));
+    applyBackground();
+}
+
+void frmCaddy::showEvent(QShowEvent *event)
+{
+    QMainWindow::showEvent(event);
+    if (event->spontaneous())
+        return;
+    d->sections.SizeGrids();
+    if (const ReminderGrid *first = d->c.firstShown())
+        first->grid->setFocus();
+    emit Activated();
+}
+
+void frmCaddy::changeEvent(QEvent *event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !d)
+        return;
+    ApplyIconTheme();
+    ApplyCaddyIcons(d->c);
+    d->c.rail->applyIcons();
+    d->painting.ApplyPalette();
+    d->painting.MarkActive(d->edit.activeGrid());
+}
+
+void frmCaddy::closeEvent(QCloseEvent *event)
+{
+    event->accept();
+    Unload();
+}
+
+void frmCaddy::Unload()
+{
+    if (m_unloaded)
+        return;
+    m_unloaded = true;
+    basic::Trap([this] {
+        const desktop::ProfileBatch oneWrite;
+        d->sections.UpdateRowHeight();
+        SaveGridSettings(d->sizes, static_cast<std::int16_t>(d->c.SUBJECTGRID->rowHeightTwips()));
+    });
+    if (state().gPopUpCloser) {
+        const QString closer = basic::programFolder() + u"/PopUpCloser.exe"_s;
+        if (!basic::Dir(closer).isEmpty())
+            desktop::ShellExecute(basic::realPath(closer));
+    }
+    d->c.Timer2->stop();
+    d->c.TimerMessages->stop();
+    for (ReminderGrid &one : d->c.reminders)
+        one.data->Close();
+    d->c.dtaSubjects->Close();
+    state().gMainDb = {};
+    hide();
+    emit Unloaded();
+    QApplication::quit();
+}
+
+}

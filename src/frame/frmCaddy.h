@@ -1,0 +1,62 @@
+#pragma once
+
+#include "frame/mainscreen.h"
+
+#include <QMainWindow>
+#include <memory>
+
+namespace vorel {
+
+struct CaddyControls;
+
+// The main screen: shows one section at a time, everything else opens from here and comes back here. Its rooms are
+// frmCaddy*.h: sections, periods, painting, search, menus, editing, the strip.
+class frmCaddy : public QMainWindow, public MainScreen {
+    Q_OBJECT
+public:
+    explicit frmCaddy(QWidget *parent = nullptr);
+    ~frmCaddy() override;
+
+    void Load();                        // reads the settings, opens the main file, shows the start section; stays hidden
+    CaddyControls &controls();
+    // The reminder grids' rows anew, by the queries that they show.
+    void RequeryReminders();
+
+    void DisplayCategory(const QString &name) override;
+    void GetData() override;
+    void RefreshData() override;
+    void DisplayCaption() override;
+    void DisplayDates() override;
+    void DisableButtons(bool enable) override;
+    void CheckForMessages() override;
+    // Sorts the section on show, by a column that is asked for where none was clicked.
+    void SortData();
+
+signals:
+    void Activated();                   // the screen came up for the first time
+    void Unloaded();                    // everything is saved; the program ends
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+    void changeEvent(QEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void connectGrids();
+    void connectButtons();
+    void answerMenus();
+    void loadSettings();
+    void openData();
+    void showStart();
+    void fitDesktop();
+    void applyBackground();
+    void cmdColor_Click();
+    void Unload();
+
+    struct Rooms;
+    std::unique_ptr<Rooms> d;
+    bool m_unloaded = false;
+};
+
+}

@@ -1,0 +1,116 @@
+#include "frame/frmCaddyColumns.h"
+
+#include "platform/controls/form.h"
+
+#include <QEvent>
+#include <QHeaderView>
+
+namespace vorel {
+
+using controls::Grid;
+
+namespace {
+
+constexpr int cellMargin = 9;
+constexpr int leastWide = 160;
+
+}
+
+CaddyColumns::CaddyColumns(GridLayout &sizes, QObject *parent) : QObject(parent), m_sizes(sizes) {}
+
+void CaddyColumns::show(Grid *grid, std::vector<controls::GridColumn> columns, Plan plan)
+{
+    if (!m_plans.contains(grid)) {
+        m_views[grid->viewport()] = grid;
+        grid->viewport()->installEventFilter(this);
+        controls::on(grid, &Grid::ColResize, this, [this, grid](int column) { keep(grid, column); });
+    }
+    m_plans[grid] = std::move(plan);
+    grid->setColumns(std::move(columns));
+    apply(grid);
+}
+
+void CaddyColumns::apply(Grid *grid)
+{
+    const Plan &plan = m_plans[grid];
+    for (std::size_t i = 0; i < plan.numbers.size(); ++i)
+        if (plan.numbers[i] > 0)
+            if (const double twips = m_sizes.width(plan.word, plan.numbers[i]); twips > 0)
+                grid->setColumnWidthTwips(static_cast<int>(i), static_cast<int>(twips));
+    fill(grid);
+}
+
+// The first width that the user sets makes all that is on the screen the user's choice.
+void CaddyColumns::keep(Grid *grid, int column)
+{
+    const Plan &plan = m_plans[grid];
+    const bool first = untouched(plan);
+    for (std::size_t i = 0; i < plan.numbers.size(); ++i) {
+        const int at = static_cast<int>(i);
+        if (plan.numbers[i] > 0 && (at == column || first))
+            m_sizes.setWidth(plan.word, plan.numbers[i], grid->columnWidthTwips(at));
+    }
+}
+
+bool CaddyColumns::untouched(const Plan &plan) const
+{
+    for (const GridWord &word : gridWords()) {
+        if (word.word != plan.word)
+            continue;
+        for (std::size_t i = 0; i < word.widths.size(); ++i)
+            if (static_cast<int>(m_sizes.width(plan.word, static_cast<int>(i) + 1)) != word.widths[i])
+                return false;
+    }
+    return true;
+}
+
+// The head and the sample text fit.
+int CaddyColumns::least(const Grid *grid, const Plan &plan, int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    const int head = grid->horizontalHeader()->sectionSizeHint(column);
+    if (at >= plan.samples.size() || plan.samples[at].isEmpty())
+        return head;
+    return std::max(head, grid->fontMetrics().horizontalAdvance(plan.samples[at]) + 2 * cellMargin);
+}
+
+// No column is narrower than its texts, and the wide one takes what the others leave.
+void CaddyColumns::fill(Grid *grid)
+{
+    const Plan &plan = m_plans[grid];
+    if (plan.wideColumn < 0 || !untouched(plan))
+        return;
+    const std::vector<controls::GridColumn> &columns = grid->columns();
+    const auto kept = [&](int column) {
+        const int number = plan.numbers[static_cast<std::size_t>(column)];
+        return controls::toPixels(number > 0 ? m_sizes.width(plan.word, number)
+                                             : columns[static_cast<std::size_t>(column)].width);
+    };
+    std::map<int, int> widths;
+    int others = 0;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        const int at = static_cast<int>(i);
+        if (columns[i].visible && at != plan.wideColumn)
+            others += widths[at] = std::max(kept(at), least(grid, plan, at));
+    }
+    const int room = grid->viewport()->width(), wide = kept(plan.wideColumn);
+    if (const auto giving = widths.find(plan.givingColumn); giving != widths.end() && others + wide > room) {
+        const int given = std::min(others + wide - room, giving->second - least(grid, plan, plan.givingColumn));
+        giving->second -= std::max(given, 0);
+        others -= std::max(given, 0);
+    }
+    widths[plan.wideColumn] = std::max(std::min(wide, leastWide), room - others);
+    for (const auto &[column, width] : widths)
+        if (grid->columnWidth(column) != width)
+            grid->setColumnWidthTwips(column, controls::toTwips(width));
+}
+
+bool CaddyColumns::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Resize)
+        if (Grid *grid = m_views.value(watched))
+            fill(grid);
+    return QObject::eventFilter(watched, event);
+}
+
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "frame/gridlayout.h"
+#include "platform/controls/grid.h"
+
+#include <QHash>
+#include <QObject>
+
+namespace vorel {
+
+// Widths of the grids' columns as the layout keeps them. While a grid has its first widths, the column that names the
+// row also takes the room that is left over; once the user has set widths they stand as set.
+class CaddyColumns : public QObject {
+    Q_OBJECT
+public:
+    CaddyColumns(GridLayout &sizes, QObject *parent);
+
+    struct Plan {
+        QString word;                   // of the width keys; "" keeps none
+        std::vector<int> numbers;       // by grid column: its number in the width keys, 0 = none
+        int wideColumn = -1;            // takes the room left over, -1 = none
+        std::vector<QString> samples = {};      // by grid column: a text that should fit, "" = the head's alone
+        int givingColumn = -1;          // gives of its width where room is short, -1 = none
+    };
+    // Sets the grid's columns and their widths.
+    void show(controls::Grid *grid, std::vector<controls::GridColumn> columns, Plan plan);
+    void apply(controls::Grid *grid);   // the widths anew, after the layout was read again
+
+protected:
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void keep(controls::Grid *grid, int column);
+    bool untouched(const Plan &plan) const;
+    int least(const controls::Grid *grid, const Plan &plan, int column) const;
+    void fill(controls::Grid *grid);
+
+    GridLayout &m_sizes;
+    QHash<QObject *, Plan> m_plans;             // by grid
+    QHash<QObject *, controls::Grid *> m_views; // by viewport
+};
+
+}

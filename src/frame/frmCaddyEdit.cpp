@@ -1,0 +1,173 @@
+#include "frame/frmCaddyEdit.h"
+
+#include "frame/frmCaddyPicture.h"
+#include "frame/frmLater.h"
+#include "frame/sections.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/prompts.h"
+#include "platform/controls/form.h"
+#include "reminders/frmRecord.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QTimer>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Val of the row's ID: 0 on the new-row line and where there is no row.
+qint32 selectedId(const controls::Grid *grid)
+{
+    return static_cast<qint32>(basic::Val(grid->CellText(idColumn)));
+}
+
+}
+
+CaddyEdit::CaddyEdit(CaddyControls &c, MainScreen &screen, QWidget *window)
+    : QObject(window), m_c(c), m_screen(screen), m_window(window)
+{
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
+        for (const ReminderGrid &one : m_c.reminders)
+            if (now == one.grid)
+                m_lastUsed = &one;
+        const auto *grid = qobject_cast<controls::Grid *>(now);
+        if (grid && grid == activeGrid())
+            emit ActiveGridChanged(activeGrid());
+    });
+}
+
+void CaddyEdit::editReminder(ReminderGrid &one)
+{
+    openReminder(one, selectedId(one.grid));
+}
+
+void CaddyEdit::openReminder(ReminderGrid &one, qint32 id)
+{
+    State &s = state();
+    s.gRecordCode = one.code;
+    s.gLastRecord = id;
+    frmRecord record(m_window);
+    controls::DataControl &rows = record.dtaData();
+    if (id == 0) {
+        rows.setRecordSource(one.newRowSource);
+        record.AddNewRecord({});
+    } else {
+        rows.setRecordSource(s.*one.sql);
+        rows.Refresh();
+        rows.FindFirst(u"ID = %1"_s.arg(id));
+    }
+    record.ShowModal();
+    m_screen.GetData();
+    if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.gLastRecord)))
+        one.grid->setBookmark(one.data->Recordset().Bookmark());
+}
+
+// The reminder grid that New works on: the section's own; where several are on show, the one used last.
+ReminderGrid *CaddyEdit::currentReminder() const
+{
+    if (ReminderGrid *own = m_c.reminder(state().gSection))
+        return own;
+    for (ReminderGrid &one : m_c.reminders)
+        if (&one == m_lastUsed && !one.grid->isHidden())
+            return &one;
+    return m_c.firstShown();
+}
+
+void CaddyEdit::ShowEdit()
+{
+    m_c.TimerMessages->stop();
+    if (state().gSection != u"G"_s && state().gSection != u"H"_s)       // those two are edited in the grid
+        ShowLater(u"The screen of a record of "_s + SectionName());
+    m_screen.GetData();
+    restartTimers();
+}
+
+void CaddyEdit::NewRecord()
+{
+    ReminderGrid *reminder = currentReminder();
+    if (reminder && !reminder->grid->isHidden())
+        openReminder(*reminder, 0);
+    else
+        ShowEdit();
+    restartTimers();
+}
+
+void CaddyEdit::restartTimers()
+{
+    m_c.txtSearch->clear();
+    m_c.Timer2->start();
+    if (state().gNetwork)
+        m_c.TimerMessages->start();
+}
+
+void CaddyEdit::panNew_Click()
+{
+    if (basic::AskYesNo(u"Create a New Blank Record?"_s))
+        NewRecord();
+}
+
+void CaddyEdit::panEditS_Click()
+{
+    ShowEdit();
+}
+
+void CaddyEdit::editSearched()
+{
+    if (!m_c.SUBJECTGRID->isHidden())
+        ShowEdit();
+    else if (ReminderGrid *own = m_c.reminder(state().gSection))
+        editReminder(*own);
+    else if (ReminderGrid *first = m_c.firstShown())
+        editReminder(*first);
+}
+
+// In the head lines a double click turns between this grid alone and all three; below them it opens the row.
+void CaddyEdit::DblClick(ReminderGrid &one, int yTwips)
+{
+    if (yTwips > controls::headLinesTwips)
+        editReminder(one);
+    else
+        m_screen.DisplayCategory(state().gSection == one.code ? u"All"_s : one.sectionName);
+}
+
+QString CaddyEdit::toolTip(const ReminderGrid &one, qsizetype row) const
+{
+    if (row >= 0)
+        return {};
+    return state().gSection == one.code ? u" Double Click Here for All Display "_s : u" Double Click Here for Full Display "_s;
+}
+
+controls::Grid *CaddyEdit::activeGrid() const
+{
+    if (!m_c.SUBJECTGRID->isHidden())
+        return m_c.SUBJECTGRID;
+    const ReminderGrid *reminder = currentReminder();
+    return reminder ? reminder->grid : nullptr;
+}
+
+void CaddyEdit::showDetails()
+{
+    const controls::Grid *grid = activeGrid();
+    if (!grid)
+        return;
+    QStringList labels, texts;
+    QString file;
+    const qsizetype row = grid->currentRow();
+    const std::vector<controls::GridColumn> &columns = grid->columns();
+    for (std::size_t i = 0; i < columns.size() && row >= 0 && row < grid->rows(); ++i) {
+        const QString text = grid->CellText(static_cast<int>(i), row).trimmed();
+        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0) {
+            file = text;
+        } else if (columns[i].visible && columns[i].style == controls::GridColumn::Style::Text && !text.isEmpty()) {
+            labels << columns[i].caption;
+            texts << text;
+        }
+    }
+    m_c.picDetails->showPicture(file);
+    m_c.picDetails->showDetails(labels, texts);
+}
+
+}

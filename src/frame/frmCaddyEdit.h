@@ -1,0 +1,42 @@
+#pragma once
+
+#include "frame/frmCaddyControls.h"
+#include "frame/mainscreen.h"
+
+namespace vorel {
+
+// The roads from the grids to the record screens.
+class CaddyEdit : public QObject {
+    Q_OBJECT
+public:
+    CaddyEdit(CaddyControls &c, MainScreen &screen, QWidget *window);
+
+    void EditAppointment() { editReminder(m_c.appointments()); }
+    void EditBill() { editReminder(m_c.bills()); }
+    void EditEvent() { editReminder(m_c.events()); }
+    void ShowEdit();
+    void NewRecord();
+    void panNew_Click();
+    void panEditS_Click();
+    void editSearched();                        // the row that the search box stands on
+    void DblClick(ReminderGrid &one, int yTwips);
+    QString toolTip(const ReminderGrid &one, qsizetype row) const;
+    controls::Grid *activeGrid() const;         // the grid on show that the keyboard works on, or worked on last
+    void showDetails();                         // the pane at the right follows that grid's row
+
+signals:
+    void ActiveGridChanged(controls::Grid *grid);
+
+private:
+    void editReminder(ReminderGrid &one);
+    void openReminder(ReminderGrid &one, qint32 id);
+    ReminderGrid *currentReminder() const;
+    void restartTimers();
+
+    CaddyControls &m_c;
+    MainScreen &m_screen;
+    QWidget *m_window;
+    const ReminderGrid *m_lastUsed = nullptr;   // the reminder grid that last had the keyboard
+};
+
+}

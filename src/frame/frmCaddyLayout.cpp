@@ -1,0 +1,387 @@
+#include "frame/frmCaddyLayout.h"
+
+#include "frame/frmCaddyIcons.h"
+#include "frame/frmCaddyPicture.h"
+#include "frame/frmCaddyRail.h"
+#include "frame/menus.h"
+#include "platform/controls/form.h"
+#include "platform/controls/layout.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QSplitter>
+#include <QStatusBar>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+namespace layout = controls::layout;
+using layout::unit;
+
+namespace {
+
+struct Tool {
+    const char16_t *name;
+    const char16_t *icon;
+    const char16_t *tip;
+};
+constexpr Tool tools[] = {
+    {u"cmdCalendar", u"view-calendar-month", u"Calendar"},
+    {u"cmdCalculator", u"accessories-calculator", u"Calculator"},
+    {u"cmdInvoice", u"view-financial-transfer", u"Invoices"},
+    {u"cmdEmail", u"mail-message", u"Email"},
+    {u"cmdSticky", u"knotes", u"Sticky note"},
+    {u"cmdInfo", u"help-about", u"Information"},
+    {u"cmdBackground", u"view-preview", u"Screen background picture"},
+    {u"cmdColor", u"color-management", u"Screen colour"},
+    {u"cmdWallpaper", u"preferences-desktop-wallpaper", u"Wallpaper"},
+    {u"cmdPopUpCloser", u"window-close", u"Close the pop-up reminders"},
+};
+
+// The period keys in fours: back, the period itself, forward.
+struct PeriodGroup {
+    const char16_t *back, *here, *forward;
+    const char16_t *caption;
+};
+constexpr PeriodGroup periodGroups[] = {
+    {u"YESTERDAY", u"TODAY", u"TOMORROW", u"Today"},
+    {u"LAST WEEK", u"THIS WEEK", u"NEXT WEEK", u"This Week"},
+    {u"LAST MONTH", u"THIS MONTH", u"NEXT MONTH", u"This Month"},
+    {u"LAST YEAR", u"THIS YEAR", u"NEXT YEAR", u"This Year"},
+};
+
+QString spoken(const QString &key)
+{
+    return key.left(1) + key.mid(1).toLower();
+}
+
+QToolButton *keyButton(CaddyControls &c, const QString &key, const QString &caption)
+{
+    auto *button = new QToolButton;
+    button->setObjectName(key);
+    button->setDefaultAction(c.toolbarKeys.at(key));
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setAccessibleName(spoken(key));
+    button->setToolButtonStyle(caption.isEmpty() ? Qt::ToolButtonIconOnly : Qt::ToolButtonTextOnly);
+    return button;
+}
+
+void buildKeys(CaddyControls &c)
+{
+    for (const ToolbarButton &entry : toolbarTable()) {
+        auto *action = new QAction(c.Toolbar1);
+        action->setObjectName(entry.key);
+        action->setText(spoken(entry.key));
+        action->setToolTip(entry.toolTip);
+        action->setCheckable(entry.key != u"CALCULATOR"_s && entry.key != u"CALENDAR"_s && entry.index != toolbarPrintIndex);
+        c.toolbarKeys[entry.key] = action;
+    }
+}
+
+QWidget *buildSearch(CaddyControls &c)
+{
+    c.panSearch = new QWidget;
+    c.panSearch->setObjectName(u"panSearch"_s);
+    c.txtSearch = new QLineEdit;
+    c.txtSearch->setObjectName(u"txtSearch"_s);
+    c.txtSearch->setPlaceholderText(u"Search"_s);
+    c.txtSearch->setAccessibleName(u"Search"_s);
+    c.txtSearch->setToolTip(u" Enter your Search Criteria Press ENTER to Edit "_s);
+    c.txtSearch->setClearButtonEnabled(true);
+    c.txtSearch->setMinimumWidth(120);
+    c.txtSearch->setMaximumWidth(260);
+    auto *next = new QToolButton;
+    next->setObjectName(u"cmdNext"_s);
+    next->setToolTip(u"Find the next row"_s);
+    next->setAccessibleName(u"Find the next row"_s);
+    next->setAutoRaise(true);
+    next->setFocusPolicy(Qt::TabFocus);
+    c.cmdNext = next;
+    auto *row = new QHBoxLayout(c.panSearch);
+    row->setContentsMargins(unit, 0, unit, 0);
+    row->setSpacing(unit / 2);
+    row->addWidget(c.txtSearch, 1);
+    row->addWidget(next);
+    return c.panSearch;
+}
+
+void buildToolbar(QMainWindow *window, CaddyControls &c)
+{
+    c.Toolbar1 = new QToolBar;
+    c.Toolbar1->setObjectName(u"Toolbar1"_s);
+    c.Toolbar1->setWindowTitle(u"Periods and search"_s);
+    c.Toolbar1->setMovable(false);
+    c.Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
+    buildKeys(c);
+    for (const PeriodGroup &group : periodGroups) {
+        auto *box = new QWidget;
+        auto *row = new QHBoxLayout(box);
+        row->setContentsMargins(0, 0, unit / 2, 0);
+        row->setSpacing(0);
+        const QString here = QString::fromUtf16(group.here);
+        c.toolbarKeys.at(here)->setText(QString::fromUtf16(group.caption));
+        row->addWidget(keyButton(c, QString::fromUtf16(group.back), {}));
+        row->addWidget(keyButton(c, here, QString::fromUtf16(group.caption)));
+        row->addWidget(keyButton(c, QString::fromUtf16(group.forward), {}));
+        c.periodKeys.push_back(c.Toolbar1->addWidget(box));
+    }
+    c.toolbarKeys.at(u"ALL RECORDS"_s)->setText(u"All"_s);
+    c.periodKeys.push_back(c.Toolbar1->addWidget(keyButton(c, u"ALL RECORDS"_s, u"All"_s)));
+    c.periodKeys.push_back(c.Toolbar1->addSeparator());
+    for (const QString &key : {u"CALENDAR"_s, u"CALCULATOR"_s, u"PRINT CURRENT CATEGORY"_s})
+        c.Toolbar1->addWidget(keyButton(c, key, {}));
+    auto *gap = new QWidget;
+    gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    c.Toolbar1->addWidget(gap);
+    c.Toolbar1->addWidget(buildSearch(c));
+    window->addToolBar(Qt::TopToolBarArea, c.Toolbar1);
+}
+
+controls::Grid *makeGrid(const QString &name, const QString &title, controls::DataControl *data)
+{
+    auto *grid = new controls::Grid;
+    grid->setObjectName(name);
+    grid->setTitle(title);
+    grid->setAccessibleName(title);
+    grid->setMinimumHeight(72);
+    grid->setDataControl(data);
+    return grid;
+}
+
+void buildGrids(QMainWindow *window, CaddyControls &c)
+{
+    const auto data = [window](const QString &name) {
+        auto *made = new controls::DataControl(window);
+        made->setObjectName(name);
+        return made;
+    };
+    c.appointments() = {u"A"_s, u"Appointments"_s, u"APPOINTMENTS"_s, nullptr, data(u"dtaAppointmentsData"_s), nullptr,
+                        &State::gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s, 4};
+    c.bills() = {u"B"_s, u"Bills"_s, u"BILLS"_s, nullptr, data(u"dtaBillsData"_s), nullptr,
+                 &State::gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s, 3};
+    c.events() = {u"E"_s, u"Events"_s, u"EVENTS"_s, nullptr, data(u"dtaEventsData"_s), nullptr,
+                  &State::gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[DATETO],[SUBJECT],[EVENT]"_s, 4};
+    c.appointments().grid = makeGrid(u"APPOINTMENTSGRID"_s, u"APPOINTMENTS, ENGAGEMENTS etc"_s, c.appointments().data);
+    c.bills().grid = makeGrid(u"BILLSGRID"_s, u"BILLS"_s, c.bills().data);
+    c.events().grid = makeGrid(u"EVENTSGRID"_s, u"EVENTS eg  Birthdays, Anniversaries, Sports etc"_s, c.events().data);
+    c.dtaSubjects = data(u"dtaSubjects"_s);
+    c.SUBJECTGRID = makeGrid(u"SUBJECTGRID"_s, {}, c.dtaSubjects);
+    c.SSPanel1 = new QSplitter(Qt::Vertical);
+    c.SSPanel1->setObjectName(u"SSPanel1"_s);
+    c.SSPanel1->setChildrenCollapsible(false);
+    c.SSPanel1->setHandleWidth(unit);
+    for (ReminderGrid &one : c.reminders)
+        c.SSPanel1->addWidget(one.grid);
+    c.SSPanel1->addWidget(c.SUBJECTGRID);
+    for (int i = 0; i < c.SSPanel1->count(); ++i) {
+        c.SSPanel1->setStretchFactor(i, 1);
+        c.SSPanel1->widget(i)->hide();
+    }
+}
+
+QLayout *buildHead(CaddyControls &c)
+{
+    c.panPeriod = new QLabel;
+    c.panPeriod->setObjectName(u"panPeriod"_s);
+    c.panPeriod->setAccessibleName(u"Period on show"_s);
+    c.panPeriod->setFont(headingFont(c.panPeriod->font()));
+    c.panNew = controls::button(u"panNew"_s, u"New"_s, {}, u"New record (Ctrl+N)"_s);
+    c.appointments().panEdit = controls::button(u"panEditA"_s, u"Appointment"_s, {}, u"Open the selected appointment"_s);
+    c.bills().panEdit = controls::button(u"panEditB"_s, u"Bill"_s, {}, u"Open the selected bill"_s);
+    c.events().panEdit = controls::button(u"panEditE"_s, u"Event"_s, {}, u"Open the selected event"_s);
+    for (ReminderGrid &one : c.reminders)
+        one.panEdit->setAccessibleName(u"Edit "_s + one.panEdit->text());
+    c.panEditS = controls::button(u"panEditS"_s, u"Edit"_s, {}, u"Open the selected record"_s);
+    return layout::Row({c.panPeriod, layout::Stretch{}, c.panNew, c.appointments().panEdit, c.bills().panEdit,
+                        c.events().panEdit, c.panEditS});
+}
+
+QWidget *buildSide(CaddyControls &c)
+{
+    c.picDetails = new DetailPane;
+    auto *side = new QWidget;
+    side->setObjectName(u"SidePane"_s);
+    auto *column = new QVBoxLayout(side);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(unit);
+    column->addWidget(c.picDetails, 1);
+    auto *places = new QGridLayout;
+    places->setSpacing(unit / 2);
+    int place = 0;
+    for (const Tool &tool : tools) {
+        auto *button = new QToolButton;
+        const QString name = QString::fromUtf16(tool.name), tip = QString::fromUtf16(tool.tip);
+        button->setObjectName(name);
+        button->setToolTip(tip);
+        button->setAccessibleName(tip);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::StrongFocus);
+        c.tools[name] = button;
+        places->addWidget(button, place / 5, place % 5, Qt::AlignCenter);
+        ++place;
+    }
+    column->addLayout(places);
+    side->setMinimumWidth(224);
+    side->setMaximumWidth(420);
+    return side;
+}
+
+void buildPage(QMainWindow *window, CaddyControls &c)
+{
+    buildGrids(window, c);
+    auto *middle = new QWidget;
+    auto *column = new QVBoxLayout(middle);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(unit);
+    column->addLayout(buildHead(c));
+    column->addWidget(c.SSPanel1, 1);
+    auto *across = new QSplitter(Qt::Horizontal);
+    across->setObjectName(u"Panes"_s);
+    across->setChildrenCollapsible(false);
+    across->setHandleWidth(unit);
+    across->addWidget(middle);
+    across->addWidget(buildSide(c));
+    across->setStretchFactor(0, 1);
+    across->setStretchFactor(1, 0);
+    across->setSizes({800, 232});
+    c.rail = new Rail;
+    c.page = new QWidget;
+    c.page->setObjectName(u"Page"_s);
+    auto *row = new QHBoxLayout(c.page);
+    row->setContentsMargins(0, 0, unit, unit);
+    row->setSpacing(0);
+    row->addWidget(c.rail);
+    auto *inner = new QVBoxLayout;
+    inner->setContentsMargins(unit, unit, 0, 0);
+    inner->addWidget(across);
+    row->addLayout(inner, 1);
+    window->setCentralWidget(c.page);
+}
+
+// As the eye goes: periods and search, the rail, the buttons over the grids, the grids, the tools at the right.
+void orderTabs(const CaddyControls &c)
+{
+    std::vector<QWidget *> order = {c.txtSearch, static_cast<QWidget *>(c.cmdNext)};
+    for (const int index : c.rail->order())
+        order.push_back(c.rail->button(index));
+    order.push_back(c.panNew);
+    for (const ReminderGrid &one : c.reminders)
+        order.push_back(one.panEdit);
+    order.push_back(c.panEditS);
+    for (const ReminderGrid &one : c.reminders)
+        order.push_back(one.grid);
+    order.push_back(c.SUBJECTGRID);
+    for (const Tool &tool : tools)
+        order.push_back(c.tools.at(QString::fromUtf16(tool.name)));
+    for (std::size_t i = 1; i < order.size(); ++i)
+        QWidget::setTabOrder(order[i - 1], order[i]);
+}
+
+QAbstractButton *signal(const QString &name, const QString &spokenName)
+{
+    QAbstractButton *made = controls::button(name, {}, {}, spokenName);
+    made->setText({});
+    made->hide();
+    return made;
+}
+
+void buildStrip(QMainWindow *window, CaddyControls &c)
+{
+    c.StatusBar1 = new QStatusBar;
+    c.StatusBar1->setObjectName(u"StatusBar1"_s);
+    const auto label = [](const QString &name, const QString &spokenName) {
+        auto *made = new QLabel;
+        made->setObjectName(name);
+        made->setAccessibleName(spokenName);
+        made->setContentsMargins(unit / 2, 0, unit / 2, 0);
+        return made;
+    };
+    c.panInfo = label(u"panInfo"_s, u"Hints"_s);
+    c.panInfo->setMinimumWidth(80);
+    c.panAppoint = signal(u"panAppoint"_s, u"Appointment reminder"_s);
+    c.panMessages = signal(u"panMessages"_s, u"Messages"_s);
+    c.panBackup = signal(u"panBackup"_s, u"Backup reminder"_s);
+    c.lblUsername = label(u"lblUsername"_s, u"User"_s);
+    c.lblDate = label(u"lblDate"_s, u"Date"_s);
+    c.lblTime = label(u"lblTime"_s, u"Time"_s);
+    c.StatusBar1->addWidget(c.panAppoint);
+    c.StatusBar1->addWidget(c.panMessages);
+    c.StatusBar1->addWidget(c.panBackup);
+    c.StatusBar1->addWidget(c.panInfo, 1);
+    c.StatusBar1->addPermanentWidget(c.lblUsername);
+    c.StatusBar1->addPermanentWidget(c.lblDate);
+    c.StatusBar1->addPermanentWidget(c.lblTime);
+    window->setStatusBar(c.StatusBar1);
+}
+
+}
+
+QFont headingFont(const QFont &body)
+{
+    QFont heading = body;
+    heading.setPointSizeF(body.pointSizeF() * 1.25);
+    heading.setBold(true);
+    return heading;
+}
+
+void ApplyCaddyIcons(CaddyControls &c)
+{
+    for (const PeriodGroup &group : periodGroups) {
+        c.toolbarKeys.at(QString::fromUtf16(group.back))->setIcon(caddyIcon(u"go-previous"_s));
+        c.toolbarKeys.at(QString::fromUtf16(group.forward))->setIcon(caddyIcon(u"go-next"_s));
+    }
+    for (const ToolbarButton &entry : toolbarTable())
+        if (QAction *key = c.toolbarKeys.at(entry.key); !key->isCheckable())
+            key->setIcon(caddyIcon(entry.icon));
+    for (const Tool &tool : tools)
+        c.tools.at(QString::fromUtf16(tool.name))->setIcon(caddyIcon(QString::fromUtf16(tool.icon)));
+    c.cmdNext->setIcon(caddyIcon(u"go-down"_s));
+    c.panNew->setIcon(caddyIcon(u"list-add"_s));
+    for (ReminderGrid &one : c.reminders)
+        one.panEdit->setIcon(caddyIcon(u"document-edit"_s));
+    c.panEditS->setIcon(caddyIcon(u"document-edit"_s));
+}
+
+void BuildCaddy(QMainWindow *window, CaddyControls &c)
+{
+    buildToolbar(window, c);
+    buildPage(window, c);
+    buildStrip(window, c);
+    orderTabs(c);
+    ApplyCaddyIcons(c);
+    c.Timer2 = new QTimer(window);
+    c.Timer2->setObjectName(u"Timer2"_s);
+    c.Timer2->setInterval(6000);
+    c.TimerMessages = new QTimer(window);
+    c.TimerMessages->setObjectName(u"TimerMessages"_s);
+    c.TimerMessages->setInterval(60000);
+}
+
+ReminderGrid *CaddyControls::firstShown()
+{
+    for (ReminderGrid &one : reminders)
+        if (!one.grid->isHidden())
+            return &one;
+    return nullptr;
+}
+
+void CaddyControls::enableAction(const QString &name, bool enable)
+{
+    if (const auto found = actions.find(name); found != actions.end())
+        found->second->setEnabled(enable);
+}
+
+void CaddyControls::showAction(const QString &name, bool show)
+{
+    if (const auto found = actions.find(name); found != actions.end())
+        found->second->setVisible(show);
+}
+
+}

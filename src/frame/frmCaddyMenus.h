@@ -1,0 +1,32 @@
+#pragma once
+
+#include "frame/frmCaddyControls.h"
+#include "frame/frmCaddyPeriods.h"
+#include "frame/mainscreen.h"
+
+namespace vorel {
+
+// The menus, the toolbar and the keys: each runs what its table row names.
+class CaddyMenus {
+public:
+    CaddyMenus(CaddyControls &c, MainScreen &screen, CaddyPeriods &periods, QMainWindow *window);
+
+    // What a menu entry of the screen's own does, by its name; an entry without one belongs to a screen to come.
+    void answer(const QString &name, std::function<void()> step) { m_answers[name] = std::move(step); }
+    void run(const QString &menuName);
+    void PrintCurrent();
+    void nextPane();                            // F6: rail, search, grids, details, round again
+
+private:
+    void buildMenus();
+    void connectToolbar();
+    void addKeys();
+
+    CaddyControls &m_c;
+    MainScreen &m_screen;
+    CaddyPeriods &m_periods;
+    QMainWindow *m_window;
+    std::map<QString, std::function<void()>> m_answers;
+};
+
+}

@@ -1,0 +1,242 @@
+#include "frame/frmCaddyPainting.h"
+
+#include "frame/ini.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/files.h"
+#include "platform/basic/format.h"
+#include "platform/controls/colours.h"
+
+#include <QGuiApplication>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using controls::Grid;
+using controls::GridColumn;
+using controls::RowPaint;
+
+namespace {
+
+constexpr int eventSubject = 3, eventFile = 5, eventRecurring = 9;
+
+std::vector<GridColumn> appointmentColumns()
+{
+    const QString dates = state().gDateDisplay;
+    return {{u"ID"_s, u"ID"_s, 0, false},
+            {u"DATE"_s, u"DATE"_s, 1500, true, GridColumn::Style::Text, dates},
+            {u"DAY"_s, u"DAY"_s, 500},
+            {u"APPTIME"_s, u"TIME"_s, 1000},
+            {u"APPOINTMENT"_s, u"APPOINTMENT"_s, 1300},
+            {u"MET"_s, u"MET"_s, 550, true, GridColumn::Style::Check}};
+}
+
+std::vector<GridColumn> billColumns()
+{
+    const QString dates = state().gDateDisplay, money = state().gNumberFormat;
+    return {{u"ID"_s, u"ID"_s, 0, false},
+            {u"DATE"_s, u"DATE"_s, 1500, true, GridColumn::Style::Text, dates},
+            {u"DAY"_s, u"DAY"_s, 500},
+            {u"BILL"_s, u"BILL"_s, 3000},
+            {u"AMOUNT"_s, u"AMOUNT"_s, 1000, true, GridColumn::Style::Text, money, Qt::AlignRight},
+            {u"PAID"_s, u"PAID"_s, 700, true, GridColumn::Style::Check}};
+}
+
+std::vector<GridColumn> eventColumns()
+{
+    const QString dates = state().gDateDisplay;
+    return {{u"ID"_s, u"ID"_s, 0, false},
+            {u"DATE"_s, u"DATE"_s, 1300, true, GridColumn::Style::Text, dates},
+            {u"DAY"_s, u"DAY"_s, 510},
+            {u"SUBJECT"_s, u"SUBJECT"_s, 1600},
+            {u"EVENT"_s, u"DETAILS"_s, 3300},
+            {u"FILENAME"_s, u"FILENAME"_s, 3000},
+            {u"CARD"_s, u"Send"_s, 500, true, GridColumn::Style::Check},
+            {u"CARDSENT"_s, u"Sent"_s, 510, true, GridColumn::Style::Check},
+            {u"CARDPURCHASED"_s, u"Bought"_s, 0, false, GridColumn::Style::Check},
+            {u"RECURRING"_s, u"RECURRING"_s, 0, false, GridColumn::Style::Check}};
+}
+
+void setCell(std::vector<QString> &cells, int column, const QString &text)
+{
+    const auto at = static_cast<std::size_t>(column);
+    if (cells.size() <= at)
+        cells.resize(at + 1);
+    cells[at] = text;
+}
+
+void styleCells(RowPaint &row, int first, int last, const QString &style)
+{
+    for (int column = first; column <= last; ++column)
+        setCell(row.style, column, style);
+}
+
+bool isToday(const basic::Value &date)
+{
+    const QString &format = state().gDateDisplay;
+    return basic::Format(date, format) == basic::Format(basic::Date(), format);
+}
+
+void paintDay(RowPaint &row, const basic::Value &date)
+{
+    setCell(row.text, dayColumn, basic::Format(date, u"ddd"));
+    if (isToday(date))
+        styleCells(row, 1, 5, u"TODAY"_s);
+}
+
+bool isYearly(const QString &subject, const basic::Value &recurring)
+{
+    const bool *everyYear = recurring.tryGet<bool>();
+    return subject == u"ANNIVERSARY"_s || subject == u"BIRTHDAY"_s || subject == u"HOLIDAY"_s || (everyYear && *everyYear);
+}
+
+}
+
+QColor colourOf(quint32 bgr)
+{
+    return QColor(static_cast<int>(bgr & 0xff), static_cast<int>(bgr >> 8 & 0xff), static_cast<int>(bgr >> 16 & 0xff));
+}
+
+CaddyPainting::CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &columns)
+    : m_c(c), m_sizes(sizes), m_columns(columns)
+{
+    m_c.appointments().grid->setRowLoad([this](RowPaint &row) { paintAppointment(row); });
+    m_c.bills().grid->setRowLoad([this](RowPaint &row) { paintBill(row); });
+    m_c.events().grid->setRowLoad([this](RowPaint &row) { paintEvent(row); });
+    ApplyPalette();
+}
+
+void CaddyPainting::ShowReminderColumns()
+{
+    const std::vector<int> five = {0, 1, 2, 3, 4, 5};
+    const QString date = basic::Format(basic::DateSerial(2028, 12, 28), state().gDateDisplay), day = u"Wed"_s;
+    m_columns.show(m_c.appointments().grid, appointmentColumns(),
+                   {u"APPS"_s, five, m_c.appointments().textColumn, {{}, date, day, u"00:00 Am"_s}});
+    m_columns.show(m_c.bills().grid, billColumns(), {u"BILLS"_s, five, m_c.bills().textColumn, {{}, date, day}});
+    m_columns.show(m_c.events().grid, eventColumns(),
+                   {u"EVENTS"_s, {0, 1, 2, 3, 4, 5, 6, 7, 0, 0}, m_c.events().textColumn, {{}, date, day, u"ANNIVERSARY"_s}, eventFile});
+}
+
+void CaddyPainting::ApplyLayout()
+{
+    QFont font(m_sizes.fontName);
+    font.setPointSize(std::clamp(m_sizes.fontSize, 6, 36));
+    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+        font.setBold(grid->font().bold());
+        grid->setFont(font);
+        applyColours(grid);
+    }
+    const QString words[] = {u"APPS"_s, u"BILLS"_s, u"EVENTS"_s};
+    for (std::size_t i = 0; i < 3; ++i)
+        m_c.reminders[i].grid->setRowHeightTwips(m_sizes.rowHeight(words[i]));
+    ShowReminderColumns();
+}
+
+void CaddyPainting::DefaultMenu()
+{
+    const bool selectors = iniBoolean(GetIniValue(iniSettings, u"Selectors"_s, u"True"_s));
+    const bool bold = iniBoolean(GetIniValue(iniSettings, u"FontBold"_s, u"True"_s));
+    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+        grid->setRecordSelectors(selectors);
+        QFont font = grid->font();
+        font.setBold(bold);
+        grid->setFont(font);
+        m_columns.apply(grid);
+    }
+}
+
+// Of several grids on show one has the keyboard: only its row stands out in full.
+void CaddyPainting::MarkActive(const Grid *active)
+{
+    const QPalette system = QGuiApplication::palette();
+    const QColor base = system.color(QPalette::Base);
+    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+        QPalette colours = grid->palette();
+        const QColor ground = grid == active ? system.color(QPalette::Highlight)
+                                             : controls::blend(base, system.color(QPalette::Highlight), 0.22);
+        if (colours.color(QPalette::Active, QPalette::Highlight) == ground)
+            continue;
+        colours.setColor(QPalette::Highlight, ground);
+        colours.setColor(QPalette::HighlightedText, controls::readable(system.color(QPalette::HighlightedText), ground));
+        grid->setPalette(colours);
+    }
+}
+
+// What the grids' own design gives: quiet tints of the palette's ground, so that they read well in light and dark.
+void CaddyPainting::ApplyPalette()
+{
+    const QPalette palette = QGuiApplication::palette();
+    const QColor base = palette.color(QPalette::Base);
+    const auto tint = [&base](const QColor &colour, double part) {
+        return controls::StyleSet{controls::blend(base, colour, part), {}, false};
+    };
+    const std::pair<QString, controls::StyleSet> designs[] = {
+        {u"TODAY"_s, tint(QColor(0xf5, 0xb8, 0x00), 0.34)},
+        {u"WARNING"_s, tint(QColor(0xe0, 0x30, 0x20), 0.45)},
+        {u"GREEN"_s, tint(QColor(0x2e, 0xa0, 0x43), 0.26)},
+        {u"SEARCH"_s, {palette.color(QPalette::Highlight), palette.color(QPalette::HighlightedText), false}},
+        {u"PICTURE"_s, tint(QColor(0x2a, 0x7f, 0xd4), 0.24)},
+        {u"HILITE"_s, tint(QColor(0x2e, 0xa0, 0x43), 0.34)},
+        {u"HILITE2"_s, tint(QColor(0x2a, 0x7f, 0xd4), 0.34)},
+        {u"REDALERT"_s, tint(QColor(0xe0, 0x30, 0x20), 0.45)},
+        {u"PURPLE"_s, tint(QColor(0x80, 0x40, 0xc0), 0.34)},
+        {u"XMAS"_s, tint(QColor(0x2e, 0xa0, 0x43), 0.20)},
+        {u"WHITE"_s, {}},
+    };
+    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+        for (const auto &[name, style] : designs)
+            grid->setStyleSet(name, style);
+        applyColours(grid);
+    }
+}
+
+// A colour that the user chose stands in both palettes; one never chosen leaves the palette's own.
+void CaddyPainting::applyColours(Grid *grid)
+{
+    for (const GridColour &entry : gridColours()) {
+        const auto chosen = m_sizes.colours.find(entry.key);
+        if (chosen == m_sizes.colours.end() || chosen->second == entry.design)
+            continue;
+        for (const QString &name : entry.styleSets)
+            grid->setStyleSet(name, {colourOf(chosen->second), {}, false});
+    }
+    if (const auto ground = colourNumber(m_sizes.defaultColour); ground && *ground != 0xFFFFFF)
+        grid->setStyleSet({}, {colourOf(*ground), {}, false});
+}
+
+void CaddyPainting::paintAppointment(RowPaint &row) const
+{
+    paintDay(row, row.cell(dateColumn));
+    if (m_warning == 0)
+        return;
+    const basic::Value id = row.cell(idColumn);
+    if (const std::int32_t *number = id.tryGet<std::int32_t>(); number && *number == m_warning)
+        styleCells(row, 1, 5, u"WARNING"_s);
+}
+
+void CaddyPainting::paintBill(RowPaint &row) const
+{
+    paintDay(row, row.cell(dateColumn));
+}
+
+void CaddyPainting::paintEvent(RowPaint &row) const
+{
+    const basic::Value stored = row.cell(dateColumn);
+    const QString subject = row.cell(eventSubject).text().toUpper();
+    if (subject == u"BIRTHDAY"_s)
+        row.rowStyle = u"GREEN"_s;
+    if (const basic::DateTime *date = stored.tryGet<basic::DateTime>()) {
+        // What comes back every year is named by the day on which it falls in the year on show.
+        const bool yearly = isYearly(subject, row.cell(eventRecurring));
+        const int year = state().gTodayYear > 0 ? state().gTodayYear : basic::Date().year();
+        const basic::DateTime shown = yearly ? basic::DateSerial(year, date->month(), date->day()) : *date;
+        setCell(row.text, dayColumn, basic::Format(shown, u"ddd"));
+        if (basic::Format(*date, u"mm/dd") == basic::Format(basic::Date(), u"mm/dd"))
+            row.rowStyle = u"TODAY"_s;
+    }
+    const QString file = row.cell(eventFile).text().trimmed();
+    if (!file.isEmpty() && !basic::Dir(file).isEmpty())
+        setCell(row.style, eventFile, u"PICTURE"_s);
+}
+
+}

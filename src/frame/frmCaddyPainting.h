@@ -1,0 +1,34 @@
+#pragma once
+
+#include "frame/frmCaddyColumns.h"
+#include "frame/frmCaddyControls.h"
+
+namespace vorel {
+
+// How the grids look: their columns, their style sets, and what a row's content makes of its cells.
+class CaddyPainting {
+public:
+    CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &columns);
+
+    void ShowReminderColumns();         // the three grids' columns; again when the date or money format changed
+    void ApplyLayout();                 // fonts, colours and sizes after the settings were read
+    void DefaultMenu();                 // record selectors and bold type, as set
+    void ApplyPalette();                // the style sets that follow the palette
+    void MarkActive(const controls::Grid *active);
+    void setWarning(qint32 id) { m_warning = id; }
+
+private:
+    void paintAppointment(controls::RowPaint &row) const;
+    void paintBill(controls::RowPaint &row) const;
+    void paintEvent(controls::RowPaint &row) const;
+    void applyColours(controls::Grid *grid);
+
+    CaddyControls &m_c;
+    GridLayout &m_sizes;
+    CaddyColumns &m_columns;
+    qint32 m_warning = 0;               // the appointment whose alert was raised
+};
+
+QColor colourOf(quint32 bgr);
+
+}

@@ -1,0 +1,134 @@
+#include "frame/frmCaddyPicture.h"
+
+#include "platform/basic/files.h"
+#include "platform/controls/colours.h"
+#include "platform/controls/grid.h"
+#include "platform/controls/layout.h"
+
+#include <QImageReader>
+#include <QPainter>
+#include <QPainterPath>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using controls::layout::unit;
+
+namespace {
+
+constexpr int bannerHeight = 128;
+constexpr int titleX = controls::toPixels(50), titleY = controls::toPixels(1100);
+
+}
+
+DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new QLabel(this)), m_details(new QLabel(this))
+{
+    setObjectName(u"picDetails"_s);
+    setAccessibleName(u"Picture and details of the record"_s);
+    m_image->setObjectName(u"picImage"_s);
+    m_image->setAccessibleName(u"Picture of the record"_s);
+    m_image->setAlignment(Qt::AlignCenter);
+    m_image->hide();
+    m_details->setObjectName(u"lblDetails"_s);
+    m_details->setTextFormat(Qt::RichText);
+    m_details->setWordWrap(true);
+    m_details->setAlignment(Qt::AlignTop | Qt::AlignLeft);
+    m_details->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    setMinimumWidth(200);
+}
+
+void DetailPane::setPaper(const QString &file)
+{
+    m_paper = file.isEmpty() ? QPixmap() : QPixmap(basic::realPath(file));
+    update();
+}
+
+void DetailPane::showBanner(const QString &title, const QString &smallPrint)
+{
+    m_title = title;
+    m_smallPrint = smallPrint;
+    m_image->clear();
+    m_image->setToolTip({});
+    m_image->hide();
+    m_details->clear();
+    setToolTip({});
+    update();
+}
+
+void DetailPane::showPicture(const QString &file)
+{
+    QPixmap picture;
+    if (!file.isEmpty() && !basic::Dir(file).isEmpty()) {
+        QImageReader reader(basic::realPath(file));
+        reader.setAutoTransform(true);
+        const QSize room = QSize(width() - 2 * unit, bannerHeight + 4 * unit) * devicePixelRatio();
+        if (reader.size().isValid())
+            reader.setScaledSize(reader.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1}));
+        picture = QPixmap::fromImageReader(&reader);
+        picture.setDevicePixelRatio(devicePixelRatio());
+    }
+    m_image->setPixmap(picture);
+    m_image->setToolTip(picture.isNull() ? QString() : file);
+    m_image->setVisible(!picture.isNull());
+    placeParts();
+}
+
+void DetailPane::showDetails(const QStringList &labels, const QStringList &texts)
+{
+    const QString pale = controls::blend(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.35).name();
+    QString html;
+    for (qsizetype i = 0; i < labels.size(); ++i) {
+        html += u"<p style='margin:0 0 8px 0'><span style='color:%1'>%2</span><br>%3</p>"_s
+                    .arg(pale, labels[i].toHtmlEscaped(), texts[i].toHtmlEscaped().replace(u'\n', u"<br>"_s));
+    }
+    m_details->setText(html);
+    placeParts();
+}
+
+void DetailPane::placeParts()
+{
+    const int top = (m_image->isHidden() ? bannerHeight : bannerHeight + 4 * unit) + unit;
+    m_image->setGeometry(unit, unit, width() - 2 * unit, bannerHeight + 3 * unit);
+    m_details->setGeometry(unit, top + unit, width() - 2 * unit, std::max(0, height() - top - unit));
+}
+
+void DetailPane::resizeEvent(QResizeEvent *)
+{
+    placeParts();
+}
+
+void DetailPane::paintEvent(QPaintEvent *)
+{
+    if (!m_image->isHidden())
+        return;
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QRect banner(0, 0, width(), bannerHeight);
+    QPainterPath round;
+    round.addRoundedRect(banner, 6, 6);
+    painter.setClipPath(round);
+    QLinearGradient ground(banner.topLeft(), banner.bottomRight());
+    ground.setColorAt(0, QColor(0x4b, 0x79, 0xa8));
+    ground.setColorAt(1, QColor(0x24, 0x4a, 0x73));
+    painter.fillRect(banner, ground);
+    if (!m_paper.isNull())
+        painter.drawPixmap(banner, m_paper);
+    painter.setClipping(false);
+    QFont big = font();
+    big.setPointSize(16);
+    big.setBold(true);
+    painter.setFont(big);
+    painter.setPen(Qt::white);
+    const QFontMetrics metrics(big);
+    painter.drawText(QRect(titleX + unit / 2, titleY, width() - titleX - unit, metrics.height()), Qt::AlignLeft | Qt::AlignTop,
+                     metrics.elidedText(m_title, Qt::ElideRight, width() - titleX - unit));
+    QFont fine = font();
+    fine.setPointSize(8);
+    painter.setFont(fine);
+    const QRect line(titleX + unit / 2, titleY + metrics.height(), width() - titleX - unit, QFontMetrics(fine).height());
+    painter.setPen(m_paper.isNull() ? QColor(0xe8, 0xee, 0xf5) : QColor(Qt::black));
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignTop,
+                     QFontMetrics(fine).elidedText(m_smallPrint, Qt::ElideRight, line.width()));
+}
+
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QLabel>
+#include <QPixmap>
+#include <QWidget>
+
+namespace vorel {
+
+// picDetails: the pane at the right. With no record picture on it, it shows the product's banner.
+class DetailPane : public QWidget {
+    Q_OBJECT
+public:
+    explicit DetailPane(QWidget *parent = nullptr);
+
+    QLabel *picImage() const { return m_image; }
+    void setPaper(const QString &file);                 // the ground of the banner; "" = a plain one
+    void showBanner(const QString &title, const QString &smallPrint);
+    // The record's picture; a file that is none leaves the place empty.
+    void showPicture(const QString &file);
+    // What the row says, a line a field.
+    void showDetails(const QStringList &labels, const QStringList &texts);
+
+protected:
+    void paintEvent(QPaintEvent *) override;
+    void resizeEvent(QResizeEvent *) override;
+
+private:
+    void placeParts();
+
+    QLabel *m_image;
+    QLabel *m_details;
+    QPixmap m_paper;
+    QString m_title, m_smallPrint;
+};
+
+}

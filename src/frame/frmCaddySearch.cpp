@@ -1,0 +1,191 @@
+#include "frame/frmCaddySearch.h"
+
+#include "frame/sections.h"
+#include "platform/basic/prompts.h"
+#include "platform/basic/text.h"
+
+#include <QGuiApplication>
+#include <QLineEdit>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using controls::Grid;
+
+namespace {
+
+class BusyPointer {
+public:
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+    Q_DISABLE_COPY_MOVE(BusyPointer)
+};
+
+// Where the name of a row is not its first text column.
+QString nameField(const QString &code)
+{
+    static const std::map<QString, QString> fields = {
+        {u"R"_s, u"TITLE"_s}, {u"Z"_s, u"PLANTNAME"_s}, {u"D"_s, u"SORTNAME"_s},
+        {u"Y"_s, u"HOWTO"_s}, {u"J"_s, u"NOTESDISPLAY"_s}, {u"N"_s, u"NAME"_s}};
+    const auto found = fields.find(code);
+    return found == fields.end() ? QString() : found->second;
+}
+
+// The recordset's text that is compared, as an expression.
+QString searchedText(const dao::Recordset &rows, const QString &code, const ReminderGrid *reminder)
+{
+    const auto bracketed = [](const QString &name) { return u'[' + name + u']'; };
+    if (reminder)
+        return bracketed(reminder->grid->columns()[static_cast<std::size_t>(reminder->textColumn)].field);
+    const std::vector<dao::RecordsetField> &fields = rows.Fields();
+    QStringList joined;
+    for (std::size_t i = 1; code == u"P"_s && i <= 6 && i < fields.size(); ++i)
+        joined << bracketed(fields[i].Name);
+    if (!joined.isEmpty())
+        return joined.join(u" & "_s);
+    if (const QString name = nameField(code); !name.isEmpty())
+        return bracketed(name);
+    for (const dao::RecordsetField &field : fields)
+        if ((field.Type == dao::dbText || field.Type == dao::dbMemo) && !field.SourceField.isEmpty())
+            return bracketed(field.Name);
+    return {};
+}
+
+// One character is looked for at the beginning, more of them anywhere, with the wildcards of Like.
+QString searchPattern(const QString &upper)
+{
+    QString pattern = upper.size() == 1 ? upper + u'*' : u'*' + upper + u'*';
+    if (upper.size() == 1 && u"*?#["_s.contains(upper))
+        pattern = u'[' + upper + u"]*"_s;
+    return u'\'' + pattern.replace(u'\'', u"''"_s) + u'\'';
+}
+
+// The engine looks, so that a long list is not carried here row by row. Invalid: no row from that one on.
+dao::Bookmark firstHit(const dao::Recordset &rows, const QString &criteria, qsizetype from)
+{
+    dao::Recordset look = rows.Clone();
+    if (from > 0) {
+        look.setBookmark(rows.bookmarkAt(from - 1));
+        look.FindNext(criteria);
+    } else {
+        look.FindFirst(criteria);
+    }
+    return look.NoMatch() ? dao::Bookmark() : look.Bookmark();
+}
+
+}
+
+Grid *CaddySearch::searchGrid() const
+{
+    const QString &code = state().gSection;
+    if (const ReminderGrid *own = m_c.reminder(code))
+        return own->grid;
+    if (!m_c.SUBJECTGRID->isHidden())
+        return m_c.SUBJECTGRID;
+    const ReminderGrid *first = m_c.firstShown();
+    return first ? first->grid : m_c.appointments().grid;
+}
+
+void CaddySearch::textChanged()
+{
+    m_start = 0;
+    GridSearch(searchGrid());
+}
+
+void CaddySearch::next()
+{
+    GridSearch(searchGrid());
+}
+
+void CaddySearch::forgetRows()
+{
+    m_start = 0;
+}
+
+void CaddySearch::GridSearch(Grid *grid)
+{
+    grid->setActiveRowStyleSet({});
+    const QString wanted = basic::Trim(m_c.txtSearch->text()).toUpper();
+    const dao::Recordset rows = grid->dataControl()->Recordset();
+    if (wanted.isEmpty() || !rows || rows.rowTotal() == 0)
+        return;
+    const ReminderGrid *reminder = nullptr;
+    for (const ReminderGrid &one : m_c.reminders)
+        if (one.grid == grid)
+            reminder = &one;
+    dao::Bookmark hit;
+    // A pattern that is still being typed ("[a") is no fault of the user's: it finds nothing yet.
+    basic::IgnoreErrors([&] {
+        const QString text = searchedText(rows, state().gSection, reminder);
+        hit = firstHit(rows, text + u" Like "_s + searchPattern(wanted), std::min(m_start, rows.rowTotal()));
+    });
+    m_start = 0;
+    if (!hit.isValid())
+        return;
+    grid->setBookmark(hit);
+    grid->setActiveRowStyleSet(u"SEARCH"_s);
+    m_start = rows.positionOf(hit) + 1;
+}
+
+void CaddySearch::SortData(const QString &code)
+{
+    const ReminderGrid *reminder = m_c.reminder(code);
+    controls::DataControl *data = reminder ? reminder->data : m_c.dtaSubjects;
+    dao::Recordset rows = data->Recordset();
+    if (!rows)
+        return;
+    if (rows.Type() == dao::dbOpenTable) {
+        basic::prompts().beep();
+        basic::MsgBox(u"You Cannot Sort a Table Recordset!"_s, {}, basic::Icon::Exclamation);
+        return;
+    }
+    QString column = m_sortColumn;
+    if (column.isEmpty())
+        column = basic::InputBox(u"Enter Sort Column:"_s);
+    if (column.isEmpty())
+        return;
+    const BusyPointer busy;
+    basic::IgnoreErrors([&] {
+        rows.setSort(column);
+        data->setRecordset(rows.OpenRecordset(dao::dbOpenDynaset));
+    });
+}
+
+void CaddySearch::HeadClick(Grid *grid, int column)
+{
+    const dao::Recordset &rows = grid->dataControl()->Recordset();
+    const auto at = static_cast<std::size_t>(column);
+    if (!rows || rows.Type() == dao::dbOpenTable || column < 0 || at >= grid->columns().size())
+        return;
+    QString code = state().gSection;
+    for (const ReminderGrid &one : m_c.reminders)
+        if (one.grid == grid)
+            code = one.code;
+    if (grid == m_c.events().grid && column == dateColumn) {
+        alternateEventOrder();
+        return;
+    }
+    const QString field = grid->columns()[at].field;
+    if (field.isEmpty())
+        return;
+    bool &ascending = m_ascending[grid];
+    ascending = !ascending;
+    m_sortColumn = u'[' + field + (ascending ? u"]"_s : u"] desc"_s);
+    SortData(code);
+    m_sortColumn.clear();
+}
+
+// The events stand either by their dates or, for those who look for the days of a year, by day and month.
+void CaddySearch::alternateEventOrder()
+{
+    QString &sql = state().gSqlEvents;
+    const qsizetype by = sql.lastIndexOf(u" ORDER BY "_s, -1, Qt::CaseInsensitive);
+    if (by < 0)
+        return;
+    m_dayOrder = sql.indexOf(u" BY DAY("_s, by, Qt::CaseInsensitive) < 0;
+    sql = sql.left(by) + u" ORDER"_s + (m_dayOrder ? u" BY DAY([DATE]),MONTH([DATE])"_s : u" BY [DATE],[SUBJECT],[EVENT]"_s);
+    m_c.events().data->setRecordSource(sql);
+    m_c.events().data->Refresh();
+}
+
+}

@@ -1,0 +1,45 @@
+#pragma once
+
+#include "frame/frmCaddyColumns.h"
+#include "frame/frmCaddyControls.h"
+#include "frame/frmCaddySearch.h"
+#include "frame/mainscreen.h"
+#include "frame/sections.h"
+
+namespace vorel {
+
+// Turns the screen from one section to another, by the catalogue.
+class CaddySections {
+public:
+    CaddySections(CaddyControls &c, MainScreen &screen, GridLayout &sizes, CaddyColumns &columns, CaddySearch &search);
+
+    void cmdCat_Click(int index);
+    void DisplayCategory(const QString &name);
+    void GetData();
+    void RefreshData();
+    void UpdateRowHeight();
+    void SizeGrids();
+    void ApplyFeatures();
+
+private:
+    void show(const Section &section);
+    void clearScreen(const Section &section);
+    void showReminders(const Section &section);
+    void showGrid(const Section &section);
+    void showAction(const Section &section);
+    bool connectSubjects(const Section &section);
+    void showSubjectColumns(const Section &section);
+    void refresh(ReminderGrid &one);
+    void readWaiting();
+    void markButton(const QString &tag);
+    void allowPrinting(const Section &section);
+
+    CaddyControls &m_c;
+    MainScreen &m_screen;
+    GridLayout &m_sizes;
+    CaddyColumns &m_columns;
+    CaddySearch &m_search;
+    bool m_switching = false;
+};
+
+}

@@ -1,0 +1,292 @@
+#include "frame/gridlayout.h"
+
+#include "frame/ini.h"
+#include "frame/sections.h"
+#include "frame/startup.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/error.h"
+#include "platform/basic/files.h"
+#include "platform/desktop/profile.h"
+
+#include <algorithm>
+#include <limits>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace vorel {
+
+namespace {
+
+constexpr double widest = std::numeric_limits<std::int16_t>::max();
+
+GridWord word(const QString &name, std::vector<int> widths)
+{
+    return {name, std::move(widths), name + u"ROWHEIGHT"_s};
+}
+
+QString widthKey(const QString &name, std::size_t column)
+{
+    return u"%1COL%2WIDTH"_s.arg(name).arg(column);
+}
+
+// The three reminder grids keep the widths of their columns as they stand, the others whole twips.
+bool isReminderWord(const QString &name)
+{
+    return name == u"APPS" || name == u"BILLS" || name == u"EVENTS";
+}
+
+std::optional<double> twips(const QString &text)
+{
+    const QString number = text.trimmed();
+    if (!basic::IsNumeric(number))
+        return std::nullopt;
+    double value = 0;
+    if (basic::IgnoreErrors([&] { value = basic::CDbl(number); }) != 0)
+        return std::nullopt;
+    return std::clamp(value, 0.0, widest);
+}
+
+// Readers and writer do not quite match; the file's keys stand as users' files have them.
+bool isRead(const QString &key)
+{
+    return key != u"HEALTHCOL2WIDTH";
+}
+
+QString writtenKey(const QString &key)
+{
+    if (key == u"MUSICCOL1WIDTH")
+        return u"MUSICSCOL1WIDTH"_s;        // nobody reads it: the first music column always opens at its default
+    if (key == u"GARDENCOL3WIDTH" || key == u"RECIPECOL3WIDTH")
+        return {};
+    return key;
+}
+
+void putSetting(const QString &key, QString value)
+{
+    PutIniValue(iniSettings, key, value);
+}
+
+// A fractional size in the file does not last: what the file holds is put right at once. A file without the keys gets
+// none, so that a fresh one holds the paths alone until the user has settled something.
+void loadFont(GridLayout &layout)
+{
+    const QString name = GetIniValue(iniSettings, u"GridFontName"_s, {});
+    const QString size = GetIniValue(iniSettings, u"GridFontSize"_s, {});
+    layout.fontName = name.isEmpty() ? u"Arial"_s : name;
+    layout.fontSize = iniInteger(size);
+    if (layout.fontSize <= 0)
+        layout.fontSize = 9;
+    if (!name.isEmpty())
+        putSetting(u"GridFontName"_s, layout.fontName);
+    if (!size.isEmpty())
+        putSetting(u"GridFontSize"_s, QString::number(layout.fontSize));
+}
+
+void loadSizes(GridLayout &layout)
+{
+    for (const GridWord &row : gridWords()) {
+        if (!row.kept)
+            continue;
+        for (std::size_t column = 1; column <= row.widths.size(); ++column) {
+            const QString key = widthKey(row.word, column);
+            if (isRead(key))
+                layout.put(key, GetIniValue(iniSettings, key, QString::number(row.widths[column - 1])));
+        }
+        layout.put(row.rowHeightKey, GetIniValue(iniSettings, row.rowHeightKey, QString::number(defaultRowHeight)));
+    }
+}
+
+void saveSizes(const GridLayout &layout)
+{
+    for (const GridWord &row : gridWords()) {
+        if (!row.kept)
+            continue;
+        for (std::size_t column = 1; column <= row.widths.size(); ++column) {
+            const QString key = widthKey(row.word, column);
+            if (const QString written = writtenKey(key); !written.isEmpty())
+                putSetting(written, layout.get(key));
+        }
+        putSetting(row.rowHeightKey, layout.get(row.rowHeightKey));
+    }
+}
+
+}
+
+const std::vector<GridWord> &gridWords()
+{
+    static const std::vector<GridWord> words{
+        word(u"APPS"_s, {1500, 500, 1000, 1300, 550}),
+        word(u"BILLS"_s, {1500, 500, 3000, 1000, 700}),
+        word(u"EVENTS"_s, {1300, 510, 1600, 3300, 3000, 500, 510}),
+        word(u"SHOPPING"_s, {2000, 1500, 1000, 1000, 1000, 1000, 600}),
+        word(u"PHONE"_s, {2000, 2000, 1500, 1200, 1200, 1200, 1200}),
+        word(u"TODO"_s, {2000, 1000, 1000}),
+        word(u"BOOKS"_s, {2000, 600, 2500}),
+        word(u"MOVIES"_s, {2000, 600, 2500}),
+        word(u"MUSIC"_s, {2000, 2500}),
+        word(u"INVENTORY"_s, {2000, 2000, 2000}),
+        word(u"PROFILE"_s, {2000, 1000}),
+        word(u"MESSAGES"_s, {1100, 1200, 1200, 1500, 600}),
+        word(u"PASSWORDS"_s, {2000, 1500, 1500}),
+        word(u"JOURNAL"_s, {1400, 1500}),
+        word(u"BACKUP"_s, {2000, 1100, 1100, 600}),
+        word(u"NOTES"_s, {1400, 1500, 1500}),
+        word(u"HOWTO"_s, {2000, 1000, 1000}),
+        word(u"GARDEN"_s, {2000, 1000, 1000}),
+        word(u"RECIPE"_s, {2000, 1000, 1000}),
+        // The second column is written but never read: it opens at its default.
+        word(u"HEALTH"_s, {2000, 1000}),
+        word(u"SPORT"_s, {2000, 1000}),
+        word(u"VEHICLE"_s, {2000, 2000, 2000}),
+        {u"BUSINESS"_s, {2500, 1100, 1100, 1500}, u"BUSCATSROWHEIGHT"_s},
+        word(u"EMERGENCY"_s, {1400, 1400}),
+        {u"CHRISTMAS"_s, {1400, 1400}, u"CARDSROWHEIGHT"_s},
+        {u"PRIVATE"_s, {2000, 2000}, {}, false},
+    };
+    return words;
+}
+
+const std::vector<GridColour> &gridColours()
+{
+    constexpr quint32 white = 0xFFFFFF;
+    static const std::vector<GridColour> colours{
+        // Rows of today stand out in the colour of their grid.
+        {u"AppointsGridColour"_s, u"APPS"_s, {u"APPOINTMENTS"_s, u"TODAY"_s}, 0xC0FFFF},
+        {u"BillsGridColour"_s, u"BILLS"_s, {u"BILLS"_s, u"TODAY"_s}, 0xC0FFFF},
+        {u"EventsGridColour"_s, u"EVENTS"_s, {u"EVENTS"_s, u"TODAY"_s}, 0xC0FFFF},
+        {u"ShoppingGridColour"_s, u"SHOPPING"_s, {u"SHOPPING"_s}, white},
+        {u"ToDoGridColour"_s, u"TODO"_s, {u"TODO"_s}, white},
+        {u"ContactsGridColour"_s, u"PHONE"_s, {u"PHONE"_s}, white},
+        {u"BooksGridColour"_s, u"BOOKS"_s, {u"BOOKS"_s}, white},
+        {u"MoviesGridColour"_s, u"MOVIES"_s, {u"MOVIES"_s}, white},
+        {u"MusicGridColour"_s, u"MUSIC"_s, {u"MUSIC"_s}, white},
+        {u"InventoryGridColour"_s, u"INVENTORY"_s, {u"INVENTORY"_s}, white},
+        {u"ProfileGridColour"_s, u"PROFILE"_s, {u"PROFILE"_s}, white},
+        {u"MessagesGridColour"_s, u"MESSAGES"_s, {u"MESSAGES"_s}, white},
+        {u"PasswordsGridColour"_s, u"PASSWORDS"_s, {u"PASSWORDS"_s}, white},
+        {u"JournalGridColour"_s, u"JOURNAL"_s, {u"JOURNAL"_s}, white},
+        {u"BackUpGridColour"_s, u"BACKUP"_s, {u"BACKUP"_s}, white},
+        {u"HealthGridColour"_s, u"HEALTH"_s, {u"HEALTH"_s}, white},
+        {u"SportGridColour"_s, u"SPORT"_s, {u"SPORT"_s}, white},
+        {u"VehicleGridColour"_s, u"VEHICLE"_s, {u"VEHICLE"_s}, white},
+    };
+    return colours;
+}
+
+GridLayout::GridLayout()
+    : defaultColour(QString::number(0xFFFFFF)), editColour(QString::number(0xFFFF))
+{
+    for (const GridColour &colour : gridColours())
+        colours[colour.key] = colour.design;
+    for (const GridWord &row : gridWords())
+        m_sizes[row.word].widths.assign(row.widths.begin(), row.widths.end());
+}
+
+const double *GridLayout::find(const QString &name, int column) const
+{
+    const auto found = m_sizes.find(name);
+    if (found == m_sizes.end() || column < 1 || static_cast<std::size_t>(column) > found->second.widths.size())
+        return nullptr;
+    return &found->second.widths[static_cast<std::size_t>(column - 1)];
+}
+
+double GridLayout::width(const QString &name, int column) const
+{
+    const double *width = find(name, column);
+    return width ? *width : 0;
+}
+
+void GridLayout::setWidth(const QString &name, int column, double value)
+{
+    if (!find(name, column))
+        return;
+    const double kept = isReminderWord(name) ? static_cast<double>(static_cast<float>(value)) : basic::Round(value);
+    m_sizes[name].widths[static_cast<std::size_t>(column - 1)] = std::clamp(kept, 0.0, widest);
+}
+
+std::int16_t GridLayout::rowHeight(const QString &name) const
+{
+    const auto found = m_sizes.find(name);
+    return found == m_sizes.end() ? static_cast<std::int16_t>(defaultRowHeight) : found->second.rowHeight;
+}
+
+void GridLayout::setRowHeight(const QString &name, std::int16_t value)
+{
+    if (const auto found = m_sizes.find(name); found != m_sizes.end())
+        found->second.rowHeight = value;
+}
+
+QString GridLayout::get(const QString &key) const
+{
+    for (const GridWord &row : gridWords()) {
+        if (key == row.rowHeightKey && row.kept)
+            return QString::number(rowHeight(row.word));
+        for (std::size_t column = 1; column <= row.widths.size(); ++column) {
+            if (key == widthKey(row.word, column))
+                return basic::CStr(static_cast<float>(width(row.word, static_cast<int>(column))));
+        }
+    }
+    return {};
+}
+
+bool GridLayout::put(const QString &key, const QString &value)
+{
+    const auto number = twips(value);
+    for (const GridWord &row : gridWords()) {
+        if (key == row.rowHeightKey && row.kept) {
+            if (number)
+                setRowHeight(row.word, static_cast<std::int16_t>(*number));
+            return number.has_value();
+        }
+        for (std::size_t column = 1; column <= row.widths.size(); ++column) {
+            if (key != widthKey(row.word, column))
+                continue;
+            if (number)
+                setWidth(row.word, static_cast<int>(column), *number);
+            return number.has_value();
+        }
+    }
+    return false;
+}
+
+void LoadGridSettings(GridLayout &layout)
+{
+    layout.outlookFunctions = GetIniValue(iniSettings, u"EmailClient"_s, {}) == u"Outlook";
+    const QString picture = GetIniValue(iniSettings, u"SetupPicture"_s, {});
+    layout.setupPicture = basic::Dir(picture).isEmpty() ? QString() : basic::realPath(picture);
+    const auto fontColour = iniInteger(GetIniValue(iniSettings, u"ScreenFontColour"_s, u"0"_s));
+    layout.screenFontColour = fontColour < 0 ? 0u : static_cast<quint32>(fontColour);
+    loadFont(layout);
+    for (const GridColour &colour : gridColours())
+        layout.colours[colour.key] = GetIniColour(colour.key, layout.colours[colour.key]);
+    layout.defaultColour = QString::number(GetIniColour(u"DefaultColour"_s, 0xFFFFFF));
+    layout.editColour = QString::number(GetIniColour(u"EditColour"_s, 0xFFFF));
+    loadSizes(layout);
+    LoadFeatures();
+}
+
+void SaveGridSettings(const GridLayout &layout, std::int16_t subjectRowHeight)
+{
+    const desktop::ProfileBatch batch;
+    saveSizes(layout);
+    putSetting(u"SUBJECTSROWHEIGHT"_s, QString::number(subjectRowHeight));
+    for (const auto &[key, colour] : layout.colours)
+        putSetting(key, QString::number(colour));
+}
+
+void UpdateRowHeight(GridLayout &layout, const RowHeights &heights)
+{
+    const QString &code = state().gSection;
+    if (code == u"A" || code == u"All")
+        layout.setRowHeight(u"APPS"_s, heights.appointments);
+    if (code == u"B" || code == u"All")
+        layout.setRowHeight(u"BILLS"_s, heights.bills);
+    if (code == u"E" || code == u"All")
+        layout.setRowHeight(u"EVENTS"_s, heights.events);
+    const Section *section = sectionByCode(code);
+    if (section && section->kind == SectionKind::Grid)
+        layout.setRowHeight(section->layoutWord, heights.subject);
+}
+
+}

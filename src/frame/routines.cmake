@@ -1,0 +1,10 @@
+list(APPEND VOREL_ROUTINES
+  frame/state.cpp
+  frame/ini.cpp
+  frame/startup.cpp
+  frame/periods.cpp
+  frame/sections.cpp
+  frame/categories.cpp
+  frame/menus.cpp
+  frame/gridlayout.cpp
+  frame/shared.cpp)

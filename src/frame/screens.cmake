@@ -1,0 +1,18 @@
+list(APPEND VOREL_SCREENS
+  frame/frmCaddy.cpp
+  frame/frmCaddyColumns.cpp
+  frame/frmCaddyEdit.cpp
+  frame/frmCaddyIcons.cpp
+  frame/frmCaddyLayout.cpp
+  frame/frmCaddyMenus.cpp
+  frame/frmCaddyPainting.cpp
+  frame/frmCaddyPeriods.cpp
+  frame/frmCaddyPicture.cpp
+  frame/frmCaddyRail.cpp
+  frame/frmCaddySearch.cpp
+  frame/frmCaddySections.cpp
+  frame/frmCaddyStrip.cpp
+  frame/frmLater.cpp
+  frame/frmStartup.cpp
+)
+qt_add_resources(VOREL_SCREENS ${PROJECT_SOURCE_DIR}/resources/icons.qrc)

@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/basic/value.h"
+#include "platform/dao/dao.h"
+
+#include <QString>
+#include <array>
+#include <map>
+
+// The values that live for the whole run. Set at start in a fixed order (startup.h), changed by the setup screen, read
+// everywhere. Names as the rest of the program speaks of them.
+namespace vorel {
+
+enum class DataFile {       // in the order in which their paths are read
+    Main, Contacts, Garden, Movies, Music, Books, Notes, HowTo, Recipe, Sports, Accounts, DataP, DataJ, Count
+};
+
+struct State {
+    QString gIniFile;
+    basic::DateTime gToday;
+    std::int16_t gTodayYear = 0, gTodayMonth = 0, gTodayDay = 0;
+    QString gDateShort;             // "mm/dd/yyyy" or "dd/mm/yyyy"
+    QString gDateLong;
+    QString gDateTimeLong;
+    QString gDateDisplay;           // "" on a fresh configuration: dates show in the general format
+    QString gNumberFormat = QStringLiteral("######0.00");
+    QString gOsName;
+    QString gProductTitle;
+    QString gFormColour;            // decimal text of the colour number (0xBBGGRR)
+    quint32 lblBackcolor = 0xFFFFFF;        // the hidden label's colour, see GetIniColour
+    std::array<QString, static_cast<std::size_t>(DataFile::Count)> paths;
+    dao::Database gMainDb;
+    QString gUserName = QStringLiteral("User");
+    QString gEmailName = QStringLiteral("User");
+    bool gPrinterReady = false;
+    std::int16_t gWeekStartDay = 1;
+    std::int16_t gWarnBefore = 3, gWarnAfter = 1;
+    std::int16_t gDeleteAfterDays = 0, gBackupAfterDays = 14;
+    bool gPopUpCloser = true, gAutoEmail = false, gDisplayAds = true, gTips = true;
+    bool gAppointmentWarning = true, gNetwork = true;
+    QString gSoundFile;
+    QString gBirthdayFormat;
+    QString gSection;
+    QString gLastCategory;
+    QString gPeriodStart, gPeriodEnd;       // gDateShort form; the year periods and "all" see periods.h
+    bool gAdminOk = false;
+    std::map<QString, bool> gFeature;       // the "Features" switches by key
+    QString gSqlAppointments, gSqlBills, gSqlEvents;
+    std::map<QString, QString> gSqlSection; // by section code
+    QString gRecordCode;                    // the section that a record screen is about to serve
+    qint32 gLastRecord = 0;                 // ID of the record last worked on
+
+    QString &path(DataFile file) { return paths[static_cast<std::size_t>(file)]; }
+    const QString &path(DataFile file) const { return paths[static_cast<std::size_t>(file)]; }
+};
+
+// The one state of the running program. A test replaces it whole: state() = State{}.
+State &state();
+
+// A date in the form that screens show (gDateDisplay; general format while that is empty).
+QString displayDate(const basic::Value &date);
+// A date in the form that gPeriodStart and dbText fields keep (gDateShort).
+QString shortDate(const basic::Value &date);
+// A date between number signs in a query: mm/dd/yyyy whatever the regional settings, without the signs.
+QString sqlDate(basic::DateTime date);
+
+}

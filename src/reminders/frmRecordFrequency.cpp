@@ -1,0 +1,87 @@
+#include "reminders/frmRecord.h"
+
+#include "frame/state.h"
+#include "platform/basic/prompts.h"
+
+#include <QButtonGroup>
+#include <QComboBox>
+#include <QLabel>
+#include <QRadioButton>
+
+// The frequency panel: what it offers only fills the two period boxes and the weekday lists; a save makes the rows.
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+void frmRecord::SetScheduler(bool visible)
+{
+    for (const QString &name : {u"fraBill"_s, u"lblPeriodMonth"_s, u"lblPeriodDays"_s, u"txtPeriodDays"_s, u"txtPeriodMonth"_s})
+        control<QWidget>(name)->setVisible(visible);
+}
+
+void frmRecord::showFrequency()
+{
+    setText(u"lblInitialDate"_s, text(u"txtDate"_s));
+    setText(u"lblNextDate"_s, {});
+    const record::Frequency panel = record::frequencyOf(text(u"txtPeriodMonth"_s), text(u"txtPeriodDays"_s),
+                                                        text(u"cboDay"_s), text(u"cboWeekDay"_s));
+    selectOption(panel.option);
+    setText(u"cboDays"_s, panel.days);
+    SetScheduler(panel.shown && m_section.kind != ReminderKind::Event);
+}
+
+void frmRecord::selectOption(int index)
+{
+    m_options->setExclusive(false);
+    for (QAbstractButton *option : m_options->buttons())
+        option->setChecked(m_options->id(option) == index);
+    m_options->setExclusive(true);
+}
+
+int frmRecord::selectedOption() const
+{
+    const int index = m_options->checkedId();
+    return index < 0 ? record::noOption : index;
+}
+
+void frmRecord::optPeriod_MouseUp()
+{
+    for (const QString &name : {u"cboDay"_s, u"cboWeekDay"_s, u"cboDays"_s})
+        setText(name, {});
+}
+
+void frmRecord::optPeriod_Click(int index)
+{
+    if (const auto next = record::nextDate(index, rowDate(), text(u"cboDays"_s)))
+        setText(u"lblNextDate"_s, displayDate(*next));
+}
+
+void frmRecord::cboDays_Change()
+{
+    if (!m_showing && record::number(text(u"cboDays"_s)) != 0)
+        cboDays_Click();
+}
+
+void frmRecord::cboDays_Click() { optPeriod_Click(4); }
+
+void frmRecord::cmdSchedule_Click() { SetScheduler(control<QWidget>(u"fraBill"_s)->isHidden()); }
+
+// The start of the series stays the row's own date; the date shown as next due is information only.
+void frmRecord::cmdApply_Click()
+{
+    const record::Period period = record::appliedPeriod(selectedOption(), text(u"cboDays"_s));
+    setText(u"txtPeriodMonth"_s, period.months);
+    setText(u"txtPeriodDays"_s, period.days);
+    if (!record::dateOf(text(u"lblNextDate"_s)))
+        return;
+    if (basic::AskYesNo(u"Do you want to Commence on "_s + text(u"txtDate"_s) + u"?"_s, u"Question?"_s))
+        setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+}
+
+void frmRecord::cmdCancel_Click()
+{
+    setText(u"txtDate"_s, text(u"lblInitialDate"_s));
+    setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+}
+
+}

@@ -1,0 +1,226 @@
+#include "reminders/record.h"
+
+#include "frame/state.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/format.h"
+#include "platform/basic/text.h"
+
+#include <array>
+
+namespace vorel::record {
+
+using namespace Qt::StringLiterals;
+using basic::DateTime;
+
+namespace {
+
+constexpr std::array<Section, 3> sections{{
+    {ReminderKind::Appointment, u"A", u"Appointment", u"Appointments", u"APPOINTMENT", u"txtAppointment", u"appoints",
+     u" Frequency ", u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"},
+    {ReminderKind::Bill, u"B", u"Bill", u"Bills", u"BILL", u"txtBill", u"appoints",
+     u" Payment Frequency ", u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"},
+    {ReminderKind::Event, u"E", u"Event", u"Events", u"EVENT", u"txtEvent", u"events",
+     u"", u"select * from [EVENTS] ORDER BY [DATE],[DATETO],[SUBJECT],[EVENT]"},
+}};
+
+bool same(QStringView a, QStringView b) { return a.compare(b, Qt::CaseInsensitive) == 0; }
+
+void copyRow(const dao::Recordset &source, dao::Recordset &rows)
+{
+    for (const dao::RecordsetField &field : source.Fields()) {
+        if (same(field.Name, u"ID"))
+            continue;
+        if (same(field.Name, u"DATE"))
+            rows.Set(field.Name, basic::Date());
+        else
+            rows.Set(field.Name, source.Get(field.Name));
+    }
+}
+
+void fillRow(dao::Recordset &rows, const Section &section, const dao::Recordset &source)
+{
+    rows.Set(u"UsersName", state().gUserName);
+    if (source)
+        copyRow(source, rows);
+    else
+        rows.Set(u"DATE", basic::Date());
+    if (section.kind != ReminderKind::Appointment)
+        return;
+    if (!source)
+        rows.Set(u"APPTIME", basic::Format(basic::Now(), u"hh:mm am/pm"));
+    // Otherwise the housekeeping would overwrite the time with the one that older files kept elsewhere.
+    rows.Set(u"TimeUpdate", true);
+}
+
+}
+
+const Section &section(const QString &recordCode)
+{
+    for (const Section &one : sections) {
+        if (same(recordCode, one.code))
+            return one;
+    }
+    return sections.front();
+}
+
+std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section, const QString &sourceID)
+{
+    dao::Database file;
+    dao::Recordset source;
+    if (const QString id = basic::Trim(sourceID); !id.isEmpty()) {
+        file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+        source = file.CreateSnapshot(u"select * from ["_s + section.table.toString() + u"] WHERE [ID]="_s + id + u";"_s);
+        dao::DBEngine::Idle(dao::dbRefreshCache);
+        if (source.RecordCount() == 0)
+            return std::nullopt;
+    }
+    rows.AddNew();
+    try {
+        fillRow(rows, section, source);
+        rows.Update();
+    } catch (...) {
+        basic::IgnoreErrors([&] { rows.CancelUpdate(); });
+        throw;
+    }
+    return rows.LastModified();
+}
+
+std::optional<DateTime> dateOf(const QString &text)
+{
+    if (!basic::IsDate(text))
+        return std::nullopt;
+    const DateTime date = basic::CDate(text);
+    return date.hasDate() ? std::optional(date.dayOnly()) : std::nullopt;
+}
+
+QString weekDayOf(const std::optional<DateTime> &date)
+{
+    return date ? basic::Format(*date, u"ddd") : QString();
+}
+
+QString dayMonthYear(DateTime date) { return basic::Format(date, u"dd mmm yyyy"); }
+
+double number(const QString &text)
+{
+    double value = 0;
+    basic::IgnoreErrors([&] { value = basic::Val(text); });
+    return value;
+}
+
+QString moneyText(const QString &amount)
+{
+    // An amount typed with its sign or separators is read whole; Val alone would cut "1,250.00" to 1.
+    const double value = basic::IsNumeric(amount) ? basic::CDbl(amount) : number(amount);
+    return basic::Format(value, state().gNumberFormat);
+}
+
+QStringList timeList()
+{
+    QStringList times{u"All Day"_s};
+    for (int minute = 8 * 60; minute < 24 * 60; minute += 5)
+        times += basic::Format(basic::TimeSerial(0, minute, 0), u"hh:mm am/pm");
+    return times;
+}
+
+DateBoxes FormatDates(const DateBoxes &boxes, const std::optional<DateTime> &date)
+{
+    if (!date)
+        return boxes;
+    const QString shown = displayDate(*date);
+    const auto follow = [&](const QString &own) { return basic::IsDate(own) ? shown : own; };
+    return {shown, follow(boxes.dateTo), follow(boxes.billingDate), follow(boxes.paymentDate)};
+}
+
+Frequency frequencyOf(const QString &periodMonth, const QString &periodDays, const QString &weekNum, const QString &weekDay)
+{
+    Frequency panel;
+    const double months = number(periodMonth);
+    const bool byDays = number(periodDays) != 0;
+    if (!basic::Trim(weekNum).isEmpty())
+        panel.option = 3;
+    if (byDays) {
+        panel.option = 4;
+        panel.days = periodDays;
+    }
+    if (months == 1)
+        panel.option = 0;
+    else if (months == 2 || months == 3)    // two months show as a quarter: the panel has no option of their own for them
+        panel.option = 1;
+    else if (months == 12)
+        panel.option = 2;
+    panel.shown = byDays || months != 0 || number(weekNum) != 0 || !weekDay.isEmpty();
+    return panel;
+}
+
+std::optional<DateTime> nextDate(int option, const std::optional<DateTime> &date, const QString &days)
+{
+    constexpr std::array<int, 3> months{1, 3, 12};
+    std::optional<DateTime> next;
+    if (!date)
+        return next;
+    // A day count that leads out of the calendar shows nothing.
+    basic::IgnoreErrors([&] {
+        if (option >= 0 && option < 3)
+            next = basic::DateAdd(u"m", months[static_cast<std::size_t>(option)], *date);
+        else if (option == 4)
+            next = basic::DateAdd(u"d", number(days), *date);
+    });
+    return next;
+}
+
+Period appliedPeriod(int option, const QString &days)
+{
+    switch (option) {
+    case 0: return {u"1"_s, u"0"_s};
+    case 1: return {u"3"_s, u"0"_s};
+    case 2: return {u"12"_s, u"0"_s};
+    case 4: return {u"0"_s, basic::Value(number(days)).text()};
+    default: return {u"0"_s, u"0"_s};
+    }
+}
+
+bool isBirthday(const QString &subject) { return same(basic::Trim(subject), u"BIRTHDAY"); }
+
+Greeting greetingOf(bool birthday, bool email, const QString &address, const QString &emailID, bool card)
+{
+    if (!birthday)
+        return {};
+    // An address that no contact gave stays out of sight until the greeting is ticked anew.
+    return {true, email && number(emailID) != 0, !address.isEmpty(), card};
+}
+
+QString contactAddress(const QString &emailID)
+{
+    dao::Database contacts = dao::DBEngine::OpenDatabase(state().path(DataFile::Contacts));
+    const QString id = basic::Trim(emailID).isEmpty() ? u"0"_s : emailID;
+    const dao::Recordset rows =
+        contacts.CreateSnapshot(u"SELECT [EMAIL1ADDRESS] FROM [CONTACTS] WHERE [ID]="_s + id + u";"_s);
+    return rows.RecordCount() == 0 ? QString() : rows.Get(u"EMAIL1ADDRESS").text();
+}
+
+QStringList subjects()
+{
+    QStringList names;
+    dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Recordset rows = file.CreateSnapshot(u"select * from [Subjects];"_s);
+    dao::DBEngine::Idle(dao::dbRefreshCache);
+    for (; !rows.EOF_(); rows.MoveNext())
+        names += rows.Get(u"SUBJECT").text();
+    return names;
+}
+
+QString webAddress(const QString &text)
+{
+    const QString address = text.trimmed();
+    if (address.isEmpty())
+        return {};
+    for (const QStringView scheme : {u"http://", u"https://"}) {
+        if (address.startsWith(scheme, Qt::CaseInsensitive))
+            return address;
+    }
+    return u"http://"_s + address;
+}
+
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "reminders/recurrence.h"
+
+// Names and texts that the series and the start-up passes share.
+namespace vorel::recurrence {
+
+struct ReminderTable {
+    QString name;           // as the queries spell it
+    QString textField;
+};
+const ReminderTable &appointmentsTable();
+const ReminderTable &billsTable();
+
+// A date between the # signs of a query: month first and parted by slashes, whatever the regional settings.
+QString queryDate(basic::DateTime date);
+basic::DateTime lastDayOfNextYear();
+
+}

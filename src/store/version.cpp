@@ -1,0 +1,86 @@
+#include "frame/startup.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/files.h"
+#include "store/upgrade.h"
+
+// The version stamp of a data file: one row in a table of its own. A stamp that cannot be read counts as 0 and one that
+// cannot be written is let go, so that a damaged file reaches the repair instead of ending the start.
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Open = std::function<dao::Database()>;
+
+bool stands(const QString &path)
+{
+    return !basic::Dir(path).isEmpty();
+}
+
+std::int16_t readVersion(const Open &open)
+{
+    std::int16_t version = 0;
+    basic::IgnoreErrors([&] {
+        dao::Database database = open();
+        dao::Recordset rows = database.OpenRecordset(u"SELECT [Version] FROM [Database Info]"_s, dao::dbOpenSnapshot);
+        dao::DBEngine::Idle(dao::dbRefreshCache);
+        version = basic::CInt(rows.Get(u"Version"));
+        rows.Close();
+        database.Close();
+    });
+    return version;
+}
+
+void writeVersion(const Open &open, int version)
+{
+    constexpr int tableNotFound = 3078;
+    const QString count = u"SELECT COUNT(*) FROM [Database Info]"_s;
+    basic::IgnoreErrors([&] {
+        dao::Database database = open();
+        dao::Recordset rows;
+        const int error = basic::IgnoreErrors([&] { rows = database.OpenRecordset(count, dao::dbOpenSnapshot); });
+        dao::DBEngine::Idle(dao::dbRefreshCache);
+        if (error == tableNotFound) {
+            database.Execute(u"CREATE TABLE [Database Info] ([Version] INTEGER)"_s);
+            rows = database.OpenRecordset(count, dao::dbOpenSnapshot);
+        }
+        const bool stamped = basic::CLng(rows.Get(0)) > 0;
+        rows.Close();
+        database.Execute(stamped ? u"UPDATE [Database Info] SET [Version] = %1;"_s.arg(version)
+                                 : u"INSERT INTO [Database Info] ([Version]) VALUES (%1);"_s.arg(version));
+        database.Close();
+    });
+}
+
+// The path tells only whether there is a file; what is opened is the file in use.
+dao::Database openProtected(DataFile file)
+{
+    return dao::DBEngine::OpenDatabase(state().path(file), true, false, protectedConnect());
+}
+
+}
+
+std::int16_t GetDatabaseVersion(const QString &path)
+{
+    return stands(path) ? readVersion([&] { return dao::DBEngine::OpenDatabase(path); }) : std::int16_t{0};
+}
+
+void SetDatabaseVersion(const QString &path, int version)
+{
+    if (stands(path))
+        writeVersion([&] { return dao::DBEngine::OpenDatabase(path); }, version);
+}
+
+std::int16_t GetProtectedDatabaseVersion(DataFile file, const QString &path)
+{
+    return stands(path) ? readVersion([&] { return openProtected(file); }) : std::int16_t{0};
+}
+
+void SetProtectedDatabaseVersion(DataFile file, const QString &path, int version)
+{
+    if (stands(path))
+        writeVersion([&] { return openProtected(file); }, version);
+}
+
+}

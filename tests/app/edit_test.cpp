@@ -1,0 +1,147 @@
+#include "app/caddyscreen.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using basic::Answer;
+using test::Grid;
+
+class Edit : public test::CaddyScreen {
+protected:
+    // A bill that comes every month, entered as a user does from the Bills section.
+    void enterMonthlyRent()
+    {
+        screen().DisplayCategory(u"Bills"_s);
+        m_prompts.expect(u"Create a New Blank Record?"_s, Answer::Yes);
+        inRecord([this] { click(u"panNew"_s); }, [this](frmRecord &record) {
+            type(record, u"txtDate"_s, u"11/25/2026"_s);
+            type(record, u"txtBill"_s, u"RENT"_s);
+            type(record, u"txtAmount"_s, u"900"_s);
+            press(record, u"cmdSchedule"_s);
+            press(record, u"optPeriod(0)"_s);
+            m_prompts.expect(u"Do you want to Commence on"_s, Answer::Yes);
+            press(record, u"cmdApply"_s);
+            press(record, u"cmdUpdate"_s);
+        });
+    }
+};
+
+TEST_F(Edit, RepeatingBillIsSeenInEachPeriodChangedAndDeleted)
+{
+    start();
+    enterMonthlyRent();
+    const std::pair<QString, qsizetype> counts[] = {
+        {u"THIS WEEK"_s, 1}, {u"NEXT WEEK"_s, 0}, {u"THIS MONTH"_s, 1}, {u"NEXT MONTH"_s, 1},
+        {u"THIS YEAR"_s, 2}, {u"NEXT YEAR"_s, 12}, {u"ALL RECORDS"_s, 15}};       // the last row may pass the horizon by a month
+    for (const auto &[key, rows] : counts) {
+        click(key);
+        EXPECT_EQ(bills().size(), rows) << qPrintable(key);
+    }
+    EXPECT_EQ(bills().value(0), u"RENT"_s);
+    EXPECT_EQ(column(u"BILLSGRID"_s, 4).value(0), u"900.00"_s);
+
+    start();
+    screen().DisplayCategory(u"Bills"_s);
+    click(u"NEXT YEAR"_s);
+    EXPECT_EQ(bills().size(), 12);
+    click(u"THIS WEEK"_s);
+    select(u"BILLSGRID"_s, 0);
+    inRecord([this] { click(u"panEditB"_s); }, [](frmRecord &record) {
+        EXPECT_EQ(record.findChild<QLineEdit *>(u"txtBill"_s)->text(), u"RENT"_s);
+        type(record, u"txtAmount"_s, u"950"_s);
+        press(record, u"cmdUpdate"_s);
+    });
+    EXPECT_EQ(column(u"BILLSGRID"_s, 4), QStringList{u"950.00"_s});
+    EXPECT_EQ(text(u"panPeriod"_s).contains(u" - "_s), true);       // the week is still on show
+
+    select(u"BILLSGRID"_s, 0);
+    m_prompts.expect({}, Answer::Yes);
+    inRecord([this] { emit at<Grid>(u"BILLSGRID"_s)->DblClick(400); }, [this](frmRecord &record) {
+        press(record, u"cmdDelete"_s);
+        while (!m_prompts.isDone())
+            basic::AskYesNo(u"not asked"_s);
+    });
+    click(u"ALL RECORDS"_s);
+    EXPECT_EQ(bills(), QStringList());      // the whole series goes with one of its rows
+}
+
+TEST_F(Edit, NoLeavesNothingBehind)
+{
+    start();
+    screen().DisplayCategory(u"Appointments"_s);
+    m_prompts.expect(u"Create a New Blank Record?"_s, Answer::No);
+    click(u"panNew"_s);
+    click(u"ALL RECORDS"_s);
+    EXPECT_EQ(appointments(), QStringList());
+    EXPECT_TRUE(m_prompts.isDone());
+}
+
+TEST_F(Edit, EachGridOpensItsOwnRecord)
+{
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/22/2026#,'All Day','one',True)"_s);
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/23/2026#,'All Day','two',True)"_s);
+    execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/24/2026#,'GENERAL','fair')"_s);
+    start();
+    click(u"THIS WEEK"_s);
+    select(u"APPOINTMENTSGRID"_s, 1);
+    inRecord([this] { QTest::keyClick(at(u"APPOINTMENTSGRID"_s), Qt::Key_Return); }, [](frmRecord &record) {
+        EXPECT_EQ(state().gRecordCode, u"A"_s);
+        EXPECT_EQ(record.findChild<QLineEdit *>(u"txtAppointment"_s)->text(), u"two"_s);
+    });
+    EXPECT_EQ(at<Grid>(u"APPOINTMENTSGRID"_s)->CellText(4), u"two"_s);      // the cursor stays on the row
+    select(u"EVENTSGRID"_s, 0);
+    inRecord([this] { click(u"panEditE"_s); }, [](frmRecord &record) {
+        EXPECT_EQ(state().gRecordCode, u"E"_s);
+        EXPECT_EQ(record.findChild<QLineEdit *>(u"txtEvent"_s)->text(), u"fair"_s);
+    });
+}
+
+TEST_F(Edit, EmptyGridOpensOnANewRow)
+{
+    start();
+    screen().DisplayCategory(u"Appointments"_s);
+    inRecord([this] { click(u"panEditA"_s); }, [](frmRecord &record) {
+        type(record, u"txtAppointment"_s, u"fresh"_s);
+        press(record, u"cmdUpdate"_s);
+    });
+    click(u"TODAY"_s);
+    EXPECT_EQ(appointments(), QStringList{u"fresh"_s});
+}
+
+TEST_F(Edit, NewWorksOnTheGridUsedLastAndTheSearchIsEmptied)
+{
+    start();
+    screen().DisplayCategory(u"All"_s);
+    screen().activateWindow();
+    at(u"EVENTSGRID"_s)->setFocus();
+    at<QLineEdit>(u"txtSearch"_s)->setText(u"x"_s);
+    m_prompts.expect(u"Create a New Blank Record?"_s, Answer::Yes);
+    inRecord([this] { QTest::keyClick(&screen(), Qt::Key_N, Qt::ControlModifier); },
+             [](frmRecord &) { EXPECT_EQ(state().gRecordCode, u"E"_s); });
+    EXPECT_EQ(text(u"txtSearch"_s), QString());
+    EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
+}
+
+TEST_F(Edit, ReturnInTheSearchOpensTheHit)
+{
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Gas')"_s);
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Water')"_s);
+    start();
+    screen().DisplayCategory(u"Bills"_s);
+    QTest::keyClicks(at(u"txtSearch"_s), u"water"_s);
+    inRecord([this] { QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Return); }, [](frmRecord &record) {
+        EXPECT_EQ(record.findChild<QLineEdit *>(u"txtBill"_s)->text(), u"Water"_s);
+    });
+}
+
+TEST_F(Edit, SectionScreensToComeSayIt)
+{
+    start();
+    screen().DisplayCategory(u"Inventory"_s);
+    m_prompts.expect(u"is not part of this version yet"_s, Answer::Ok);
+    click(u"panEditS"_s);
+    EXPECT_TRUE(m_prompts.isDone());
+    EXPECT_EQ(state().gSection, u"I"_s);
+}
+
+}

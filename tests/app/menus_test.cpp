@@ -1,0 +1,114 @@
+#include "app/caddyscreen.h"
+#include "frame/menus.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using test::Grid;
+
+class Menus : public test::CaddyScreen {};
+
+TEST_F(Menus, EveryEntryStandsUnderItsName)
+{
+    start();
+    for (const MenuEntry &entry : menuTable()) {
+        const QAction *action = menu(entry.objectName);
+        EXPECT_EQ(action->objectName(), entry.objectName);
+        EXPECT_EQ(action->menu() != nullptr, entry.call == MenuCall::Menu) << qPrintable(entry.objectName);
+    }
+    EXPECT_EQ(menu(u"mnuImport"_s)->text(), u"&Export/Import"_s);
+    EXPECT_EQ(menu(u"mnuFridgeCopy"_s)->text(), u"Desk/Fridge Copy"_s);
+    EXPECT_EQ(c().toolbarKeys.size(), 16u);
+}
+
+TEST_F(Menus, DisplayAndViewTurnTheSection)
+{
+    start();
+    const std::pair<QString, QString> cases[] = {
+        {u"mnuDisplayA"_s, u"A"_s},  {u"mnuDisplayAB"_s, u"AB"_s}, {u"mnuDisplayAE"_s, u"AE"_s},
+        {u"mnuDisplayB"_s, u"B"_s},  {u"mnuDisplayBE"_s, u"BE"_s}, {u"mnuDisplayE"_s, u"E"_s},
+        {u"mnuCatNumbers"_s, u"D"_s}, {u"mnuXmasList"_s, u"C"_s},  {u"mnuEmergencyPhone"_s, u"X"_s},
+        {u"mnuViewPrivateNums"_s, u"T"_s}, {u"mnuViewHowTo"_s, u"Y"_s}, {u"mnuViewNotes"_s, u"N"_s},
+        {u"mnuViewRecipes"_s, u"R"_s}};
+    for (const auto &[name, code] : cases) {
+        menu(name)->trigger();
+        EXPECT_EQ(state().gSection, code) << qPrintable(name);
+    }
+    EXPECT_TRUE(m_prompts.shown().empty());
+}
+
+TEST_F(Menus, PeriodEntriesKeepTheSection)
+{
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#12/02/2026#,'Gas')"_s);
+    start();
+    screen().DisplayCategory(u"Bills"_s);
+    EXPECT_EQ(bills(), QStringList());
+    menu(u"mnuNextMonth"_s)->trigger();
+    EXPECT_EQ(bills(), QStringList{u"Gas"_s});
+    EXPECT_EQ(state().gSection, u"B"_s);
+}
+
+TEST_F(Menus, WhatComesLaterSaysSoInOneBox)
+{
+    start();
+    for (const QString &name : {u"mnuSetup"_s, u"mnuAdmin"_s, u"mnuHelp"_s, u"mnuImport"_s, u"mnuCalculator"_s, u"mnuCalendar"_s,
+                                u"mnuInvoice"_s}) {
+        m_prompts.expect(u"is not part of this version yet"_s, basic::Answer::Ok);
+        menu(name)->trigger();
+        EXPECT_TRUE(m_prompts.isDone()) << qPrintable(name);
+    }
+}
+
+TEST_F(Menus, WaitingMessagesShowThePanel)
+{
+    execute(u"INSERT INTO [Messages] ([DATE],[To],[From],[MESSAGE],[Read]) VALUES (#11/22/2026#,'User','Ann','Hello',False)"_s);
+    start();
+    EXPECT_TRUE(isShown(u"panMessages"_s));
+    EXPECT_EQ(at(u"panMessages"_s)->toolTip(), u"Click to View Messages"_s);
+    click(u"panMessages"_s);
+    EXPECT_EQ(state().gSection, u"M"_s);
+    execute(u"UPDATE [Messages] SET [Read]=True"_s);
+    screen().CheckForMessages();
+    EXPECT_FALSE(isShown(u"panMessages"_s));
+}
+
+TEST_F(Menus, ColourOfTheScreenIsChosenAndKept)
+{
+    start();
+    m_prompts.expectColour(0x102030u);
+    click(u"cmdColor"_s);
+    EXPECT_EQ(GetIniValue(iniSettings, u"ScreenBackColour"_s, {}), QString::number(0x302010));
+    start();
+    EXPECT_EQ(at(u"Page"_s)->palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
+    EXPECT_GT(at(u"Page"_s)->palette().color(QPalette::WindowText).lightness(), 128);
+}
+
+TEST_F(Menus, TabGoesAsTheEyeDoes)
+{
+    start();
+    screen().activateWindow();
+    at(u"txtSearch"_s)->setFocus();
+    QStringList way;
+    for (int i = 0; i < 40; ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        if (!QApplication::focusWidget() || QApplication::focusWidget()->objectName() == u"txtSearch"_s)
+            break;
+        way << QApplication::focusWidget()->objectName();
+    }
+    const auto place = [&way](const QString &name) { return way.indexOf(name); };
+    EXPECT_GE(place(u"cmdCat(3)"_s), 0);
+    EXPECT_LT(place(u"cmdCat(3)"_s), place(u"cmdCat(24)"_s));
+    EXPECT_LT(place(u"cmdCat(24)"_s), place(u"panNew"_s));
+    EXPECT_LT(place(u"panNew"_s), place(u"APPOINTMENTSGRID"_s));
+}
+
+TEST_F(Menus, QuitSavesTheLayout)
+{
+    start();
+    at<Grid>(u"BILLSGRID"_s)->setRowHeightTwips(360);
+    menu(u"mnuQuit"_s)->trigger();
+    EXPECT_FALSE(screen().isVisible());
+    EXPECT_EQ(GetIniValue(iniSettings, u"BILLSROWHEIGHT"_s, {}), u"360"_s);
+}
+
+}

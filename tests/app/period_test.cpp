@@ -1,0 +1,126 @@
+#include "app/caddyscreen.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+class Periods : public test::CaddyScreen {
+protected:
+    void fill()
+    {
+        // 22 November 2026 is a Sunday: the week runs to the 28th.
+        const std::pair<QString, QString> rows[] = {
+            {u"11/21/2026"_s, u"yesterday"_s}, {u"11/22/2026"_s, u"today"_s},     {u"11/23/2026"_s, u"tomorrow"_s},
+            {u"11/28/2026"_s, u"saturday"_s},  {u"11/29/2026"_s, u"nextweek"_s},  {u"11/15/2026"_s, u"lastweek"_s},
+            {u"11/01/2026"_s, u"first"_s},     {u"12/31/2026"_s, u"silvester"_s}, {u"10/31/2026"_s, u"october"_s},
+            {u"01/01/2027"_s, u"newyear"_s},   {u"12/31/2025"_s, u"lastyear"_s}};
+        for (const auto &[date, text] : rows) {
+            execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#%1#,'All Day','%2',True)"_s.arg(date, text));
+            execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#%1#,'%2')"_s.arg(date, text));
+            execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#%1#,'GENERAL','%2')"_s.arg(date, text));
+        }
+    }
+};
+
+TEST_F(Periods, EachKeyShowsItsRowsInAllThreeGrids)
+{
+    fill();
+    start();
+    const std::pair<QString, QStringList> cases[] = {
+        {u"TODAY"_s, {u"today"_s}},
+        {u"TOMORROW"_s, {u"tomorrow"_s}},
+        {u"YESTERDAY"_s, {u"yesterday"_s}},
+        {u"THIS WEEK"_s, {u"today"_s, u"tomorrow"_s, u"saturday"_s}},
+        {u"NEXT WEEK"_s, {u"nextweek"_s}},
+        {u"LAST WEEK"_s, {u"lastweek"_s, u"yesterday"_s}},
+        {u"THIS MONTH"_s, {u"first"_s, u"lastweek"_s, u"yesterday"_s, u"today"_s, u"tomorrow"_s, u"saturday"_s, u"nextweek"_s}},
+        {u"NEXT MONTH"_s, {u"silvester"_s}},
+        {u"LAST MONTH"_s, {u"october"_s}},
+        {u"THIS YEAR"_s, {u"october"_s, u"first"_s, u"lastweek"_s, u"yesterday"_s, u"today"_s, u"tomorrow"_s, u"saturday"_s,
+                          u"nextweek"_s, u"silvester"_s}},
+        {u"NEXT YEAR"_s, {u"newyear"_s}},
+        {u"LAST YEAR"_s, {u"lastyear"_s}},
+    };
+    for (const auto &[key, rows] : cases) {
+        click(key);
+        EXPECT_EQ(appointments(), rows) << qPrintable(key);
+        EXPECT_EQ(bills(), rows) << qPrintable(key);
+        EXPECT_EQ(events(), rows) << qPrintable(key);
+        EXPECT_TRUE(c().toolbarKeys.at(key)->isChecked()) << qPrintable(key);
+    }
+    click(u"ALL RECORDS"_s);
+    EXPECT_EQ(appointments().size(), 11);
+    EXPECT_EQ(appointments().value(0), u"lastyear"_s);
+    EXPECT_EQ(text(u"panPeriod"_s), u" (All Records)"_s);
+}
+
+TEST_F(Periods, CaptionsAndToolTipsInEachRegion)
+{
+    struct Case {
+        QString region, display, today, week, day;
+    };
+    const Case cases[] = {
+        {u"en_US"_s, u"mm/dd/yyyy"_s, u"Today ......... 11/22/2026"_s, u"This Week ... 11/22/2026 - 11/28/2026"_s,
+         u" (Today - Sun 11/22/2026)"_s},
+        {u"en_AU"_s, u"dd/mm/yyyy"_s, u"Today ......... 22/11/2026"_s, u"This Week ... 22/11/2026 - 28/11/2026"_s,
+         u" (Today - Sun 22/11/2026)"_s},
+    };
+    for (const Case &one : cases) {
+        QFile::remove(m_folder.path(u"vorelreminder.ini"_s));
+        setRegion(one.region);
+        set(u"DateDisplay"_s, one.display);
+        start();
+        EXPECT_EQ(menu(u"mnuToday"_s)->text(), one.today);
+        EXPECT_EQ(menu(u"mnuThisWeek"_s)->text(), one.week);
+        EXPECT_EQ(menu(u"mnuThisMonth"_s)->text(), u"This Month ... November 2026"_s);
+        EXPECT_EQ(menu(u"mnuNextYear"_s)->text(), u"Next Year ... 2027"_s);
+        EXPECT_EQ(c().toolbarKeys.at(u"TODAY"_s)->toolTip(), one.today);
+        EXPECT_EQ(c().toolbarKeys.at(u"THIS WEEK"_s)->toolTip(), one.week);
+        click(u"TODAY"_s);
+        EXPECT_EQ(text(u"panPeriod"_s), one.day);
+    }
+}
+
+TEST_F(Periods, GermanRegionReadsAndShowsDayFirst)
+{
+    setRegion(u"de_DE"_s);
+    fill();
+    start();
+    click(u"NEXT MONTH"_s);
+    EXPECT_EQ(state().gDateShort, u"dd/mm/yyyy"_s);
+    EXPECT_EQ(appointments(), QStringList{u"silvester"_s});
+    EXPECT_EQ(column(u"APPOINTMENTSGRID"_s, dateColumn), QStringList{u"31.12.2026"_s});
+    click(u"THIS YEAR"_s);
+    EXPECT_EQ(bills().size(), 9);
+}
+
+TEST_F(Periods, YearlyRowsComeInEveryLaterYear)
+{
+    for (const QString &row : {u"#11/24/1947#,'BIRTHDAY','Grandmother',False"_s, u"#11/25/2001#,'GENERAL','Fair',True"_s,
+                               u"#11/26/2001#,'GENERAL','Once',False"_s, u"#11/27/2030#,'BIRTHDAY','Unborn',False"_s})
+        execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT],[RECURRING]) VALUES (%1)"_s.arg(row));
+    start();
+    click(u"THIS WEEK"_s);
+    EXPECT_EQ(events(), (QStringList{u"Grandmother"_s, u"Fair"_s}));
+    // The days of 2026, not those of 1947 and 2001.
+    EXPECT_EQ(column(u"EVENTSGRID"_s, dayColumn), (QStringList{u"Tue"_s, u"Wed"_s}));
+}
+
+TEST_F(Periods, KeysOfTheKeyboard)
+{
+    fill();
+    start();
+    click(u"NEXT MONTH"_s);
+    QTest::keyClick(&screen(), Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(appointments(), QStringList{u"today"_s});
+    click(u"NEXT MONTH"_s);
+    at(u"BILLSGRID"_s)->setFocus();
+    QTest::keyClick(at(u"BILLSGRID"_s), Qt::Key_Home);
+    EXPECT_EQ(appointments(), QStringList{u"today"_s});
+    click(u"NEXT MONTH"_s);
+    at(u"txtSearch"_s)->setFocus();
+    QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Home);
+    EXPECT_EQ(appointments(), QStringList{u"silvester"_s});
+}
+
+}

@@ -1,0 +1,171 @@
+#include "app/caddyscreen.h"
+#include "frame/sections.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using test::Grid;
+
+class Sections : public test::CaddyScreen {
+protected:
+    QString gridsShown()
+    {
+        QString shown;
+        for (const QString &name : {u"APPOINTMENTSGRID"_s, u"BILLSGRID"_s, u"EVENTSGRID"_s, u"SUBJECTGRID"_s})
+            if (isShown(name))
+                shown += name.front();
+        return shown;
+    }
+    QList<int> pressed()
+    {
+        QList<int> indexes;
+        for (int i = 0; i < 25; ++i)
+            if (at<QAbstractButton>(u"cmdCat(%1)"_s.arg(i))->isChecked())
+                indexes << i;
+        return indexes;
+    }
+};
+
+TEST_F(Sections, EachNameShowsItsGridsAndMarksItsButton)
+{
+    start();
+    struct Case {
+        QString name, code, grids, edits;
+        QList<int> button;
+    };
+    const Case cases[] = {
+        {u"Appointments"_s, u"A"_s, u"A"_s, u"A"_s, {0}}, {u"Bills"_s, u"B"_s, u"B"_s, u"B"_s, {1}},
+        {u"Events"_s, u"E"_s, u"E"_s, u"E"_s, {2}},       {u"All"_s, u"All"_s, u"ABE"_s, u"ABE"_s, {3}},
+        {u"AB"_s, u"AB"_s, u"AB"_s, u"AB"_s, {}},         {u"AE"_s, u"AE"_s, u"AE"_s, u"AE"_s, {}},
+        {u"BE"_s, u"BE"_s, u"BE"_s, u"BE"_s, {}},         {u"Books"_s, u"K"_s, u"S"_s, u"S"_s, {9}},
+        {u"Inventory"_s, u"I"_s, u"S"_s, u"S"_s, {12}},   {u"Messages"_s, u"M"_s, u"S"_s, u"S"_s, {13}},
+        {u"Business"_s, u"D"_s, u"S"_s, u"S"_s, {}},      {u"To Do"_s, u"G"_s, u"S"_s, u"S"_s, {18}},
+    };
+    for (const Case &one : cases) {
+        screen().DisplayCategory(one.name);
+        EXPECT_EQ(state().gSection, one.code);
+        EXPECT_EQ(gridsShown(), one.grids) << qPrintable(one.name);
+        EXPECT_EQ(pressed(), one.button) << qPrintable(one.name);
+        QString edits;
+        for (const QChar letter : u"ABES"_s)
+            if (isShown(u"panEdit"_s + letter))
+                edits += letter;
+        EXPECT_EQ(edits, one.edits) << qPrintable(one.name);
+        EXPECT_EQ(menu(u"mnuDisplayPeriod"_s)->isEnabled(), one.grids != u"S"_s) << qPrintable(one.name);
+        EXPECT_FALSE(menu(u"mnuPrint"_s)->isEnabled());       // no printer here
+    }
+    EXPECT_TRUE(m_prompts.shown().empty());
+}
+
+TEST_F(Sections, EveryButtonOpensOrSaysLater)
+{
+    start();
+    for (const CategoryButton &entry : categoryButtons()) {
+        auto *button = at<QAbstractButton>(u"cmdCat(%1)"_s.arg(entry.index));
+        EXPECT_EQ(button->text(), entry.caption);
+        EXPECT_EQ(button->toolTip(), entry.toolTip);
+        // Their protected files do not exist yet.
+        EXPECT_EQ(button->isEnabled(), entry.index != 4 && entry.index != 17) << entry.index;
+        if (!button->isEnabled())
+            continue;
+        const bool later = entry.index >= 23;
+        const QString before = state().gLastCategory;
+        if (later)
+            m_prompts.expect(entry.tag, basic::Answer::Ok);
+        button->click();
+        EXPECT_EQ(state().gLastCategory, later ? before : entry.tag);
+        EXPECT_EQ(sectionByCode(state().gSection)->name, state().gLastCategory);
+        EXPECT_TRUE(m_prompts.isDone());
+    }
+}
+
+TEST_F(Sections, MainFileSectionsShowTheirRows)
+{
+    execute(u"INSERT INTO [Inventory] ([Item],[SerialNum],[Location]) VALUES ('Saw','7','Shed')"_s);
+    execute(u"INSERT INTO [Inventory] ([Item],[SerialNum],[Location]) VALUES ('Axe','8','Shed')"_s);
+    execute(u"INSERT INTO [TODO] ([TODO],[PRIORITY],[ACTIONED]) VALUES ('Paint','2 - Low',False)"_s);
+    start();
+    click(u"cmdCat(12)"_s);
+    EXPECT_EQ(column(u"SUBJECTGRID"_s, 1), (QStringList{u"Axe"_s, u"Saw"_s}));
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), u"INVENTORY"_s);
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->columns()[2].caption, u"SERIAL #"_s);
+    click(u"cmdCat(18)"_s);
+    EXPECT_EQ(column(u"SUBJECTGRID"_s, 1), QStringList{u"Paint"_s});
+    screen().DisplayCategory(u"Messages"_s);
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), u"MESSAGES for User"_s);
+    // Sections whose file is not there stand empty under their title.
+    screen().DisplayCategory(u"Books"_s);
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), u"BOOKS"_s);
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 0);
+}
+
+TEST_F(Sections, ReturnKeepsTheRecordLastWorkedOn)
+{
+    for (const QString &item : {u"Axe"_s, u"Saw"_s, u"Vice"_s})
+        execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('%1')"_s.arg(item));
+    start();
+    screen().DisplayCategory(u"Inventory"_s);
+    state().gLastRecord = 2;
+    screen().GetData();
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->CellText(1), u"Saw"_s);
+    state().gLastRecord = 99;
+    screen().GetData();
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 3);
+}
+
+TEST_F(Sections, UnknownNameLeavesTheScreen)
+{
+    start();
+    screen().DisplayCategory(u"Bills"_s);
+    for (const QString &name : {u"K"_s, u"nonsense"_s, QString()}) {
+        screen().DisplayCategory(name);
+        EXPECT_EQ(state().gSection, u"B"_s);
+        EXPECT_EQ(gridsShown(), u"B"_s);
+    }
+}
+
+TEST_F(Sections, DoubleClickInTheHeadTurnsTheSection)
+{
+    start();
+    struct Case {
+        QString grid, from, to, tip;
+    };
+    const Case cases[] = {
+        {u"APPOINTMENTSGRID"_s, u"All"_s, u"A"_s, u" Double Click Here for Full Display "_s},
+        {u"APPOINTMENTSGRID"_s, u"Appointments"_s, u"All"_s, u" Double Click Here for All Display "_s},
+        {u"BILLSGRID"_s, u"BE"_s, u"B"_s, {}},
+        {u"EVENTSGRID"_s, u"AE"_s, u"E"_s, {}},
+        {u"EVENTSGRID"_s, u"Events"_s, u"All"_s, {}},
+    };
+    for (const Case &one : cases) {
+        screen().DisplayCategory(one.from);
+        emit at<Grid>(one.grid)->DblClick(275);      // the line itself belongs to the heads
+        EXPECT_EQ(state().gSection, one.to) << qPrintable(one.grid + one.from);
+    }
+}
+
+TEST_F(Sections, RowsOfTodayAndBirthdaysStandOut)
+{
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/22/2026#,'All Day','now',True)"_s);
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/23/2026#,'All Day','then',True)"_s);
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/25/2026#,'All Day','last',True)"_s);
+    for (const QString &row : {u"#11/23/1960#,'BIRTHDAY','Bob'"_s, u"#11/24/2026#,'GENERAL','Fair'"_s, u"#11/26/2026#,'GENERAL','Show'"_s})
+        execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (%1)"_s.arg(row));
+    start();
+    click(u"THIS WEEK"_s);
+    const QString apps = u"APPOINTMENTSGRID"_s, days = u"EVENTSGRID"_s;
+    const auto ground = [this](const QString &name, int row) {
+        Grid *grid = at<Grid>(name);
+        const QRect cell = grid->visualRect(grid->model()->index(row, dayColumn));
+        return grid->viewport()->grab(cell).toImage().pixelColor(2, 2);
+    };
+    select(apps, 2);
+    select(days, 2);
+    EXPECT_EQ(ground(apps, 0), at<Grid>(apps)->styleSet(u"TODAY"_s).back);
+    EXPECT_NE(ground(apps, 1), at<Grid>(apps)->styleSet(u"TODAY"_s).back);
+    EXPECT_EQ(ground(days, 0), at<Grid>(days)->styleSet(u"GREEN"_s).back);
+    EXPECT_NE(ground(days, 1), at<Grid>(days)->styleSet(u"GREEN"_s).back);
+    EXPECT_EQ(column(apps, dayColumn), (QStringList{u"Sun"_s, u"Mon"_s, u"Wed"_s}));
+}
+
+}

@@ -1,0 +1,127 @@
+#include "app/caddyscreen.h"
+
+#include <QRegularExpression>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+class Start : public test::CaddyScreen {
+protected:
+    QStringList keysWritten() const
+    {
+        QStringList keys;
+        for (const QString &line : QString::fromUtf8(m_folder.read(u"vorelreminder.ini"_s)).split(QRegularExpression(u"[\r\n]+"_s)))
+            if (line.contains(u'='))
+                keys << line.section(u'=', 0, 0).trimmed();
+        keys.sort();
+        return keys;
+    }
+};
+
+TEST_F(Start, FreshFolderGetsTheMainFileAndThePathKeys)
+{
+    start();
+    EXPECT_TRUE(QFile::exists(m_folder.path(u"VOREL.MDB"_s)));
+    QStringList wanted = {u"DataPath"_s, u"ContactsDBPath"_s, u"GardenDBPath"_s, u"MovieDBPath"_s, u"MusicDBPath"_s,
+                          u"BooksDBPath"_s, u"NotesDBPath"_s, u"HowToDBPath"_s, u"RecipeDBPath"_s, u"SportsDBPath"_s,
+                          u"AccountsDBPath"_s, u"DataPDBPath"_s, u"DataJDBPath"_s};
+    wanted.sort();
+    EXPECT_EQ(keysWritten(), wanted);
+    EXPECT_EQ(state().gSection, u"All"_s);
+    EXPECT_EQ(state().gUserName, u"User"_s);
+    EXPECT_EQ(state().gBackupAfterDays, 14);
+    EXPECT_EQ(screen().windowTitle(), u"Vorel Reminder 1"_s);
+    EXPECT_TRUE(c().Timer2->isActive());
+    EXPECT_EQ(c().Timer2->interval(), 6000);
+    EXPECT_TRUE(c().TimerMessages->isActive());
+    EXPECT_EQ(text(u"lblTime"_s), u"12:00 PM"_s);
+    for (const QString &grid : {u"APPOINTMENTSGRID"_s, u"BILLSGRID"_s, u"EVENTSGRID"_s})
+        EXPECT_TRUE(isShown(grid)) << qPrintable(grid);
+    EXPECT_FALSE(isShown(u"SUBJECTGRID"_s));
+    EXPECT_TRUE(m_prompts.shown().empty());
+}
+
+TEST_F(Start, SplashPausesThenGivesWay)
+{
+    Startup splash;
+    splash.Load();
+    EXPECT_TRUE(splash.isVisible());
+    EXPECT_EQ(splash.findChild<QLabel *>(u"lblVersion"_s)->text(), u" Build #%1"_s.arg(VOREL_REVISION));
+    EXPECT_EQ(splash.findChild<QLabel *>(u"lblLine"_s)->text(), u"Probably the Handiest Software you will own"_s);
+    EXPECT_FALSE(splash.mainScreen()->isVisible());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return splash.mainScreen()->isVisible(); }));
+    EXPECT_FALSE(splash.isVisible());
+    splash.mainScreen()->close();
+}
+
+TEST_F(Start, SettingsOfTheScreenAreTaken)
+{
+    struct Case {
+        const char *name;
+        QString key, value;
+        std::function<bool()> holds;
+    };
+    const Case cases[] = {
+        {"category", u"Category"_s, u"Bills"_s, [] { return state().gSection == u"B"_s; }},
+        {"unknown category", u"Category"_s, u"Nonsense"_s, [] { return state().gSection == u"All"_s; }},
+        {"user", u"UserName"_s, u"Ann"_s, [this] { return text(u"lblUsername"_s) == u"Ann"_s; }},
+        {"week start", u"WeekStartDay"_s, u"0"_s, [] { return state().gWeekStartDay == 1; }},
+        {"maximized", u"Screen"_s, u"2"_s, [this] { return screen().isMaximized(); }},
+        {"no network", u"Network"_s, u"False"_s, [this] { return !c().TimerMessages->isActive(); }},
+        {"period", u"DisplayPeriod"_s, u"This Year"_s,
+         [this] { return text(u"panPeriod"_s) == u" (1/1/2026 - 12/31/2026)"_s; }},
+        {"no such sound", u"SoundFile"_s, u"/nowhere/x.wav"_s, [] { return state().gSoundFile.isEmpty(); }},
+    };
+    for (const Case &one : cases) {
+        QFile::remove(m_folder.path(u"vorelreminder.ini"_s));
+        set(one.key, one.value);
+        start();
+        EXPECT_TRUE(one.holds()) << one.name;
+    }
+}
+
+TEST_F(Start, SwitchedOffRemindersTakeTheirMenusAlong)
+{
+    for (const QString &key : {u"Appointments"_s, u"Bills"_s, u"Events"_s, u"Accounts"_s})
+        set(key, u"0"_s, iniFeatures);
+    start();
+    for (const QString &name : {u"cmdCat(0)"_s, u"cmdCat(1)"_s, u"cmdCat(2)"_s, u"cmdCat(3)"_s, u"cmdCat(23)"_s, u"cmdCat(24)"_s,
+                                u"cmdInvoice"_s, u"panPeriod"_s, u"TODAY"_s, u"NEXT YEAR"_s})
+        EXPECT_FALSE(isShown(name)) << qPrintable(name);
+    for (const QString &name : {u"mnuDisplay"_s, u"mnuDisplayPeriod"_s, u"mnuPrintBills"_s, u"mnuInvoice"_s})
+        EXPECT_FALSE(menu(name)->isVisible()) << qPrintable(name);
+    EXPECT_TRUE(isShown(u"cmdCat(9)"_s));
+}
+
+TEST_F(Start, RestartKeepsRowsAndWidths)
+{
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Gas')"_s);
+    set(u"BILLSCOL1WIDTH"_s, u"1200"_s);
+    set(u"BOOKSCOL2WIDTH"_s, u"777"_s);
+    start();
+    EXPECT_EQ(at<test::Grid>(u"BILLSGRID"_s)->columnWidthTwips(1), 1200);
+    EXPECT_EQ(at<test::Grid>(u"BILLSGRID"_s)->columnWidthTwips(3), 3000);      // widths that were set stand as set
+    emit at<test::Grid>(u"BILLSGRID"_s)->ColResize(1);
+    stop();
+    EXPECT_EQ(GetIniValue(iniSettings, u"APPSCOL4WIDTH"_s, {}), u"1300"_s);
+    start();
+    EXPECT_EQ(GetIniValue(iniSettings, u"BILLSCOL1WIDTH"_s, {}), u"1200"_s);
+    EXPECT_EQ(GetIniValue(iniSettings, u"BOOKSCOL2WIDTH"_s, {}), u"777"_s);
+    EXPECT_EQ(GetIniValue(iniSettings, u"BILLSROWHEIGHT"_s, {}), u"270"_s);
+    EXPECT_EQ(bills(), QStringList{u"Gas"_s});
+}
+
+TEST_F(Start, MainFileThatIsNoneIsToldAndLeft)
+{
+    m_folder.write(u"VOREL.MDB"_s, QByteArray(5000, 'x'));
+    for (int i = 0; i < 20; ++i)
+        m_prompts.expect({}, basic::Answer::Ok);
+    start();
+    EXPECT_EQ(m_folder.read(u"VOREL.MDB"_s), QByteArray(5000, 'x'));
+    EXPECT_FALSE(m_prompts.shown().empty());
+    while (!m_prompts.isDone())
+        basic::MsgBox(u"done"_s);
+}
+
+}

@@ -1,0 +1,177 @@
+#include "calendar/frmCalendarDrop.h"
+#include "store/mainfile.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTest>
+#include <QTimer>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+class PickerScreen : public test::MainFileTest {
+protected:
+    // What a user does once the picker is open.
+    bool pick(const std::function<void(frmCalendarDrop &)> &user, const QString &code = u"X"_s)
+    {
+        bool seen = false;
+        QTimer::singleShot(0, qApp, [&] {
+            auto *picker = qobject_cast<frmCalendarDrop *>(QApplication::activeModalWidget());
+            if (!picker)
+                return;
+            seen = true;
+            user(*picker);
+            if (picker->isVisible())        // a picker left open would hang the test
+                picker->Close();
+        });
+        const bool applied = OpenDatePicker(&box, code);
+        EXPECT_TRUE(seen);
+        return applied;
+    }
+    template <class W = QAbstractButton> static W *at(frmCalendarDrop &picker, const QString &name)
+    {
+        W *found = picker.findChild<W *>(name);
+        EXPECT_TRUE(found) << qPrintable(name);
+        return found;
+    }
+    static void click(frmCalendarDrop &picker, const QString &name) { QTest::mouseClick(at(picker, name), Qt::LeftButton); }
+
+    QLineEdit box;
+};
+
+TEST_F(PickerScreen, OpensOnTheBoxsDate)
+{
+    struct Case {
+        QString text, title;
+        int weekStart;
+        int cell;               // of the marked day
+        bool given;
+    };
+    const Case cases[] = {
+        {u"12/25/2026"_s, u"December 2026"_s, 1, 2 + 24, true},     // 1 December 2026 is a Tuesday
+        {u"12/25/2026"_s, u"December 2026"_s, 2, 1 + 24, true},
+        {{}, u"November 2026"_s, 1, 21, false},
+        {u"soon"_s, u"November 2026"_s, 1, 21, false},
+    };
+    for (const Case &c : cases) {
+        state().gWeekStartDay = static_cast<std::int16_t>(c.weekStart);
+        box.setText(c.text);
+        EXPECT_FALSE(pick([&](frmCalendarDrop &picker) {
+            EXPECT_EQ(picker.windowTitle(), c.title);
+            EXPECT_EQ(at(picker, u"CmdAction"_s)->isEnabled(), c.given);
+            EXPECT_EQ(at<QLabel>(picker, u"lblDate"_s)->text(), c.given ? c.text : QString());
+            for (int index = 0; index < monthCellCount; ++index)
+                EXPECT_EQ(at(picker, u"LBL_Date(%1)"_s.arg(index))->isChecked(), index == c.cell) << index;
+            QTest::keyClick(&picker, Qt::Key_Escape);
+        }));
+        EXPECT_EQ(box.text(), c.text);
+    }
+}
+
+TEST_F(PickerScreen, CellsNameTheirWholeDate)
+{
+    box.setText(u"11/05/2026"_s);
+    pick([&](frmCalendarDrop &picker) {
+        EXPECT_EQ(at(picker, u"LBL_Date(4)"_s)->accessibleName(), u"Thursday, 5 November 2026, selected"_s);
+        EXPECT_EQ(at(picker, u"LBL_Date(21)"_s)->accessibleName(), u"Sunday, 22 November 2026, today"_s);
+        EXPECT_FALSE(at(picker, u"LBL_Date(30)"_s)->isEnabled());
+        EXPECT_EQ(at(picker, u"LBL_Date(30)"_s)->text(), QString());
+    });
+}
+
+TEST_F(PickerScreen, KeysAndButtonsLeadToADate)
+{
+    struct Case {
+        const char *name;
+        std::function<void(frmCalendarDrop &)> user;
+        const char16_t *text;
+    };
+    const auto key = [](Qt::Key code, Qt::KeyboardModifiers with = {}) {
+        return [code, with](frmCalendarDrop &picker) {
+            QWidget *focus = picker.focusWidget() ? picker.focusWidget() : &picker;
+            QTest::keyClick(focus, code, with);
+        };
+    };
+    const auto press = [](const QString &name) { return [name](frmCalendarDrop &picker) { click(picker, name); }; };
+    const Case cases[] = {
+        {"as it is", [](frmCalendarDrop &) {}, u"1/31/2027"},
+        {"left", key(Qt::Key_Left), u"1/30/2027"},
+        {"right", key(Qt::Key_Right), u"2/1/2027"},
+        {"up", key(Qt::Key_Up), u"1/24/2027"},
+        {"down", key(Qt::Key_Down), u"2/7/2027"},
+        {"page up", key(Qt::Key_PageUp), u"12/31/2026"},
+        {"page down", key(Qt::Key_PageDown), u"2/28/2027"},
+        {"a year on", key(Qt::Key_PageDown, Qt::ControlModifier), u"1/31/2028"},
+        {"home", key(Qt::Key_Home), u"1/1/2027"},
+        {"a cell", press(u"LBL_Date(11)"_s), u"1/7/2027"},          // 1 January 2027 is a Friday: cell 5
+        {"a blank cell", press(u"LBL_Date(1)"_s), u"1/31/2027"},
+        {"today", press(u"Today"_s), u"11/22/2026"},
+        {"month bar", [](frmCalendarDrop &picker) { at<QScrollBar>(picker, u"HScroll1"_s)->setValue(6); }, u"6/30/2027"},
+        {"year bar", [](frmCalendarDrop &picker) { at<QScrollBar>(picker, u"HScroll2"_s)->setValue(1947); }, u"1/31/1947"},
+        {"back", [&](frmCalendarDrop &picker) { click(picker, u"Today"_s); click(picker, u"CmdAction"_s); }, u"1/31/2027"},
+    };
+    for (const Case &c : cases) {
+        box.setText(u"1/31/2027"_s);
+        EXPECT_TRUE(pick([&](frmCalendarDrop &picker) {
+            c.user(picker);
+            click(picker, u"cmdApply"_s);
+        })) << c.name;
+        EXPECT_EQ(box.text(), QString::fromUtf16(c.text)) << c.name;
+
+        box.setText(u"1/31/2027"_s);
+        EXPECT_FALSE(pick([&](frmCalendarDrop &picker) {
+            c.user(picker);
+            click(picker, u"cmdCancel"_s);
+        })) << c.name;
+        EXPECT_EQ(box.text(), u"1/31/2027"_s) << c.name;
+    }
+}
+
+TEST_F(PickerScreen, EnterAndDoubleClickApplyInTheDisplayFormat)
+{
+    state().gDateDisplay = u"dd mmm yyyy"_s;
+    box.setText(u"05 Dec 2026"_s);
+    EXPECT_TRUE(pick([](frmCalendarDrop &picker) {
+        QTest::keyClick(picker.focusWidget(), Qt::Key_Right);
+        QTest::keyClick(picker.focusWidget(), Qt::Key_Return);
+    }));
+    EXPECT_EQ(box.text(), u"06 Dec 2026"_s);
+    EXPECT_TRUE(pick([](frmCalendarDrop &picker) { QTest::mouseDClick(at(picker, u"LBL_Date(2)"_s), Qt::LeftButton); }));
+    EXPECT_EQ(box.text(), u"01 Dec 2026"_s);
+}
+
+TEST_F(PickerScreen, CalendarsEndsHold)
+{
+    box.setText(u"12/31/9999"_s);
+    EXPECT_TRUE(pick([](frmCalendarDrop &picker) {
+        for (const Qt::Key key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_PageDown})
+            QTest::keyClick(picker.focusWidget(), key);
+        click(picker, u"cmdApply"_s);
+    }));
+    EXPECT_EQ(box.text(), u"12/31/9999"_s);
+}
+
+// The code names the box of its screen, wherever the picker was opened.
+TEST_F(PickerScreen, CodeStandsForItsBox)
+{
+    QWidget screen;
+    screen.setObjectName(u"frmRecord"_s);
+    QLineEdit dateTo(&screen), other(&screen);
+    dateTo.setObjectName(u"txtDateTo"_s);
+    dateTo.setText(u"12/25/2026"_s);
+    QTimer::singleShot(0, qApp, [] {
+        auto *picker = qobject_cast<frmCalendarDrop *>(QApplication::activeModalWidget());
+        ASSERT_TRUE(picker);
+        QTest::keyClick(picker->focusWidget(), Qt::Key_Right);
+        click(*picker, u"cmdApply"_s);
+    });
+    EXPECT_TRUE(OpenDatePicker(&other, u"R2"_s));
+    EXPECT_EQ(dateTo.text(), u"12/26/2026"_s);
+    EXPECT_EQ(other.text(), QString());
+}
+
+}

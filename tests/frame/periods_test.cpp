@@ -1,0 +1,238 @@
+#include "frame/framefixture.h"
+#include "frame/ini.h"
+#include "frame/periods.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vorel {
+
+using PeriodsTest = test::FrameTest;
+
+TEST_F(PeriodsTest, weeksRunFromTheStartDayWithoutCorrection)
+{
+    const struct {
+        QDate today;
+        std::int16_t weekStart;
+        void (*set)();
+        QString start, end;
+    } cases[] = {
+        // 15 June 2005 is a Wednesday.
+        {{2005, 6, 15}, 1, SetThisWeek, u"12/06/2005"_s, u"18/06/2005"_s},
+        {{2005, 6, 15}, 2, SetThisWeek, u"13/06/2005"_s, u"19/06/2005"_s},
+        {{2005, 6, 15}, 4, SetThisWeek, u"15/06/2005"_s, u"21/06/2005"_s},
+        {{2005, 6, 15}, 0, SetThisWeek, u"12/06/2005"_s, u"18/06/2005"_s},
+        // The start day lies later in the week: the period begins after today.
+        {{2005, 6, 19}, 2, SetThisWeek, u"20/06/2005"_s, u"26/06/2005"_s},
+        {{2005, 6, 15}, 7, SetThisWeek, u"18/06/2005"_s, u"24/06/2005"_s},
+        {{2005, 6, 19}, 2, SetLastWeek, u"13/06/2005"_s, u"19/06/2005"_s},
+        {{2005, 6, 19}, 2, SetNextWeek, u"27/06/2005"_s, u"03/07/2005"_s},
+        // Over New Year and over a leap day.
+        {{2004, 12, 31}, 1, SetThisWeek, u"26/12/2004"_s, u"01/01/2005"_s},
+        {{2004, 12, 31}, 1, SetNextWeek, u"02/01/2005"_s, u"08/01/2005"_s},
+        {{2005, 1, 1}, 1, SetLastWeek, u"19/12/2004"_s, u"25/12/2004"_s},
+        {{2004, 2, 27}, 1, SetNextWeek, u"29/02/2004"_s, u"06/03/2004"_s},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE((c.today.toString(Qt::ISODate) + u" week starts "_s + QString::number(c.weekStart)).toStdString());
+        clock.set(c.today);
+        state().gWeekStartDay = c.weekStart;
+        c.set();
+        EXPECT_EQ(state().gPeriodStart, c.start);
+        EXPECT_EQ(state().gPeriodEnd, c.end);
+        EXPECT_NE(state().gWeekStartDay, 0);
+    }
+}
+
+TEST_F(PeriodsTest, monthsAndYears)
+{
+    const struct {
+        QDate today;
+        void (*set)();
+        QString start, end;
+    } cases[] = {
+        {{2005, 6, 15}, SetThisMonth, u"01/06/2005"_s, u"30/06/2005"_s},
+        {{2005, 1, 31}, SetNextMonth, u"01/02/2005"_s, u"28/02/2005"_s},
+        {{2004, 1, 31}, SetNextMonth, u"01/02/2004"_s, u"29/02/2004"_s},
+        {{2005, 3, 31}, SetLastMonth, u"01/02/2005"_s, u"28/02/2005"_s},
+        {{2005, 1, 31}, SetLastMonth, u"01/12/2004"_s, u"31/12/2004"_s},
+        {{2005, 12, 31}, SetNextMonth, u"01/01/2006"_s, u"31/01/2006"_s},
+        {{2004, 2, 29}, SetThisMonth, u"01/02/2004"_s, u"29/02/2004"_s},
+        {{2005, 6, 15}, SetThisYear, u"01/01/2005"_s, u"31/12/2005"_s},
+        {{2005, 12, 31}, SetNextYear, u"01/01/2006"_s, u"31/12/2006"_s},
+        {{2004, 2, 29}, SetLastYear, u"01/01/2003"_s, u"31/12/2003"_s},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.today.toString(Qt::ISODate).toStdString());
+        clock.set(c.today);
+        c.set();
+        EXPECT_EQ(state().gPeriodStart, c.start);
+        EXPECT_EQ(state().gPeriodEnd, c.end);
+    }
+}
+
+TEST_F(PeriodsTest, periodTextFollowsTheMachineButQueriesAndYearsDoNot)
+{
+    const struct {
+        QString locale, weekStart, weekEnd, yearEndShown;
+    } cases[] = {
+        {u"en_US"_s, u"06/12/2005"_s, u"06/18/2005"_s, u"12/31/2005"_s},
+        {u"en_AU"_s, u"12/06/2005"_s, u"18/06/2005"_s, u"31/12/2005"_s},
+        {u"de_DE"_s, u"12/06/2005"_s, u"18/06/2005"_s, u"31/12/2005"_s},
+        {u"ja_JP"_s, u"06/12/2005"_s, u"06/18/2005"_s, u"12/31/2005"_s},
+    };
+    for (const auto &c : cases) {
+        SCOPED_TRACE(c.locale.toStdString());
+        use(c.locale);
+        SetThisWeek();
+        EXPECT_EQ(state().gPeriodStart, c.weekStart);
+        EXPECT_EQ(state().gPeriodEnd, c.weekEnd);
+        EXPECT_TRUE(state().gSqlBills.contains(u"between #06/12/2005# and #06/18/2005#"_s)) << state().gSqlBills;
+
+        SetThisYear();
+        EXPECT_EQ(state().gPeriodEnd, u"31/12/2005"_s);
+        EXPECT_TRUE(state().gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().gSqlBills;
+        periodCaption();
+        EXPECT_EQ(state().gPeriodStart, u"01/01/2005"_s);
+        EXPECT_EQ(state().gPeriodEnd, c.yearEndShown);
+        BuildPeriodQueries();
+        EXPECT_TRUE(state().gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().gSqlBills;
+    }
+}
+
+TEST_F(PeriodsTest, periodQueries)
+{
+    clock.set({2004, 12, 31});
+    SetThisWeek();
+    const State &s = state();
+    EXPECT_EQ(s.gSqlAppointments, u"select * from APPOINTMENTS where [DATE] between #12/26/2004# and #01/01/2005# "
+                                  "ORDER BY [DATE],[APPTIME],[APPOINTMENT] DESC"_s);
+    EXPECT_EQ(s.gSqlBills, u"select * from BILLS where [DATE] between #12/26/2004# and #01/01/2005# "
+                           "ORDER BY [DATE],[BILL] DESC"_s);
+    EXPECT_EQ(s.gSqlEvents,
+              u"select * from EVENTS where [DATE] between #12/26/2004# and #01/01/2005#"
+              " OR [DATE]<#12/26/2004# AND [SUBJECT]='ANNIVERSARY' AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
+              " OR [DATE]<#12/26/2004# AND [SUBJECT]='BIRTHDAY' AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
+              " OR [DATE]<#12/26/2004# AND [SUBJECT]='ON THIS DAY' AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
+              " OR [DATE]<#12/26/2004# AND [RECURRING]=True AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
+              " ORDER BY [Date],[Subject],[Event]"_s);
+    // They follow the period, not the day.
+    EXPECT_EQ(s.gTodayMonth, 12);
+    EXPECT_EQ(s.gTodayYear, 2004);
+    SetNextWeek();
+    EXPECT_EQ(s.gTodayMonth, 1);
+    EXPECT_EQ(s.gTodayYear, 2005);
+}
+
+TEST_F(PeriodsTest, dayQueries)
+{
+    clock.set({2005, 2, 28});
+    SetDayPeriod(u"Tomorrow"_s);
+    const State &s = state();
+    EXPECT_EQ(s.gPeriodStart, u"01/03/2005"_s);
+    EXPECT_EQ(s.gPeriodEnd, s.gPeriodStart);
+    EXPECT_EQ(s.gSqlAppointments, u"select * from APPOINTMENTS where [DATE]=#03/01/2005# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s);
+    EXPECT_EQ(s.gSqlBills, u"select * from BILLS where [DATE]=#03/01/2005# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s);
+    EXPECT_EQ(s.gSqlEvents, u"select * from EVENTS where [DATE]=#03/01/2005#"
+                            " OR [SUBJECT]='ANNIVERSARY' AND month([DATE]) = 3 AND day([DATE]) = 1"
+                            " OR [SUBJECT]='BIRTHDAY' AND month([DATE]) = 3 AND day([DATE]) = 1"
+                            " OR [SUBJECT]='ON THIS DAY' AND month([DATE]) = 3 AND day([DATE]) = 1"
+                            " OR [SUBJECT]='HOLIDAY' AND month([DATE]) = 3 AND day([DATE]) = 1"
+                            " OR [RECURRING]=True AND month([DATE]) = 3 AND day([DATE]) = 1"
+                            " ORDER BY [DATE],[SUBJECT],[EVENT]"_s);
+}
+
+TEST_F(PeriodsTest, dayPeriods)
+{
+    clock.set({2005, 1, 1});
+    const struct {
+        QString name, start;
+        int year;
+    } cases[] = {
+        {u"Yesterday"_s, u"31/12/2004"_s, 2004},
+        {u"Today"_s, u"01/01/2005"_s, 2005},
+        {u"Tomorrow"_s, u"02/01/2005"_s, 2005},
+        // Any other name keeps the period that is set.
+        {u"Someday"_s, u"02/01/2005"_s, 2005},
+    };
+    for (const auto &c : cases) {
+        SetDayPeriod(c.name);
+        EXPECT_EQ(state().gPeriodStart, c.start) << c.name;
+        EXPECT_EQ(state().gPeriodEnd, c.start) << c.name;
+        EXPECT_EQ(state().gTodayYear, c.year) << c.name;
+    }
+    EXPECT_TRUE(state().gSqlBills.contains(u"#01/02/2005#"_s));
+}
+
+TEST_F(PeriodsTest, allRecordsFilterNothing)
+{
+    SetThisWeek();
+    SetAllRecords();
+    EXPECT_EQ(state().gPeriodStart, QString());
+    EXPECT_EQ(state().gPeriodEnd, QString());
+    EXPECT_EQ(state().gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s);
+    EXPECT_EQ(state().gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s);
+    EXPECT_EQ(state().gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s);
+    EXPECT_EQ(periodCaption(), u" (All Records)"_s);
+    EXPECT_EQ(state().gPeriodStart, QString());
+}
+
+TEST_F(PeriodsTest, captionOfThePeriod)
+{
+    clock.set({2005, 6, 15});
+    const struct {
+        QString locale, display;
+        void (*set)();
+        QString caption;
+    } cases[] = {
+        {u"en_AU"_s, u"dd mmm yyyy"_s, [] { SetDayPeriod(u"Today"_s); }, u" (Today - Wed 15 Jun 2005)"_s},
+        {u"en_US"_s, u"mm/dd/yyyy"_s, [] { SetDayPeriod(u"Yesterday"_s); }, u" (Yesterday - Tue 06/14/2005)"_s},
+        {u"de_DE"_s, u"dd/mm/yyyy"_s, [] { SetDayPeriod(u"Tomorrow"_s); }, u" (Tomorrow - Thu 16/06/2005)"_s},
+        {u"en_AU"_s, u"dd/mm/yyyy"_s, SetThisWeek, u" (12/06/2005 - 18/06/2005)"_s},
+        {u"en_US"_s, u"dd mmm yyyy"_s, SetThisYear, u" (01 Jan 2005 - 31 Dec 2005)"_s},
+        // Another single day.
+        {u"en_US"_s, u"mm/dd/yyyy"_s, [] { state().gPeriodStart = state().gPeriodEnd = u"06/20/2005"_s; }, u" (06/20/2005)"_s},
+        // Nothing chosen yet: the machine's own form.
+        {u"en_US"_s, {}, SetThisWeek, u" (6/12/2005 - 6/18/2005)"_s},
+        {u"en_US"_s, {}, [] { SetDayPeriod(u"Today"_s); }, u" (Today - Wed 6/15/2005)"_s},
+    };
+    for (const auto &c : cases) {
+        use(c.locale);
+        state().gDateDisplay = c.display;
+        c.set();
+        EXPECT_EQ(periodCaption(), c.caption);
+    }
+}
+
+TEST_F(PeriodsTest, menuCaptionsTellTheirDates)
+{
+    clock.set({2005, 1, 31});
+    state().gDateDisplay = u"dd/mm/yyyy"_s;
+    const QStringList expected{
+        u"Today ......... 31/01/2005"_s, u"Tomorrow ... 01/02/2005"_s, u"Yesterday ... 30/01/2005"_s,
+        u"This Week ... 30/01/2005 - 05/02/2005"_s, u"Next Week ... 06/02/2005 - 12/02/2005"_s,
+        u"Last Week ... 23/01/2005 - 29/01/2005"_s, u"This Month ... January 2005"_s,
+        u"Next Month ... February 2005"_s, u"Last Month ... December 2004"_s, u"This Year ... 2005"_s,
+        u"Next Year ... 2006"_s, u"Last Year ... 2004"_s, u"All Records"_s};
+    QStringList captions;
+    for (const PeriodEntry &entry : periodTable())
+        captions << entry.caption();
+    EXPECT_EQ(captions, expected) << captions.join(u'\n');
+    // The last week that was written stands in the period.
+    EXPECT_EQ(state().gPeriodStart, u"23/01/2005"_s);
+}
+
+TEST_F(PeriodsTest, startPeriodOfTheSetting)
+{
+    const std::pair<QString, QString> cases[] = {
+        {u"Today"_s, u"mnuToday"_s},          {u"This Week"_s, u"mnuThisWeek"_s}, {u"This Month"_s, u"mnuThisMonth"_s},
+        {u"This Year"_s, u"mnuThisYear"_s},   {{}, u"mnuThisWeek"_s},             {u"Next Week"_s, u"mnuThisWeek"_s},
+        {u"ALL RECORDS"_s, u"mnuThisWeek"_s},
+    };
+    EXPECT_EQ(QStringView(startPeriod().menu), u"mnuThisWeek");
+    for (const auto &[setting, menu] : cases) {
+        PutIniValue(iniSettings, u"DisplayPeriod"_s, QString(setting));
+        EXPECT_EQ(QStringView(startPeriod().menu), menu) << setting;
+    }
+}
+
+}

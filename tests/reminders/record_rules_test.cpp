@@ -1,0 +1,187 @@
+#include "reminders/record.h"
+#include "store/mainfile.h"
+
+#include <QTest>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using namespace record;
+
+class RecordRules : public test::MainFileTest {};
+
+static std::optional<basic::DateTime> day(int year, int month, int dayOfMonth)
+{
+    return basic::DateTime::fromParts(year, month, dayOfMonth);
+}
+
+TEST_F(RecordRules, PanelIsSetBackFromTheFields)
+{
+    struct Case {
+        const char16_t *months, *days, *weekNum, *weekDay;
+        Frequency expected;
+    };
+    const Case cases[] = {
+        {u"0", u"0", u"", u"", {false, noOption, {}}},
+        {u"", u"", u"", u"", {false, noOption, {}}},
+        {u"1", u"0", u"", u"", {true, 0, {}}},
+        {u"2", u"0", u"", u"", {true, 1, {}}},          // two months show as a quarter
+        {u"3", u"0", u"", u"", {true, 1, {}}},
+        {u"12", u"0", u"", u"", {true, 2, {}}},
+        {u"6", u"0", u"", u"", {true, noOption, {}}},
+        {u"0", u"14", u"", u"", {true, 4, u"14"_s}},
+        {u"0", u"0", u"2nd", u"Mon", {true, 3, {}}},
+        {u"0", u"0", u"", u"Mon", {true, noOption, {}}},
+        {u"0", u"7", u"2nd", u"Mon", {true, 4, u"7"_s}},
+        {u"12", u"7", u"2nd", u"", {true, 2, u"7"_s}},
+    };
+    for (const Case &c : cases) {
+        const auto text = [](const char16_t *t) { return QString::fromUtf16(t); };
+        EXPECT_EQ(frequencyOf(text(c.months), text(c.days), text(c.weekNum), text(c.weekDay)), c.expected)
+            << qPrintable(text(c.months) + u'/' + text(c.days) + u'/' + text(c.weekNum) + u'/' + text(c.weekDay));
+    }
+}
+
+TEST_F(RecordRules, OptionsLeadToTheNextDate)
+{
+    struct Case {
+        int option;
+        std::optional<basic::DateTime> date;
+        const char16_t *days;
+        std::optional<basic::DateTime> next;
+    };
+    const Case cases[] = {
+        {0, day(2027, 1, 31), u"", day(2027, 2, 28)},   // cut back to the month's last day
+        {1, day(2026, 11, 30), u"", day(2027, 2, 28)},
+        {2, day(2028, 2, 29), u"", day(2029, 2, 28)},
+        {3, day(2026, 11, 22), u"9", std::nullopt},
+        {4, day(2026, 12, 25), u"14", day(2027, 1, 8)},
+        {4, day(2026, 12, 25), u"14 days", day(2027, 1, 8)},
+        {4, day(2026, 12, 25), u"", day(2026, 12, 25)},
+        {4, day(2026, 12, 25), u"99999999", std::nullopt},      // beyond the calendar
+        {noOption, day(2026, 12, 25), u"14", std::nullopt},
+        {0, std::nullopt, u"", std::nullopt},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(nextDate(c.option, c.date, QString::fromUtf16(c.days)), c.next) << c.option;
+}
+
+TEST_F(RecordRules, ApplyFillsThePeriodBoxes)
+{
+    EXPECT_EQ(appliedPeriod(0, u"9"_s), (Period{u"1"_s, u"0"_s}));
+    EXPECT_EQ(appliedPeriod(1, {}), (Period{u"3"_s, u"0"_s}));
+    EXPECT_EQ(appliedPeriod(2, {}), (Period{u"12"_s, u"0"_s}));
+    EXPECT_EQ(appliedPeriod(3, u"9"_s), (Period{u"0"_s, u"0"_s}));
+    EXPECT_EQ(appliedPeriod(4, u"9 or so"_s), (Period{u"0"_s, u"9"_s}));
+    EXPECT_EQ(appliedPeriod(4, u"50.5%"_s), (Period{u"0"_s, u"0"_s}));
+    EXPECT_EQ(appliedPeriod(noOption, u"9"_s), (Period{u"0"_s, u"0"_s}));
+}
+
+TEST_F(RecordRules, DatesFollowTheRowsDate)
+{
+    state().gDateDisplay = u"dd mmm yyyy"_s;
+    const auto date = day(2026, 12, 1);
+    struct Case {
+        DateBoxes boxes;
+        std::optional<basic::DateTime> date;
+        DateBoxes expected;
+    };
+    const Case cases[] = {
+        {{u"12/1/2026"_s, {}, {}, {}}, date, {u"01 Dec 2026"_s, {}, {}, {}}},
+        {{u"12/1/2026"_s, u"12/9/2026"_s, u"11/1/2026"_s, u"3 Jan 2027"_s}, date,
+         {u"01 Dec 2026"_s, u"01 Dec 2026"_s, u"01 Dec 2026"_s, u"01 Dec 2026"_s}},
+        {{u"12/1/2026"_s, u"soon"_s, {}, u"1/1/2020"_s}, date, {u"01 Dec 2026"_s, u"soon"_s, {}, u"01 Dec 2026"_s}},
+        {{u"x"_s, u"12/9/2026"_s, {}, {}}, std::nullopt, {u"x"_s, u"12/9/2026"_s, {}, {}}},
+    };
+    for (const Case &c : cases)
+        EXPECT_EQ(record::FormatDates(c.boxes, c.date), c.expected) << qPrintable(c.boxes.dateTo);
+}
+
+TEST_F(RecordRules, TextsAreReadAsDaysAndAmounts)
+{
+    EXPECT_EQ(dateOf(u"12/31/2026 10:30 PM"_s), day(2026, 12, 31));      // a row lies on a day, not on a moment
+    EXPECT_EQ(dateOf(u"10:30 PM"_s), std::nullopt);
+    EXPECT_EQ(dateOf(u"31 February 2026"_s), std::nullopt);
+    EXPECT_EQ(weekDayOf(day(2026, 11, 22)), u"Sun"_s);
+    EXPECT_EQ(weekDayOf(std::nullopt), QString());
+
+    state().gNumberFormat = u"######0.00"_s;
+    EXPECT_EQ(moneyText(u"12.5"_s), u"12.50"_s);
+    EXPECT_EQ(moneyText(u"$1,250"_s), u"1250.00"_s);
+    EXPECT_EQ(moneyText(u"12 dollars"_s), u"12.00"_s);
+    EXPECT_EQ(moneyText({}), u"0.00"_s);
+}
+
+TEST_F(RecordRules, TimeListRunsInFiveMinutesFromEight)
+{
+    const QStringList times = timeList();
+    ASSERT_GT(times.size(), 12 * 9);            // the working day at least
+    EXPECT_EQ(times[0], u"All Day"_s);
+    EXPECT_EQ(times[1].compare(u"08:00 AM"_s, Qt::CaseInsensitive), 0);
+    EXPECT_EQ(times[2].compare(u"08:05 AM"_s, Qt::CaseInsensitive), 0);
+    EXPECT_EQ(times[1 + 12 * 5].compare(u"01:00 PM"_s, Qt::CaseInsensitive), 0);
+}
+
+TEST_F(RecordRules, GreetingControls)
+{
+    EXPECT_EQ(greetingOf(false, true, u"a@b.c"_s, u"4"_s, true), (Greeting{false, false, false, false}));
+    EXPECT_EQ(greetingOf(true, false, {}, u"4"_s, false), (Greeting{true, false, false, false}));
+    EXPECT_EQ(greetingOf(true, true, u"a@b.c"_s, u"4"_s, true), (Greeting{true, true, true, true}));
+    EXPECT_EQ(greetingOf(true, true, u"a@b.c"_s, u"0"_s, false), (Greeting{true, false, true, false}));
+}
+
+TEST_F(RecordRules, WebsiteIsNeverAProgram)
+{
+    EXPECT_EQ(webAddress(u"  "_s), QString());
+    EXPECT_EQ(webAddress(u"www.example.org"_s), u"http://www.example.org"_s);
+    EXPECT_EQ(webAddress(u"https://example.org/pay"_s), u"https://example.org/pay"_s);
+    EXPECT_EQ(webAddress(u"/bin/sh"_s), u"http:///bin/sh"_s);
+    EXPECT_EQ(webAddress(u"file:///etc/passwd"_s), u"http://file:///etc/passwd"_s);
+}
+
+TEST_F(RecordRules, NewRowsAndCopies)
+{
+    setToday(u"2026-11-22"_s);
+    state().gUserName = u"Ann"_s;
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET],[Delete],[PeriodDays],[WeekNum],[UsersName],[IDNUM])"
+            " VALUES (#03/04/2025#,'10:15 am','Gym',-1,-1,7,'2nd','Bob',9)"_s);
+    dao::Database file = open();
+    dao::Recordset rows = file.OpenRecordset(section(u"A"_s).allRows.toString());
+    ASSERT_TRUE(addRow(rows, section(u"A"_s), {}));
+    const auto copy = addRow(rows, section(u"A"_s), u" 1 "_s);
+    ASSERT_TRUE(copy);
+    rows.setBookmark(*copy);
+    EXPECT_EQ(rows.Get(u"ID").text(), u"3"_s);
+    EXPECT_EQ(addRow(rows, section(u"A"_s), u"77"_s), std::nullopt);
+    EXPECT_FALSE(rows.editPending());
+    rows.Close();
+
+    const QStringList expected{
+        u"2025-03-04|10:15 am|Gym|True|True|7|2nd|Bob|9|False"_s,
+        u"2026-11-22|12:00 pm|Null|False|False|0|Null|Ann|0|True"_s,
+        u"2026-11-22|10:15 am|Gym|True|True|7|2nd|Bob|9|True"_s,
+    };
+    EXPECT_EQ(this->rows(u"SELECT [DATE],[APPTIME],[APPOINTMENT],[MET],[Delete],[PeriodDays],[WeekNum],[UsersName],[IDNUM],[TimeUpdate]"
+                         " FROM [APPOINTMENTS] ORDER BY [ID]"_s), expected);
+}
+
+TEST_F(RecordRules, BadSourceNumberLeavesNoRow)
+{
+    dao::Database file = open();
+    dao::Recordset rows = file.OpenRecordset(section(u"B"_s).allRows.toString());
+    EXPECT_NE(test::errorOf([&] { addRow(rows, section(u"B"_s), u"x'y"_s); }), 0);
+    EXPECT_FALSE(rows.editPending());
+    EXPECT_EQ(count(u"BILLS"_s), 0);
+}
+
+TEST_F(RecordRules, AddressOfTheLinkedContact)
+{
+    state().path(DataFile::Contacts) = path();
+    execute(u"CREATE TABLE [CONTACTS] ([ID] LONG, [EMAIL1ADDRESS] TEXT(75))"_s);
+    execute(u"INSERT INTO [CONTACTS] ([ID],[EMAIL1ADDRESS]) VALUES (4,'ann@example.org')"_s);
+    EXPECT_EQ(contactAddress(u"4"_s), u"ann@example.org"_s);
+    EXPECT_EQ(contactAddress(u"5"_s), QString());
+    EXPECT_EQ(contactAddress({}), QString());
+}
+
+}

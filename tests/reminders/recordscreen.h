@@ -1,0 +1,85 @@
+#pragma once
+
+#include "reminders/frmRecord.h"
+#include "store/mainfile.h"
+#include "support/scriptedprompts.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <QTextEdit>
+
+namespace vorel::test {
+
+// The real screen over a real main file, driven by its controls' names.
+class RecordScreen : public MainFileTest {
+protected:
+    static constexpr int none = 0;
+
+    // Opens the screen of the code on the row; none: without rows.
+    frmRecord &openScreen(const QString &code, int id)
+    {
+        state().gRecordCode = code;
+        form = std::make_unique<frmRecord>();
+        form->dtaData().setRecordSource(record::section(code).allRows.toString());
+        form->dtaData().Refresh();
+        if (id != none) {
+            EXPECT_TRUE(form->dtaData().FindFirst(u"ID = %1"_s.arg(id)));
+        }
+        form->show();
+        return *form;
+    }
+
+    template <class W = QWidget> W *at(const QString &name)
+    {
+        W *found = form->findChild<W *>(name);
+        EXPECT_TRUE(found) << qPrintable(name);
+        return found;
+    }
+    bool isShown(const QString &name) { return at(name)->isVisible(); }
+    QString text(const QString &name)
+    {
+        QWidget *widget = at(name);
+        if (auto *combo = qobject_cast<QComboBox *>(widget))
+            return combo->currentText();
+        if (auto *rich = qobject_cast<QTextEdit *>(widget))
+            return rich->toPlainText();
+        return widget->property("text").toString();
+    }
+    void click(const QString &name)
+    {
+        auto *button = at<QAbstractButton>(name);
+        ASSERT_TRUE(button->isVisible() && button->isEnabled()) << qPrintable(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, qobject_cast<QPushButton *>(button) ? QPoint() : QPoint(8, button->height() / 2));
+    }
+    // Replaces the text as a user does.
+    void type(const QString &name, const QString &words)
+    {
+        QWidget *widget = at(name);
+        ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << qPrintable(name);
+        if (auto *combo = qobject_cast<QComboBox *>(widget)) {
+            if (!combo->isEditable())
+                return combo->setCurrentText(words);
+            widget = combo->lineEdit();
+        }
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(widget, Qt::Key_Delete);
+        QTest::keyClicks(widget, words);
+    }
+    void leave(const QString &name)
+    {
+        QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);
+        QApplication::sendEvent(at(name), &out);
+    }
+
+    ScriptedPrompts &user = m_prompts;
+    std::unique_ptr<frmRecord> form;
+};
+
+}

@@ -1,0 +1,156 @@
+#include "reminders/recurrence.h"
+#include "store/mainfile.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+class PassesTest : public test::MainFileTest {
+protected:
+    // "text, date, days, months"
+    void addRow(const QString &table, const QString &textField, const QString &values) const
+    {
+        execute(u"INSERT INTO [%1] ([%2], [Date], [PeriodDays], [PeriodMonth]) VALUES (%3);"_s.arg(table, textField,
+                                                                                                 values));
+    }
+    QStringList dates(const QString &table) const
+    {
+        return rows(u"SELECT [Date] FROM [%1] ORDER BY [ID];"_s.arg(table));
+    }
+};
+
+struct RollCase {
+    const char *name;
+    const char *today;
+    std::vector<const char *> rows;
+    std::vector<const char *> after;        // the dates after each start
+};
+
+const RollCase rollCases[] = {
+    {"three weeks late: one period a start", "2026-11-22", {"'Gym', #11/01/2026#, 7, 0"},
+     {"2026-11-08", "2026-11-15", "2026-11-22", "2026-11-22"}},
+    {"a row of today stays", "2026-11-22", {"'Gym', #11/22/2026#, 1, 0"}, {"2026-11-22"}},
+    {"only the end of a series moves", "2026-11-22",
+     {"'Gym', #11/01/2026#, 7, 0", "'Gym', #11/08/2026#, 7, 0", "'Gym', #11/15/2026#, 7, 0"},
+     {"2026-11-01 2026-11-08 2026-11-22"}},
+    // The end moves first, so that the row before it no longer finds it.
+    {"rows are taken one after the other", "2026-11-22", {"'Gym', #11/15/2026#, 7, 0", "'Gym', #11/08/2026#, 7, 0"},
+     {"2026-11-22 2026-11-15"}},
+    {"a row that has just arrived counts", "2026-11-22", {"'Gym', #11/15/2026#, 7, 0", "'Gym', #11/15/2026#, 7, 0"},
+     {"2026-11-22 2026-11-15"}},
+    {"a month's end is cut, and stays cut", "2026-11-22", {"'Rent', #01/31/2026#, 0, 1"},
+     {"2026-02-28", "2026-03-28"}},
+    {"a leap day", "2026-11-22", {"'Tax', #02/29/2024#, 0, 12"}, {"2025-02-28", "2026-02-28", "2027-02-28"}},
+    {"months, then days from there", "2026-11-22", {"'Gym', #09/30/2026#, 7, 1"}, {"2026-11-06", "2026-12-13"}},
+    {"days alone where the month exists", "2026-11-22",
+     {"'Gym', #09/30/2026#, 7, 1", "'Gym', #10/30/2026#, 0, 0"}, {"2026-10-07 2026-10-30"}},
+    {"over the year's end", "2027-01-02", {"'Gym', #12/31/2026#, 1, 0"}, {"2027-01-01", "2027-01-02"}},
+    {"any row of the text is a next one", "2026-11-22",
+     {"'Gym', #11/01/2026#, 7, 0", "'GYM  ', #11/08/2026#, 0, 0"}, {"2026-11-01 2026-11-08"}},
+    {"another text is none", "2026-11-22", {"'Gym', #11/01/2026#, 7, 0", "'Gyms', #11/08/2026#, 0, 0"},
+     {"2026-11-08 2026-11-08"}},
+    {"a next one with a time of day is none", "2026-11-22",
+     {"'Gym', #11/01/2026#, 7, 0", "'Gym', #11/08/2026 09:30:00#, 0, 0"}, {"2026-11-08 2026-11-08 09:30:00"}},
+    {"a time of day is dropped on the way", "2026-11-22", {"'Gym', #11/01/2026 09:30:00#, 7, 0"}, {"2026-11-08"}},
+    {"no date, no period, a period below nothing", "2026-11-22",
+     {"'Gym', Null, 7, 0", "'Tea', #11/01/2026#, 0, 0", "'Walk', #11/01/2026#, -7, -1"},
+     {"Null 2026-11-01 2026-11-01"}},
+    {"no text is no empty text", "2026-11-22", {"Null, #11/01/2026#, 7, 0", "'', #11/01/2026#, 7, 0"},
+     {"2026-11-08 2026-11-08"}},
+};
+
+TEST_F(PassesTest, rollForward)
+{
+    const std::pair<QString, QString> tables[] = {{u"Appointments"_s, u"Appointment"_s}, {u"Bills"_s, u"Bill"_s}};
+    for (const RollCase &wanted : rollCases) {
+        for (const auto &[table, textField] : tables) {
+            SCOPED_TRACE(wanted.name);
+            execute(u"DELETE * FROM "_s + table);
+            setToday(QString::fromLatin1(wanted.today));
+            for (const char *row : wanted.rows)
+                addRow(table, textField, QString::fromLatin1(row));
+            for (const char *after : wanted.after) {
+                RollForwardDates();
+                EXPECT_EQ(dates(table).join(u' '), QString::fromLatin1(after));
+            }
+        }
+    }
+}
+
+// What was kept or paid is not consulted, and stays as it was.
+TEST_F(PassesTest, rollForwardChangesTheDateAlone)
+{
+    execute(u"INSERT INTO [Bills] ([Bill], [Date], [Day], [Amount], [PeriodMonth], [Paid]) "
+            "VALUES ('Rent', #10/15/2026#, 'Thu', 500, 1, -1);"_s);
+    RollForwardDates();
+    EXPECT_EQ(rows(u"SELECT [Bill], [Date], [Day], [Amount], [PeriodMonth], [Paid] FROM [Bills];"_s),
+              QStringList(u"Rent|2026-11-15|Thu|500|1|True"_s));
+}
+
+// The engine stumbles over a quote in the text, whether the next row exists or not. What was done before it stays.
+TEST_F(PassesTest, aQuoteEndsTheRollForward)
+{
+    for (const char *row : {"'Gym', #11/01/2026#, 7, 0", "'Mum''s', #11/01/2026#, 7, 0", "'Mum''s', #11/08/2026#, 7, 0",
+                            "'Walk', #11/01/2026#, 7, 0"})
+        addRow(u"Appointments"_s, u"Appointment"_s, QString::fromLatin1(row));
+    EXPECT_EQ(test::errorOf([] { RollForwardDates(); }), 3075);
+    EXPECT_EQ(dates(u"Appointments"_s).join(u' '), u"2026-11-08 2026-11-01 2026-11-08 2026-11-01");
+}
+
+TEST_F(PassesTest, purgeTakesTickedRowsAfterTheDaysAreOver)
+{
+    const struct {
+        int inState;            // 0: nobody has read the setup row yet
+        int inSetup;
+        const char *left;       // days ago
+    } cases[] = {{30, 30, "29 30 none"}, {0, 29, "29 none"}, {0, 0, "none"}, {31, 30, "29 30 31 none"}};
+    const std::pair<QString, QString> tables[] = {{u"Appointments"_s, u"Appointment"_s}, {u"Bills"_s, u"Bill"_s},
+                                                  {u"Events"_s, u"Event"_s}, {u"Messages"_s, u"Message"_s}};
+    for (const auto &wanted : cases) {
+        state().gDeleteAfterDays = static_cast<std::int16_t>(wanted.inState);
+        execute(u"UPDATE [Setup] SET [DeleteAfterDays] = %1;"_s.arg(wanted.inSetup));
+        for (const auto &[table, textField] : tables) {
+            execute(u"DELETE * FROM "_s + table);
+            const QString insert = u"INSERT INTO [%1] ([%2], [Date], [Delete]) VALUES ('%3', %4, %5);"_s;
+            for (const int ago : {29, 30, 31}) {
+                const QString date = QDate(2026, 11, 22).addDays(-ago).toString(u"#MM/dd/yyyy#"_s);
+                execute(insert.arg(table, textField, QString::number(ago), date, u"-1"_s));
+            }
+            execute(insert.arg(table, textField, u"none"_s, u"Null"_s, u"-1"_s));
+            execute(insert.arg(table, textField, u"unticked"_s, u"#01/01/2020#"_s, u"0"_s));
+        }
+        PurgeExpiredRows();
+        for (const auto &[table, textField] : tables) {
+            EXPECT_EQ(rows(u"SELECT [%1] FROM [%2] ORDER BY [ID];"_s.arg(textField, table)).join(u' '),
+                      QString::fromLatin1(wanted.left) + u" unticked"_s) << qPrintable(table);
+        }
+    }
+}
+
+TEST_F(PassesTest, anOlderFilesTimesAreCarriedOver)
+{
+    const QString insert = u"INSERT INTO [Appointments] ([Appointment], [Time], [AppTime], [TimeUpdate]) VALUES (%1);"_s;
+    execute(insert.arg(u"'old', #2:30:00 PM#, Null, 0"_s));
+    execute(insert.arg(u"'empty', Null, '08:00 AM', 0"_s));
+    execute(insert.arg(u"'new', Null, '09:00 AM', -1"_s));
+    PurgeExpiredRows();
+    const QStringList after = rows(u"SELECT [Appointment], [AppTime], [TimeUpdate] FROM [Appointments] ORDER BY [ID];"_s);
+    EXPECT_EQ(after, QStringList({u"old|2:30:00 PM|True"_s, u"empty||True"_s, u"new|09:00 AM|True"_s}));
+}
+
+// A start that finds nothing to do writes nothing.
+TEST_F(PassesTest, aStartWithoutWorkLeavesTheFileUntouched)
+{
+    addRow(u"Appointments"_s, u"Appointment"_s, u"'Gym', #11/15/2026#, 7, 0"_s);
+    addRow(u"Appointments"_s, u"Appointment"_s, u"'Gym', #11/22/2026#, 7, 0"_s);
+    addRow(u"Bills"_s, u"Bill"_s, u"'Rent', #12/01/2026#, 0, 1"_s);
+    execute(u"INSERT INTO [Events] ([Event], [Date], [Delete]) VALUES ('Fair', #11/20/2026#, -1);"_s);
+    RollForwardDates();
+    PurgeExpiredRows();
+    const QByteArray before = bytes();
+    RollForwardDates();
+    PurgeExpiredRows();
+    EXPECT_EQ(bytes(), before);
+}
+
+}
