@@ -3,7 +3,7 @@
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build ccache pkg-config
-          qt6-base-dev qt6-base-dev-tools libqt6svg6-dev libgl-dev libsqlcipher-dev
+          qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev libsqlcipher-dev
           fonts-liberation breeze-icon-theme)
 case "${1:-run}" in
   run)   if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then packages+=(xvfb xdotool scrot); fi ;;

@@ -314,6 +314,18 @@ void frmCaddy::changeEvent(QEvent *event)
     d->painting.MarkActive(d->edit.activeGrid());
 }
 
+// Not every display hands the keyboard back when a box over the screen closes.
+bool frmCaddy::event(QEvent *event)
+{
+    if (event->type() == QEvent::WindowUnblocked) {
+        QTimer::singleShot(0, this, [this] {
+            if (isVisible() && !QApplication::activeWindow() && !QApplication::activeModalWidget())
+                activateWindow();
+        });
+    }
+    return QMainWindow::event(event);
+}
+
 void frmCaddy::closeEvent(QCloseEvent *event)
 {
     event->accept();

@@ -37,6 +37,7 @@ signals:
     void Unloaded();                    // everything is saved; the program ends
 
 protected:
+    bool event(QEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void changeEvent(QEvent *event) override;

@@ -94,6 +94,10 @@ TEST_F(Edit, EachGridOpensItsOwnRecord)
         EXPECT_EQ(state().gRecordCode, u"E"_s);
         EXPECT_EQ(record.findChild<QLineEdit *>(u"txtEvent"_s)->text(), u"fair"_s);
     });
+    // The keyboard is the main screen's again.
+    QCoreApplication::processEvents();
+    QTest::keyClick(&screen(), Qt::Key_T, Qt::ControlModifier);
+    EXPECT_EQ(appointments(), QStringList{u"one"_s});
 }
 
 TEST_F(Edit, EmptyGridOpensOnANewRow)

@@ -62,7 +62,8 @@ GridDelegate::Look GridDelegate::look(const QStyleOptionViewItem &option, const 
     if (active.back.isValid() || (selected && active.fore.isValid())) {
         made.back = first({active.back, own.back, base.back, option.palette.color(QPalette::Base)});
         made.fore = active.fore;
-    } else if (selected) {
+    } else if (selected && (!own.back.isValid() || (option.widget && option.widget->hasFocus()))) {
+        // A row that says something by its colour keeps it while the user is elsewhere; the selector marks it there.
         const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
         made.back = option.palette.color(group, QPalette::Highlight);
         made.fore = option.palette.color(group, QPalette::HighlightedText);
