@@ -210,7 +210,8 @@ void frmCaddy::Load()
     basic::Trap([this] { openData(); });
     for (controls::DataControl *rows : {c.appointments().data, c.bills().data, c.events().data, c.dtaSubjects}) {
         rows->setConnect(u"Access"_s);
-        rows->setDatabaseName(state().path(DataFile::Main));
+        if (state().mainFile != MainFileAccess::None)
+            rows->setDatabaseName(state().path(DataFile::Main));
     }
     basic::Trap([] { LoadUserName(); });
     basic::Trap([this] { showStart(); });

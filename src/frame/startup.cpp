@@ -137,6 +137,8 @@ bool GetPrinter()
 
 void RunStartupPasses()
 {
+    if (state().mainFile != MainFileAccess::Full)
+        return;
     basic::Trap([] { RollForwardDates(); });
     basic::Trap([] { PurgeExpiredRows(); });
 }
@@ -160,6 +162,8 @@ void LoadMainSettings()
 void OpenMainDatabase()
 {
     State &s = state();
+    if (s.mainFile == MainFileAccess::None)
+        return;
     s.gMainDb = dao::DBEngine::OpenDatabase(s.path(DataFile::Main));
     dao::Recordset setup = s.gMainDb.OpenRecordset(u"SELECT * FROM [Setup];"_s, dao::dbOpenSnapshot);
     dao::DBEngine::Idle(dao::dbRefreshCache);

@@ -15,6 +15,9 @@ enum class DataFile {       // in the order in which their paths are read
     Main, Contacts, Garden, Movies, Music, Books, Notes, HowTo, Recipe, Sports, Accounts, DataP, DataJ, Count
 };
 
+// What the start found the main file good for. Told once there, so that nothing asks the file again in vain.
+enum class MainFileAccess { None, Read, Full };
+
 struct State {
     QString gIniFile;
     basic::DateTime gToday;
@@ -30,6 +33,7 @@ struct State {
     quint32 lblBackcolor = 0xFFFFFF;        // the hidden label's colour, see GetIniColour
     std::array<QString, static_cast<std::size_t>(DataFile::Count)> paths;
     dao::Database gMainDb;
+    MainFileAccess mainFile = MainFileAccess::Full;
     QString gUserName = QStringLiteral("User");
     QString gEmailName = QStringLiteral("User");
     bool gPrinterReady = false;

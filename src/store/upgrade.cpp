@@ -111,18 +111,23 @@ void prepareFile(const FileDesign &design)
     const QString path = basic::realPath(state().path(design.file));
     const QFileInfo place(path);
     const bool missing = !place.exists();
+    MainFileAccess access = MainFileAccess::None;
     try {
         if (missing)
             createFile(design, path);
         addRequiredRows(design.file);
+        access = MainFileAccess::Read;
         if (!missing && !place.isWritable())
             throw dao::EngineError(3027);   // better told now than at the first save
+        access = MainFileAccess::Full;
     } catch (const basic::Error &error) {
         report(path, error.text(),
                missing ? u"The file could not be made."_s : u"The file was left as it is."_s);
     } catch (const std::exception &error) {
         report(path, QString::fromUtf8(error.what()), u"The file was left as it is."_s);
     }
+    if (design.file == DataFile::Main)
+        state().mainFile = access;
 }
 
 }

@@ -291,7 +291,7 @@ void DataControl::Refresh()
 {
     dao::Database opened;
     dao::Recordset recordset;
-    if (!d->source.trimmed().isEmpty()) {
+    if (!d->source.trimmed().isEmpty() && !d->path.isEmpty()) {
         try {
             d->openDatabase(opened);
             recordset = opened.OpenRecordset(d->source, dao::dbOpenDynaset);

@@ -24,7 +24,7 @@ public:
     explicit DataControl(QObject *parent = nullptr);
     ~DataControl() override;
 
-    void setDatabaseName(const QString &path);
+    void setDatabaseName(const QString &path);          // "" = no rows after the next Refresh
     const QString &DatabaseName() const;
     void setConnect(const QString &connect);            // "Access", ";pwd=..."
     void setRecordSource(const QString &sql);           // "" = no rows after the next Refresh

@@ -95,7 +95,7 @@ void Connection::openHandle(bool create)
     if (!m_handle)
         throw EngineError(3035);
     if (code != SQLITE_OK)
-        throwStoreError(m_handle, code);
+        throwStoreError(code, QString::fromUtf8(sqlite3_errmsg(m_handle)), m_path, sqlite3_system_errno(m_handle));
     sqlite3_extended_result_codes(m_handle, 1);
     sqlite3_busy_handler(m_handle, waitForLock, nullptr);
 }

@@ -2,8 +2,6 @@
 
 #include "platform/dao/jet/translator.h"
 
-#include "platform/dao/jet/translator.h"
-
 #include <QDir>
 #include <cerrno>
 

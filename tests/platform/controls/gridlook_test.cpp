@@ -122,7 +122,11 @@ TEST(GridLook, StylesColourTheirCellsAndStayReadable)
             EXPECT_LT(inkOf(picture, cell(row, 1)), 1.5) << "nothing to show";
         }
         grid.setBookmark(grid.getBookmark(1));
-        EXPECT_NE(QColor(255, 255, 128), backOf(look(), cell(1, 0))) << "the current row is marked";
+        grid.clearFocus();
+        EXPECT_EQ(QColor(255, 255, 128), backOf(look(), cell(1, 0))) << "kept while the user is elsewhere";
+        grid.setBookmark(grid.getBookmark(0));
+        EXPECT_NE(grid.palette().color(QPalette::Base), backOf(look(), cell(0, 0))) << "the current row is marked";
+        grid.setBookmark(grid.getBookmark(1));
         grid.setActiveRowStyleSet(u"HILITE"_s);
         EXPECT_EQ(QColor(0, 200, 0), backOf(look(), cell(1, 0)));
         grid.setActiveRowStyleSet({});
