@@ -12,6 +12,7 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddySearch.cpp
   frame/frmCaddySections.cpp
   frame/frmCaddyStrip.cpp
+  frame/frmColours.cpp
   frame/frmLater.cpp
   frame/frmStartup.cpp
 )
