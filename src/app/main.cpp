@@ -1,13 +1,22 @@
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmStartup.h"
+#include "frame/startup.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/prompts.h"
 #include "platform/desktop/desktop.h"
 
 #include <QApplication>
+#include <QPrinterInfo>
 
 using namespace Qt::StringLiterals;
+
+// A printer is usable if there is one at all and the default one answers with a paper of some size.
+static bool hasUsablePrinter()
+{
+    return !QPrinterInfo::availablePrinterNames().isEmpty()
+        && QPrinterInfo::defaultPrinter().defaultPageSize().sizePoints().width() > 0;
+}
 
 int main(int argc, char **argv)
 {
@@ -27,6 +36,8 @@ int main(int argc, char **argv)
     vorel::basic::setApplicationTitle(u"Vorel Reminder"_s);
     vorel::controls::ScreenPrompts prompts;
     vorel::basic::setPrompts(&prompts);
+
+    vorel::setPrinterProbe(hasUsablePrinter);
 
     vorel::Startup startup;
     startup.Load();

@@ -147,6 +147,11 @@ double MoneyValue(const Value &value)
     return text.startsWith(u'(') && text.endsWith(u')') ? -std::abs(amount) : amount;
 }
 
+int GetRegistryKey(const QString &)
+{
+    return 0;
+}
+
 QString GetOfficeVersion(const QString &)
 {
     return {};

@@ -22,6 +22,8 @@ void PlaySoundNumber(int number);
 void setSoundPlayer(std::function<void(const QString &path)> player);
 // The amount in a typed text; a date's text gives the date's serial, Null gives 0. Never fails.
 double MoneyValue(const basic::Value &text);
+// The handle of a registry key, 0 where there is no registry.
+int GetRegistryKey(const QString &key);
 QString GetOfficeVersion(const QString &name);      // "": there is no registry to ask
 // The apostrophe rule: a typed ' becomes a grave accent, so that the text can stand between single quotes.
 QString graveApostrophes(const QString &text);
