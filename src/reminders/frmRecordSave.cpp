@@ -54,9 +54,14 @@ void frmRecord::cmdUpdate_Click()
     if (!m_data->hasRows())
         return;
     correctDate();
+    const QString details = text(u"rtbFullDetails"_s);
     if (!m_data->UpdateRecord())
         return;
     m_refused = false;
+    // The save showed the row as it is stored; what the view had put in place of empty fields is part of it now.
+    correctDate();
+    if (text(u"rtbFullDetails"_s).isEmpty())
+        setText(u"rtbFullDetails"_s, details);
     if (m_section.kind == ReminderKind::Bill) {
         setText(u"txtAmount"_s, record::moneyText(text(u"txtAmount"_s)));
         m_data->takeAsShown(control<QWidget>(u"txtAmount"_s));

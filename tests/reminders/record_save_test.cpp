@@ -30,6 +30,18 @@ TEST_F(RecordSave, TypedFieldsAreStored)
               QStringList{u"2026-12-24|Thu|Gas|12.5|True|True|www.example.org|Null"_s});
 }
 
+// What the view puts in place of empty fields is stored by the first save, not only by a second one.
+TEST_F(RecordSave, WeekDayAndFullDetailsAreStoredAtOnce)
+{
+    execute(u"INSERT INTO [EVENTS] ([DATE],[EVENT]) VALUES (#11/22/2026#,'Fair')"_s);
+    openScreen(u"E"_s, 1);
+    type(u"cboSubject"_s, u"GENERAL"_s);
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(text(u"lblDay"_s), u"Sun"_s);
+    EXPECT_EQ(text(u"rtbFullDetails"_s), u"Fair"_s);
+    EXPECT_EQ(rows(u"SELECT [DAY],[SUBJECT],[FULLEVENT] FROM [EVENTS]"_s), QStringList{u"Sun|GENERAL|Fair"_s});
+}
+
 TEST_F(RecordSave, EmptyDateStoresToday)
 {
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#01/02/2026#,'x')"_s);
