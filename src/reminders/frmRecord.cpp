@@ -56,7 +56,11 @@ void frmRecord::connectHandlers()
     on(control<QCheckBox>(u"chkEmail"_s), &QCheckBox::clicked, this, [this] { chkEmail_Click(); });
     on(control<QCheckBox>(u"chkCard"_s), &QCheckBox::clicked, this, [this] { chkCard_Click(); });
     on(control<QComboBox>(u"cboSubject"_s), &QComboBox::activated, this, [this] { cboSubject_Click(); });
-    on(control<QComboBox>(u"cboSubject"_s)->lineEdit(), &QLineEdit::editingFinished, this, [this] { cboSubject_Click(); });
+    on(control<QComboBox>(u"cboSubject"_s)->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+        // Passing by changes nothing: an address box that the user has just opened stays open.
+        if (record::isBirthday(text(u"cboSubject"_s)) == control<QWidget>(u"txtDateTo"_s)->isEnabled())
+            cboSubject_Click();
+    });
     control<QWidget>(u"txtEmail"_s)->installEventFilter(this);
     control<QWidget>(u"picImage"_s)->installEventFilter(this);
 
