@@ -55,14 +55,17 @@ function(vorel_library name)
   endif()
 endfunction()
 
-# vorel_test(NAME [WIDGETS] SOURCES a.cpp ... DEPENDS lib ...): one test program a folder, run as one ctest entry.
+# vorel_test(NAME [WIDGETS] [DATA] SOURCES a.cpp ... DEPENDS lib ...): one test program a folder, run as one ctest entry.
+# DATA: its files read test data from the folder, whose place they know as VOREL_TEST_DATA.
 function(vorel_test name)
-  cmake_parse_arguments(ARG "WIDGETS" "TIMEOUT" "SOURCES;DEPENDS" ${ARGN})
+  cmake_parse_arguments(ARG "WIDGETS;DATA" "TIMEOUT" "SOURCES;DEPENDS" ${ARGN})
   add_executable(${name} ${ARG_SOURCES})
   set_target_properties(${name} PROPERTIES AUTOMOC ON)
   vorel_policy(${name})
   target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
-  target_compile_definitions(${name} PRIVATE VOREL_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}")
+  if(ARG_DATA)
+    target_compile_definitions(${name} PRIVATE VOREL_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}")
+  endif()
   target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} vorel_test_support GTest::gtest)
   if(ARG_WIDGETS)
     target_link_libraries(${name} PRIVATE Qt6::Widgets Qt6::Test)

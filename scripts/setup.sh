@@ -3,11 +3,11 @@
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build ccache pkg-config
-          qt6-base-dev qt6-base-dev-tools qt6-svg-dev libgl-dev libsqlcipher-dev
+          qt6-base-dev qt6-base-dev-tools qt6-svg-dev qt6-multimedia-dev libgl-dev libsqlcipher-dev
           fonts-liberation breeze-icon-theme)
 case "${1:-run}" in
   run)   if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then packages+=(xvfb xauth xdotool scrot); fi ;;
-  test)  packages+=(libgtest-dev) ;;
+  test)  packages+=(libgtest-dev poppler-utils) ;;
   bench) packages+=(libbenchmark-dev) ;;
 esac
 
