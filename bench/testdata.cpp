@@ -4,6 +4,8 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/locale.h"
+#include "store/designs.h"
+#include "store/rebuild.h"
 #include "store/upgrade.h"
 
 #include <algorithm>
@@ -23,6 +25,7 @@ void makeMainFile(const QString &path)
     basic::setClock([] { return QDateTime(QDate(2026, 11, 22), QTime(9, 0)); });
     basic::setRegional(basic::regionalFor(u"en_US"_s));
     state().path(DataFile::Main) = path;
+    UpgradeDatabase(DataFile::Main, path, store::currentVersion);
     UpgradeAllDatabases();
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/dao/dao.h"
+#include "frame/state.h"
 
 #include <vector>
 
@@ -9,6 +9,21 @@ namespace vorel::store {
 
 inline constexpr int currentVersion = 290;      // of the design, stamped into [Database Info]
 
-const std::vector<dao::TableDef> &mainDesigns();    // in the order in which they are built
+// Of one file, in the order in which they are built.
+const std::vector<dao::TableDef> &designsOf(DataFile file);
+
+const std::vector<dao::TableDef> &mainDesigns();
+const std::vector<dao::TableDef> &contactsDesigns();
+const std::vector<dao::TableDef> &gardenDesigns();
+const std::vector<dao::TableDef> &moviesDesigns();
+const std::vector<dao::TableDef> &musicDesigns();
+const std::vector<dao::TableDef> &booksDesigns();
+const std::vector<dao::TableDef> &notesDesigns();
+const std::vector<dao::TableDef> &howToDesigns();       // health and vehicles lie in this file too
+const std::vector<dao::TableDef> &recipeDesigns();
+const std::vector<dao::TableDef> &sportsDesigns();
+const std::vector<dao::TableDef> &accountsDesigns();
+const std::vector<dao::TableDef> &passwordsDesigns();
+const std::vector<dao::TableDef> &journalDesigns();
 
 }

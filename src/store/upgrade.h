@@ -8,9 +8,13 @@ std::int16_t GetDatabaseVersion(const QString &path);               // 0 when it
 void SetDatabaseVersion(const QString &path, int version);
 std::int16_t GetProtectedDatabaseVersion(DataFile file, const QString &path);
 void SetProtectedDatabaseVersion(DataFile file, const QString &path, int version);
+// The stamp of a file that stands open; here an error is thrown.
+void StampVersion(dao::Database &database, int version);
 
-// Runs once at every start: detects the date order, makes the main file with its tables where it is missing, and the
-// row of Setup. A file that cannot be read gives its message and is left as it is.
+// Runs once at every start: detects the date order, makes each missing data file, brings all files to the current design
+// if the main file is of an older one, writes the rows that the screens need, and fills a new installation with sample
+// rows. An installation is new if it had no main file. A file that fails gives its message, is left as it is and does not
+// keep the others back; a file without a path is passed over.
 void UpgradeAllDatabases();
 
 }

@@ -34,21 +34,9 @@ std::int16_t readVersion(const Open &open)
 
 void writeVersion(const Open &open, int version)
 {
-    constexpr int tableNotFound = 3078;
-    const QString count = u"SELECT COUNT(*) FROM [Database Info]"_s;
     basic::IgnoreErrors([&] {
         dao::Database database = open();
-        dao::Recordset rows;
-        const int error = basic::IgnoreErrors([&] { rows = database.OpenRecordset(count, dao::dbOpenSnapshot); });
-        dao::DBEngine::Idle(dao::dbRefreshCache);
-        if (error == tableNotFound) {
-            database.Execute(u"CREATE TABLE [Database Info] ([Version] INTEGER)"_s);
-            rows = database.OpenRecordset(count, dao::dbOpenSnapshot);
-        }
-        const bool stamped = basic::CLng(rows.Get(0)) > 0;
-        rows.Close();
-        database.Execute(stamped ? u"UPDATE [Database Info] SET [Version] = %1;"_s.arg(version)
-                                 : u"INSERT INTO [Database Info] ([Version]) VALUES (%1);"_s.arg(version));
+        StampVersion(database, version);
         database.Close();
     });
 }
@@ -59,6 +47,26 @@ dao::Database openProtected(DataFile file)
     return dao::DBEngine::OpenDatabase(state().path(file), true, false, protectedConnect());
 }
 
+}
+
+void StampVersion(dao::Database &database, int version)
+{
+    constexpr int tableNotFound = 3078;
+    const QString count = u"SELECT COUNT(*) FROM [Database Info]"_s;
+    dao::Recordset rows;
+    try {
+        rows = database.OpenRecordset(count, dao::dbOpenSnapshot);
+    } catch (const dao::EngineError &error) {
+        if (error.number() != tableNotFound)
+            throw;
+        database.Execute(u"CREATE TABLE [Database Info] ([Version] INTEGER)"_s);
+        rows = database.OpenRecordset(count, dao::dbOpenSnapshot);
+    }
+    dao::DBEngine::Idle(dao::dbRefreshCache);
+    const bool stamped = basic::CLng(rows.Get(0)) > 0;
+    rows.Close();
+    database.Execute(stamped ? u"UPDATE [Database Info] SET [Version] = %1;"_s.arg(version)
+                             : u"INSERT INTO [Database Info] ([Version]) VALUES (%1);"_s.arg(version));
 }
 
 std::int16_t GetDatabaseVersion(const QString &path)

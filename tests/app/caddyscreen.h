@@ -44,6 +44,8 @@ protected:
     {
         stop();
         state() = State{};
+        if (!m_firstRun)
+            putEmptyFiles(m_folder.path());
         if (!m_ini.isEmpty())
             m_folder.write(u"vorelreminder.ini"_s, iniText());
         m_ini.clear();
@@ -66,10 +68,7 @@ protected:
     void execute(const QString &sql)
     {
         const QString file = m_folder.path(u"VOREL.MDB"_s);
-        if (!QFile::exists(file)) {
-            state().path(DataFile::Main) = file;
-            UpgradeAllDatabases();
-        }
+        putEmptyFiles(m_folder.path());
         dao::Database database = dao::DBEngine::OpenDatabase(file);
         database.Execute(sql);
         database.Close();
@@ -153,6 +152,7 @@ protected:
         button->click();
     }
 
+    bool m_firstRun = false;        // the program itself makes the files, with sample rows
     TestFolder m_folder;
     TestClock m_clock{QDateTime(QDate(2026, 11, 22), QTime(12, 0))};
     ScriptedPrompts m_prompts;

@@ -21,6 +21,7 @@ protected:
 
 TEST_F(Start, FreshFolderGetsTheMainFileAndThePathKeys)
 {
+    m_firstRun = true;
     start();
     EXPECT_TRUE(QFile::exists(m_folder.path(u"VOREL.MDB"_s)));
     QStringList wanted = {u"DataPath"_s, u"ContactsDBPath"_s, u"GardenDBPath"_s, u"MovieDBPath"_s, u"MusicDBPath"_s,
@@ -130,13 +131,14 @@ TEST_F(Start, RestartKeepsRowsAndWidths)
     EXPECT_EQ(bills(), QStringList{u"Gas"_s});
 }
 
-TEST_F(Start, MainFileThatIsNoneIsToldAndLeft)
+TEST_F(Start, WithoutAMainFileTheProgramGoesOn)
 {
     m_folder.write(u"VOREL.MDB"_s, QByteArray(5000, 'x'));
-    m_prompts.expect(u"The file was left as it is."_s, basic::Answer::Ok);      // once, and no box more
+    m_prompts.expect(u"Would you like to create a new database?"_s, basic::Answer::No);     // once, and no box more
     start();
     EXPECT_TRUE(m_prompts.isDone());
-    EXPECT_EQ(m_folder.read(u"VOREL.MDB"_s), QByteArray(5000, 'x'));
+    EXPECT_FALSE(QFile::exists(m_folder.path(u"VOREL.MDB"_s)));
+    EXPECT_EQ(m_folder.read(u"VOREL.MDB.damaged"_s), QByteArray(5000, 'x'));
     EXPECT_TRUE(isShown(u"APPOINTMENTSGRID"_s));
 }
 

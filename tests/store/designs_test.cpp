@@ -2,29 +2,59 @@
 
 #include "store/mainfile.h"
 
+#include <QFile>
+#include <map>
+
 namespace vorel {
 
 using namespace Qt::StringLiterals;
 
-// A design in the notation of the expectations below: "NAME kind size default flags", one field a line.
-static QString shownField(const dao::FieldDef &field)
+using DesignsTest = test::MainFileTest;
+
+// What a field of each type has by rule: its size, the empty text, the number it starts with.
+static dao::FieldDef fieldOf(const QStringList &row)
 {
-    static const QHash<int, QString> kinds = {
-        {dao::dbBoolean, u"boolean"_s}, {dao::dbInteger, u"integer"_s}, {dao::dbLong, u"long"_s},
-        {dao::dbCurrency, u"currency"_s}, {dao::dbDouble, u"double"_s}, {dao::dbDate, u"date"_s},
-        {dao::dbText, u"text"_s}, {dao::dbMemo, u"memo"_s}};
-    QString line = field.Name + u' ' + kinds.value(field.Type, u"?"_s);
-    if (field.Type == dao::dbText)
-        line += u' ' + QString::number(field.Size);
-    if (!field.DefaultValue.isEmpty())
-        line += u" ="_s + field.DefaultValue;
-    if (field.Attributes & dao::dbAutoIncrField)
-        line += u" auto"_s;
-    if (field.AllowZeroLength)
-        line += u" empty"_s;
-    if (field.Required || !field.ValidationRule.isEmpty() || !field.ValidationText.isEmpty())
-        line += u" restricted"_s;
-    return line;
+    static const QHash<QString, dao::DataType> types = {
+        {u"dbBoolean"_s, dao::dbBoolean}, {u"dbInteger"_s, dao::dbInteger}, {u"dbLong"_s, dao::dbLong},
+        {u"dbCurrency"_s, dao::dbCurrency}, {u"dbDouble"_s, dao::dbDouble}, {u"dbDate"_s, dao::dbDate},
+        {u"dbText"_s, dao::dbText}, {u"dbMemo"_s, dao::dbMemo}};
+    static const QHash<int, int> bytes = {{dao::dbBoolean, 1}, {dao::dbInteger, 2}, {dao::dbLong, 4}, {dao::dbCurrency, 8},
+                                          {dao::dbDouble, 8}, {dao::dbDate, 8}, {dao::dbMemo, 0}};
+    dao::FieldDef field;
+    field.Name = row[2];
+    field.Type = types.value(row[3], dao::dbUnknown);
+    field.Size = field.Type == dao::dbText ? row[4].toInt() : bytes.value(field.Type);
+    field.Attributes = row[5] == u"auto" ? 16 : 0;
+    field.AllowZeroLength = field.Type == dao::dbText || field.Type == dao::dbMemo;
+    const bool counts = QSet<int>{dao::dbInteger, dao::dbLong, dao::dbDouble, dao::dbCurrency}.contains(field.Type);
+    field.DefaultValue = counts && field.Attributes == 0 ? u"0"_s : u""_s;
+    return field;
+}
+
+// The tables as they are wanted, typed apart from the program's own: by file, in order.
+static std::map<QString, std::vector<dao::TableDef>> wantedTables()
+{
+    QFile list(QStringLiteral(VOREL_TEST_DATA "/../platform/dao/jet/designs.tsv"));
+    EXPECT_TRUE(list.open(QIODevice::ReadOnly));
+    list.readLine();
+    std::map<QString, std::vector<dao::TableDef>> files;
+    while (!list.atEnd()) {
+        QString line = QString::fromUtf8(list.readLine());
+        const QStringList row = line.remove(u'\n').split(u'\t');
+        std::vector<dao::TableDef> &tables = files[row[0]];
+        if (tables.empty() || tables.back().Name != row[1])
+            tables.emplace_back().Name = row[1];
+        tables.back().Fields.push_back(fieldOf(row));
+    }
+    return files;
+}
+
+static QString shown(const dao::FieldDef &field)
+{
+    return u"%1 type %2 size %3%4 =%5%6"_s.arg(field.Name).arg(field.Type).arg(field.Size)
+        .arg(field.Attributes == dao::dbAutoIncrField ? u" auto"_s : u""_s, field.DefaultValue,
+             field.AllowZeroLength ? u" empty"_s : u""_s)
+        + (field.Required || !field.ValidationRule.isEmpty() || !field.ValidationText.isEmpty() ? u" restricted"_s : u""_s);
 }
 
 static QString shownIndexes(const dao::TableDef &table)
@@ -38,94 +68,45 @@ static QString shownIndexes(const dao::TableDef &table)
     return lines.join(u"; "_s);
 }
 
-static QStringList shownFields(const dao::TableDef &table)
+TEST_F(DesignsTest, eachCreatedTableHasItsFieldsInOrder)
 {
-    QStringList lines;
-    for (const dao::FieldDef &field : table.Fields)
-        lines << shownField(field);
-    return lines;
-}
-
-class DesignsTest : public test::MainFileTest {
-protected:
-    dao::Database m_database = open();
-};
-
-struct TableCase {
-    const char16_t *name;
-    std::vector<const char *> fields;
-    const char *indexes;
-};
-
-TEST_F(DesignsTest, createdTablesReadBackAsWanted)
-{
-    const TableCase cases[] = {
-        {u"APPOINTMENTS",
-         {"ID long auto", "DATE date", "DAY text 3 empty", "TIME date", "APPTIME text 11 empty",
-          "APPOINTMENT text 255 empty", "MET boolean", "Delete boolean", "PeriodMonth integer =0",
-          "PeriodDays integer =0", "WeekNum text 3 empty", "WeekDay text 3 empty", "TimeUpdate boolean",
-          "UsersName text 20 empty", "IDNUM long =0"},
-         "PrimaryKey:ID primary unique required"},
-        {u"BILLS",
-         {"ID long auto", "DATE date", "DAY text 3 empty", "BILL text 100 empty", "AMOUNT currency =0",
-          "OwingTo text 100 empty", "PAID boolean", "PeriodMonth integer =0", "PeriodDays integer =0", "Delete boolean",
-          "WeekNum text 3 empty", "WeekDay text 3 empty", "FixedAmount boolean", "BillingDate date", "PaymentDate date",
-          "Website text 200 empty", "UsersName text 20 empty", "IDNUM long =0"},
-         ""},
-        {u"EVENTS",
-         {"ID long auto", "DATE date", "DAY text 3 empty", "SUBJECT text 25 empty", "EVENT text 250 empty",
-          "DATETO text 11 empty", "Delete boolean", "Recurring boolean", "FILENAME text 100 empty",
-          "MatchID text 255 empty", "UsersName text 20 empty", "IDNUM long =0", "EMAIL boolean",
-          "EmailAddress text 75 empty", "EMAILID integer =0", "LastEmailDate text 11 empty", "Card boolean",
-          "CardPurchased boolean", "CardSent boolean", "ContactID long =0", "FULLEVENT memo empty"},
-         "PrimaryKey:ID primary unique required"},
-        {u"SUBJECTS",
-         {"ID long auto", "SUBJECT text 20 empty"},
-         "PrimaryKey:ID primary unique required; SUBJECT:SUBJECT unique"},
-        {u"Setup",
-         {"MailServer text 70 empty", "DeleteAfterDays integer =0", "BackupAfterDays integer =0",
-          "AdminPassword double =0", "PasswordHint text 255 empty"},
-         ""},
-    };
-    for (const TableCase &wanted : cases) {
-        const dao::TableDef table = m_database.TableDefByName(wanted.name);
-        QStringList fields;
-        for (const char *line : wanted.fields)
-            fields << QString::fromLatin1(line);
-        EXPECT_EQ(shownFields(table), fields);
-        EXPECT_EQ(shownIndexes(table), QString::fromLatin1(wanted.indexes)) << qPrintable(table.Name);
-    }
-}
-
-TEST_F(DesignsTest, everyTableStandsInOrderWithItsOwnFieldsAndIndexes)
-{
-    const QStringList wanted = {u"APPOINTMENTS"_s, u"BILLS"_s, u"EVENTS"_s, u"SUBJECTS"_s, u"Setup"_s, u"MESSAGES"_s,
-                                u"INVENTORY"_s, u"Users"_s, u"FILEBACKUP"_s, u"SHOPPING"_s, u"TODO"_s, u"PROFILE"_s,
-                                u"ProfileData"_s};
-    const QStringList indexed = {u"APPOINTMENTS"_s, u"EVENTS"_s, u"SUBJECTS"_s, u"MESSAGES"_s};
-    QStringList found;
-    for (const dao::TableDef &table : m_database.TableDefs()) {
-        if (table.Name != u"Database Info")
+    const QString key = u"PrimaryKey:ID primary unique required"_s;
+    const std::map<QString, QString> indexes = {
+        {u"APPOINTMENTS"_s, key}, {u"EVENTS"_s, key}, {u"MESSAGES"_s, key},
+        {u"SUBJECTS"_s, key + u"; SUBJECT:SUBJECT unique"_s}};
+    test::putEmptyFiles(m_folder.path());
+    const auto files = wantedTables();
+    ASSERT_EQ(files.size(), 13u);
+    for (const auto &[file, tables] : files) {
+        dao::Database database = dao::DBEngine::OpenDatabase(m_folder.path((file == u"main" ? u"VOREL"_s : file.toUpper()) + u".MDB"_s), false, false,
+                                                             file.startsWith(u"data") ? u";pwd=KARVELOT"_s : QString());
+        QStringList names, found;
+        for (const dao::TableDef &table : database.TableDefs())
             found << table.Name;
+        for (const dao::TableDef &wanted : tables) {
+            if (wanted.Name == u"Database Info")
+                continue;       // the stamp's own
+            names << wanted.Name;
+            const dao::TableDef table = database.TableDefByName(wanted.Name);
+            QStringList wantedFields, fields;
+            for (const dao::FieldDef &field : wanted.Fields)
+                wantedFields << shown(field);
+            for (const dao::FieldDef &field : table.Fields)
+                fields << shown(field);
+            EXPECT_EQ(fields, wantedFields) << qPrintable(wanted.Name);
+            const auto index = indexes.find(wanted.Name);
+            EXPECT_EQ(shownIndexes(table), file == u"main" && index != indexes.end() ? index->second : QString());
+        }
+        found.removeAll(u"Database Info"_s);
+        EXPECT_EQ(found, names) << qPrintable(file);
+        database.Close();
     }
-    EXPECT_EQ(found, wanted);
-    for (const dao::TableDef &design : store::mainDesigns()) {
-        const dao::TableDef table = m_database.TableDefByName(design.Name);
-        EXPECT_EQ(table.Fields, design.Fields) << qPrintable(design.Name);
-        EXPECT_EQ(shownIndexes(table), shownIndexes(design)) << qPrintable(design.Name);
-        EXPECT_EQ(table.Indexes.empty(), !indexed.contains(design.Name)) << qPrintable(design.Name);
-    }
-    const dao::TableDef pictures = m_database.TableDefByName(u"ProfileData");
-    ASSERT_EQ(pictures.Fields.size(), 21u);
-    EXPECT_EQ(shownField(pictures.Fields[0]), u"ID long =0");
-    EXPECT_EQ(shownField(pictures.Fields[8]), u"PICFILE6 text 255 empty");
-    EXPECT_EQ(shownField(pictures.Fields[14]), u"PICFILE6CAPTION memo empty");
-    EXPECT_EQ(shownField(pictures.Fields[20]), u"PIC6SORTNUM double =0");
 }
 
 TEST_F(DesignsTest, tablesTakeWhatTheirDesignsAllow)
 {
-    dao::Recordset subjects = m_database.OpenRecordset(u"SUBJECTS"_s);
+    dao::Database database = open();
+    dao::Recordset subjects = database.OpenRecordset(u"SUBJECTS"_s);
     const auto add = [&subjects](const QString &subject) {
         return test::errorOf([&] {
             subjects.AddNew();
@@ -139,7 +120,7 @@ TEST_F(DesignsTest, tablesTakeWhatTheirDesignsAllow)
     EXPECT_EQ(add(u""_s), 3022);
     subjects.Close();
 
-    dao::Recordset rows = m_database.OpenRecordset(u"APPOINTMENTS"_s);
+    dao::Recordset rows = database.OpenRecordset(u"APPOINTMENTS"_s);
     rows.AddNew();
     EXPECT_EQ(test::errorOf([&] { rows.Set(u"APPOINTMENT", QString(256, u'x')); }), 3163);
     rows.Set(u"APPOINTMENT", QString(255, u'x'));
@@ -153,8 +134,8 @@ TEST_F(DesignsTest, tablesTakeWhatTheirDesignsAllow)
 TEST_F(DesignsTest, billsCountUpWithoutAnIndex)
 {
     for (int i = 0; i < 3; ++i)
-        m_database.Execute(u"INSERT INTO [Bills] ([Bill]) VALUES ('Rent');"_s);
-    m_database.Execute(u"DELETE * FROM [Bills] WHERE [ID]=2;"_s);
+        execute(u"INSERT INTO [Bills] ([Bill]) VALUES ('Rent');"_s);
+    execute(u"DELETE * FROM [Bills] WHERE [ID]=2;"_s);
     EXPECT_EQ(rows(u"SELECT [ID], [Amount], [Paid] FROM [Bills] ORDER BY [ID];"_s),
               QStringList({u"1|0|False"_s, u"3|0|False"_s}));
 }

@@ -1,5 +1,11 @@
 #include "store/mainfile.h"
 
+#include "frame/startup.h"
+#include "store/designs.h"
+#include "store/rebuild.h"
+
+#include <QTemporaryDir>
+
 namespace vorel::test {
 
 MainFileTest::MainFileTest()
@@ -7,6 +13,7 @@ MainFileTest::MainFileTest()
     setRegion(u"en_US"_s);
     state() = State{};
     state().path(DataFile::Main) = m_folder.path(u"VOREL.MDB"_s);
+    UpgradeDatabase(DataFile::Main, path(), store::currentVersion);
     UpgradeAllDatabases();
 }
 
@@ -56,6 +63,27 @@ qsizetype MainFileTest::count(const QString &table) const
 QByteArray MainFileTest::bytes() const
 {
     return m_folder.read(u"VOREL.MDB"_s);
+}
+
+// Made once and copied: the keys of the protected ones take their time.
+void putEmptyFiles(const QString &folder)
+{
+    static const QTemporaryDir made;
+    static const bool ready = [] {
+        const State before = std::exchange(state(), State{});
+        for (const DataFileEntry &entry : dataFiles()) {
+            state().path(entry.file) = made.filePath(entry.defaultName.mid(1));
+            UpgradeDatabase(entry.file, state().path(entry.file), store::currentVersion);
+        }
+        UpgradeAllDatabases();
+        state() = before;
+        return true;
+    }();
+    ASSERT_TRUE(ready);
+    for (const DataFileEntry &entry : dataFiles()) {
+        const QString name = entry.defaultName.mid(1);
+        ASSERT_TRUE(QFile::exists(folder + u'/' + name) || QFile::copy(made.filePath(name), folder + u'/' + name));
+    }
 }
 
 QString shown(const basic::Value &value)

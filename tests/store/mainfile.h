@@ -32,6 +32,9 @@ protected:
     ScriptedPrompts m_prompts;      // a message that no test has foreseen fails it
 };
 
+// The thirteen files, current and without sample rows, under their usual names; those that stand there stay.
+void putEmptyFiles(const QString &folder);
+
 QString shown(const basic::Value &value);
 // The number of the error that a step ends with, 0 if it passes.
 int errorOf(const std::function<void()> &step);

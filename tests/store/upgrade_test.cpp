@@ -3,6 +3,7 @@
 #include "frame/startup.h"
 #include "store/designs.h"
 #include "store/mainfile.h"
+#include "store/rebuild.h"
 
 #include <QDir>
 #include <QFile>
@@ -42,44 +43,182 @@ TEST_F(UpgradeTest, aBrokenOffCreationIsForgotten)
 {
     const QByteArray half = bytes().left(20000);
     ASSERT_TRUE(QFile::remove(path()));
-    for (const QString &trace : {u".new"_s, u".new-journal"_s, u".new-wal"_s, u"-journal"_s, u"-wal"_s})
-        m_folder.write(u"VOREL.MDB"_s + trace, half);
-    UpgradeAllDatabases();
+    for (const QString &trace : {u"cdbVOREL.MDB.tmp"_s, u"cdbVOREL.MDB.tmp-journal"_s, u"VOREL.MDB-journal"_s, u"VOREL.MDB-wal"_s})
+        m_folder.write(trace, half);
+    UpgradeDatabase(DataFile::Main, path(), 290);
     EXPECT_EQ(GetDatabaseVersion(path()), 290);
-    EXPECT_EQ(count(u"Setup"_s), 1);
-    EXPECT_FALSE(QFile::exists(path() + u".new"_s));
+    EXPECT_EQ(count(u"Setup"_s), 0);
+    EXPECT_TRUE(QDir(m_folder.path()).entryList(QDir::Files).filter(u"cdb"_s).isEmpty());
 }
 
-TEST_F(UpgradeTest, aFileThatCannotBeReadIsReportedOnceAndLeftAsItIs)
-{
-    const QByteArray good = bytes();
-    const struct {
-        const char *name;
-        QByteArray content;
-    } cases[] = {
-        {"a text", "Dear diary, this is no database at all. " + QByteArray(5000, '.')},
-        {"cut short", good.left(good.size() / 2)},
-        {"cut within its head", good.left(50)},
-        {"zeroes in its middle", good.left(2000) + QByteArray(static_cast<int>(good.size()) - 2000, '\0')},
-        {"another program's tables", {}},
-    };
-    for (const auto &broken : cases) {
-        SCOPED_TRACE(broken.name);
-        ASSERT_TRUE(QFile::remove(path()));
-        if (broken.content.isEmpty()) {
-            dao::Database other = dao::DBEngine::CreateDatabase(path(), u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
-            other.Execute(u"CREATE TABLE [Stamps] ([Country] TEXT)"_s);
-            other.Close();
-        } else {
-            m_folder.write(u"VOREL.MDB"_s, broken.content);
-        }
-        const QByteArray before = bytes();
-        m_prompts.expect(path());
-        UpgradeAllDatabases();
-        EXPECT_TRUE(m_prompts.isDone());
-        EXPECT_TRUE(m_prompts.texts().last().endsWith(u"The file was left as it is."));
-        EXPECT_EQ(bytes(), before);
+// A program folder with its thirteen files, made by the pass itself.
+class PassTest : public test::MainFileTest {
+protected:
+    PassTest()
+    {
+        QFile::remove(path());
+        for (const DataFileEntry &entry : dataFiles())
+            state().path(entry.file) = m_folder.path(entry.defaultName.mid(1));
     }
+    QStringList rowsOf(DataFile file, const QString &sql)
+    {
+        const QString before = std::exchange(state().path(DataFile::Main), QString(state().path(file)));
+        const QStringList found = rows(sql);
+        state().path(DataFile::Main) = before;
+        return found;
+    }
+    QStringList names() const { return QDir(m_folder.path()).entryList(QDir::Files); }
+};
+
+TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
+{
+    UpgradeAllDatabases();
+    QStringList wanted;
+    for (const DataFileEntry &entry : dataFiles()) {
+        wanted << entry.defaultName.mid(1);
+        EXPECT_EQ(entry.isProtected ? GetProtectedDatabaseVersion(entry.file, state().path(entry.file))
+                                    : GetDatabaseVersion(state().path(entry.file)), 290);
+    }
+    wanted.sort();
+    EXPECT_EQ(names(), wanted);         // no pictures are built in here, and no scratch stays
+    EXPECT_EQ(state().mainFile, MainFileAccess::Full);
+    const struct {
+        DataFile file;
+        QString table;
+        int rows;
+    } groups[] = {
+        {DataFile::Main, u"Appointments"_s, 3}, {DataFile::Main, u"Bills"_s, 2}, {DataFile::Main, u"Events"_s, 5},
+        {DataFile::HowTo, u"HowTo"_s, 1}, {DataFile::Movies, u"MOVIES"_s, 1}, {DataFile::Books, u"BOOKS"_s, 1},
+        {DataFile::Music, u"MUSIC"_s, 1}, {DataFile::Main, u"INVENTORY"_s, 1}, {DataFile::Main, u"SHOPPING"_s, 1},
+        {DataFile::Recipe, u"RECIPE"_s, 1}, {DataFile::Recipe, u"INGREDIENTS"_s, 7}, {DataFile::Sports, u"GENERAL"_s, 1},
+        {DataFile::Sports, u"PERSONAL"_s, 1}, {DataFile::HowTo, u"HEALTH"_s, 1}, {DataFile::HowTo, u"GENERALHEALTH"_s, 1},
+        {DataFile::HowTo, u"HEALTHVISITS"_s, 1}, {DataFile::Contacts, u"Contacts"_s, 1},
+        {DataFile::Contacts, u"ContactData"_s, 1}, {DataFile::Garden, u"GARDEN"_s, 1}, {DataFile::Main, u"PROFILE"_s, 1},
+        {DataFile::Main, u"PROFILEDATA"_s, 1}, {DataFile::Accounts, u"Accounts"_s, 44}, {DataFile::Main, u"TODO"_s, 0},
+        {DataFile::Notes, u"Notes"_s, 0}, {DataFile::HowTo, u"MotorVehicle"_s, 0},
+    };
+    for (const auto &group : groups)
+        EXPECT_EQ(rowsOf(group.file, u"SELECT * FROM ["_s + group.table + u']').size(), group.rows) << qPrintable(group.table);
+    EXPECT_EQ(rows(u"SELECT [DATE],[APPTIME] FROM [Appointments]"_s),
+              QStringList({u"2026-11-22|09:00 Am"_s, u"2026-11-22|09:00 Am"_s, u"2026-11-21|09:00 Am"_s}));
+    EXPECT_EQ(rows(u"SELECT [DATE],[BILL] FROM [Bills]"_s),
+              QStringList({u"2026-11-22|TELEPHONE ACCOUNT"_s, u"2026-11-21|VEHICLE INSURANCE"_s}));
+    EXPECT_EQ(rows(u"SELECT [DATE],[EVENT] FROM [Events] WHERE [SUBJECT]='GENERAL'"_s),
+              QStringList{u"2026-11-21|TODAY'S DISPLAYED IN YELLOW"_s});
+    EXPECT_EQ(rows(u"SELECT [ITEM],[NUMBER],[LASTCOST],[AMOUNT],[TOTAL],[PICK] FROM [SHOPPING]"_s),
+              QStringList{u"COFFEE 150g|1|4.25|3.9|3.9|True"_s});
+    EXPECT_EQ(rows(u"SELECT [Item],[DatePurchased],[Category],[FILENAME] FROM [INVENTORY]"_s),
+              QStringList{u"Vacuum Cleaner|01/01/2005|Electrical|Null"_s});
+    EXPECT_EQ(rowsOf(DataFile::Contacts, u"SELECT [Contacts].[ID] FROM [Contacts] INNER JOIN [ContactData] "
+                                         "ON [Contacts].[ID]=[ContactData].[ID] WHERE [ContactData].[ID]=2"_s),
+              QStringList{u"2"_s});
+}
+
+TEST_F(PassTest, theRowsThatMustExist)
+{
+    const QString heading = u"SELECT [InvoiceHeading],[TAXNAME1],[TAXNAME2],[Printname],[FiscalMonth] FROM [SETUP]"_s;
+    for (const auto &[region, month, tax] : {std::tuple(u"en_US"_s, u"January"_s, u"S"_s), {u"en_AU"_s, u"July"_s, u"G"_s}}) {
+        setRegion(region);
+        QFile::remove(state().path(DataFile::Accounts));
+        UpgradeAllDatabases();
+        for (int time = 0; time < 2; ++time) {
+            EXPECT_EQ(rowsOf(DataFile::Accounts, heading), QStringList{u"Tax Invoice|GST|PST|True|"_s + month});
+            EXPECT_EQ(rowsOf(DataFile::Accounts, u"SELECT [DATE],[INCLUDE],[AP-Account],[TaxSystem] FROM [tblInvoiceDetails]"_s),
+                      QStringList{u"2026-11-22|True|Sales|"_s + tax});
+            EXPECT_EQ(rowsOf(DataFile::Accounts, u"SELECT [DATE],[AccountType] FROM [Bill]"_s),
+                      QStringList{u"2026-11-22|Expense"_s});
+            EXPECT_EQ(rowsOf(DataFile::Accounts, u"SELECT [DATE],[AccountType],[AP-Account] FROM [Income]"_s),
+                      QStringList{u"2026-11-22|Income|Payroll Income"_s});
+            EXPECT_EQ(rows(u"SELECT [AdminPassword],[DeleteAfterDays],[BackupAfterDays] FROM [Setup]"_s), QStringList{u"0|30|0"_s});
+            UpgradeAllDatabases();
+        }
+    }
+}
+
+// Only an installation without a main file is new; then each table for itself must be empty.
+TEST_F(PassTest, sampleRowsComeOnceAndOnlyIntoEmptyTables)
+{
+    UpgradeAllDatabases();
+    execute(u"DELETE * FROM [BILLS]"_s);
+    for (const DataFile file : {DataFile::Garden, DataFile::Movies})
+        QFile::remove(state().path(file));
+    UpgradeAllDatabases();
+    EXPECT_EQ(count(u"BILLS"_s), 0);
+    EXPECT_EQ(rowsOf(DataFile::Garden, u"SELECT * FROM [Garden]"_s), QStringList());
+
+    dao::DBEngine::OpenDatabase(state().path(DataFile::Books)).Execute(u"UPDATE [BOOKS] SET [TITLE]='Mine'"_s);
+    QFile::remove(path());
+    UpgradeAllDatabases();
+    EXPECT_EQ(rowsOf(DataFile::Books, u"SELECT [TITLE] FROM [BOOKS]"_s), QStringList{u"Mine"_s});
+    EXPECT_EQ(rowsOf(DataFile::Garden, u"SELECT [PlantName] FROM [Garden]"_s), QStringList{u"SUNFLOWER"_s});
+    EXPECT_EQ(count(u"BILLS"_s), 2);
+}
+
+TEST_F(PassTest, aSamplesPictureLiesInTheProgramFolder)
+{
+    m_folder.write(u"sample-movie.jpg"_s, "a picture");
+    UpgradeAllDatabases();
+    EXPECT_EQ(rowsOf(DataFile::Movies, u"SELECT [FILENAME] FROM [MOVIES]"_s), QStringList{m_folder.path(u"sample-movie.jpg"_s)});
+    EXPECT_EQ(rowsOf(DataFile::Garden, u"SELECT [FILENAME] FROM [GARDEN]"_s), QStringList{u"Null"_s});
+}
+
+// The main file's version decides for all.
+TEST_F(PassTest, anOldMainFileTakesAllFilesThroughTheUpgrade)
+{
+    UpgradeAllDatabases();
+    const auto spoil = [this] {
+        dao::DBEngine::OpenDatabase(state().path(DataFile::Music)).Execute(u"DROP TABLE [Tracks]"_s);
+    };
+    spoil();
+    UpgradeAllDatabases();
+    EXPECT_FALSE(dao::DBEngine::OpenDatabase(state().path(DataFile::Music)).hasTable(u"Tracks"));
+    EXPECT_EQ(names().size(), 13);
+    SetDatabaseVersion(path(), 289);
+    UpgradeAllDatabases();
+    EXPECT_TRUE(dao::DBEngine::OpenDatabase(state().path(DataFile::Music)).hasTable(u"Tracks"));
+    EXPECT_EQ(GetDatabaseVersion(path()), 290);
+    EXPECT_EQ(names().filter(u".BAK"_s).size(), 13);
+    EXPECT_EQ(names().size(), 26);
+    EXPECT_EQ(count(u"Appointments"_s), 3);
+}
+
+TEST_F(PassTest, aFileThatFailsIsToldAndTheOthersGoOn)
+{
+    UpgradeAllDatabases();
+    const QString place = state().path(DataFile::Books);
+    QFile::remove(place);
+    ASSERT_TRUE(QDir().mkpath(place));
+    QFile::remove(state().path(DataFile::Sports));
+    m_prompts.expect(place);
+    UpgradeAllDatabases();
+    EXPECT_TRUE(m_prompts.isDone());
+    EXPECT_TRUE(QFile::exists(state().path(DataFile::Sports)));
+    EXPECT_EQ(state().mainFile, MainFileAccess::Full);
+
+    // A row that no rule takes over ends its file's upgrade alone.
+    QDir().rmdir(place);
+    execute(u"DROP TABLE [TODO]"_s);
+    execute(u"CREATE TABLE [TODO] ([ID] LONG, [DATEDUE] TEXT(20))"_s);
+    execute(u"INSERT INTO [TODO] ([DATEDUE]) VALUES ('some day')"_s);
+    SetDatabaseVersion(path(), 0);
+    m_prompts.expect(u"Type mismatch\r\n\r\nThe file was left as it is."_s);
+    UpgradeAllDatabases();
+    EXPECT_EQ(rows(u"SELECT [DATEDUE] FROM [TODO]"_s), QStringList{u"some day"_s});
+    EXPECT_EQ(GetDatabaseVersion(path()), 0);
+    EXPECT_TRUE(QFile::exists(place));
+}
+
+TEST_F(PassTest, withoutAMainFileTheStartGoesOn)
+{
+    UpgradeAllDatabases();
+    m_folder.write(u"VOREL.MDB"_s, "Dear diary, this is no database at all. " + QByteArray(5000, '.'));
+    m_prompts.expect(u"Would you like to create a new database?"_s, basic::Answer::No);
+    UpgradeAllDatabases();
+    EXPECT_EQ(state().mainFile, MainFileAccess::None);
+    EXPECT_FALSE(QFile::exists(path()));
+    UpgradeAllDatabases();
+    EXPECT_EQ(state().mainFile, MainFileAccess::Full);
+    EXPECT_EQ(GetDatabaseVersion(path()), 290);
 }
 
 TEST_F(UpgradeTest, aPlaceThatTakesNoFileIsReportedOnce)

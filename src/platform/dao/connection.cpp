@@ -66,7 +66,7 @@ FileIdentity FileIdentity::of(const QString &path)
 Connection::Connection(const QString &path, const QString &password, Purpose purpose) : m_path(path), m_password(password)
 {
     try {
-        openHandle(purpose == Purpose::Create);
+        openHandle(purpose == Purpose::Create || purpose == Purpose::Scratch);
         setUp(purpose);
         if (purpose == Purpose::Open)
             readFirst();
@@ -105,7 +105,7 @@ void Connection::openHandle(bool create)
 // 4 is told by it. Both must come before the first read.
 void Connection::setUp(Purpose purpose)
 {
-    const bool create = purpose == Purpose::Create;
+    const bool create = purpose == Purpose::Create || purpose == Purpose::Scratch;
     if (!m_password.isEmpty()) {
         const QByteArray key = m_password.toUtf8();
         const int code = sqlite3_key(m_handle, key.constData(), static_cast<int>(key.size()));
@@ -121,6 +121,8 @@ void Connection::setUp(Purpose purpose)
         execute(m_handle, "PRAGMA writable_schema = ON");
     // A rollback journal leaves one file to copy, which any tool opens; only FULL keeps it whole over a power loss.
     execute(m_handle, "PRAGMA synchronous = FULL; PRAGMA cache_size = -2048; PRAGMA mmap_size = 0");
+    if (purpose == Purpose::Scratch)
+        writeUnsynced();
     jet::registerFunctions(m_handle);
     sqlite3_update_hook(m_handle, rowChanged, this);
     if (create) {
@@ -140,6 +142,11 @@ void Connection::verify()
 {
     Statement statement(m_handle, "SELECT count(*) FROM sqlite_master");
     statement.run();
+}
+
+void Connection::writeUnsynced()
+{
+    execute(m_handle, "PRAGMA synchronous = OFF");
 }
 
 void Connection::useLargeCache(bool use)

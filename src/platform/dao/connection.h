@@ -25,7 +25,8 @@ struct FileIdentity {
 class Connection {
 public:
     // Open reads the header and the schema; Salvage takes what a damaged file still gives.
-    enum class Purpose { Open, Create, Salvage };
+    // Scratch is Create without a wait for the disk.
+    enum class Purpose { Open, Create, Scratch, Salvage };
     // EngineError as DBEngine::OpenDatabase tells. An empty password means a plain file.
     Connection(const QString &path, const QString &password, Purpose purpose);
     ~Connection();
@@ -41,6 +42,7 @@ public:
     void lockExclusively();             // 3045 if another process uses the file
     void unlockExclusively();
     void verify();                      // reads the schema again; throws if the file cannot be read
+    void writeUnsynced();               // until the connection closes
     void useLargeCache(bool use);       // by one more user, or one less
     void releaseMemory();               // nobody uses the file for now
 

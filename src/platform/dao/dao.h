@@ -156,6 +156,8 @@ public:
     void AppendTable(const TableDef &design);
     void DeleteTable(QStringView name);
     void RenameTable(QStringView oldName, const QString &newName);
+    void AppendHelpers(const TableDef &design);                 // those of its helper indexes that the table lacks
+    void WriteUnsynced();                                       // for a scratch file: no write waits for the disk any more
     QStringList QueryDefs() const;                              // saved queries (SQLite views)
     void DeleteQuery(const QString &name);
 
@@ -188,6 +190,11 @@ namespace DBEngine {
 Database OpenDatabase(const QString &path, bool exclusive = false, bool readOnly = false, const QString &connect = {});
 // locale: ";LANGID=...;pwd=..." ; the file must not exist (3204).
 Database CreateDatabase(const QString &path, const QString &locale, int version = dbVersion30);
+// The same for a file that its maker brings to its place by PutInPlace: no write waits for the disk.
+Database CreateScratch(const QString &path, const QString &locale);
+// Syncs a file that no handle is open on and moves it over the place in one step: whoever looks, also after a kill or a
+// power loss, finds the old file or the new one. 3045 if a handle is open, 3026 without room, 3051 where it may not.
+void PutInPlace(const QString &scratch, const QString &place);
 void CompactDatabase(const QString &source, const QString &destination, const QString &locale = {}, int version = dbVersion30);
 // Checks and mends a file in place. What cannot be read at all is left as it is, with an error (3049).
 void RepairDatabase(const QString &path, const QString &connect = {});

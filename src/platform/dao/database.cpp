@@ -154,6 +154,24 @@ void Database::RenameTable(QStringView oldName, const QString &newName)
     file.schemaChanged();
 }
 
+void Database::AppendHelpers(const TableDef &design)
+{
+    Connection &file = opened(d).writable();
+    const TableDef stored = storedTable(file, design.Name).def;
+    file.atomically([&] {
+        for (const QString &field : design.Helpers) {
+            if (!stored.Helpers.contains(field, Qt::CaseInsensitive))
+                createHelper(file, stored, field);
+        }
+    });
+    file.schemaChanged();
+}
+
+void Database::WriteUnsynced()
+{
+    opened(d).connection().writeUnsynced();
+}
+
 QStringList Database::QueryDefs() const
 {
     Connection &file = opened(d).connection();

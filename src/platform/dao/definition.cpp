@@ -148,7 +148,12 @@ void createTable(Connection &file, const TableDef &design)
             execute(file.handle(), ddl::createIndex(design, index, taken));
     }
     for (const QString &field : design.Helpers)
-        execute(file.handle(), ddl::createHelper(design, field, taken));
+        createHelper(file, design, field);
+}
+
+void createHelper(Connection &file, const TableDef &design, const QString &field)
+{
+    execute(file.handle(), ddl::createHelper(design, field, [&](const QString &name) { return nameTaken(file, name); }));
 }
 
 void define(Connection &file, const jet::Translation &statement)

@@ -26,7 +26,9 @@ Database DBEngine::OpenDatabase(const QString &path, bool exclusive, bool readOn
     return DatabaseAccess::make(std::move(connection), readOnly);
 }
 
-Database DBEngine::CreateDatabase(const QString &path, const QString &locale, int)
+namespace {
+
+Database createFile(const QString &path, const QString &locale, Connection::Purpose purpose)
 {
     const QString place = basic::realPath(path);
     const QFileInfo info(place);
@@ -37,12 +39,24 @@ Database DBEngine::CreateDatabase(const QString &path, const QString &locale, in
     // A journal that some file of this name left behind must not be played into the new one.
     QFile::remove(place + u"-journal"_s);
     try {
-        return DatabaseAccess::make(registry::create(place, passwordOf(locale)), false);
+        return DatabaseAccess::make(registry::create(place, passwordOf(locale), purpose), false);
     } catch (...) {
         QFile::remove(place);
         QFile::remove(place + u"-journal"_s);
         throw;
     }
+}
+
+}
+
+Database DBEngine::CreateDatabase(const QString &path, const QString &locale, int)
+{
+    return createFile(path, locale, Connection::Purpose::Create);
+}
+
+Database DBEngine::CreateScratch(const QString &path, const QString &locale)
+{
+    return createFile(path, locale, Connection::Purpose::Scratch);
 }
 
 void DBEngine::Forget(const QString &path)

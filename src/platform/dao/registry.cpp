@@ -170,10 +170,10 @@ std::shared_ptr<Connection> acquire(const QString &path, const QString &password
     return openFresh(path, password, exclusive);
 }
 
-std::shared_ptr<Connection> create(const QString &path, const QString &password)
+std::shared_ptr<Connection> create(const QString &path, const QString &password, Connection::Purpose purpose)
 {
     forget(path);
-    auto connection = std::make_shared<Connection>(path, password, Connection::Purpose::Create);
+    auto connection = std::make_shared<Connection>(path, password, purpose);
     remember(path, connection, head(path, saltBytes));
     return connection;
 }

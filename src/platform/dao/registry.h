@@ -7,7 +7,8 @@
 namespace vorel::dao::registry {
 
 std::shared_ptr<Connection> acquire(const QString &path, const QString &password, bool exclusive);
-std::shared_ptr<Connection> create(const QString &path, const QString &password);
+std::shared_ptr<Connection> create(const QString &path, const QString &password,
+                                   Connection::Purpose purpose = Connection::Purpose::Create);
 void release(const std::shared_ptr<Connection> &connection);
 void forget(const QString &path);
 bool inUse(const QString &path);                // by a handle of this process

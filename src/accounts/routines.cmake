@@ -1,0 +1,2 @@
+list(APPEND VOREL_ROUTINES
+  accounts/accounts.cpp)
