@@ -149,6 +149,19 @@ void Connection::writeUnsynced()
     execute(m_handle, "PRAGMA synchronous = OFF");
 }
 
+bool Connection::isSound() const
+{
+    try {
+        Statement check(m_handle, "PRAGMA integrity_check(1)");
+        const ResetGuard reset(check);
+        return check.step() && check.text(0) == u"ok";
+    } catch (const EngineError &error) {
+        if (error.number() == 3218)
+            throw;
+        return false;
+    }
+}
+
 void Connection::useLargeCache(bool use)
 {
     const int before = m_largeCacheUsers;

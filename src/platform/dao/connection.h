@@ -43,6 +43,7 @@ public:
     void unlockExclusively();
     void verify();                      // reads the schema again; throws if the file cannot be read
     void writeUnsynced();               // until the connection closes
+    bool isSound() const;               // every page, row and index entry holds together; 3218
     void useLargeCache(bool use);       // by one more user, or one less
     void releaseMemory();               // nobody uses the file for now
 

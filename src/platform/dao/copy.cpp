@@ -1,6 +1,7 @@
 #include "platform/dao/copy.h"
 
 #include <limits>
+#include <numeric>
 
 namespace vorel::dao::copy {
 
@@ -65,7 +66,11 @@ public:
         } catch (const EngineError &) {
             return all();       // without row ids, as far as it reads
         }
-        between(std::numeric_limits<qint64>::min(), std::numeric_limits<qint64>::max());
+        // Counted rows first: where nothing can be read, looking further soon ends.
+        constexpr qint64 lastCounted = std::numeric_limits<qint32>::max();
+        between(1, lastCounted);
+        between(std::numeric_limits<qint64>::min(), 0);
+        between(lastCounted + 1, std::numeric_limits<qint64>::max());
     }
 
 private:
@@ -98,15 +103,17 @@ private:
             }
             put(rows, 1);
             reached = rows.integer(0);
+            m_inVain = 0;
         }
     }
 
     void between(qint64 low, qint64 high)
     {
-        constexpr int mostProbes = 200'000;
+        constexpr int mostProbes = 100'000;
+        constexpr int mostInVain = 2000;
         constexpr qint64 unreadLow = std::numeric_limits<qint64>::min();
         constexpr qint64 unreadHigh = std::numeric_limits<qint64>::max();
-        if (low > high || ++m_probes > mostProbes)
+        if (low > high || ++m_probes > mostProbes || ++m_inVain > mostInVain)
             return;
         qint64 reached = unreadLow;
         if (sweep(m_up, low, high, reached))
@@ -118,7 +125,7 @@ private:
         const qint64 down = reached == unreadHigh ? high : reached - 1;
         if (up >= down)
             return;
-        const qint64 middle = up / 2 + down / 2 + (up % 2 + down % 2) / 2;
+        const qint64 middle = std::midpoint(up, down);
         between(up, middle);
         between(middle + 1, down);
     }
@@ -128,6 +135,7 @@ private:
     QByteArray m_columns;
     int m_count = 0;
     int m_probes = 0;
+    int m_inVain = 0;       // since the last row that was read
     Statement m_insert;
     Statement m_up;
     Statement m_down;

@@ -196,7 +196,10 @@ Database CreateScratch(const QString &path, const QString &locale);
 // power loss, finds the old file or the new one. 3045 if a handle is open, 3026 without room, 3051 where it may not.
 void PutInPlace(const QString &scratch, const QString &place);
 void CompactDatabase(const QString &source, const QString &destination, const QString &locale = {}, int version = dbVersion30);
-// Checks and mends a file in place. What cannot be read at all is left as it is, with an error (3049).
+// Checks a file and leaves a sound one as it is, byte for byte. A damaged one is replaced, in one step, by a new file with
+// the rows that can be read; it stays beside it as PATH.damaged (.damaged2, ... while older ones stand there). If no
+// table's design can be read, it goes there and nothing stands at the path. Untouched, with an error: 3031 wrong
+// password, 3356 another program uses it, 3045 this one does, 3051 no permission, 3026 disk full.
 void RepairDatabase(const QString &path, const QString &connect = {});
 void Idle(int what = dbRefreshCache);                           // rows of other handles are seen from here on
 

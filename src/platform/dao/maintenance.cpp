@@ -1,15 +1,16 @@
 #include "platform/dao/dao.h"
 
 #include "platform/basic/files.h"
+#include "platform/dao/cipherpages.h"
 #include "platform/dao/copy.h"
 #include "platform/dao/database_p.h"
+#include "platform/dao/safekeeping.h"
+#include "platform/dao/salvage.h"
+#include "platform/dao/sidefiles.h"
 
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
 
 namespace vorel::dao {
 
@@ -17,69 +18,109 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A file under construction beside its place: gone unless it is put there.
-class Scratch {
-public:
-    explicit Scratch(const QString &place) : m_path(place + u".making"_s) { clean(); }
-    ~Scratch() { clean(); }
-    Scratch(const Scratch &) = delete;
-    Scratch &operator=(const Scratch &) = delete;
-    const QString &path() const { return m_path; }
+const QString making = u".making"_s;
 
-    // One rename: whoever looks sees the old file or the new one.
-    void moveTo(const QString &place) const
-    {
-        if (std::rename(QFile::encodeName(m_path).constData(), QFile::encodeName(place).constData()) != 0)
-            throw EngineError(3051, QDir::toNativeSeparators(place));
-        const int folder = ::open(QFile::encodeName(QFileInfo(place).absolutePath()).constData(), O_RDONLY | O_DIRECTORY);
-        if (folder >= 0) {
-            ::fsync(folder);
-            ::close(folder);
-        }
-    }
-
-private:
-    void clean() const
-    {
-        QFile::remove(m_path);
-        QFile::remove(m_path + u"-journal"_s);
-    }
-    QString m_path;
-};
-
-void setSamePermissions(const QString &from, const QString &to)
+// A header whose version no tool knows makes a file that can be read and never written.
+bool takesWrites(const Connection &file)
 {
-    QFile::setPermissions(to, QFile::permissions(from));
+    if (file.readOnly() || file.depth() > 0)
+        return true;
+    const int code = executeQuietly(file.handle(), "BEGIN IMMEDIATE");
+    if (code == SQLITE_OK)
+        executeQuietly(file.handle(), "ROLLBACK");
+    return (code & 0xff) != SQLITE_READONLY;
 }
 
-bool sound(Connection &file)
+// Without a password that fits, a damaged beginning looks like a protected file; its pages tell.
+bool isDamaged(const QString &place, const QString &password)
+{
+    const QByteArray content = contentOf(place);
+    return cipherpages::opens(content, password) || !cipherpages::looksEnciphered(content);
+}
+
+// False for a damaged file; throws for what is none.
+bool isWhole(const QString &place, const QString &password)
 {
     try {
-        Statement check(file.handle(), "PRAGMA integrity_check(1)");
-        const ResetGuard reset(check);
-        return check.step() && check.text(0) == u"ok";
+        const DatabasePrivate opened(registry::acquire(place, password, false), false);
+        return opened.connection().isSound() && takesWrites(opened.connection());
     } catch (const EngineError &error) {
         if (error.number() == 3218)
+            throw EngineError(3356, QDir::toNativeSeparators(place));
+        for (const int number : { 3049, 3343, 3043, 3219 }) {
+            if (error.number() == number)
+                return false;
+        }
+        if (error.number() != 3031 || !isDamaged(place, password))
             throw;
         return false;
     }
 }
 
-// The readable rows go into a new file, which takes the damaged one's place only when it is whole itself.
-void salvage(const QString &path, const QString &password)
+// The file as its own journal leaves it, which the store plays as it opens a copy.
+void copyWithJournal(const QString &place, const QString &password, const Scratch &copy)
 {
-    const Scratch scratch(path);
-    {
-        const QString key = registry::looksPlain(path) ? QString() : password;
-        Connection damaged(path, key, Connection::Purpose::Salvage);
-        Connection mended(scratch.path(), key, Connection::Purpose::Create);
-        if (!copy::readableRows(damaged, mended) || !sound(mended))
-            throw EngineError(3049, QDir::toNativeSeparators(path));
+    copyFile(place, copy.path());
+    const QString journal = u"-journal"_s;
+    if (!QFileInfo::exists(place + journal))
+        return;
+    copyFile(place + journal, copy.path() + journal);
+    try {
+        Connection file(copy.path(), password, Connection::Purpose::Salvage);
+        file.verify();
+    } catch (const EngineError &) { }
+}
+
+bool savePlain(const QString &copy, Connection &mended)
+{
+    return salvage::rows(contentOf(copy), mended);
+}
+
+// Only the store can read these pages, so the rows are asked for by their numbers.
+bool saveProtected(const QString &copy, const QString &password, Connection &mended)
+{
+    try {
+        Connection damaged(copy, password, Connection::Purpose::Salvage);
+        damaged.verify();
+        return copy::readableRows(damaged, mended);
+    } catch (const EngineError &error) {
+        if (error.number() != 3343 && error.number() != 3049)
+            throw;
+        if (!isDamaged(copy, password))
+            throw EngineError(3031);
+        return false;
     }
-    setSamePermissions(path, scratch.path());
+}
+
+// The readable rows go into a new file, which takes the damaged one's place only when it is whole itself.
+bool save(const QString &place, const QString &password, const Scratch &made)
+{
+    const Scratch copy(place, u".rescue"_s);
+    const bool plain = registry::looksPlain(place) || password.isEmpty() || !cipherpages::looksEnciphered(contentOf(place));
+    const QString key = plain ? QString() : password;
+    copyWithJournal(place, key, copy);
+    Connection mended(made.path(), key, Connection::Purpose::Create);
+    const bool saved = plain ? savePlain(copy.path(), mended) : saveProtected(copy.path(), key, mended);
+    if (saved && !mended.isSound())
+        throw EngineError(3049, QDir::toNativeSeparators(place));
+    return saved;
+}
+
+void mend(const QString &place, const QString &password)
+{
+    const Scratch made(place, making);
+    const FileLock lock(place);
+    const bool saved = save(place, password, made);
+    if (saved) {
+        setSamePermissions(place, made.path());
+        keepDamaged(place);
+    }
     // Before the new file stands there: it must not have the old one's journal played into it.
-    QFile::remove(path + u"-journal"_s);
-    scratch.moveTo(path);
+    sidefiles::setAllAside(place);
+    if (saved)
+        made.moveTo(place);
+    else
+        setAside(place);
 }
 
 }
@@ -95,7 +136,7 @@ void DBEngine::CompactDatabase(const QString &source, const QString &destination
     QString password = passwordOf(locale);
     if (password.isEmpty())
         password = registry::knownPassword(from);
-    const Scratch scratch(to);
+    const Scratch scratch(to, making);
     {
         const DatabasePrivate opened(registry::acquire(from, password, false), true);
         Connection &file = opened.connection();
@@ -114,20 +155,12 @@ void DBEngine::RepairDatabase(const QString &path, const QString &connect)
     if (password.isEmpty())
         password = registry::knownPassword(place);
     const bool shared = registry::inUse(place);
-    bool whole = false;
-    try {
-        const DatabasePrivate opened(registry::acquire(place, password, false), false);
-        whole = sound(opened.connection());
-    } catch (const EngineError &error) {
-        if (error.number() != 3049)
-            throw;
-    }
-    if (whole)
+    if (isWhole(place, password))
         return;
     if (shared)
         throw EngineError(3045, QDir::toNativeSeparators(place));
     registry::forget(place);
-    salvage(place, password);
+    mend(place, password);
     registry::forget(place);
 }
 

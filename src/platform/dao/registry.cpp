@@ -1,5 +1,6 @@
 #include "platform/dao/registry.h"
 
+#include "platform/dao/sidefiles.h"
 #include "platform/dao/workspace.h"
 
 #include <QDir>
@@ -97,6 +98,7 @@ void remember(const QString &path, const std::shared_ptr<Connection> &connection
 
 std::shared_ptr<Connection> openFresh(const QString &path, const QString &password, bool exclusive)
 {
+    sidefiles::setForeignAside(path, password);
     const FileKind kind = inspect(path, password);
     const QByteArray salt = head(path, saltBytes);
     std::shared_ptr<Connection> connection;

@@ -278,6 +278,26 @@ TEST_F(Processes, AKillLeavesAllOrNone)
     EXPECT_EQ(contentOf(path()), before);
 }
 
+TEST_F(Processes, ADamagedFileInUseIsNotMended)
+{
+    m_file.Close();
+    DBEngine::Forget(path());
+    QProcess other;
+    start(other, u"hold"_s);
+    ASSERT_EQ(word(other), u"ready");
+    QFile file(path());
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(QByteArray(100, 'x'));
+    file.close();
+    const QByteArray before = contentOf(path());
+    DBEngine::SetLockWait(50);
+    EXPECT_EQ(errorOf([&] { DBEngine::RepairDatabase(path()); }), 3356);
+    EXPECT_EQ(contentOf(path()), before);
+    EXPECT_FALSE(QFile::exists(path() + u".damaged"_s));
+    other.kill();
+    other.waitForFinished();
+}
+
 TEST_F(Processes, AFullDiskIsToldAndLosesNothing)
 {
     QProcess other;

@@ -1,0 +1,361 @@
+#include "platform/dao/salvage.h"
+
+#include "platform/dao/pages.h"
+
+#include <QStringDecoder>
+#include <algorithm>
+#include <set>
+
+namespace vorel::dao::salvage {
+
+using namespace Qt::StringLiterals;
+using pages::Cell;
+using pages::PageFile;
+using pages::PageKind;
+using pages::Row;
+
+namespace {
+
+using Encoding = QStringConverter::Encoding;
+
+QByteArray utf8(const QByteArray &bytes, Encoding encoding)
+{
+    return encoding == QStringConverter::Utf8 ? bytes : QString(QStringDecoder(encoding)(bytes)).toUtf8();
+}
+
+// Runs a step over damaged content, which may fail as long as the new file can be written.
+template <class Step> bool passOver(const Step &step)
+{
+    try {
+        step();
+        return true;
+    } catch (const EngineError &error) {
+        for (const int number : { 3026, 3027, 3035, 3043, 3051 }) {
+            if (error.number() == number)
+                throw;
+        }
+        return false;
+    }
+}
+
+struct Item {
+    QByteArray type, name, sql;
+    int root = 0;
+};
+
+// One table of the new file and where its rows lay in the damaged one.
+class Target {
+public:
+    Target(Connection &to, const Item &item, Encoding encoding)
+        : m_to(to.handle()), m_name(quoted(QString::fromUtf8(item.name))), m_encoding(encoding), m_root(item.root)
+    {
+        int keys = 0;
+        Statement info(m_to, "PRAGMA table_info(" + m_name + ')');
+        while (info.step()) {
+            const QString type = info.text(2).toUpper();
+            m_columns.push_back({ quoted(info.text(1)), kindOf(type), type == u"INTEGER" && info.integer(5) == 1 });
+            keys += info.integer(5) > 0;
+        }
+        for (Column &column : m_columns)
+            column.rowId = column.rowId && keys == 1;
+        m_inserts.resize(m_columns.size() + 1);
+    }
+
+    int root() const { return m_root; }
+    size_t columns() const { return m_columns.size(); }
+
+    // A text column never holds a number, and the row's number stands beside the row.
+    bool fits(const Row &row) const
+    {
+        if (row.cells.empty() || row.cells.size() > m_columns.size())
+            return false;
+        for (size_t i = 0; i < row.cells.size(); ++i) {
+            const Cell::Kind kind = row.cells[i].kind;
+            const bool isNumber = kind == Cell::Kind::Integer || kind == Cell::Kind::Real;
+            if (m_columns[i].rowId && kind != Cell::Kind::Null)
+                return false;
+            if (isNumber ? m_columns[i].holds == Holds::Texts : kind == Cell::Kind::Text && m_columns[i].holds == Holds::Numbers)
+                return false;
+        }
+        return true;
+    }
+    bool fits(const std::vector<Row> &rows) const
+    {
+        const auto fitting = std::count_if(rows.begin(), rows.end(), [this](const Row &row) { return fits(row); });
+        return static_cast<size_t>(fitting) * 2 > rows.size();
+    }
+
+    void put(const std::vector<Row> &rows)
+    {
+        for (const Row &row : rows) {
+            if (row.cells.size() <= m_columns.size() && !row.cells.empty())
+                passOver([&] { put(row); });
+        }
+    }
+
+    bool damaged = false;       // some of its pages are missing
+
+private:
+    enum class Holds { Texts, Numbers, Anything };
+    struct Column {
+        QByteArray name;
+        Holds holds;
+        bool rowId;
+    };
+
+    static Holds kindOf(const QString &type)
+    {
+        const auto has = [&type](QStringView word) { return type.contains(word); };
+        if (has(u"INT"))
+            return Holds::Numbers;
+        if (has(u"CHAR") || has(u"CLOB") || has(u"TEXT"))
+            return Holds::Texts;
+        return has(u"REAL") || has(u"FLOA") || has(u"DOUB") ? Holds::Numbers : Holds::Anything;
+    }
+
+    // A row that is there stays: it was found on the better way.
+    void put(const Row &row)
+    {
+        Statement &insert = m_inserts[row.cells.size()];
+        if (!insert) {
+            QByteArrayList names = { "rowid" };
+            QByteArrayList places = { "?1" };
+            for (size_t i = 0; i < row.cells.size(); ++i) {
+                if (m_columns[i].rowId)
+                    continue;
+                names.append(m_columns[i].name);
+                places.append('?' + QByteArray::number(i + 2));
+            }
+            insert = Statement(m_to, "INSERT OR IGNORE INTO " + m_name + " (" + names.join(", ") + ") VALUES ("
+                                         + places.join(", ") + ')');
+        }
+        insert.bind(1, row.id);
+        for (size_t i = 0; i < row.cells.size(); ++i) {
+            if (!m_columns[i].rowId)
+                bind(insert, static_cast<int>(i + 2), row.cells[i]);
+        }
+        insert.run();
+    }
+
+    void bind(Statement &insert, int index, const Cell &cell) const
+    {
+        switch (cell.kind) {
+        case Cell::Kind::Missing:
+        case Cell::Kind::Null:
+            return insert.bindNull(index);
+        case Cell::Kind::Integer:
+            return insert.bind(index, cell.integer);
+        case Cell::Kind::Real:
+            return insert.bind(index, Value(cell.real));
+        case Cell::Kind::Text:
+            return insert.bind(index, utf8(cell.bytes, m_encoding));
+        case Cell::Kind::Bytes:
+            return insert.bind(index, Value(cell.bytes));
+        }
+    }
+
+    sqlite3 *m_to;
+    QByteArray m_name;
+    Encoding m_encoding;
+    int m_root;
+    std::vector<Column> m_columns;
+    std::vector<Statement> m_inserts;       // by the number of values that a row has
+};
+
+class Salvage {
+public:
+    Salvage(const QByteArray &damaged, Connection &to)
+        : m_file(damaged, pages::layoutOf(damaged)), m_to(to), m_taken(static_cast<size_t>(m_file.count()) + 1)
+    {
+    }
+
+    bool run()
+    {
+        readDesigns();
+        m_level = m_to.begin();
+        build();
+        if (m_targets.empty()) {
+            m_to.rollbackTo(m_level);
+            return false;
+        }
+        for (Target &target : m_targets)
+            takeTree(target);
+        takeCutOff();
+        m_to.commitTo(m_level);
+        return true;
+    }
+
+private:
+    // The entry of a table, an index or a view in the file's table of designs; its kind and its texts tell it.
+    bool readDesign(const Row &row, Item *item)
+    {
+        if (row.cells.size() != 5)
+            return false;
+        for (const size_t text : { 0, 1, 2, 4 }) {
+            if (row.cells[text].kind != Cell::Kind::Text)
+                return false;
+        }
+        static const std::pair<QByteArray, Encoding> tables[] = {
+            { "table", QStringConverter::Utf8 },
+            { QByteArray("t\0a\0b\0l\0e\0", 10), QStringConverter::Utf16LE },
+            { QByteArray("\0t\0a\0b\0l\0e", 10), QStringConverter::Utf16BE } };
+        for (const auto &[word, encoding] : tables) {
+            if (row.cells[0].bytes == word)
+                m_encoding = encoding;
+        }
+        item->type = utf8(row.cells[0].bytes, m_encoding);
+        item->name = utf8(row.cells[1].bytes, m_encoding);
+        item->sql = utf8(row.cells[4].bytes, m_encoding);
+        item->root = static_cast<int>(std::clamp<qint64>(row.cells[3].integer, 0, m_file.count()));
+        static const std::set<QByteArray> kinds = { "table", "index", "view", "trigger" };
+        return kinds.contains(item->type) && item->sql.toUpper().startsWith("CREATE ") && !item->name.isEmpty();
+    }
+
+    void addDesigns(const std::vector<Row> &rows)
+    {
+        for (const Row &row : rows) {
+            Item item;
+            if (!readDesign(row, &item) || item.name.startsWith("sqlite_"))
+                continue;
+            const bool known = std::any_of(m_items.begin(), m_items.end(),
+                                           [&](const Item &other) { return other.name == item.name; });
+            if (!known)
+                m_items.push_back(std::move(item));
+        }
+    }
+
+    // The tree of designs begins in the first page. Where it is broken, its other pages are known by their rows.
+    void readDesigns()
+    {
+        bool broken = false;
+        walk(1, broken, [&](const std::vector<Row> &rows) {
+            addDesigns(rows);
+            return true;
+        });
+        if (!broken)
+            return;
+        for (int page = 2; page <= m_file.count(); ++page) {
+            bool lost = false;
+            if (taken(page) || m_file.kind(page) != PageKind::TableLeaf)
+                continue;
+            const std::vector<Row> rows = m_file.rows(page, &lost);
+            Item item;
+            if (std::any_of(rows.begin(), rows.end(), [&](const Row &row) { return readDesign(row, &item); })) {
+                addDesigns(rows);
+                take(page);
+            }
+        }
+    }
+
+    // Unique indexes stand before the rows, so that a damaged row is left out and not the index.
+    void build()
+    {
+        for (const char *type : { "table", "index", "view" }) {
+            for (const Item &item : m_items) {
+                const bool built = item.type == type && passOver([&] { Statement(m_to.handle(), item.sql).run(); });
+                if (built && item.type == "table")
+                    m_targets.emplace_back(m_to, item, m_encoding);
+            }
+        }
+        std::erase_if(m_targets, [](const Target &target) { return target.columns() == 0; });
+    }
+
+    // Each page once, depth first; `leaf` says whether the page's rows belong here.
+    template <class Leaf> void walk(int root, bool &broken, const Leaf &leaf)
+    {
+        std::vector<int> open = { root };
+        while (!open.empty()) {
+            const int page = open.back();
+            open.pop_back();
+            const PageKind kind = m_file.kind(page);
+            if (kind == PageKind::Other || taken(page)) {
+                broken = true;
+            } else if (kind == PageKind::TableNode) {
+                take(page);
+                const std::vector<int> children = m_file.children(page);
+                open.insert(open.end(), children.rbegin(), children.rend());
+            } else if (leaf(m_file.rows(page, &broken))) {
+                take(page);
+            } else {
+                broken = true;
+            }
+        }
+    }
+
+    void takeTree(Target &target)
+    {
+        if (target.root() == 0) {
+            target.damaged = true;
+            return;
+        }
+        walk(target.root(), target.damaged, [&](const std::vector<Row> &rows) {
+            // Two pages may have changed places.
+            if (!rows.empty() && !target.fits(rows) && anotherFits(target, rows))
+                return false;
+            target.put(rows);
+            return true;
+        });
+    }
+
+    bool anotherFits(const Target &target, const std::vector<Row> &rows) const
+    {
+        return std::any_of(m_targets.begin(), m_targets.end(),
+                           [&](const Target &other) { return &other != &target && other.fits(rows); });
+    }
+
+    // Leaves that no tree leads to any more. A free page's rows are deleted ones; where the list of those is damaged,
+    // only tables that miss pages can have such leaves.
+    void takeCutOff()
+    {
+        const auto freePages = m_file.freePages();
+        if (freePages) {
+            for (const int page : *freePages)
+                take(page);
+        }
+        for (int page = 2; page <= m_file.count(); ++page) {
+            bool lost = false;
+            if (taken(page) || m_file.kind(page) != PageKind::TableLeaf)
+                continue;
+            const std::vector<Row> rows = m_file.rows(page, &lost);
+            if (Target *target = rows.empty() ? nullptr : bestFor(rows, freePages.has_value()))
+                target->put(rows);
+        }
+    }
+
+    Target *bestFor(const std::vector<Row> &rows, bool any)
+    {
+        Target *best = nullptr;
+        size_t fewest = 0;
+        for (Target &target : m_targets) {
+            if (!target.fits(rows) || !(any || target.damaged))
+                continue;
+            // A table that misses pages before one that seems whole, then the one with the least columns to spare.
+            const size_t spare = target.columns() - rows.front().cells.size() + (target.damaged ? 0 : 10'000);
+            if (!best || spare < fewest) {
+                best = &target;
+                fewest = spare;
+            }
+        }
+        return best;
+    }
+
+    bool taken(int page) const { return m_taken[static_cast<size_t>(page)]; }
+    void take(int page) { m_taken[static_cast<size_t>(page)] = true; }
+
+    PageFile m_file;
+    Connection &m_to;
+    Encoding m_encoding = QStringConverter::Utf8;
+    std::vector<bool> m_taken;
+    std::vector<Item> m_items;
+    std::vector<Target> m_targets;
+    int m_level = 0;
+};
+
+}
+
+bool rows(const QByteArray &damaged, Connection &to)
+{
+    return Salvage(damaged, to).run();
+}
+
+}
