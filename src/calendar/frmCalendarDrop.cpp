@@ -262,6 +262,18 @@ std::optional<QString> pickDate(QWidget *beside, const QString &text, const QStr
     return picker.applied() ? std::optional(displayDate(picker.selectedDate())) : std::nullopt;
 }
 
+std::optional<DateTime> OpenDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code)
+{
+    const PickerTarget *target = pickerTarget(code);
+    if (!target || !target->box.isEmpty())
+        return std::nullopt;
+    frmCalendarDrop picker(grid->window());
+    picker.setDropArea({grid->mapToGlobal(cell.topLeft()), cell.size()});
+    picker.DefaultDate(text);
+    picker.ShowModal();
+    return picker.applied() ? std::optional(picker.selectedDate()) : std::nullopt;
+}
+
 bool OpenDatePicker(QWidget *box, const QString &code)
 {
     const PickerTarget *target = pickerTarget(code);

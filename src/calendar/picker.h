@@ -6,6 +6,7 @@
 #include <array>
 #include <optional>
 
+class QRect;
 class QWidget;
 
 namespace vorel {
@@ -18,6 +19,10 @@ bool OpenDatePicker(QWidget *box, const QString &code);
 // The same for a place that is no box of its own (a grid's cell): drops down below the widget. The description is told to
 // assistive tools. The chosen date in the display date format; nullopt: cancelled.
 std::optional<QString> pickDate(QWidget *beside, const QString &text, const QString &description = {});
+
+// The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates. The code is the grid's
+// letter. The chosen day; nullopt: cancelled.
+std::optional<basic::DateTime> OpenDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code);
 
 // What a return code stands for: a box of a screen. A code without a box belongs to whoever opens the picker with it.
 struct PickerTarget {

@@ -1,5 +1,6 @@
 #include "frame/frmCaddy.h"
 
+#include "frame/frmCaddyCells.h"
 #include "frame/frmCaddyEdit.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyLayout.h"
@@ -36,7 +37,7 @@ using namespace Qt::StringLiterals;
 struct frmCaddy::Rooms {
     explicit Rooms(frmCaddy &screen)
         : build(&screen, c), columns(sizes, &screen), painting(c, sizes, columns), search(c),
-          sections(c, screen, sizes, columns, search), periods(c, screen), edit(c, screen, &screen),
+          sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
           menus(c, screen, periods, &screen), strip(c) {}
 
     struct Build {
@@ -50,6 +51,7 @@ struct frmCaddy::Rooms {
     CaddySearch search;
     CaddySections sections;
     CaddyPeriods periods;
+    CaddyCells cells;
     CaddyEdit edit;
     CaddyMenus menus;
     CaddyStrip strip;
@@ -92,7 +94,7 @@ void frmCaddy::connectGrids()
     for (ReminderGrid &one : d->c.reminders) {
         using controls::Grid;
         Grid *grid = one.grid;
-        grid->setToolTipProvider([this, &one](qsizetype row) { return d->edit.toolTip(one, row); });
+        grid->setToolTipProvider([this, &one](qsizetype row, int column) { return d->edit.toolTip(one, row, column); });
         controls::on(grid, &Grid::DblClick, this, [this, &one](int y) { d->edit.DblClick(one, y); });
         controls::on(grid, &Grid::EnterKey, this, [&one] { one.panEdit->click(); });
         controls::on(grid, &Grid::HeadClick, this, [this, grid](int column) { d->search.HeadClick(grid, column); });
@@ -110,6 +112,7 @@ void frmCaddy::connectGrids()
     controls::on(subjects, &controls::Grid::HeadClick, this,
                  [this, subjects](int column) { d->search.HeadClick(subjects, column); });
     controls::on(subjects, &controls::Grid::RowChange, this, [this] { d->edit.showDetails(); });
+    controls::on(subjects, &controls::Grid::BtnClick, this, [this](int, qsizetype row) { d->edit.subjectButton(row); });
     controls::on(&d->edit, &CaddyEdit::ActiveGridChanged, this, [this](const controls::Grid *grid) {
         d->painting.MarkActive(grid);
         d->edit.showDetails();
@@ -123,12 +126,12 @@ void frmCaddy::connectButtons()
         controls::on(button, &QAbstractButton::clicked, this, std::move(step));
     };
     for (const CategoryButton &entry : categoryButtons())
-        click(c.rail->button(entry.index), [this, index = entry.index] { d->sections.cmdCat_Click(index); });
+        click(c.rail->button(entry.index), [this, index = entry.index] { cmdCat_Click(index); });
     click(c.panNew, [this] { d->edit.panNew_Click(); });
     click(c.appointments().panEdit, [this] { d->edit.EditAppointment(); });
     click(c.bills().panEdit, [this] { d->edit.EditBill(); });
     click(c.events().panEdit, [this] { d->edit.EditEvent(); });
-    click(c.panEditS, [this] { d->edit.panEditS_Click(); });
+    click(c.panEditS, [this] { panEditS_Click(); });
     click(c.cmdNext, [this] { d->search.next(); });
     click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
     for (const auto &[name, button] : c.tools)
@@ -161,7 +164,7 @@ void frmCaddy::answerMenus()
 {
     CaddyMenus &menus = d->menus;
     menus.answer(u"mnuExit"_s, [this] { close(); });
-    menus.answer(u"mnuQuit"_s, [this] { Unload(); });
+    menus.answer(u"mnuQuit"_s, [this] { close(); });
     menus.answer(u"mnuAbout"_s, [] {
         basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)
                           + u"\nProbably the Handiest Software you will own"_s, u"About"_s, basic::Icon::Information);
@@ -171,7 +174,7 @@ void frmCaddy::answerMenus()
         return !basic::Dir(program).isEmpty() && desktop::ShellExecute(basic::realPath(program));
     };
     menus.answer(u"mnuMaintenance"_s, [this, startProgram] {
-        if (startProgram(u"Chimer.exe"_s))
+        if (WriteRows() && startProgram(u"Chimer.exe"_s))
             Unload();
     });
 }
@@ -240,16 +243,26 @@ void frmCaddy::Load()
 
 void frmCaddy::DisplayCategory(const QString &name)
 {
+    if (!WriteRows())
+        return;
     d->sections.DisplayCategory(name);
+    d->cells.EnterSection();
     d->painting.MarkActive(d->edit.activeGrid());
     d->edit.showDetails();
 }
 
-void frmCaddy::GetData() { d->sections.GetData(); }
+void frmCaddy::GetData()
+{
+    if (WriteRows())
+        d->sections.GetData();
+}
+
 void frmCaddy::RefreshData() { d->sections.RefreshData(); }
 void frmCaddy::DisplayCaption() { d->periods.DisplayCaption(); }
 void frmCaddy::DisplayDates() { d->periods.DisplayDates(); }
 void frmCaddy::CheckForMessages() { d->strip.CheckForMessages(); }
+void frmCaddy::UpdateRowHeight() { d->sections.UpdateRowHeight(); }
+bool frmCaddy::WriteRows() { return d->cells.WriteRows(); }
 void frmCaddy::SortData() { d->search.SortData(state().gSection); }
 
 void frmCaddy::DisableButtons(bool enable)
@@ -327,10 +340,33 @@ bool frmCaddy::event(QEvent *event)
     return QMainWindow::event(event);
 }
 
+void frmCaddy::cmdCat_Click(int index)
+{
+    if (WriteRows()) {
+        d->sections.cmdCat_Click(index);
+        return;
+    }
+    for (const CategoryButton &entry : categoryButtons())
+        d->c.rail->button(entry.index)->setChecked(entry.tag == state().gLastCategory);
+}
+
+void frmCaddy::panEditS_Click()
+{
+    if (d->c.panEditS->text() == u"Edit"_s)
+        d->edit.ShowEdit();
+    else
+        d->cells.ClearShoppingChecks();
+}
+
+// What was typed into a grid and cannot be stored keeps the screen open.
 void frmCaddy::closeEvent(QCloseEvent *event)
 {
-    event->accept();
-    Unload();
+    bool written = true;
+    if (!m_unloaded)
+        basic::Trap([&] { written = WriteRows(); });
+    event->setAccepted(written);
+    if (written)
+        Unload();
 }
 
 void frmCaddy::Unload()

@@ -29,6 +29,8 @@ public:
     void DisplayDates() override;
     void DisableButtons(bool enable) override;
     void CheckForMessages() override;
+    void UpdateRowHeight() override;
+    bool WriteRows() override;
     // Sorts the section on show, by a column that is asked for where none was clicked.
     void SortData();
 
@@ -50,6 +52,8 @@ private:
     void loadSettings();
     void openData();
     void showStart();
+    void cmdCat_Click(int index);
+    void panEditS_Click();
     void fitDesktop();
     void applyBackground();
     void cmdColor_Click();

@@ -1,9 +1,11 @@
 #include "frame/frmCaddyEdit.h"
 
 #include "frame/frmCaddyPicture.h"
+#include "frame/frmCaddyScreens.h"
 #include "frame/frmLater.h"
 #include "frame/sections.h"
 #include "platform/basic/convert.h"
+#include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "reminders/frmRecord.h"
@@ -15,6 +17,7 @@
 namespace vorel {
 
 using namespace Qt::StringLiterals;
+using controls::Grid;
 
 namespace {
 
@@ -41,7 +44,8 @@ CaddyEdit::CaddyEdit(CaddyControls &c, MainScreen &screen, QWidget *window)
 
 void CaddyEdit::editReminder(ReminderGrid &one)
 {
-    openReminder(one, selectedId(one.grid));
+    if (m_screen.WriteRows())
+        openReminder(one, selectedId(one.grid));
 }
 
 void CaddyEdit::openReminder(ReminderGrid &one, qint32 id)
@@ -49,6 +53,7 @@ void CaddyEdit::openReminder(ReminderGrid &one, qint32 id)
     State &s = state();
     s.gRecordCode = one.code;
     s.gLastRecord = id;
+    stopTimers();
     frmRecord record(m_window);
     controls::DataControl &rows = record.dtaData();
     if (id == 0) {
@@ -60,6 +65,7 @@ void CaddyEdit::openReminder(ReminderGrid &one, qint32 id)
         rows.FindFirst(u"ID = %1"_s.arg(id));
     }
     record.ShowModal();
+    startTimers();
     m_screen.GetData();
     if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.gLastRecord)))
         one.grid->setBookmark(one.data->Recordset().Bookmark());
@@ -76,28 +82,71 @@ ReminderGrid *CaddyEdit::currentReminder() const
     return m_c.firstShown();
 }
 
+// The record screen of the section on show. Two sections have none: their rows are edited in the grid.
+void CaddyEdit::openSubject(qint32 id)
+{
+    QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    m_c.TimerMessages->stop();
+    m_screen.UpdateRowHeight();
+    state().gLastRecord = id;
+    if (const RecordScreen *screen = recordScreen(state().gSection)) {
+        state().gRecordCode = screen->recordCode;
+        stopTimers();
+        if (screen->open)
+            basic::Trap([&] { screen->open({m_window, id}); });
+        else
+            ShowLater(u"The screen of a record of "_s + SectionName());
+    }
+    m_screen.GetData();
+    m_c.txtSearch->clear();
+    startTimers();
+}
+
 void CaddyEdit::ShowEdit()
 {
-    m_c.TimerMessages->stop();
-    if (state().gSection != u"G"_s && state().gSection != u"H"_s)       // those two are edited in the grid
-        ShowLater(u"The screen of a record of "_s + SectionName());
-    m_screen.GetData();
-    restartTimers();
+    if (!m_screen.WriteRows())
+        return;
+    Grid *grid = m_c.SUBJECTGRID;
+    const qint32 id = selectedId(grid);
+    const int column = grid->currentIndex().column();
+    const bool isEditedHere = !recordScreen(state().gSection) && !grid->isHidden();
+    openSubject(id);
+    if (!isEditedHere)
+        return;
+    grid->setFocus();
+    if (id == 0) {
+        grid->EditNewRow();
+        return;
+    }
+    grid->setCurrentIndex(grid->currentIndex().siblingAtColumn(column));
+    grid->EditCell();
 }
 
 void CaddyEdit::NewRecord()
 {
+    if (!m_screen.WriteRows())
+        return;
     ReminderGrid *reminder = currentReminder();
-    if (reminder && !reminder->grid->isHidden())
+    if (reminder && !reminder->grid->isHidden()) {
         openReminder(*reminder, 0);
-    else
-        ShowEdit();
-    restartTimers();
+        m_c.txtSearch->clear();
+        return;
+    }
+    openSubject(0);
+    if (!m_c.SUBJECTGRID->isHidden() && !recordScreen(state().gSection)) {
+        m_c.SUBJECTGRID->setFocus();
+        m_c.SUBJECTGRID->EditNewRow();
+    }
 }
 
-void CaddyEdit::restartTimers()
+void CaddyEdit::stopTimers()
 {
-    m_c.txtSearch->clear();
+    m_c.Timer2->stop();
+    m_c.TimerMessages->stop();
+}
+
+void CaddyEdit::startTimers()
+{
     m_c.Timer2->start();
     if (state().gNetwork)
         m_c.TimerMessages->start();
@@ -109,9 +158,19 @@ void CaddyEdit::panNew_Click()
         NewRecord();
 }
 
-void CaddyEdit::panEditS_Click()
+// A row with a picture shows it in the pane at the right.
+void CaddyEdit::subjectButton(qsizetype row)
 {
-    ShowEdit();
+    const Grid *grid = m_c.SUBJECTGRID;
+    const std::vector<controls::GridColumn> &columns = grid->columns();
+    QString file;
+    for (std::size_t i = 0; i < columns.size(); ++i)
+        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0)
+            file = grid->CellText(static_cast<int>(i), row).trimmed();
+    if (file.isEmpty() || basic::Dir(file).isEmpty())
+        ShowLater(u"The choice of a picture"_s);
+    else
+        showDetails();
 }
 
 void CaddyEdit::editSearched()
@@ -133,10 +192,12 @@ void CaddyEdit::DblClick(ReminderGrid &one, int yTwips)
         m_screen.DisplayCategory(state().gSection == one.code ? u"All"_s : one.sectionName);
 }
 
-QString CaddyEdit::toolTip(const ReminderGrid &one, qsizetype row) const
+QString CaddyEdit::toolTip(const ReminderGrid &one, qsizetype row, int column) const
 {
     if (row >= 0)
         return {};
+    if (one.code == u"E"_s && column == dateColumn)
+        return u" Click the DATE Heading to display the Events in either Day or Date Order "_s;
     return state().gSection == one.code ? u" Double Click Here for All Display "_s : u" Double Click Here for Full Display "_s;
 }
 

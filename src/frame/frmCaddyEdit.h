@@ -17,10 +17,10 @@ public:
     void ShowEdit();
     void NewRecord();
     void panNew_Click();
-    void panEditS_Click();
+    void subjectButton(qsizetype row);          // the button of a row of SUBJECTGRID
     void editSearched();                        // the row that the search box stands on
     void DblClick(ReminderGrid &one, int yTwips);
-    QString toolTip(const ReminderGrid &one, qsizetype row) const;
+    QString toolTip(const ReminderGrid &one, qsizetype row, int column) const;
     controls::Grid *activeGrid() const;         // the grid on show that the keyboard works on, or worked on last
     void showDetails();                         // the pane at the right follows that grid's row
 
@@ -30,8 +30,10 @@ signals:
 private:
     void editReminder(ReminderGrid &one);
     void openReminder(ReminderGrid &one, qint32 id);
+    void openSubject(qint32 id);
     ReminderGrid *currentReminder() const;
-    void restartTimers();
+    void stopTimers();
+    void startTimers();
 
     CaddyControls &m_c;
     MainScreen &m_screen;

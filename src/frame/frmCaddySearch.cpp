@@ -131,6 +131,8 @@ void CaddySearch::SortData(const QString &code)
 {
     const ReminderGrid *reminder = m_c.reminder(code);
     controls::DataControl *data = reminder ? reminder->data : m_c.dtaSubjects;
+    if (!data->UpdateRecord())
+        return;
     dao::Recordset rows = data->Recordset();
     if (!rows)
         return;
@@ -155,6 +157,8 @@ void CaddySearch::HeadClick(Grid *grid, int column)
 {
     const dao::Recordset &rows = grid->dataControl()->Recordset();
     const auto at = static_cast<std::size_t>(column);
+    if (!grid->UpdateRow())
+        return;
     if (!rows || rows.Type() == dao::dbOpenTable || column < 0 || at >= grid->columns().size())
         return;
     QString code = state().gSection;

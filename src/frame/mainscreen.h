@@ -15,6 +15,10 @@ public:
     virtual void DisplayDates() = 0;
     virtual void DisableButtons(bool enable) = 0;
     virtual void CheckForMessages() = 0;
+    virtual void UpdateRowHeight() {}
+    // Writes what was changed in the grids' cells. false: a row was refused, the user was told, and its typing is kept:
+    // whoever would leave or read the rows stays where he is.
+    virtual bool WriteRows() { return true; }
 };
 
 }

@@ -7,4 +7,6 @@ list(APPEND VOREL_ROUTINES
   frame/categories.cpp
   frame/menus.cpp
   frame/gridlayout.cpp
-  frame/shared.cpp)
+  frame/shared.cpp
+  frame/celltexts.cpp
+  frame/shopping.cpp)

@@ -1,5 +1,6 @@
 list(APPEND VOREL_SCREENS
   frame/frmCaddy.cpp
+  frame/frmCaddyCells.cpp
   frame/frmCaddyColumns.cpp
   frame/frmCaddyEdit.cpp
   frame/frmCaddyIcons.cpp
@@ -9,6 +10,7 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddyPeriods.cpp
   frame/frmCaddyPicture.cpp
   frame/frmCaddyRail.cpp
+  frame/frmCaddyScreens.cpp
   frame/frmCaddySearch.cpp
   frame/frmCaddySections.cpp
   frame/frmCaddyStrip.cpp

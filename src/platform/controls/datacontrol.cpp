@@ -61,6 +61,7 @@ struct DataControl::Private {
     dao::Recordset rows;
     dao::Bookmark shown;                    // the row that the widgets hold
     std::vector<Binding> bindings;
+    std::function<bool()> writer;
     bool dropping = false;
 
     enum class Written { Done, Gone, Refused };
@@ -287,8 +288,15 @@ const QString &DataControl::RecordSource() const
     return d->source;
 }
 
+void DataControl::setRowWriter(std::function<bool()> writer)
+{
+    d->writer = std::move(writer);
+}
+
 void DataControl::Refresh()
 {
+    if (d->writer && !d->writer())
+        return;
     dao::Database opened;
     dao::Recordset recordset;
     if (!d->source.trimmed().isEmpty() && !d->path.isEmpty()) {
@@ -320,7 +328,8 @@ dao::Database &DataControl::Database()
 
 void DataControl::setRecordset(const dao::Recordset &recordset)
 {
-    d->take(recordset);
+    if (!d->writer || d->writer())
+        d->take(recordset);
 }
 
 bool DataControl::hasRows() const
@@ -362,6 +371,8 @@ void DataControl::unbindAll()
 
 bool DataControl::UpdateRecord()
 {
+    if (d->writer && !d->writer())
+        return false;
     Private::Failure failure;
     const Private::Written result = d->write(&failure);
     if (result == Private::Written::Done)

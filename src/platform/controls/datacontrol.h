@@ -44,6 +44,9 @@ public:
     // false: the engine refused; Error was emitted, the row is still current and the widgets keep what was typed.
     bool UpdateRecord();
     void ShowRow();                                     // fills the widgets from the current row, then emits Reposition
+    // For a control that collects changes of the current row itself (a grid): writes them, false if they were refused.
+    // Asked before the row is left by any move, Refresh or setRecordset; those stay where they are if it says no.
+    void setRowWriter(std::function<bool()> writer);
     bool isDirty() const;
     void revert();                                      // back to the stored values
     void takeAsShown(QWidget *widget);                  // what code put into the widget on showing the row is no typing

@@ -1,188 +1,8 @@
-#include "platform/controls/grid.h"
+#include "platform/controls/grid_p.h"
 
-#include "platform/controls/colours.h"
-#include "platform/controls/griddelegate.h"
-#include "platform/controls/gridparts.h"
-
-#include <QAbstractButton>
-#include <QHelpEvent>
-#include <QKeyEvent>
-#include <QPainter>
 #include <QScrollBar>
-#include <QTimer>
-#include <QToolTip>
 
 namespace vorel::controls {
-
-using namespace Qt::StringLiterals;
-
-struct Grid::Private {
-    explicit Private(Grid *grid)
-        : q(grid), model(new GridModel(grid)), delegate(new GridDelegate(*model, grid)), title(new GridTitle(grid)),
-          head(new GridHead(grid)), selectors(new RowSelectors(grid)) {}
-
-    Grid *q;
-    GridModel *model;
-    GridDelegate *delegate;
-    GridTitle *title;
-    GridHead *head;
-    RowSelectors *selectors;
-    QWidget *corner = nullptr;      // between the selectors and the heads
-    QMetaObject::Connection rowsChanged, repositioned;
-    std::function<QString(qsizetype)> toolTip;
-    QString titleText;
-    bool following = false;         // the grid is taking over the control's row
-    bool leading = false;           // the control is taking over the grid's row
-
-    void setUp()
-    {
-        q->setModel(model);
-        q->setItemDelegate(delegate);
-        q->setHorizontalHeader(head);
-        q->setVerticalHeader(selectors);
-        q->setSelectionBehavior(QAbstractItemView::SelectRows);
-        q->setSelectionMode(QAbstractItemView::SingleSelection);
-        q->setEditTriggers(QAbstractItemView::NoEditTriggers);
-        q->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-        q->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-        q->setShowGrid(false);      // the delegate draws one thin line below each row
-        q->setTabKeyNavigation(false);
-        q->setCornerButtonEnabled(false);
-        q->setWordWrap(true);
-        q->setMouseTracking(true);
-        selectors->setRowHeight(q->fontMetrics().height() + cellPadding);
-        head->viewport()->installEventFilter(q);
-        title->installEventFilter(q);
-        corner = q->findChild<QAbstractButton *>({}, Qt::FindDirectChildrenOnly);
-        if (corner)
-            corner->installEventFilter(q);
-        title->hide();
-
-        const auto headLines = [this](QPoint where) { emit q->DblClick(std::min(toTwips(where.y()), headLinesTwips)); };
-        connect(title, &GridTitle::doubleClicked, q, headLines);
-        connect(head, &GridHead::doubleClicked, q, headLines);
-        connect(head, &GridHead::sectionClicked, q, &Grid::HeadClick);
-        connect(head, &GridHead::userResized, q, &Grid::ColResize);
-        connect(selectors, &RowSelectors::heightChanged, q, [this] { q->doItemsLayout(); });
-        connect(selectors, &RowSelectors::userResized, q, &Grid::RowResize);
-        connect(q, &QAbstractItemView::clicked, q, [this](const QModelIndex &index) { press(index); });
-    }
-
-    bool isButton(const QModelIndex &index) const
-    {
-        return index.isValid() && index.row() < model->rows()
-            && model->columns()[static_cast<std::size_t>(index.column())].style == GridColumn::Style::Button;
-    }
-
-    void press(const QModelIndex &index)
-    {
-        if (isButton(index))
-            emit q->BtnClick(index.column(), index.row());
-    }
-
-    void pressByKey()
-    {
-        const int row = q->currentIndex().row();
-        for (int column = 0; row >= 0 && column < model->columnCount(); ++column) {
-            const QModelIndex index = model->index(row, column);
-            if (!q->isColumnHidden(column) && isButton(index)) {
-                press(index);
-                return;
-            }
-        }
-    }
-
-    void placeTitle()
-    {
-        const bool shown = !title->text().isEmpty();
-        const int height = shown ? title->sizeHint().height() : 0;
-        const int frame = q->frameWidth();
-        title->setGeometry(frame, frame, q->width() - 2 * frame, height);
-        title->setVisible(shown);
-        title->raise();
-        head->setTitleHeight(height);
-    }
-
-    int firstVisibleColumn() const
-    {
-        for (int column = 0; column < model->columnCount(); ++column) {
-            if (!q->isColumnHidden(column))
-                return column;
-        }
-        return 0;
-    }
-
-    void selectRow(qsizetype row)
-    {
-        if (row < 0 || row >= model->rowCount()) {
-            q->clearSelection();
-            q->setCurrentIndex({});
-            return;
-        }
-        const int column = q->currentIndex().isValid() ? q->currentIndex().column() : firstVisibleColumn();
-        const int place = q->horizontalScrollBar()->value();
-        q->setCurrentIndex(model->index(static_cast<int>(row), column));
-        q->horizontalScrollBar()->setValue(place);
-    }
-
-    qsizetype controlRow() const
-    {
-        qsizetype row = -1;
-        basic::IgnoreErrors([&] {
-            DataControl *data = model->control();
-            if (!data || !data->hasRows())
-                return;
-            const dao::Recordset &rows = data->Recordset();
-            if (rows.BOF() || rows.EOF_())
-                return;
-            const dao::Bookmark mark = rows.Bookmark();
-            row = rows.AbsolutePosition();
-            if (rows.bookmarkAt(row) != mark)
-                row = rows.positionOf(mark);
-        });
-        return row;
-    }
-
-    void follow()
-    {
-        if (leading || following)
-            return;
-        following = true;
-        if (model->isOutdated())        // rows came or went through the control's own recordset
-            model->reload();
-        selectRow(controlRow());
-        following = false;
-    }
-
-    // The control's current row becomes the grid's. false: what was typed on its row could not be saved.
-    bool lead(qsizetype row)
-    {
-        DataControl *data = model->control();
-        if (!data || following || leading || row < 0 || row >= model->rows() || row == controlRow())
-            return true;
-        leading = true;
-        const bool moved = data->setBookmark(q->getBookmark(row));
-        leading = false;
-        return moved;
-    }
-
-    void showTip(QHelpEvent *event, qsizetype row, const QModelIndex &index) const
-    {
-        QString text = toolTip ? toolTip(row) : QString();
-        if (text.isEmpty() && index.isValid()) {
-            const QString whole = index.data().toString();
-            const int room = q->columnWidth(index.column()) - 2 * cellPadding;
-            if (q->fontMetrics().horizontalAdvance(whole) > room)
-                text = whole;
-        }
-        if (Qt::mightBeRichText(text))      // records hold text, never markup
-            text = u"<p style='white-space:pre-wrap'>"_s + text.toHtmlEscaped() + u"</p>"_s;
-        if (text.isEmpty())
-            QToolTip::hideText();
-        else
-            QToolTip::showText(event->globalPos(), text, q);
-    }
-};
 
 Grid::Grid(QWidget *parent) : QTableView(parent), d(std::make_unique<Private>(this))
 {
@@ -198,15 +18,20 @@ Grid::~Grid()
         d->corner->removeEventFilter(this);
     disconnect(d->rowsChanged);
     disconnect(d->repositioned);
+    if (DataControl *control = dataControl())
+        control->setRowWriter({});
 }
 
 void Grid::setDataControl(DataControl *control)
 {
     disconnect(d->rowsChanged);
     disconnect(d->repositioned);
+    if (DataControl *former = dataControl())
+        former->setRowWriter({});
     d->model->setControl(control);
     if (!control)
         return;
+    control->setRowWriter([this] { return UpdateRow(); });
     d->rowsChanged = connect(control, &DataControl::RowsChanged, this, &Grid::Requery);
     d->repositioned = connect(control, &DataControl::Reposition, this, [this] { d->follow(); });
     d->follow();
@@ -282,6 +107,11 @@ void Grid::setRowLoad(std::function<void(RowPaint &)> handler)
 }
 
 void Grid::setToolTipProvider(std::function<QString(qsizetype)> provider)
+{
+    d->toolTip = [provider = std::move(provider)](qsizetype row, int) { return provider(row); };
+}
+
+void Grid::setToolTipProvider(std::function<QString(qsizetype, int)> provider)
 {
     d->toolTip = std::move(provider);
 }
@@ -398,92 +228,6 @@ void Grid::Requery()
 void Grid::Repaint()
 {
     d->model->forgetRows();
-}
-
-void Grid::currentChanged(const QModelIndex &current, const QModelIndex &previous)
-{
-    QTableView::currentChanged(current, previous);
-    if (!d || current.row() == previous.row())
-        return;
-    d->selectors->viewport()->update();
-    const QPointer<Grid> alive(this);
-    if (!d->lead(current.row())) {
-        // Not from inside the change of selection that is still under way.
-        if (alive)
-            QTimer::singleShot(0, this, [this] { d->follow(); });
-        return;
-    }
-    if (alive)
-        emit RowChange();
-}
-
-bool Grid::eventFilter(QObject *watched, QEvent *event)
-{
-    if (event->type() == QEvent::ToolTip && (watched == d->title || watched == d->head->viewport())) {
-        d->showTip(static_cast<QHelpEvent *>(event), -1, {});
-        return true;
-    }
-    if (event->type() == QEvent::Paint && watched == d->corner) {
-        QPainter painter(d->corner);
-        painter.fillRect(d->corner->rect(), headBack(palette()));
-        painter.setPen(hairline(palette()));
-        painter.drawLine(d->corner->rect().bottomLeft(), d->corner->rect().bottomRight());
-        return true;
-    }
-    return QTableView::eventFilter(watched, event);
-}
-
-void Grid::keyPressEvent(QKeyEvent *event)
-{
-    const bool alone = event->modifiers() == Qt::NoModifier || event->modifiers() == Qt::KeypadModifier;
-    const int key = event->key();
-    if ((key == Qt::Key_Return || key == Qt::Key_Enter) && alone) {
-        if (currentRow() >= 0)
-            emit EnterKey();
-    } else if ((key == Qt::Key_Home || key == Qt::Key_End) && alone) {
-        d->selectRow(key == Qt::Key_Home ? 0 : d->model->rowCount() - 1);
-    } else if ((key == Qt::Key_F4 && alone) || (key == Qt::Key_Down && event->modifiers() == Qt::AltModifier)) {
-        d->pressByKey();
-    } else {
-        QTableView::keyPressEvent(event);
-        return;
-    }
-    event->accept();
-}
-
-void Grid::mouseDoubleClickEvent(QMouseEvent *event)
-{
-    QTableView::mouseDoubleClickEvent(event);
-    if (event->button() != Qt::LeftButton || d->isButton(indexAt(event->pos())))
-        return;
-    emit DblClick(std::max(toTwips(viewport()->mapTo(this, event->pos()).y()), headLinesTwips + 1));
-}
-
-void Grid::resizeEvent(QResizeEvent *event)
-{
-    QTableView::resizeEvent(event);
-    d->placeTitle();
-}
-
-void Grid::changeEvent(QEvent *event)
-{
-    QTableView::changeEvent(event);
-    if (d && (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange))
-        d->placeTitle();
-}
-
-bool Grid::viewportEvent(QEvent *event)
-{
-    if (d && event->type() == QEvent::ToolTip) {
-        const auto *help = static_cast<QHelpEvent *>(event);
-        const QModelIndex index = indexAt(help->pos());
-        if (index.isValid())
-            d->showTip(static_cast<QHelpEvent *>(event), index.row(), index);
-        else
-            QToolTip::hideText();
-        return true;
-    }
-    return QTableView::viewportEvent(event);
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/controls/datacontrol.h"
+#include "platform/controls/gridedit.h"
 
 #include <QColor>
 #include <QTableView>
@@ -56,12 +57,33 @@ public:
     void setAllowAddNew(bool allow);                    // an empty line after the last row (its ID reads as 0)
     void setRecordSelectors(bool on);
 
+    // Which cells can be changed; none at first. Kept over setColumns, for the columns are known by their fields.
+    // A cell opens by typing, F2 or EditCell. Enter writes the row, Tab and Shift+Tab go on to the next cell, Escape drops
+    // what was typed in the cell, and the next Escape the row's changes. Whatever leaves the row (a move, a click, another
+    // query of the control) writes it first, or stays; a check alone is written at once.
+    void setEditing(std::vector<CellEdit> cells, EditHandlers handlers = {});
+    void EditCell();                                    // the current cell, or the row's first that can be typed into
+    void EditNewRow();                                  // the new-row line's first cell
+    bool UpdateRow();                                   // writes what was changed; false: refused, the typing is kept
+    void UndoRow();
+    bool isRowChanged() const;
+    // The row that is being changed, else the current one (-1: neither), and its cells as they stand. setEditValue changes
+    // one without the handlers of a cell, whether or not the column is open to typing.
+    qsizetype EditRow() const;
+    QString EditText(int column) const;
+    dao::Value CellValue(int column, qsizetype row) const;
+    void setEditValue(int column, const dao::Value &value);
+    void ChangeCell(int column, const QString &text);   // of the current row, as if it were typed
+    QRect cellRect(int column, qsizetype row) const;    // on the viewport
+
     // The set named "" is what all cells without another one take. A set without a fore colour, or with one that cannot
     // be told from what is behind it, is shown in black or white.
     void setStyleSet(const QString &name, const StyleSet &style);
     StyleSet styleSet(const QString &name) const;
     void setRowLoad(std::function<void(RowPaint &)> handler);
-    void setToolTipProvider(std::function<QString(qsizetype row)> provider);    // row -1: the head lines
+    // row -1: the head lines; column -1: the title.
+    void setToolTipProvider(std::function<QString(qsizetype row)> provider);
+    void setToolTipProvider(std::function<QString(qsizetype row, int column)> provider);
     void setActiveRowStyleSet(const QString &name);     // the style of the current row; "" = none
 
     // Column widths and row height in twips.
@@ -86,20 +108,27 @@ public:
     void Repaint();                                     // asks the row-load handler anew for the rows in view
 
 signals:
-    void HeadClick(int column);
+    void HeadClick(int column);                         // by the mouse, or Ctrl+Shift+S for the current cell's column
     void DblClick(int yTwips);                          // from the grid's top: up to headLinesTwips on the title and the
                                                         // heads, more below them
     void RowChange();                                   // the data control stands on the new row already
     void ColResize(int column);                         // by the user; once, when the edge is let go
     void RowResize();                                   // likewise: all rows have the new height
     void BtnClick(int column, qsizetype row);           // by the mouse, or F4 and Alt+Down on the row
-    void EnterKey();                                    // Return on a row
+    void EnterKey();                                    // Return on a row that is not being changed
+    void DeleteKey();                                   // on a stored row of a grid that can be edited
+    void CellMove(int fromColumn, int toColumn);        // within a row
+    void EditBegun();                                   // a cell is open for typing
+    void EditEnded();
 
 protected:
+    void closeEditor(QWidget *editor, QAbstractItemDelegate::EndEditHint hint) override;
     void currentChanged(const QModelIndex &current, const QModelIndex &previous) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
     void keyboardSearch(const QString &) override {}    // the screens have a search box of their own
+    bool focusNextPrevChild(bool next) override;
+    void mousePressEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;

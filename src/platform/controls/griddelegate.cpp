@@ -90,6 +90,74 @@ void GridDelegate::paintCheck(QPainter *painter, const QRect &cell, const QColor
     painter->drawPolyline(points.data(), static_cast<int>(points.size()));
 }
 
+QRect GridDelegate::endButtonRect(const QRect &cell)
+{
+    const int width = std::min(24, cell.width() / 3);
+    return {cell.right() - width - 1, cell.top() + 1, width, cell.height() - 3};
+}
+
+QRect GridDelegate::boxRect(const QRect &cell)
+{
+    const int side = std::min({16, cell.height() - 3, cell.width() - 4});
+    QRect box(0, 0, side, side);
+    box.moveCenter(cell.center());
+    return box;
+}
+
+void GridDelegate::paintBox(QPainter *painter, const QRect &cell, const QColor &fore) const
+{
+    QColor line = fore;
+    line.setAlphaF(0.55f);
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->setPen(line);
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRoundedRect(QRectF(boxRect(cell)).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+}
+
+// The end of a cell that offers more than its text: a button, or a list. Shown where the cursor or the pointer is.
+int GridDelegate::paintEndMark(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+                               const QColor &fore) const
+{
+    const CellEdit *edit = m_model.canChange(index.row(), index.column()) ? m_model.edit(index.column()) : nullptr;
+    const bool isNear = option.state & (QStyle::State_Selected | QStyle::State_MouseOver);
+    if (!edit || !isNear || (!edit->hasButton && !edit->list))
+        return 0;
+    const QRect face = endButtonRect(option.rect);
+    const QPointF middle = QRectF(face).center();
+    painter->setRenderHint(QPainter::Antialiasing);
+    if (edit->hasButton) {
+        const QColor ground = option.palette.color(QPalette::Button), dots = option.palette.color(QPalette::ButtonText);
+        painter->setPen(blend(ground, dots, 0.35));
+        painter->setBrush(ground);
+        painter->drawRoundedRect(QRectF(face).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(dots);
+        for (const int x : {-5, 0, 5})
+            painter->drawEllipse(middle + QPointF(x, 0), 1.3, 1.3);
+    } else {
+        painter->setPen(QPen(fore, 1.4));
+        painter->setBrush(Qt::NoBrush);
+        const std::array points {middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)};
+        painter->drawPolyline(points.data(), static_cast<int>(points.size()));
+    }
+    painter->setRenderHint(QPainter::Antialiasing, false);
+    return face.width() + 2;
+}
+
+void GridDelegate::paintText(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index,
+                             const Look &shown) const
+{
+    const int end = paintEndMark(painter, option, index, shown.fore);
+    QFont font = option.font;
+    font.setBold(font.bold() || shown.bold);
+    painter->setFont(font);
+    painter->setPen(shown.fore);
+    const QRect room = option.rect.adjusted(cellPadding, 1, -std::max(cellPadding, end), -1);
+    const QString text = fittedText(index.data().toString(), QFontMetrics(font), room.size());
+    const Qt::Alignment alignment = m_model.columns()[static_cast<std::size_t>(index.column())].alignment;
+    painter->drawText(room, static_cast<int>(alignment | Qt::AlignVCenter), text);
+}
+
 QRect GridDelegate::buttonRect(const QRect &cell)
 {
     QRect face(0, 0, std::min(cell.width() - 4, 28), std::min(cell.height() - 4, 22));
@@ -136,22 +204,17 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     painter->setPen(hairline(option.palette));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->setClipRect(option.rect);
-    const GridColumn &column = m_model.columns()[static_cast<std::size_t>(index.column())];
-    const auto style = column.style;
-    const bool isNew = m_model.isNewRow(index.row());
+    const auto style = m_model.columns()[static_cast<std::size_t>(index.column())].style;
+    const bool isNew = m_model.isNewRow(index.row()) && !m_model.draft().isOpen();
     if (style == GridColumn::Style::Check && !isNew) {
+        if (m_model.canChange(index.row(), index.column()))
+            paintBox(painter, option.rect, shown.fore);
         if (m_model.isChecked(index.row(), index.column()))
             paintCheck(painter, option.rect, shown.fore);
-    } else if (style == GridColumn::Style::Button && !isNew) {
+    } else if (style == GridColumn::Style::Button && !m_model.isNewRow(index.row())) {
         paintButton(painter, option, index);
     } else {
-        QFont font = option.font;
-        font.setBold(font.bold() || shown.bold);
-        painter->setFont(font);
-        painter->setPen(shown.fore);
-        const QRect room = option.rect.adjusted(cellPadding, 1, -cellPadding, -1);
-        const QString text = fittedText(index.data().toString(), QFontMetrics(font), room.size());
-        painter->drawText(room, static_cast<int>(column.alignment | Qt::AlignVCenter), text);
+        paintText(painter, option, index, shown);
     }
     painter->restore();
     if (option.state & QStyle::State_HasFocus && option.widget) {

@@ -2,6 +2,7 @@
 
 #include "platform/controls/gridmodel.h"
 
+#include <QPointer>
 #include <QStyledItemDelegate>
 
 namespace vorel::controls {
@@ -18,7 +19,21 @@ public:
 
     void setActiveStyle(const QString &name) { m_activeStyle = name; }
     static QRect buttonRect(const QRect &cell);
+    static QRect endButtonRect(const QRect &cell);      // at the end of a text cell
+    static QRect boxRect(const QRect &cell);            // of a check that can be toggled
     void paint(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+    // The cell that is open for typing (grideditor.cpp).
+    QWidget *openEditor() const { return m_editor; }
+    void forgetEditor(const QWidget *editor);
+    void openList() const;
+    QWidget *createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+    void setEditorData(QWidget *editor, const QModelIndex &index) const override;
+    void setModelData(QWidget *editor, QAbstractItemModel *model, const QModelIndex &index) const override;
+    void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option, const QModelIndex &index) const override;
+
+signals:
+    void opened() const;
 
 private:
     struct Look {
@@ -27,10 +42,14 @@ private:
     };
     Look look(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintCheck(QPainter *painter, const QRect &cell, const QColor &fore) const;
+    void paintBox(QPainter *painter, const QRect &cell, const QColor &fore) const;
+    void paintText(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index, const Look &shown) const;
+    int paintEndMark(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index, const QColor &fore) const;
     void paintButton(QPainter *painter, const QStyleOptionViewItem &option, const QModelIndex &index) const;
 
     const GridModel &m_model;
     QString m_activeStyle;
+    mutable QPointer<QWidget> m_editor;
 };
 
 }

@@ -1,6 +1,7 @@
 #include "platform/controls/gridmodel.h"
 
 #include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 
 #include <limits>
@@ -23,6 +24,23 @@ int fieldColumn(const dao::Recordset &rows, const QString &name)
             return static_cast<int>(i);
     }
     return -1;
+}
+
+// What a typed text stands for in a field; a text that stands for nothing stays a text.
+dao::Value typed(const QString &text, dao::DataType type)
+{
+    dao::Value made = text;
+    basic::IgnoreErrors([&] {
+        if (type == dao::dbDate && basic::IsDate(text))
+            made = basic::CDate(text);
+        else if (type == dao::dbBoolean)
+            made = text == u"-1";
+        else if (type == dao::dbCurrency && basic::IsNumeric(text))
+            made = basic::CCur(text);
+        else if (type != dao::dbText && type != dao::dbMemo && type != dao::dbDate && basic::IsNumeric(text))
+            made = basic::CDbl(text);
+    });
+    return made;
 }
 
 QString formatted(const dao::Value &value, const QString &pattern)
@@ -53,9 +71,8 @@ void GridModel::setAllowAddNew(bool allow)
 {
     if (m_allowAddNew == allow)
         return;
-    beginResetModel();
     m_allowAddNew = allow;
-    endResetModel();
+    reload();
 }
 
 void GridModel::setRowLoad(std::function<void(RowPaint &)> handler)
@@ -68,7 +85,103 @@ void GridModel::reload()
 {
     beginResetModel();
     m_rows = countRows();
+    placeDraft();
     endResetModel();
+}
+
+void GridModel::setEdits(std::vector<CellEdit> edits)
+{
+    m_edits = std::move(edits);
+    forgetRows();
+}
+
+const CellEdit *GridModel::edit(int column) const
+{
+    if (column < 0 || column >= columnCount() || fieldName(column).isEmpty())
+        return nullptr;
+    for (const CellEdit &edit : m_edits) {
+        if (edit.field.compare(fieldName(column), Qt::CaseInsensitive) == 0)
+            return &edit;
+    }
+    return nullptr;
+}
+
+bool GridModel::canChange(qsizetype row, int column) const
+{
+    const bool there = (row >= 0 && row < m_rows) || isNewRow(row);
+    return there && m_isUpdatable && edit(column) && m_fields[static_cast<std::size_t>(column)] >= 0;
+}
+
+dao::DataType GridModel::fieldType(int column) const
+{
+    dao::DataType type = dao::dbText;
+    const int field = m_fields[static_cast<std::size_t>(column)];
+    basic::IgnoreErrors([&] {
+        if (field >= 0 && m_data)
+            type = m_data->Recordset().Fields()[static_cast<std::size_t>(field)].Type;
+    });
+    return type;
+}
+
+const dao::Value *GridModel::drafted(qsizetype row, int column) const
+{
+    if (row < 0 || row != m_draft.row)
+        return nullptr;
+    const auto found = m_draft.cells.find(column);
+    return found == m_draft.cells.end() ? nullptr : &found->second;
+}
+
+void GridModel::putDraft(qsizetype row, int column, const dao::Value &value)
+{
+    if (row != m_draft.row) {
+        m_draft = {row, {}, {}};
+        if (row < m_rows)
+            basic::IgnoreErrors([&] { m_draft.mark = m_data->Recordset().bookmarkAt(row); });
+    }
+    m_draft.cells[column] = value;
+    forgetRow(row);
+}
+
+void GridModel::dropDraft()
+{
+    const qsizetype row = std::exchange(m_draft, {}).row;
+    if (row >= 0)
+        forgetRow(row);
+}
+
+void GridModel::draftStored()
+{
+    const bool isNew = isNewRow(m_draft.row);
+    if (isNew) {
+        beginInsertRows({}, static_cast<int>(m_rows) + 1, static_cast<int>(m_rows) + 1);
+        ++m_rows;
+    }
+    const qsizetype row = std::exchange(m_draft, {}).row;
+    if (isNew)
+        endInsertRows();
+    forgetRow(row);
+}
+
+// The rows were read anew: what was typed stays with its row. One whose row has gone has no place any more.
+void GridModel::placeDraft()
+{
+    if (!m_draft.isOpen())
+        return;
+    qsizetype row = m_draft.mark.isValid() ? -1 : m_rows;
+    basic::IgnoreErrors([&] {
+        if (m_draft.mark.isValid() && m_rows > 0)
+            row = m_data->Recordset().positionOf(m_draft.mark);
+    });
+    m_draft.row = row;
+    if (row < 0 || (row == m_rows && !m_hasNewLine))
+        m_draft = {};
+}
+
+void GridModel::forgetRow(qsizetype row)
+{
+    m_paint.remove(row);
+    if (row >= 0 && row < rowCount() && !m_columns.empty())
+        emit dataChanged(index(static_cast<int>(row), 0), index(static_cast<int>(row), columnCount() - 1));
 }
 
 qsizetype GridModel::countRows() const
@@ -76,11 +189,15 @@ qsizetype GridModel::countRows() const
     auto &self = const_cast<GridModel &>(*this);
     m_paint.clear();
     self.m_fields.assign(m_columns.size(), -1);
+    self.m_isUpdatable = false;
+    self.m_hasNewLine = m_allowAddNew;
     qsizetype total = 0;
     basic::IgnoreErrors([&] {
         if (!m_data || !m_data->Recordset())
             return;
         const dao::Recordset &rows = m_data->Recordset();
+        self.m_isUpdatable = rows.Updatable();
+        self.m_hasNewLine = m_allowAddNew && rows.Updatable();
         for (std::size_t i = 0; i < m_columns.size(); ++i)
             self.m_fields[i] = fieldColumn(rows, m_columns[i].field);
         total = std::min<qsizetype>(rows.rowTotal(), std::numeric_limits<int>::max() - 1);
@@ -108,6 +225,8 @@ void GridModel::forgetRows()
 dao::Value GridModel::value(qsizetype row, int column) const
 {
     dao::Value found;
+    if (const dao::Value *changed = drafted(row, column))
+        return changed->isText() ? typed(changed->text(), fieldType(column)) : *changed;
     if (row < 0 || row >= m_rows || column < 0 || column >= columnCount() || !m_data)
         return found;
     const int field = m_fields[static_cast<std::size_t>(column)];
@@ -148,14 +267,25 @@ bool GridModel::isChecked(qsizetype row, int column) const
 
 QString GridModel::shownText(qsizetype row, int column) const
 {
+    if (isNewRow(row) && drafted(row, column))
+        return editText(row, column);
     if (row < 0 || row >= m_rows || column < 0 || column >= columnCount())
         return {};
     if (const QString &text = paint(row).text[static_cast<std::size_t>(column)]; !text.isNull())
         return text;
+    return editText(row, column);
+}
+
+QString GridModel::editText(qsizetype row, int column) const
+{
+    if (row < 0 || row > m_rows || column < 0 || column >= columnCount())
+        return {};
     const GridColumn &design = m_columns[static_cast<std::size_t>(column)];
     if (design.style == GridColumn::Style::Check)
         return isChecked(row, column) ? u"-1"_s : u"0"_s;
-    return formatted(value(row, column), design.format);
+    const dao::Value shown = value(row, column);
+    const bool isTyped = drafted(row, column) != nullptr;
+    return isTyped && shown.isText() ? shown.text() : formatted(shown, design.format);
 }
 
 QString GridModel::styleName(qsizetype row, int column) const
@@ -175,7 +305,7 @@ StyleSet GridModel::styleSet(const QString &name) const
 
 int GridModel::rowCount(const QModelIndex &parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows) + (m_allowAddNew ? 1 : 0);
+    return parent.isValid() ? 0 : static_cast<int>(m_rows) + (m_hasNewLine ? 1 : 0);
 }
 
 int GridModel::columnCount(const QModelIndex &parent) const
@@ -191,10 +321,12 @@ QVariant GridModel::data(const QModelIndex &index, int role) const
     const GridColumn &design = m_columns[static_cast<std::size_t>(column)];
     const bool isText = design.style == GridColumn::Style::Text;
     switch (role) {
+    case Qt::EditRole:
+        return editText(index.row(), column);
     case Qt::DisplayRole:
         return isText ? shownText(index.row(), column) : QString();
     case Qt::AccessibleTextRole:
-        if (isNewRow(index.row()))
+        if (isNewRow(index.row()) && !m_draft.isOpen())
             return column == 0 ? u"New record"_s : QString();
         if (design.style == GridColumn::Style::Check)
             return isChecked(index.row(), column) ? u"Yes"_s : u"No"_s;
@@ -220,6 +352,18 @@ QVariant GridModel::headerData(int section, Qt::Orientation orientation, int rol
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(design.style == GridColumn::Style::Check ? Qt::AlignHCenter : design.alignment);
     return role == Qt::DisplayRole || role == Qt::AccessibleTextRole ? QVariant(design.caption) : QVariant();
+}
+
+Qt::ItemFlags GridModel::flags(const QModelIndex &index) const
+{
+    const Qt::ItemFlags plain = QAbstractTableModel::flags(index);
+    const bool isTyped = index.isValid() && m_columns[static_cast<std::size_t>(index.column())].style == GridColumn::Style::Text;
+    return isTyped && canChange(index.row(), index.column()) ? plain | Qt::ItemIsEditable : plain;
+}
+
+bool GridModel::setData(const QModelIndex &index, const QVariant &value, int role)
+{
+    return role == Qt::EditRole && index.isValid() && m_taker && m_taker(index, value.toString());
 }
 
 }

@@ -1,12 +1,21 @@
 #pragma once
 
 #include "platform/controls/grid.h"
+#include "platform/controls/gridedit.h"
 
 #include <QAbstractTableModel>
 #include <QHash>
 #include <map>
 
 namespace vorel::controls {
+
+// What was changed in one row and is not written yet.
+struct RowDraft {
+    qsizetype row = -1;                                 // -1 = none
+    dao::Bookmark mark;                                 // invalid for the new-row line
+    std::map<int, dao::Value> cells;                    // by grid column, texts as typed; a check column's are "-1" and "0"
+    bool isOpen() const { return row >= 0; }
+};
 
 // The rows of a data control, asked for as they are shown; what the row-load handler said of a row is kept until the
 // next reload.
@@ -22,15 +31,27 @@ public:
     GridColumn &column(int index) { return m_columns[static_cast<std::size_t>(index)]; }
     void setAllowAddNew(bool allow);
     void setRowLoad(std::function<void(RowPaint &)> handler);
+    void setEdits(std::vector<CellEdit> edits);         // the columns that can be changed
+    const CellEdit *edit(int column) const;             // nullptr: that column is read only
+    bool hasEdits() const { return !m_edits.empty(); }
+    bool canChange(qsizetype row, int column) const;
+    void setTaker(std::function<bool(const QModelIndex &, const QString &)> taker) { m_taker = std::move(taker); }
     void reload();
     bool isOutdated() const;                            // the recordset has another number of rows by now
     void forgetRows();                                  // the row-load handler is asked anew
 
     qsizetype rows() const { return m_rows; }
-    bool isNewRow(qsizetype row) const { return m_allowAddNew && row == m_rows; }
+    bool isNewRow(qsizetype row) const { return m_hasNewLine && row == m_rows; }
+    dao::DataType fieldType(int column) const;          // dbText for a computed column
+    const QString &fieldName(int column) const { return m_columns[static_cast<std::size_t>(column)].field; }
     dao::Value value(qsizetype row, int column) const;
     QString shownText(qsizetype row, int column) const;
+    QString editText(qsizetype row, int column) const;  // as it is typed: the painter's own text plays no part
     bool isChecked(qsizetype row, int column) const;
+    const RowDraft &draft() const { return m_draft; }
+    void putDraft(qsizetype row, int column, const dao::Value &value);
+    void dropDraft();
+    void draftStored();                                 // the draft is in the recordset now
     QString styleName(qsizetype row, int column) const; // the cell's, else the row's, else ""
 
     void setStyleSet(const QString &name, const StyleSet &style) { m_styles[name.toUpper()] = style; }
@@ -40,10 +61,15 @@ public:
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex &index) const override;
+    bool setData(const QModelIndex &index, const QVariant &value, int role) override;
 
 private:
     const RowPaint &paint(qsizetype row) const;
     qsizetype countRows() const;
+    const dao::Value *drafted(qsizetype row, int column) const;
+    void forgetRow(qsizetype row);
+    void placeDraft();
 
     QPointer<DataControl> m_data;
     std::vector<GridColumn> m_columns;
@@ -52,7 +78,10 @@ private:
     std::map<QString, StyleSet> m_styles;
     mutable QHash<qsizetype, RowPaint> m_paint;
     qsizetype m_rows = 0;
-    bool m_allowAddNew = false;
+    std::vector<CellEdit> m_edits;
+    std::function<bool(const QModelIndex &, const QString &)> m_taker;
+    RowDraft m_draft;
+    bool m_allowAddNew = false, m_hasNewLine = false, m_isUpdatable = false;
 };
 
 }

@@ -238,7 +238,16 @@ void RowSelectors::paintSection(QPainter *painter, const QRect &rect, int row) c
     const auto *view = qobject_cast<const QTableView *>(parentWidget());
     const auto *rows = view ? qobject_cast<const GridModel *>(view->model()) : nullptr;
     painter->setPen(palette().color(QPalette::Text));
-    if (view && view->currentIndex().row() == row) {
+    if (rows && rows->draft().row == row) {
+        // A pencil: the row holds what is not written yet.
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(QPen(palette().color(QPalette::Text), 1.2));
+        painter->translate(QRectF(rect).center());
+        painter->rotate(45);
+        painter->drawRect(QRectF(-1.8, -6, 3.6, 8.5));
+        const std::array tip {QPointF(-1.8, 2.5), QPointF(0, 6), QPointF(1.8, 2.5)};
+        painter->drawPolyline(tip.data(), static_cast<int>(tip.size()));
+    } else if (view && view->currentIndex().row() == row) {
         painter->setRenderHint(QPainter::Antialiasing);
         painter->setPen(Qt::NoPen);
         painter->setBrush(palette().color(QPalette::Text));

@@ -1,0 +1,294 @@
+#include "frame/frmCaddyCells.h"
+
+#include "calendar/picker.h"
+#include "frame/celltexts.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/format.h"
+#include "platform/basic/prompts.h"
+#include "platform/controls/form.h"
+#include "reminders/record.h"
+
+#include <QAbstractButton>
+#include <QTimer>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using controls::CellChange;
+using controls::CellEdit;
+using controls::EditHandlers;
+using controls::Grid;
+using controls::RowUpdate;
+using controls::UpdateFailure;
+
+namespace {
+
+constexpr int appointmentTime = 3, appointmentText = 4;
+constexpr int toDoPriority = 2;
+constexpr int shopItem = 1, shopStore = 2, shopNumber = 3, shopAmount = 5, shopTotal = 6, shopPick = 7;
+
+qint32 idOf(const Grid &grid, qsizetype row)
+{
+    return static_cast<qint32>(basic::Val(grid.CellText(idColumn, row)));
+}
+
+// What a new row gets beside its cells, like one of the record screens.
+void addUser(RowUpdate &update)
+{
+    if (update.isNew)
+        update.more.emplace_back(u"UsersName"_s, state().gUserName);
+}
+
+void rememberRow(const Grid &grid, const RowUpdate &update)
+{
+    state().gLastRecord = idOf(grid, update.row);
+}
+
+QStringList subjects(controls::DataControl &data)
+{
+    QStringList found;
+    dao::Recordset rows = data.Database().CreateSnapshot(u"select * from [Subjects];"_s);
+    for (; !rows.EOF_(); rows.MoveNext())
+        found << rows.Get(u"SUBJECT").text();
+    return found;
+}
+
+}
+
+CaddyCells::CaddyCells(CaddyControls &c, MainScreen &screen) : m_c(c), m_screen(screen)
+{
+    for (ReminderGrid &one : m_c.reminders)
+        openReminderCells(one);
+    Grid *first = m_c.appointments().grid;
+    // No alert comes up over an appointment that is just being typed.
+    controls::on(first, &Grid::EditBegun, first, [this] { m_c.Timer2->stop(); });
+    controls::on(first, &Grid::EditEnded, first, [this] { m_c.Timer2->start(); });
+    controls::on(first, &Grid::CellMove, first, [this, first](int from, int to) { capitals(first, from, to); });
+    controls::on(m_c.SUBJECTGRID, &Grid::DeleteKey, m_c.SUBJECTGRID, [this] { deleteRow(); });
+}
+
+bool CaddyCells::WriteRows()
+{
+    for (ReminderGrid &one : m_c.reminders)
+        if (!one.grid->UpdateRow())
+            return false;
+    return subjects().UpdateRow();
+}
+
+void CaddyCells::openReminderCells(ReminderGrid &one)
+{
+    std::vector<CellEdit> cells = {{u"DATE"_s, {}, {}, true}};
+    if (one.code == u"A"_s) {
+        cells.push_back({u"APPTIME"_s, [] { return record::timeList(); }});
+        cells.push_back({u"APPOINTMENT"_s});
+        cells.push_back({u"MET"_s});
+    } else if (one.code == u"B"_s) {
+        cells.push_back({u"BILL"_s});
+        cells.push_back({u"AMOUNT"_s});
+        cells.push_back({u"PAID"_s});
+    } else {
+        cells.push_back({u"SUBJECT"_s, [&one] { return vorel::subjects(*one.data); }, u"SUBJECTLIST"_s});
+        cells.push_back({u"EVENT"_s});
+        cells.push_back({u"CARD"_s});
+        cells.push_back({u"CARDSENT"_s});
+    }
+    EditHandlers rules;
+    rules.beforeCellChange = [this, &one](CellChange &change) { changeReminderCell(one, change); };
+    rules.beforeUpdate = [this, &one](RowUpdate &update) { completeReminder(one, update); };
+    rules.afterUpdate = [&one](const RowUpdate &update) { rememberRow(*one.grid, update); };
+    if (one.code == u"B"_s)
+        rules.updateError = [](UpdateFailure &failure) {
+            if (failure.number != controls::duplicateRowError)
+                return;
+            basic::MsgBox(u"You already have a Bill by that Name\r\nPlease re-enter"_s, {}, basic::Icon::Exclamation);
+            failure.answered = true;
+        };
+    one.grid->setEditing(std::move(cells), std::move(rules));
+    one.grid->setAllowAddNew(true);
+    controls::on(one.grid, &Grid::BtnClick, one.grid,
+                 [this, &one](int column, qsizetype row) { pickDate(one, column, row); });
+}
+
+void CaddyCells::changeReminderCell(const ReminderGrid &one, CellChange &change)
+{
+    if (change.column == dateColumn) {
+        if (change.text == change.before && !change.text.trimmed().isEmpty())
+            return;
+        const basic::DateTime day = typedDate(change.text).value_or(basic::Date());
+        change.text = displayDate(day);
+        change.value = day;
+        one.grid->setEditValue(dayColumn, basic::Format(day, u"ddd"));
+    } else if (one.code == u"A"_s && change.column == appointmentTime && change.text != change.before) {
+        change.text = typedTime(change.text);
+    }
+}
+
+// What every reminder has, whatever was typed: a day, its name, and for an appointment a time.
+void CaddyCells::completeReminder(const ReminderGrid &one, RowUpdate &update)
+{
+    if (one.grid->EditText(dateColumn).trimmed().isEmpty()) {
+        one.grid->setEditValue(dateColumn, basic::Date());
+        one.grid->setEditValue(dayColumn, basic::Format(basic::Date(), u"ddd"));
+    }
+    addUser(update);
+    if (!update.isNew || one.code != u"A"_s)
+        return;
+    if (one.grid->EditText(appointmentTime).trimmed().isEmpty())
+        one.grid->setEditValue(appointmentTime, basic::Format(basic::Now(), u"hh:mm am/pm"));
+    update.more.emplace_back(u"TimeUpdate"_s, true);    // so that the housekeeping leaves the time alone
+}
+
+// Going straight from the day to the text puts the text in capitals.
+void CaddyCells::capitals(Grid *grid, int from, int to)
+{
+    if (from != dayColumn || to != appointmentText)
+        return;
+    const QString text = grid->EditText(appointmentText), upper = text.toUpper();
+    if (upper != text)
+        grid->ChangeCell(appointmentText, upper);
+}
+
+void CaddyCells::pickDate(const ReminderGrid &one, int column, qsizetype row)
+{
+    Grid &grid = *one.grid;
+    if (column != dateColumn)
+        return;
+    const QRect cell = grid.cellRect(column, row).translated(grid.viewport()->pos());
+    const auto day = OpenDatePickerOnCell(&grid, cell, grid.EditText(column), one.code);
+    if (!day || grid.currentRow() != row)
+        return;
+    grid.setEditValue(dateColumn, *day);
+    grid.setEditValue(dayColumn, basic::Format(*day, u"ddd"));
+}
+
+void CaddyCells::EnterSection()
+{
+    const QString &code = state().gSection;
+    m_shopping = {};
+    m_c.panEditS->setText(code == u"H"_s ? u"Clear"_s : u"Edit"_s);
+    m_c.panEditS->setToolTip(code == u"H"_s ? u"Take the check off every item"_s : u"Open the selected record"_s);
+    if (code == u"G"_s)
+        openToDo();
+    else if (code == u"H"_s)
+        openShopping();
+    else if (code == u"M"_s)
+        openMessages();
+    else
+        subjects().setEditing({});
+    subjects().setAllowAddNew(code == u"G"_s || code == u"H"_s);
+}
+
+void CaddyCells::openToDo()
+{
+    const auto priorities = [] { return QStringList{u"1 - High"_s, u"2 - Normal"_s, u"3 - Low"_s}; };
+    EditHandlers rules;
+    rules.beforeUpdate = [this](RowUpdate &update) {
+        if (subjects().EditText(toDoPriority).trimmed().isEmpty())
+            subjects().setEditValue(toDoPriority, u"1 - High"_s);
+        addUser(update);
+    };
+    rules.afterUpdate = [this](const RowUpdate &update) { rememberRow(subjects(), update); };
+    subjects().setEditing({{u"TODO"_s}, {u"PRIORITY"_s, priorities, u"PRIORITYLIST"_s}, {u"ACTIONED"_s}}, std::move(rules));
+}
+
+void CaddyCells::openMessages()
+{
+    EditHandlers rules;
+    // A check alone is written as soon as it changes.
+    rules.afterUpdate = [this](const RowUpdate &update) {
+        rememberRow(subjects(), update);
+        m_screen.CheckForMessages();
+    };
+    subjects().setEditing({{u"READ"_s}}, std::move(rules));
+}
+
+EditHandlers CaddyCells::shoppingHandlers()
+{
+    EditHandlers rules;
+    rules.afterCellChange = [this](int) {
+        Grid &grid = subjects();
+        const qsizetype row = grid.EditRow();
+        grid.setEditValue(shopTotal, rowTotal(grid.CellValue(shopNumber, row), grid.CellValue(shopAmount, row)));
+        countShoppingRow(row);
+    };
+    rules.beforeUpdate = [this](RowUpdate &update) {
+        const QString item = subjects().EditText(shopItem);
+        if (update.isNew && !item.trimmed().isEmpty() && isOnShoppingList(m_c.dtaSubjects->Database(), item)) {
+            basic::MsgBox(u"This item has been entered already !"_s, {}, basic::Icon::Exclamation);
+            update.cancel = true;
+        }
+        addUser(update);
+    };
+    rules.afterUpdate = [this](const RowUpdate &update) {
+        Grid &grid = subjects();
+        rememberRow(grid, update);
+        m_shopping.remove(0);
+        m_shopping.addStore(grid.CellText(shopStore, update.row));
+        countShoppingRow(update.row);
+    };
+    rules.afterUndo = [this](qsizetype row) {
+        m_shopping.remove(0);
+        if (row < subjects().rows())
+            countShoppingRow(row);
+        showShoppingTotal();
+    };
+    return rules;
+}
+
+void CaddyCells::openShopping()
+{
+    subjects().setEditing({{u"ITEM"_s},
+                           {u"STORE"_s, [this] { return m_shopping.stores; }, u"STORELIST"_s},
+                           {u"NUMBER"_s},
+                           {u"LASTCOST"_s},
+                           {u"AMOUNT"_s},
+                           {u"PICK"_s}},
+                          shoppingHandlers());
+    if (m_c.dtaSubjects->Database())
+        m_shopping = FillShoppingVariables(m_c.dtaSubjects->Database());
+    showShoppingTotal();
+}
+
+void CaddyCells::countShoppingRow(qsizetype row)
+{
+    const Grid &grid = subjects();
+    const dao::Value total = grid.CellValue(shopTotal, row);
+    m_shopping.put(idOf(grid, row), total.isNumber() ? basic::CDbl(total) : 0, grid.CellText(shopPick, row) == u"-1");
+    showShoppingTotal();
+}
+
+void CaddyCells::showShoppingTotal()
+{
+    subjects().setTitle(shoppingTitle(TotalShopping(m_shopping)));
+}
+
+void CaddyCells::ClearShoppingChecks()
+{
+    if (!WriteRows() || !m_c.dtaSubjects->Database())
+        return;
+    vorel::ClearShoppingChecks(m_c.dtaSubjects->Database(), m_c.dtaSubjects->Recordset(), m_shopping);
+    m_c.dtaSubjects->ShowRow();
+    subjects().Repaint();
+    showShoppingTotal();
+}
+
+// To Do and Shopping have no screen of their own on which a row could be deleted.
+void CaddyCells::deleteRow()
+{
+    const QString &code = state().gSection;
+    Grid &grid = subjects();
+    if ((code != u"G"_s && code != u"H"_s) || !grid.UpdateRow() || !grid.Bookmark().isValid())
+        return;
+    if (!basic::AskYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s) || !grid.Bookmark().isValid())
+        return;
+    const qint32 id = idOf(grid, grid.currentRow());
+    m_c.dtaSubjects->Recordset().Delete();
+    m_c.dtaSubjects->MoveNext();
+    if (code != u"H"_s)
+        return;
+    m_shopping.remove(id);
+    showShoppingTotal();
+}
+
+}

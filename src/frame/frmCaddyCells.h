@@ -1,0 +1,40 @@
+#pragma once
+
+#include "frame/frmCaddyControls.h"
+#include "frame/mainscreen.h"
+#include "frame/shopping.h"
+
+namespace vorel {
+
+// Editing in the cells of the main screen's grids: which cells can be changed, and the rules of each grid.
+class CaddyCells {
+public:
+    CaddyCells(CaddyControls &c, MainScreen &screen);
+
+    void EnterSection();                // SUBJECTGRID shows another section
+    bool WriteRows();                   // see MainScreen
+    void ClearShoppingChecks();
+
+private:
+    controls::Grid &subjects() const { return *m_c.SUBJECTGRID; }
+
+    void openReminderCells(ReminderGrid &one);
+    void changeReminderCell(const ReminderGrid &one, controls::CellChange &change);
+    void completeReminder(const ReminderGrid &one, controls::RowUpdate &update);
+    void capitals(controls::Grid *grid, int from, int to);
+    void pickDate(const ReminderGrid &one, int column, qsizetype row);
+
+    controls::EditHandlers shoppingHandlers();
+    void openToDo();
+    void openShopping();
+    void openMessages();
+    void countShoppingRow(qsizetype row);       // by its cells as they stand
+    void showShoppingTotal();
+    void deleteRow();
+
+    CaddyControls &m_c;
+    MainScreen &m_screen;
+    ShoppingVariables m_shopping;
+};
+
+}
