@@ -2,6 +2,7 @@
 
 #include "frame/frmCaddyCells.h"
 #include "frame/frmCaddyEdit.h"
+#include "frame/frmCaddyGround.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyLayout.h"
 #include "frame/frmCaddyMenus.h"
@@ -10,9 +11,13 @@
 #include "frame/frmCaddyRail.h"
 #include "frame/frmCaddySections.h"
 #include "frame/frmCaddyStrip.h"
+#include "frame/frmCaddyTips.h"
 #include "frame/frmLater.h"
+#include "frame/frmUnload.h"
 #include "frame/ini.h"
+#include "frame/rowtips.h"
 #include "frame/startup.h"
+#include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -24,6 +29,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QScreen>
 #include <QSplitter>
@@ -38,7 +44,7 @@ struct frmCaddy::Rooms {
     explicit Rooms(frmCaddy &screen)
         : build(&screen, c), columns(sizes, &screen), painting(c, sizes, columns), search(c),
           sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
-          menus(c, screen, periods, &screen), strip(c) {}
+          menus(c, screen, periods, &screen), strip(c), tips(c, [this] { edit.showDetails(); }, &screen) {}
 
     struct Build {
         Build(QMainWindow *window, CaddyControls &c) { BuildCaddy(window, c); }
@@ -55,6 +61,7 @@ struct frmCaddy::Rooms {
     CaddyEdit edit;
     CaddyMenus menus;
     CaddyStrip strip;
+    CaddyTips tips;
 };
 
 frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
@@ -94,7 +101,9 @@ void frmCaddy::connectGrids()
     for (ReminderGrid &one : d->c.reminders) {
         using controls::Grid;
         Grid *grid = one.grid;
-        grid->setToolTipProvider([this, &one](qsizetype row, int column) { return d->edit.toolTip(one, row, column); });
+        grid->setToolTipProvider([this, &one](qsizetype row, int column) {
+            return row >= 0 ? rowTip(one.grid, one.code, row) : d->edit.toolTip(one, row, column);
+        });
         controls::on(grid, &Grid::DblClick, this, [this, &one](int y) { d->edit.DblClick(one, y); });
         controls::on(grid, &Grid::EnterKey, this, [&one] { one.panEdit->click(); });
         controls::on(grid, &Grid::HeadClick, this, [this, grid](int column) { d->search.HeadClick(grid, column); });
@@ -113,10 +122,19 @@ void frmCaddy::connectGrids()
                  [this, subjects](int column) { d->search.HeadClick(subjects, column); });
     controls::on(subjects, &controls::Grid::RowChange, this, [this] { d->edit.showDetails(); });
     controls::on(subjects, &controls::Grid::BtnClick, this, [this](int, qsizetype row) { d->edit.subjectButton(row); });
+    subjects->setToolTipProvider(
+        [this, subjects](qsizetype row, int) { return row < 0 ? QString() : rowTip(subjects, state().gSection, row); });
     controls::on(&d->edit, &CaddyEdit::ActiveGridChanged, this, [this](const controls::Grid *grid) {
         d->painting.MarkActive(grid);
         d->edit.showDetails();
     });
+}
+
+QString frmCaddy::rowTip(const controls::Grid *grid, const QString &code, qsizetype row) const
+{
+    if (!state().gTips || row >= grid->rows())
+        return {};
+    return SetToolTip(grid->dataControl()->Database(), code, static_cast<qint32>(basic::Val(grid->CellText(idColumn, row))));
 }
 
 void frmCaddy::connectButtons()
@@ -136,8 +154,17 @@ void frmCaddy::connectButtons()
     click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
     for (const auto &[name, button] : c.tools)
         click(button, [spoken = button->accessibleName()] { ShowLater(spoken); });
-    c.tools.at(u"cmdColor"_s)->disconnect(this);
-    click(c.tools.at(u"cmdColor"_s), [this] { cmdColor_Click(); });
+    const std::pair<QString, std::function<void()>> answered[] = {
+        {u"cmdColor"_s, [this] { cmdColor_Click(); }},
+        {u"cmdBackground"_s, [this] { cmdBackground_Click(); }},
+        {u"cmdCalendar"_s, [this] { DisplayCategory(u"Calendar"_s); }},
+        {u"cmdCalculator"_s, [this] { DisplayCategory(u"Calculator"_s); }},
+        {u"cmdInvoice"_s, [this] { d->menus.run(u"mnuInvoice"_s); }},
+    };
+    for (const auto &[name, step] : answered) {
+        c.tools.at(name)->disconnect(this);
+        click(c.tools.at(name), step);
+    }
     controls::on(c.txtSearch, &QLineEdit::textChanged, this, [this] { d->search.textChanged(); });
     controls::on(c.txtSearch, &QLineEdit::returnPressed, this, [this] { d->edit.editSearched(); });
     c.txtSearch->installEventFilter(this);
@@ -177,6 +204,7 @@ void frmCaddy::answerMenus()
         if (WriteRows() && startProgram(u"Chimer.exe"_s))
             Unload();
     });
+    d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
 }
 
 void frmCaddy::loadSettings()
@@ -282,16 +310,38 @@ void frmCaddy::fitDesktop()
 
 void frmCaddy::applyBackground()
 {
-    const QString chosen = GetIniValue(iniSettings, u"ScreenBackColour"_s, {});
-    const std::optional<quint32> number = chosen.isEmpty() ? std::nullopt : colourNumber(chosen);
+    QColor chosen;
+    if (const auto number = colourNumber(GetIniValue(iniSettings, u"ScreenBackColour"_s, {})))
+        chosen = colourOf(*number);
+    const bool ownWords = d->sizes.screenFontColour > 0;
+    const QColor words = ownWords ? screenFontColour(d->sizes.screenFontColour) : palette().color(QPalette::WindowText);
     QPalette page;
-    if (number) {
-        const QColor back = colourOf(*number);
-        page.setColor(QPalette::Window, back);
-        page.setColor(QPalette::WindowText, controls::readable(palette().color(QPalette::WindowText), back));
-    }
-    d->c.page->setAutoFillBackground(number.has_value());
+    if (chosen.isValid())
+        page.setColor(QPalette::Window, chosen);
+    if (chosen.isValid() || ownWords)
+        page.setColor(QPalette::WindowText,
+                      controls::readable(words, chosen.isValid() ? chosen : palette().color(QPalette::Window)));
+    d->c.page->setAutoFillBackground(chosen.isValid());
     d->c.page->setPalette(page);
+    d->c.page->setPicture(d->sizes.setupPicture);
+    QPalette strip;
+    if (ownWords)
+        strip.setColor(QPalette::WindowText, controls::readable(words, palette().color(QPalette::Window)));
+    for (QLabel *label : {d->c.lblUsername, d->c.lblDate, d->c.lblTime})
+        label->setPalette(strip);
+}
+
+void frmCaddy::cmdBackground_Click()
+{
+    const std::optional<QString> file = basic::prompts().chooseFile(
+        {u"Screen Background Pictures"_s, d->sizes.setupPicture, u"Pictures (*.bmp *.jpg *.jpeg *.gif *.png)"_s});
+    if (!file)
+        return;
+    PutIniValue(iniSettings, u"SetupPicture"_s, QString(*file));
+    d->sizes.setupPicture = *file;
+    applyBackground();
+    if (!d->c.page->hasPicture())
+        basic::MsgBox(u"This file is not a picture that can be shown."_s, {}, basic::Icon::Exclamation);
 }
 
 void frmCaddy::cmdColor_Click()
@@ -326,6 +376,7 @@ void frmCaddy::changeEvent(QEvent *event)
     d->c.rail->applyIcons();
     d->painting.ApplyPalette();
     d->painting.MarkActive(d->edit.activeGrid());
+    applyBackground();
 }
 
 // Not every display hands the keyboard back when a box over the screen closes.
@@ -374,6 +425,7 @@ void frmCaddy::Unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
+    UnloadScreens({u"frmImportEvents"_s, u"frmCalculator"_s, u"frmCalendar"_s});
     basic::Trap([this] {
         const desktop::ProfileBatch oneWrite;
         d->sections.UpdateRowHeight();

@@ -7,6 +7,9 @@
 
 namespace vorel {
 
+namespace controls {
+class Grid;
+}
 struct CaddyControls;
 
 // The main screen: shows one section at a time, everything else opens from here and comes back here. Its rooms are
@@ -57,6 +60,8 @@ private:
     void fitDesktop();
     void applyBackground();
     void cmdColor_Click();
+    void cmdBackground_Click();
+    QString rowTip(const controls::Grid *grid, const QString &code, qsizetype row) const;
     void Unload();
 
     struct Rooms;

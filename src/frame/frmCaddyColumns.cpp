@@ -13,6 +13,7 @@ namespace {
 
 constexpr int cellMargin = 9;
 constexpr int leastWide = 160;
+constexpr int rowMargin = 3;
 
 }
 
@@ -32,12 +33,32 @@ void CaddyColumns::show(Grid *grid, std::vector<controls::GridColumn> columns, P
 
 void CaddyColumns::apply(Grid *grid)
 {
+    if (!m_plans.contains(grid))        // no section has been shown in it yet
+        return;
     const Plan &plan = m_plans[grid];
     for (std::size_t i = 0; i < plan.numbers.size(); ++i)
         if (plan.numbers[i] > 0)
             if (const double twips = m_sizes.width(plan.word, plan.numbers[i]); twips > 0)
                 grid->setColumnWidthTwips(static_cast<int>(i), static_cast<int>(twips));
+    applyHeight(grid);
     fill(grid);
+}
+
+void CaddyColumns::applyHeight(Grid *grid)
+{
+    const Plan &plan = m_plans[grid];
+    int height = m_sizes.rowHeight(plan.word);
+    if (height == defaultRowHeight)
+        height = std::max(height, controls::toTwips(plan.lines * grid->fontMetrics().lineSpacing() + rowMargin));
+    grid->setRowHeightTwips(height);
+    m_heights[grid] = grid->rowHeightTwips();
+}
+
+std::int16_t CaddyColumns::rowHeight(Grid *grid) const
+{
+    const int now = grid->rowHeightTwips();
+    const bool untouched = m_heights.contains(grid) && m_heights.value(grid) == now;
+    return untouched ? m_sizes.rowHeight(m_plans.value(grid).word) : static_cast<std::int16_t>(now);
 }
 
 // The first width that the user sets makes all that is on the screen the user's choice.
@@ -94,10 +115,23 @@ void CaddyColumns::fill(Grid *grid)
             others += widths[at] = std::max(kept(at), least(grid, plan, at));
     }
     const int room = grid->viewport()->width(), wide = kept(plan.wideColumn);
-    if (const auto giving = widths.find(plan.givingColumn); giving != widths.end() && others + wide > room) {
-        const int given = std::min(others + wide - room, giving->second - least(grid, plan, plan.givingColumn));
+    const int wanted = std::max(wide, least(grid, plan, plan.wideColumn));
+    if (const auto giving = widths.find(plan.givingColumn); giving != widths.end() && others + wanted > room) {
+        const int given = std::min(others + wanted - room, giving->second - least(grid, plan, plan.givingColumn));
         giving->second -= std::max(given, 0);
         others -= std::max(given, 0);
+    }
+    const int rest = room - others - wanted;
+    int shares = wide;
+    for (const int column : plan.growing)
+        if (column != plan.wideColumn)
+            shares += kept(column);
+    for (const int column : plan.growing) {
+        if (column == plan.wideColumn || rest <= 0)
+            continue;
+        const int more = rest * kept(column) / shares;
+        widths[column] += more;
+        others += more;
     }
     widths[plan.wideColumn] = std::max(std::min(wide, leastWide), room - others);
     for (const auto &[column, width] : widths)

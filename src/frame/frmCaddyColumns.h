@@ -8,8 +8,9 @@
 
 namespace vorel {
 
-// Widths of the grids' columns as the layout keeps them. While a grid has its first widths, the column that names the
-// row also takes the room that is left over; once the user has set widths they stand as set.
+// Widths and row heights of the grids as the layout keeps them. While a grid has its first widths, the column that names
+// the row also takes the room that is left over, and its rows are as high as their lines need; once the user has set
+// them they stand as set.
 class CaddyColumns : public QObject {
     Q_OBJECT
 public:
@@ -21,10 +22,13 @@ public:
         int wideColumn = -1;            // takes the room left over, -1 = none
         std::vector<QString> samples = {};      // by grid column: a text that should fit, "" = the head's alone
         int givingColumn = -1;          // gives of its width where room is short, -1 = none
+        int lines = 1;                  // that a row shows
+        std::vector<int> growing = {};  // share the room left over by their widths; empty: the wide column has it all
     };
     // Sets the grid's columns and their widths.
     void show(controls::Grid *grid, std::vector<controls::GridColumn> columns, Plan plan);
-    void apply(controls::Grid *grid);   // the widths anew, after the layout was read again
+    void apply(controls::Grid *grid);   // widths and height anew, after the layout was read again
+    std::int16_t rowHeight(controls::Grid *grid) const;     // twips, as to be kept
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
@@ -34,10 +38,12 @@ private:
     bool untouched(const Plan &plan) const;
     int least(const controls::Grid *grid, const Plan &plan, int column) const;
     void fill(controls::Grid *grid);
+    void applyHeight(controls::Grid *grid);
 
     GridLayout &m_sizes;
     QHash<QObject *, Plan> m_plans;             // by grid
     QHash<QObject *, controls::Grid *> m_views; // by viewport
+    QHash<QObject *, int> m_heights;            // by grid: the row height that was set last, twips
 };
 
 }

@@ -19,6 +19,7 @@ class QToolBar;
 
 namespace vorel {
 
+class CaddyGround;
 class DetailPane;
 class Rail;
 
@@ -50,7 +51,7 @@ struct CaddyControls {
     QLineEdit *txtSearch = nullptr;
     QAbstractButton *cmdNext = nullptr;
 
-    QWidget *page = nullptr;            // all that lies between the rail and the strip
+    CaddyGround *page = nullptr;        // all that lies between the rail and the strip
     QLabel *panPeriod = nullptr;
     QAbstractButton *panNew = nullptr, *panEditS = nullptr;
     QSplitter *SSPanel1 = nullptr;

@@ -1,5 +1,6 @@
 #include "frame/frmCaddyLayout.h"
 
+#include "frame/frmCaddyGround.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyRail.h"
@@ -252,8 +253,7 @@ void buildPage(QMainWindow *window, CaddyControls &c)
     across->setStretchFactor(1, 0);
     across->setSizes({800, 232});
     c.rail = new Rail;
-    c.page = new QWidget;
-    c.page->setObjectName(u"Page"_s);
+    c.page = new CaddyGround;
     auto *row = new QHBoxLayout(c.page);
     row->setContentsMargins(0, 0, unit, unit);
     row->setSpacing(0);

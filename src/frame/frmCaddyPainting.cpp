@@ -1,6 +1,8 @@
 #include "frame/frmCaddyPainting.h"
 
 #include "frame/ini.h"
+#include "frame/rowrules.h"
+#include "frame/sections.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/files.h"
@@ -97,12 +99,20 @@ QColor colourOf(quint32 bgr)
     return QColor(static_cast<int>(bgr & 0xff), static_cast<int>(bgr >> 8 & 0xff), static_cast<int>(bgr >> 16 & 0xff));
 }
 
+QColor screenFontColour(quint32 index)
+{
+    constexpr std::array<QRgb, 16> colours = {0x000000, 0x000080, 0x008000, 0x008080, 0x800000, 0x800080, 0x808000, 0xc0c0c0,
+                                              0x808080, 0x0000ff, 0x00ff00, 0x00ffff, 0xff0000, 0xff00ff, 0xffff00, 0xffffff};
+    return QColor(index < colours.size() ? colours[index] : colours[0]);
+}
+
 CaddyPainting::CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &columns)
     : m_c(c), m_sizes(sizes), m_columns(columns)
 {
     m_c.appointments().grid->setRowLoad([this](RowPaint &row) { paintAppointment(row); });
     m_c.bills().grid->setRowLoad([this](RowPaint &row) { paintBill(row); });
     m_c.events().grid->setRowLoad([this](RowPaint &row) { paintEvent(row); });
+    m_c.SUBJECTGRID->setRowLoad([this](RowPaint &row) { paintSubject(row); });
     ApplyPalette();
 }
 
@@ -124,11 +134,8 @@ void CaddyPainting::ApplyLayout()
     for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
         font.setBold(grid->font().bold());
         grid->setFont(font);
-        applyColours(grid);
     }
-    const QString words[] = {u"APPS"_s, u"BILLS"_s, u"EVENTS"_s};
-    for (std::size_t i = 0; i < 3; ++i)
-        m_c.reminders[i].grid->setRowHeightTwips(m_sizes.rowHeight(words[i]));
+    ApplyPalette();
     ShowReminderColumns();
 }
 
@@ -181,27 +188,39 @@ void CaddyPainting::ApplyPalette()
         {u"REDALERT"_s, tint(QColor(0xe0, 0x30, 0x20), 0.45)},
         {u"PURPLE"_s, tint(QColor(0x80, 0x40, 0xc0), 0.34)},
         {u"XMAS"_s, tint(QColor(0x2e, 0xa0, 0x43), 0.20)},
-        {u"WHITE"_s, {}},
     };
+    // The sections' own sets, plain until the user chooses a colour.
+    static const QStringList plain = {
+        u"WHITE"_s,    u"MOVIES"_s, u"BACKUP"_s, u"JOURNAL"_s,      u"PROFILE"_s, u"BOOKS"_s,     u"MESSAGES"_s, u"VEHICLE"_s,
+        u"TODO"_s,     u"BILLS"_s,  u"EVENTS"_s, u"APPOINTMENTS"_s, u"PHONE"_s,   u"INVENTORY"_s, u"SHOPPING"_s, u"NOTES"_s,
+        u"HEALTH"_s,   u"SPORT"_s,  u"MUSIC"_s,  u"PASSWORDS"_s};
     for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
         for (const auto &[name, style] : designs)
             grid->setStyleSet(name, style);
+        for (const QString &name : plain)
+            grid->setStyleSet(name, {});
         applyColours(grid);
     }
 }
 
-// A colour that the user chose stands in both palettes; one never chosen leaves the palette's own.
+// A colour that the user chose stands in both palettes; one never chosen leaves the palette's own. Each reminder grid
+// has the colour of its own word, the general grid those of all sections.
 void CaddyPainting::applyColours(Grid *grid)
 {
+    const QString words[] = {u"APPS"_s, u"BILLS"_s, u"EVENTS"_s};
+    QString own;
+    for (std::size_t i = 0; i < m_c.reminders.size(); ++i)
+        if (m_c.reminders[i].grid == grid)
+            own = words[i];
     for (const GridColour &entry : gridColours()) {
         const auto chosen = m_sizes.colours.find(entry.key);
-        if (chosen == m_sizes.colours.end() || chosen->second == entry.design)
+        if (chosen == m_sizes.colours.end() || chosen->second == entry.design || (!own.isEmpty() && entry.word != own))
             continue;
         for (const QString &name : entry.styleSets)
             grid->setStyleSet(name, {colourOf(chosen->second), {}, false});
     }
-    if (const auto ground = colourNumber(m_sizes.defaultColour); ground && *ground != 0xFFFFFF)
-        grid->setStyleSet({}, {colourOf(*ground), {}, false});
+    const auto ground = colourNumber(m_sizes.defaultColour);
+    grid->setStyleSet({}, ground && *ground != 0xFFFFFF ? controls::StyleSet{colourOf(*ground), {}, false} : controls::StyleSet{});
 }
 
 void CaddyPainting::paintAppointment(RowPaint &row) const
@@ -237,6 +256,20 @@ void CaddyPainting::paintEvent(RowPaint &row) const
     const QString file = row.cell(eventFile).text().trimmed();
     if (!file.isEmpty() && !basic::Dir(file).isEmpty())
         setCell(row.style, eventFile, u"PICTURE"_s);
+}
+
+// A row that says nothing of its own has the section's colour.
+void CaddyPainting::paintSubject(RowPaint &row) const
+{
+    const Section *section = sectionByCode(state().gSection);
+    if (!section || section->kind != SectionKind::Grid || section->columns.size() != m_c.SUBJECTGRID->columns().size())
+        return;
+    const RowLook look = subjectRowLook(section->code, row.cell);
+    row.rowStyle = look.style.isEmpty() ? section->styleSet : look.style;
+    for (const RowLook::Cell &cell : look.styles)
+        setCell(row.style, cell.column, cell.content);
+    for (const RowLook::Cell &cell : look.texts)
+        setCell(row.text, cell.column, cell.content);
 }
 
 }

@@ -21,6 +21,7 @@ private:
     void paintAppointment(controls::RowPaint &row) const;
     void paintBill(controls::RowPaint &row) const;
     void paintEvent(controls::RowPaint &row) const;
+    void paintSubject(controls::RowPaint &row) const;
     void applyColours(controls::Grid *grid);
 
     CaddyControls &m_c;
@@ -30,5 +31,7 @@ private:
 };
 
 QColor colourOf(quint32 bgr);
+// The sixteen classic colours, by the index that ScreenFontColour keeps; anything else is black.
+QColor screenFontColour(quint32 index);
 
 }

@@ -85,6 +85,15 @@ void DetailPane::showDetails(const QStringList &labels, const QStringList &texts
     placeParts();
 }
 
+void DetailPane::showTip(const QString &heading, const QStringList &lines)
+{
+    QString html = u"<p style='margin:0 0 8px 0'><b>%1</b></p>"_s.arg(heading.toHtmlEscaped());
+    for (const QString &line : lines)
+        html += u"<p style='margin:0 0 8px 0'>%1</p>"_s.arg(line.toHtmlEscaped());
+    m_details->setText(html);
+    placeParts();
+}
+
 void DetailPane::placeParts()
 {
     const int top = (m_image->isHidden() ? bannerHeight : bannerHeight + 4 * unit) + unit;

@@ -19,6 +19,8 @@ public:
     void showPicture(const QString &file);
     // What the row says, a line a field.
     void showDetails(const QStringList &labels, const QStringList &texts);
+    // What a button is for, in the place of the details until they are shown again.
+    void showTip(const QString &heading, const QStringList &lines);
 
 protected:
     void paintEvent(QPaintEvent *) override;

@@ -1,12 +1,18 @@
 #include "frame/frmCaddySections.h"
 
+#include "frame/frmCaddyGround.h"
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyRail.h"
 #include "frame/frmLater.h"
+#include "frame/frmUnload.h"
 #include "frame/menus.h"
 #include "frame/periods.h"
+#include "frame/rowrules.h"
 #include "frame/startup.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/dates.h"
 #include "platform/basic/files.h"
+#include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
 
 #include <QAction>
@@ -25,11 +31,51 @@ using controls::GridColumn;
 namespace {
 
 constexpr int missingTable = 3078;
+constexpr int buttonWidth = 600;        // twips
 
 const QString &bannerLine()
 {
     static const QString line = u"Reminders and household records"_s;
     return line;
+}
+
+// Passwords and Journal ask for the administration password.
+constexpr bool isGuarded(int index)
+{
+    return index == 4 || index == 17;
+}
+
+// The columns that share the room left over, where these are not all of the texts. The first takes most.
+QStringList growingFields(const QString &code)
+{
+    static const std::map<QString, QStringList> fields = {
+        {u"F"_s, {u"FILENAME"_s}}, {u"G"_s, {u"TODO"_s}},     {u"H"_s, {u"ITEM"_s, u"STORE"_s}},
+        {u"M"_s, {u"Message"_s}},  {u"N"_s, {u"NOTES"_s}},    {u"MV"_s, {u"VEHICLEMODEL"_s, u"VEHICLEMAKE"_s}},
+        {u"O"_s, {u"USERNAME"_s}}, {u"P"_s, {u"SORTNAME"_s, u"Email1Address"_s}},
+        {u"Y"_s, {u"SOLUTION"_s, u"HOWTO"_s}}};
+    const auto found = fields.find(code);
+    return found == fields.end() ? QStringList() : found->second;
+}
+
+// A text that should fit into the column.
+QString sampleOf(const QString &code, const QString &field, dao::DataType type)
+{
+    if (code == u"P"_s && field.endsWith(u"TelephoneNumber"_s))
+        return u"00 0000 0000"_s;
+    if (code == u"P"_s && field == u"Email1Address"_s)
+        return u"someone@example.org"_s;
+    if (code == u"P"_s && field == u"SORTNAME"_s)
+        return u"WILLIAMS, Alexandra [Ann]"_s;
+    if (type != dao::dbDate)
+        return {};
+    const double time = code == u"M"_s ? basic::TimeSerial(22, 28, 28).serial() : 0;
+    return basic::Format(basic::DateTime(basic::DateSerial(2028, 12, 28).serial() + time), state().gDateDisplay);
+}
+
+// Prices that are kept as plain numbers.
+bool moneyField(const QString &code, const QString &field)
+{
+    return code == u"H"_s && (field == u"LASTCOST"_s || field == u"AMOUNT"_s || field == u"TOTAL"_s);
 }
 
 bool isReminder(const QString &code)
@@ -55,9 +101,16 @@ void CaddySections::cmdCat_Click(int index)
 {
     markButton({});
     UpdateRowHeight();
-    const QString &tag = categoryButtons()[static_cast<std::size_t>(index)].tag;
-    m_screen.DisplayCategory(tag);
+    const CategoryButton &button = categoryButtons()[static_cast<std::size_t>(index)];
+    if (isGuarded(index)) {
+        adminPassword()();
+        if (!state().gAdminOk)
+            return;
+    }
+    m_screen.DisplayCategory(button.tag);
     SizeGrids();
+    if (state().gSection == u"P"_s && m_c.SUBJECTGRID->rows() == 0)
+        showMissingContacts();
 }
 
 // A name that the catalogue does not know (a bare code after a change) leaves the screen as it stands.
@@ -77,6 +130,7 @@ void CaddySections::show(const Section &section)
         return;
     }
     clearScreen(section);
+    state().gLastCategory = section.name;
     if (section.kind == SectionKind::Reminder)
         showReminders(section);
     else
@@ -87,6 +141,7 @@ void CaddySections::clearScreen(const Section &section)
 {
     m_c.txtSearch->clear();
     m_screen.DisableButtons(true);
+    UnloadScreens({u"frmCalendar"_s, u"frmCalculator"_s, u"frmEnterBill"_s, u"frmInformation"_s});
     UpdateRowHeight();
     m_c.picDetails->showBanner(state().gProductTitle, bannerLine());
     state().gAdminOk = false;
@@ -108,7 +163,6 @@ void CaddySections::clearScreen(const Section &section)
     m_c.showAction(u"mnuTasksToOutlook"_s, false);
     m_c.dtaSubjects->setRecordSource({});
     m_c.dtaSubjects->Refresh();
-    state().gLastCategory = section.name;
 }
 
 void CaddySections::showReminders(const Section &section)
@@ -139,7 +193,6 @@ void CaddySections::showGrid(const Section &section)
     if (connectSubjects(section))
         m_c.dtaSubjects->Refresh();
     showSubjectColumns(section);
-    m_c.SUBJECTGRID->setRowHeightTwips(m_sizes.rowHeight(section.layoutWord));
     m_c.SUBJECTGRID->show();
     m_c.panEditS->show();
     m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().gNetwork);
@@ -152,16 +205,27 @@ void CaddySections::showGrid(const Section &section)
 void CaddySections::showAction(const Section &section)
 {
     if (section.code.isEmpty()) {
-        ShowLater(section.name);
+        openScreen(section.name);
         return;
     }
+    clearScreen(section);
     state().gSection = section.code;
     markButton(section.name);
-    ShowLater(section.name);
+    m_c.panSearch->hide();
+    m_c.panNew->setVisible(section.code == u"IN"_s);
+    openScreen(section.name);
     const Section *before = sectionByName(state().gLastCategory);
     if (!before || before->kind == SectionKind::Action)
         before = sectionByName(u"All"_s);
     show(*before);
+}
+
+void CaddySections::openScreen(const QString &name)
+{
+    if (const auto step = m_answers.find(name); step != m_answers.end())
+        step->second();
+    else
+        ShowLater(name);
 }
 
 // false: there is no file to read yet.
@@ -172,8 +236,10 @@ bool CaddySections::connectSubjects(const Section &section)
         file = DataFile::Main;
     const QString &path = state().path(file);
     state().gSqlSection[section.code] = section.query;
-    if (basic::Dir(path).isEmpty())
+    if (basic::Dir(path).isEmpty()) {
+        m_c.dtaSubjects->setDatabaseName({});
         return false;
+    }
     const bool isProtected = dataFiles()[static_cast<std::size_t>(file)].isProtected;
     m_c.dtaSubjects->setConnect(isProtected ? protectedConnect() : u"Access"_s);
     m_c.dtaSubjects->setDatabaseName(path);
@@ -185,25 +251,37 @@ void CaddySections::showSubjectColumns(const Section &section)
 {
     const dao::Recordset &rows = m_c.dtaSubjects->Recordset();
     const bool known = rows && rows.Fields().size() == section.columns.size();
+    const QStringList growing = growingFields(section.code);
     std::vector<GridColumn> columns;
     CaddyColumns::Plan plan{section.layoutWord, {}, -1};
+    plan.lines = linesOfRow(section.code);
     for (std::size_t i = 0; i < section.columns.size(); ++i) {
         const SectionColumn &from = section.columns[i];
         GridColumn column{known ? rows.Fields()[i].Name : from.field, from.title};
         column.visible = from.role != SectionColumn::Role::Hidden;
-        if (from.role == SectionColumn::Role::Button)
+        if (from.role == SectionColumn::Role::Button) {
             column.style = GridColumn::Style::Button;
+            column.width = buttonWidth;
+        }
         const dao::DataType type = known ? rows.Fields()[i].Type : dao::dbText;
         if (type == dao::dbBoolean)
             column.style = GridColumn::Style::Check;
         else if (type == dao::dbDate)
             column.format = state().gDateDisplay;
-        else if (type == dao::dbCurrency)
+        else if (type == dao::dbCurrency || moneyField(section.code, from.field))
             column.format = state().gNumberFormat;
         if (type == dao::dbCurrency || type == dao::dbLong || type == dao::dbInteger || type == dao::dbDouble)
             column.alignment = Qt::AlignRight;
-        if (column.visible && from.widthColumn > 0 && column.style == GridColumn::Style::Text)
-            plan.wideColumn = static_cast<int>(i);
+        const bool isText = type == dao::dbText || type == dao::dbMemo;
+        if (column.visible && from.widthColumn > 0 && column.style == GridColumn::Style::Text
+            && (growing.isEmpty() ? isText : growing.contains(from.field))) {
+            plan.growing.push_back(static_cast<int>(i));
+            if (growing.isEmpty() || from.field == growing.front())
+                plan.wideColumn = static_cast<int>(i);
+        }
+        if (from.field == u"HomeTelephoneNumber"_s)
+            plan.givingColumn = static_cast<int>(i);
+        plan.samples.push_back(sampleOf(section.code, from.field, type));
         plan.numbers.push_back(from.widthColumn);
         columns.push_back(std::move(column));
     }
@@ -260,7 +338,7 @@ void CaddySections::RefreshData()
 
 void CaddySections::UpdateRowHeight()
 {
-    const auto height = [](const controls::Grid *grid) { return static_cast<std::int16_t>(grid->rowHeightTwips()); };
+    const auto height = [this](controls::Grid *grid) { return m_columns.rowHeight(grid); };
     vorel::UpdateRowHeight(m_sizes, {height(m_c.appointments().grid), height(m_c.bills().grid), height(m_c.events().grid),
                                      height(m_c.SUBJECTGRID)});
 }

@@ -20,6 +20,8 @@ public:
     void UpdateRowHeight();
     void SizeGrids();
     void ApplyFeatures();
+    // What a name stands for that is no section but a screen of its own.
+    void answer(const QString &name, std::function<void()> step) { m_answers[name] = std::move(step); }
 
 private:
     void show(const Section &section);
@@ -27,6 +29,7 @@ private:
     void showReminders(const Section &section);
     void showGrid(const Section &section);
     void showAction(const Section &section);
+    void openScreen(const QString &name);
     bool connectSubjects(const Section &section);
     void showSubjectColumns(const Section &section);
     void refresh(ReminderGrid &one);
@@ -39,6 +42,7 @@ private:
     GridLayout &m_sizes;
     CaddyColumns &m_columns;
     CaddySearch &m_search;
+    std::map<QString, std::function<void()>> m_answers;
     bool m_switching = false;
 };
 

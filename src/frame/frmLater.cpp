@@ -1,5 +1,6 @@
 #include "frame/frmLater.h"
 
+#include "frame/state.h"
 #include "platform/basic/prompts.h"
 
 namespace vorel {
@@ -9,6 +10,24 @@ using namespace Qt::StringLiterals;
 void ShowLater(const QString &name)
 {
     basic::MsgBox(u"%1 is not part of this version yet."_s.arg(name.trimmed()), {}, basic::Icon::Information);
+}
+
+std::function<void()> &adminPassword()
+{
+    static std::function<void()> ask = [] { state().gAdminOk = true; };
+    return ask;
+}
+
+void showMissingContacts()
+{
+    static const QString note = QStringList{
+        u" PLEASE NOTE:"_s,
+        u" There are no contacts in this section."_s,
+        u" If you have used an earlier version, your contacts can be brought over from it."_s,
+        u" Open the Administration screen and choose Other."_s,
+        u" Run the Contact Conversion Utility there once; a progress bar shows how far it is."_s,
+        u" Afterwards your contacts are listed in this section."_s}.join(u'\n');
+    basic::MsgBox(note, state().gProductTitle + u" - Missing Contacts"_s, basic::Icon::Information);
 }
 
 }

@@ -3,6 +3,7 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddyCells.cpp
   frame/frmCaddyColumns.cpp
   frame/frmCaddyEdit.cpp
+  frame/frmCaddyGround.cpp
   frame/frmCaddyIcons.cpp
   frame/frmCaddyLayout.cpp
   frame/frmCaddyMenus.cpp
@@ -14,8 +15,10 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddySearch.cpp
   frame/frmCaddySections.cpp
   frame/frmCaddyStrip.cpp
+  frame/frmCaddyTips.cpp
   frame/frmColours.cpp
   frame/frmLater.cpp
   frame/frmStartup.cpp
+  frame/frmUnload.cpp
 )
 qt_add_resources(VOREL_SCREENS ${PROJECT_SOURCE_DIR}/resources/icons.qrc)

@@ -26,14 +26,18 @@ public:
     }
     // A column given no title keeps its field's name.
     Columns &shown(const QString &field) { return shown(field, field); }
-    Columns &button()
-    {
-        m_columns.push_back({u"PBUT"_s, {}, Role::Button, 0});
-        return *this;
-    }
+    Columns &button() { return button(0); }
+    // Its width has a number of its own.
+    Columns &numberedButton() { return button(++m_widths); }
     std::vector<SectionColumn> done() const { return m_columns; }
 
 private:
+    Columns &button(int width)
+    {
+        m_columns.push_back({u"PBUT"_s, {}, Role::Button, width});
+        return *this;
+    }
+
     std::vector<SectionColumn> m_columns;
     int m_widths = 0;
 };
@@ -119,11 +123,11 @@ void addLibraries(std::vector<Section> &table)
         u"SELECT [ID],'',[CATEGORY],[PLANTNAME],' ' as PBUT,[FILENAME] FROM [GARDEN] ORDER BY [CATEGORY],[PLANTNAME]"_s,
         u"GARDENING"_s, {u"ID"_s, u"CATEGORY"_s, u"PLANT NAME"_s, {}, {}}, {}, {}, u"GARDEN"_s, {},
         Columns().hidden(u"ID"_s).hidden(u"''"_s).shown(u"CATEGORY"_s).shown(u"PLANTNAME"_s, u"PLANT NAME"_s)
-            .button().hidden(u"FILENAME"_s).done()});
+            .numberedButton().hidden(u"FILENAME"_s).done()});
     table.push_back({u"RECIPES"_s, u"R"_s, SectionKind::Grid, DataFile::Recipe,
         u"SELECT [ID],'',[CATEGORY],[TITLE],' ' as PBUT,[FILENAME] FROM [RECIPE] ORDER BY [CATEGORY],[TITLE]"_s,
         u"RECIPES"_s, {u"ID"_s, u"CATEGORY"_s, u"TITLE"_s, {}, {}}, {}, {}, u"RECIPE"_s, {},
-        Columns().hidden(u"ID"_s).hidden(u"''"_s).shown(u"CATEGORY"_s).shown(u"TITLE"_s).button()
+        Columns().hidden(u"ID"_s).hidden(u"''"_s).shown(u"CATEGORY"_s).shown(u"TITLE"_s).numberedButton()
             .hidden(u"FILENAME"_s).done()});
     table.push_back({u"Vehicle"_s, u"MV"_s, SectionKind::Grid, DataFile::HowTo,
         u"SELECT [ID],[VEHICLEMAKE],[VEHICLEMODEL],[YEAR],' ' as PBUT,[FILENAME] FROM [MOTORVEHICLE] "

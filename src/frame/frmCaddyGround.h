@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QPixmap>
+#include <QWidget>
+
+namespace vorel {
+
+// What lies behind the main screen: the palette's ground or a chosen colour, and over it the user's picture, pale enough
+// for the words in front of it.
+class CaddyGround : public QWidget {
+    Q_OBJECT
+public:
+    explicit CaddyGround(QWidget *parent = nullptr);
+
+    void setPicture(const QString &file);       // "" or no picture: the plain ground
+    bool hasPicture() const { return !m_picture.isNull(); }
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
+
+private:
+    QImage m_picture;
+    QPixmap m_fitted;                           // of the present size
+};
+
+}

@@ -1,0 +1,39 @@
+#include "frame/frmCaddyTips.h"
+
+#include "frame/buttontips.h"
+#include "frame/frmCaddyPicture.h"
+#include "frame/frmCaddyRail.h"
+#include "frame/sections.h"
+
+#include <QEvent>
+
+namespace vorel {
+
+CaddyTips::CaddyTips(CaddyControls &c, std::function<void()> goBack, QObject *parent)
+    : QObject(parent), m_c(c), m_goBack(std::move(goBack))
+{
+    for (const CategoryButton &entry : categoryButtons())
+        m_c.rail->button(entry.index)->installEventFilter(this);
+    for (const auto &[name, button] : m_c.tools)
+        button->installEventFilter(this);
+}
+
+bool CaddyTips::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::Leave && m_shown) {
+        m_shown = false;
+        m_goBack();
+    } else if (event->type() == QEvent::Enter && state().gTips) {
+        ButtonTip tip = toolTip(watched->objectName());
+        for (const CategoryButton &entry : categoryButtons())
+            if (m_c.rail->button(entry.index) == watched)
+                tip = sectionTip(entry.index);
+        if (!tip.heading.isEmpty()) {
+            m_c.picDetails->showTip(tip.heading, tip.lines);
+            m_shown = true;
+        }
+    }
+    return QObject::eventFilter(watched, event);
+}
+
+}

@@ -1,0 +1,104 @@
+#include "frame/buttontips.h"
+#include "frame/framefixture.h"
+#include "frame/rowtips.h"
+#include "frame/sections.h"
+
+using namespace Qt::StringLiterals;
+
+namespace vorel {
+
+class RowTipsTest : public test::FrameTest {
+protected:
+    RowTipsTest()
+    {
+        state().gDateDisplay = u"dd/mm/yyyy"_s;
+        const QString path = folder.path(u"TIPS.MDB"_s);
+        dao::DBEngine::CreateDatabase(path, {}).Close();
+        m_db = dao::DBEngine::OpenDatabase(path);
+    }
+    ~RowTipsTest() override { m_db.Close(); }
+
+    void table(const QString &name, const std::vector<std::pair<QString, dao::DataType>> &fields)
+    {
+        dao::TableDef design;
+        design.Name = name;
+        for (const auto &[field, type] : fields) {
+            dao::FieldDef made;
+            made.Name = field;
+            made.Type = type;
+            made.Size = type == dao::dbText ? 255 : 0;
+            made.AllowZeroLength = type == dao::dbText || type == dao::dbMemo;
+            design.Fields.push_back(made);
+        }
+        m_db.AppendTable(design);
+    }
+    QString tip(const QString &code, qint32 id) { return SetToolTip(m_db, code, id); }
+
+    dao::Database m_db;
+};
+
+TEST_F(RowTipsTest, fieldsWithTheirLabelsAndFormats)
+{
+    using namespace dao;
+    table(u"APPOINTMENTS"_s, {{u"ID"_s, dbLong}, {u"DATE"_s, dbDate}, {u"APPTIME"_s, dbText}, {u"APPOINTMENT"_s, dbText}});
+    m_db.Execute(u"INSERT INTO [APPOINTMENTS] VALUES (1,#11/22/2026#,'09:00 Am','Dentist')"_s);
+    m_db.Execute(u"INSERT INTO [APPOINTMENTS] VALUES (2,#01/01/1900#,'','Some day')"_s);
+    EXPECT_EQ(tip(u"A"_s, 1), u" DATE: Sunday 22/11/2026\n TIME: 09:00 Am\n APPOINTMENT: Dentist"_s);
+    EXPECT_EQ(tip(u"A"_s, 2), u" APPOINTMENT: Some day"_s);
+    table(u"BILLS"_s, {{u"ID"_s, dbLong}, {u"BILL"_s, dbText}, {u"AMOUNT"_s, dbCurrency}});     // an old file's fewer fields
+    m_db.Execute(u"INSERT INTO [BILLS] VALUES (1,'Gas',12.5)"_s);
+    m_db.Execute(u"INSERT INTO [BILLS] VALUES (2,'Water',0)"_s);
+    EXPECT_EQ(tip(u"B"_s, 1), u" BILL: Gas\n AMOUNT: 12.50"_s);
+    EXPECT_EQ(tip(u"B"_s, 2), u" BILL: Water"_s);
+    for (const auto &[code, id] : {std::pair{u"B"_s, 3}, {u"B"_s, 0}, {u"E"_s, 1}, {u"nonsense"_s, 1}, {QString(), 1}})
+        EXPECT_EQ(tip(code, id), QString()) << code << id;
+}
+
+TEST_F(RowTipsTest, contactsOfAllFiveLists)
+{
+    table(u"CONTACTS"_s, {{u"ID"_s, dao::dbLong}, {u"SORTNAME"_s, dao::dbText}, {u"HomeAddressStreet"_s, dao::dbText},
+                          {u"HomeAddressCity"_s, dao::dbText}, {u"HomeAddressPostalCode"_s, dao::dbText},
+                          {u"MobileTelephoneNumber"_s, dao::dbText}, {u"Birthday"_s, dao::dbText}, {u"Webpage"_s, dao::dbText}});
+    const auto add = [this](int id, const QString &birthday) {
+        m_db.Execute(u"INSERT INTO [CONTACTS] VALUES (%1,'MILLER, Ann','1 High St','York','','040','%2',' ')"_s.arg(id).arg(birthday));
+    };
+    add(1, u"04/03/1947"_s);
+    const QString most = u"MILLER, Ann\n1 High St\nYork\nMOBILE: 040"_s;
+    for (const QString &code : {u"P"_s, u"T"_s, u"D"_s, u"X"_s, u"C"_s})
+        EXPECT_EQ(tip(code, 1), most + u"\nBIRTHDAY: 04/03/1947"_s) << code;
+    int id = 1;
+    for (const QString &none : {u"01/01/1900"_s, u"01/01/4501"_s, u"1/1/4501"_s, QString()}) {
+        add(++id, none);
+        EXPECT_EQ(tip(u"P"_s, id), most) << none;
+    }
+    add(++id, u"in spring"_s);
+    EXPECT_TRUE(tip(u"P"_s, id).endsWith(u"BIRTHDAY: in spring"_s));
+}
+
+TEST_F(RowTipsTest, longTextsAreFoldedAndLockedRowsSayNothing)
+{
+    table(u"NOTES"_s, {{u"ID"_s, dao::dbLong}, {u"NOTES"_s, dao::dbMemo}, {u"PASSWORD"_s, dao::dbText}});
+    m_db.Execute(u"INSERT INTO [NOTES] VALUES (1,'%1','')"_s.arg(u"word "_s.repeated(400)));
+    m_db.Execute(u"INSERT INTO [NOTES] VALUES (2,'secret','key')"_s);
+    const QStringList lines = tip(u"N"_s, 1).split(u'\n');
+    EXPECT_EQ(lines.size(), 6);
+    for (const QString &line : lines)
+        EXPECT_LE(line.size(), 76) << line;
+    EXPECT_EQ(tip(u"N"_s, 2), QString());
+}
+
+TEST_F(RowTipsTest, everyButtonHasItsTip)
+{
+    for (const CategoryButton &entry : categoryButtons()) {
+        const ButtonTip tip = sectionTip(entry.index);
+        EXPECT_FALSE(tip.heading.isEmpty() || tip.lines.isEmpty()) << entry.index;
+    }
+    EXPECT_EQ(sectionTip(0).lines.front(), u" Record all of your engagements, meetings, or appointments in this section."_s);
+    EXPECT_TRUE(sectionTip(25).heading.isEmpty());
+    EXPECT_EQ(toolTip(u"cmdEmail"_s).heading, u"EMAIL"_s);
+    EXPECT_EQ(toolTip(u"cmdEmail"_s).lines, QStringList{u" Click to launch your email client software."_s});
+    EXPECT_EQ(toolTip(u"cmdBackground"_s).lines.front(), u" Click this button to change the background of this screen"_s);
+    EXPECT_TRUE(toolTip(u"cmdColor"_s).heading.isEmpty());
+}
+
+}
