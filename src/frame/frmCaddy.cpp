@@ -25,6 +25,8 @@
 #include "platform/controls/form.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/profile.h"
+#include "utilities/frmInformation.h"
+#include "utilities/hints.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -160,6 +162,7 @@ void frmCaddy::connectButtons()
         {u"cmdCalendar"_s, [this] { DisplayCategory(u"Calendar"_s); }},
         {u"cmdCalculator"_s, [this] { DisplayCategory(u"Calculator"_s); }},
         {u"cmdInvoice"_s, [this] { d->menus.run(u"mnuInvoice"_s); }},
+        {u"cmdInfo"_s, [this] { d->menus.run(u"mnuHelp"_s); }},
     };
     for (const auto &[name, step] : answered) {
         c.tools.at(name)->disconnect(this);
@@ -192,6 +195,7 @@ void frmCaddy::answerMenus()
     CaddyMenus &menus = d->menus;
     menus.answer(u"mnuExit"_s, [this] { close(); });
     menus.answer(u"mnuQuit"_s, [this] { close(); });
+    menus.answer(u"mnuHelp"_s, [] { ShowInfoPage(state().gSection); });
     menus.answer(u"mnuAbout"_s, [] {
         basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)
                           + u"\nProbably the Handiest Software you will own"_s, u"About"_s, basic::Icon::Information);
@@ -258,6 +262,7 @@ void frmCaddy::Load()
     });
     basic::Trap([] { LoadSoundFile(); });
     basic::Trap([this] { d->painting.DefaultMenu(); });
+    basic::Trap([] { LoadHints(); });
     basic::Trap([this] { d->strip.ScrollMessages(); });
     basic::Trap([this] { CheckForMessages(); });
     c.picDetails->setPaper(desktop::findResource(u"\\Paper.jpg"_s));

@@ -2,6 +2,7 @@
 
 #include "frame/state.h"
 #include "platform/basic/prompts.h"
+#include "utilities/frmInformation.h"
 
 namespace vorel {
 
@@ -27,7 +28,7 @@ void showMissingContacts()
         u" Open the Administration screen and choose Other."_s,
         u" Run the Contact Conversion Utility there once; a progress bar shows how far it is."_s,
         u" Afterwards your contacts are listed in this section."_s}.join(u'\n');
-    basic::MsgBox(note, state().gProductTitle + u" - Missing Contacts"_s, basic::Icon::Information);
+    ShowNote(state().gProductTitle + u" - Missing Contacts"_s, note);
 }
 
 }

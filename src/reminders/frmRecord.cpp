@@ -3,7 +3,9 @@
 #include "calendar/picker.h"
 #include "frame/state.h"
 #include "platform/basic/prompts.h"
+#include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "utilities/frmInformation.h"
 
 #include <QBoxLayout>
 #include <QButtonGroup>
@@ -15,7 +17,6 @@
 #include <QMouseEvent>
 #include <QPushButton>
 #include <QShortcut>
-#include <QTextEdit>
 
 namespace vorel {
 
@@ -97,6 +98,7 @@ void frmRecord::connectButtons()
     };
     key(QKeySequence::New, u"cmdNew"_s);
     key(QKeySequence::Save, u"cmdUpdate"_s);
+    on(this, &Form::HelpWanted, this, [this] { ShowInfoPage(m_section.code); });
     on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
     on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
 }
@@ -110,8 +112,8 @@ QString frmRecord::text(const QString &name) const
         return combo->currentText();
     if (const auto *label = qobject_cast<const QLabel *>(widget))
         return label->text();
-    if (const auto *rich = qobject_cast<const QTextEdit *>(widget))
-        return rich->toPlainText();
+    if (const auto *rich = qobject_cast<const controls::RichTextBox *>(widget))
+        return rich->stored();
     return {};
 }
 
@@ -129,8 +131,8 @@ void frmRecord::setText(const QString &name, const QString &newText)
             combo->setEditText(newText);
     } else if (auto *label = qobject_cast<QLabel *>(widget)) {
         label->setText(newText);
-    } else if (auto *rich = qobject_cast<QTextEdit *>(widget)) {
-        rich->setPlainText(newText);
+    } else if (auto *rich = qobject_cast<controls::RichTextBox *>(widget)) {
+        rich->setStored(newText);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
+#include "utilities/frmInformationFormat.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,7 +12,6 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QRegularExpressionValidator>
-#include <QTextEdit>
 
 namespace vorel {
 
@@ -113,9 +113,8 @@ QWidget *frmRecord::createField(const FieldRow &row)
     case Kind::Check:
         return new QCheckBox(this);
     case Kind::Rich: {
-        auto *made = new QTextEdit(this);
-        made->setAcceptRichText(false);
-        made->setTabChangesFocus(true);
+        auto *made = new controls::RichTextBox(this);
+        UseFormatMenu(made);
         return made;
     }
     case Kind::Caption: {

@@ -14,7 +14,6 @@
 #include <QRadioButton>
 #include <QScreen>
 #include <QScrollArea>
-#include <QTextEdit>
 
 // Registers the built-in pictures; by the tool's own rule outside of any namespace.
 static void initialisePictures() { Q_INIT_RESOURCE(resources); }

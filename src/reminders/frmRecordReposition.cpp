@@ -4,6 +4,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
+#include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
 
 #include <QIcon>
@@ -128,7 +129,7 @@ void frmRecord::storeView()
         const QString shown = text(view.control.toString());
         const dao::Value stored = rows.Get(view.field);
         const auto date = view.isDate ? record::dateOf(stored.text()) : std::nullopt;
-        if (shown == (date ? displayDate(*date) : stored.text()))
+        if (shown == (date ? displayDate(*date) : controls::RichTextBox::asStored(stored.text())))
             continue;
         const bool follows = view.isDate && view.field != u"DATETO" && rowDate();
         if (follows && !shown.isEmpty())

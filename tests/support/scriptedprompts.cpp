@@ -29,7 +29,8 @@ bool isOffered(Answer answer, Buttons buttons)
     return false;
 }
 
-const char *const kindNames[] = {"message", "input", "file chooser", "folder chooser", "colour chooser"};
+const char *const kindNames[] = {"message", "input", "file chooser", "folder chooser", "colour chooser",
+                                 "font chooser"};
 
 }
 
@@ -74,6 +75,13 @@ void ScriptedPrompts::expectColour(const std::optional<quint32> &rgb)
     m_expected.push_back({Kind::Colour, {}, {}});
     if (rgb)
         m_expected.back().answer = *rgb;
+}
+
+void ScriptedPrompts::expectFont(const std::optional<basic::FontChoice> &font)
+{
+    m_expected.push_back({Kind::Font, {}, {}});
+    if (font)
+        m_expected.back().answer = *font;
 }
 
 QStringList ScriptedPrompts::texts() const
@@ -146,6 +154,15 @@ std::optional<quint32> ScriptedPrompts::chooseColour(quint32)
     if (!take(Kind::Colour, {}, &taken) || !std::holds_alternative<quint32>(taken.answer))
         return std::nullopt;
     return std::get<quint32>(taken.answer);
+}
+
+std::optional<basic::FontChoice> ScriptedPrompts::chooseFont(const basic::FontChoice &)
+{
+    m_shown.push_back({});
+    Expected taken;
+    if (!take(Kind::Font, {}, &taken) || !std::holds_alternative<basic::FontChoice>(taken.answer))
+        return std::nullopt;
+    return std::get<basic::FontChoice>(taken.answer);
 }
 
 }

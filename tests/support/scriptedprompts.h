@@ -28,6 +28,7 @@ public:
     void expectInput(const QString &text, const QString &typed);                    // "" = cancelled
     void expectFile(const QString &title, const std::optional<QString> &path);
     void expectFolder(const QString &title, const std::optional<QString> &path);
+    void expectFont(const std::optional<basic::FontChoice> &font);
     void expectColour(const std::optional<quint32> &rgb);
 
     const std::vector<Shown> &shown() const { return m_shown; }     // all that was asked, in order
@@ -40,15 +41,16 @@ public:
     QString input(const QString &text, const QString &title, const QString &initial) override;
     std::optional<QString> chooseFile(const basic::FileQuestion &question) override;
     std::optional<quint32> chooseColour(quint32 rgb) override;
+    std::optional<basic::FontChoice> chooseFont(const basic::FontChoice &font) override;
     std::optional<QString> chooseFolder(const QString &title, const QString &startPath) override;
     void beep() override { ++m_beeps; }
 
 private:
-    enum class Kind { Message, Input, File, Folder, Colour };
+    enum class Kind { Message, Input, File, Folder, Colour, Font };
     struct Expected {
         Kind kind;
         QString text;
-        std::variant<std::monostate, basic::Answer, QString, quint32> answer;
+        std::variant<std::monostate, basic::Answer, QString, quint32, basic::FontChoice> answer;
     };
     bool take(Kind kind, const QString &text, Expected *taken);
     std::optional<QString> path(Kind kind, const QString &title);

@@ -18,6 +18,12 @@ struct FileQuestion {
     bool save = false;
 };
 
+struct FontChoice {
+    QString name;            // "" = the text's own
+    double points = 0;       // 0 = the text's own
+    bool bold = false, italic = false, underline = false, strikeout = false;
+};
+
 class Prompts {
 public:
     virtual ~Prompts() = default;
@@ -25,6 +31,7 @@ public:
     virtual QString input(const QString &text, const QString &title, const QString &initial) = 0;    // "" = cancelled
     virtual std::optional<QString> chooseFile(const FileQuestion &question) = 0;
     virtual std::optional<quint32> chooseColour(quint32 rgb) = 0;          // 0xRRGGBB
+    virtual std::optional<FontChoice> chooseFont(const FontChoice &) { return std::nullopt; }
     virtual std::optional<QString> chooseFolder(const QString &title, const QString &startPath) = 0;
     virtual void beep() {}
 };

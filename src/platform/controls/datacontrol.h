@@ -36,7 +36,8 @@ public:
     bool hasRows() const;
     void Close();                                       // writes nothing; rows and file are let go
 
-    // A widget for a field: QLineEdit, QComboBox, QCheckBox, QLabel, QTextEdit, QPlainTextEdit. One field may have several.
+    // A widget for a field: QLineEdit, QComboBox, QCheckBox, QLabel, QTextEdit,
+    // QPlainTextEdit, RichTextBox. One field may have several.
     void bind(QWidget *widget, const QString &field, BindOptions options = {});
     void unbindAll();
 

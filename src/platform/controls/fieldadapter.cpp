@@ -1,16 +1,14 @@
 #include "platform/controls/fieldadapter.h"
 
 #include "platform/basic/convert.h"
+#include "platform/controls/richtextbox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QTextBlock>
 #include <QTextEdit>
-#include <QTextFrame>
-#include <QTextList>
 
 namespace vorel::controls::adapter {
 
@@ -24,27 +22,6 @@ bool isTrue(const dao::Value &value)
         return basic::CDbl(value) != 0;
     const QString text = value.text().trimmed();
     return text.compare(u"True"_s, Qt::CaseInsensitive) == 0 || text.toDouble() != 0;
-}
-
-// Only what a rich text editor wrote itself is read as such: a user's own "<b>" stays those three characters.
-bool isHtml(const QString &text)
-{
-    return text.startsWith(u"<!DOCTYPE HTML"_s, Qt::CaseInsensitive) || text.startsWith(u"<html"_s, Qt::CaseInsensitive);
-}
-
-bool isFormatted(const QTextDocument &document)
-{
-    if (!document.rootFrame()->childFrames().isEmpty())
-        return true;
-    for (QTextBlock block = document.begin(); block.isValid(); block = block.next()) {
-        if (block.textList() || !(block.blockFormat().alignment() & Qt::AlignLeft))
-            return true;
-        for (auto it = block.begin(); !it.atEnd(); ++it) {
-            if (!it.fragment().charFormat().properties().isEmpty())
-                return true;
-        }
-    }
-    return false;
 }
 
 void fillCombo(QComboBox &combo, const QString &text)
@@ -67,8 +44,10 @@ QString widgetText(const QWidget &widget)
         return label->text();
     if (const auto *plain = qobject_cast<const QPlainTextEdit *>(&widget))
         return plain->toPlainText();
-    if (const auto *rich = qobject_cast<const QTextEdit *>(&widget))
-        return isFormatted(*rich->document()) ? rich->toHtml() : rich->toPlainText();
+    if (const auto *rich = qobject_cast<const RichTextBox *>(&widget))
+        return rich->stored();
+    if (const auto *edit = qobject_cast<const QTextEdit *>(&widget))
+        return edit->toPlainText();
     return {};
 }
 
@@ -84,12 +63,10 @@ void setWidgetText(QWidget &widget, const QString &text)
         label->setText(text);
     } else if (auto *plain = qobject_cast<QPlainTextEdit *>(&widget)) {
         plain->setPlainText(text);
-    } else if (auto *rich = qobject_cast<QTextEdit *>(&widget)) {
-        rich->setCurrentCharFormat({});
-        if (isHtml(text))
-            rich->setHtml(text);
-        else
-            rich->setPlainText(text);
+    } else if (auto *rich = qobject_cast<RichTextBox *>(&widget)) {
+        rich->setStored(text);
+    } else if (auto *lines = qobject_cast<QTextEdit *>(&widget)) {
+        lines->setPlainText(text);
     }
 }
 

@@ -66,6 +66,7 @@ void Form::keyPressEvent(QKeyEvent *event)
         Close();
     } else if (event->key() == Qt::Key_F1) {
         event->accept();
+        emit HelpWanted();
     } else {
         QDialog::keyPressEvent(event);
     }

@@ -36,6 +36,9 @@ public:
     void ShowModal();                   // returns when the screen is closed
     bool Close();                       // false: QueryUnload said no (typing that could not be saved is kept)
 
+signals:
+    void HelpWanted();                  // F1
+
 protected:
     virtual bool QueryUnload() { return true; }
     virtual void Unload() {}

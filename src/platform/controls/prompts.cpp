@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QColorDialog>
 #include <QFileDialog>
+#include <QFontDialog>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -106,6 +107,25 @@ std::optional<quint32> ScreenPrompts::chooseColour(quint32 rgb)
 {
     const QColor chosen = QColorDialog::getColor(QColor::fromRgb(rgb), QApplication::activeWindow());
     return chosen.isValid() ? std::optional<quint32>(chosen.rgb() & 0xFFFFFF) : std::nullopt;
+}
+
+std::optional<basic::FontChoice> ScreenPrompts::chooseFont(const basic::FontChoice &font)
+{
+    QFont shown = QApplication::font();
+    if (!font.name.isEmpty())
+        shown.setFamilies({font.name});
+    if (font.points > 0)
+        shown.setPointSizeF(font.points);
+    shown.setBold(font.bold);
+    shown.setItalic(font.italic);
+    shown.setUnderline(font.underline);
+    shown.setStrikeOut(font.strikeout);
+    bool accepted = false;
+    const QFont chosen = QFontDialog::getFont(&accepted, shown, QApplication::activeWindow());
+    if (!accepted)
+        return std::nullopt;
+    return basic::FontChoice{chosen.family(), chosen.pointSizeF(), chosen.bold(), chosen.italic(), chosen.underline(),
+                             chosen.strikeOut()};
 }
 
 std::optional<QString> ScreenPrompts::chooseFolder(const QString &title, const QString &startPath)

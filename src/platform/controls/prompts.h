@@ -11,6 +11,7 @@ public:
     QString input(const QString &text, const QString &title, const QString &initial) override;
     std::optional<QString> chooseFile(const basic::FileQuestion &question) override;
     std::optional<quint32> chooseColour(quint32 rgb) override;
+    std::optional<basic::FontChoice> chooseFont(const basic::FontChoice &font) override;
     std::optional<QString> chooseFolder(const QString &title, const QString &startPath) override;
     void beep() override;
 };

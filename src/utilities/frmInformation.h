@@ -1,0 +1,28 @@
+#pragma once
+
+#include "platform/controls/form.h"
+#include "platform/controls/richtextbox.h"
+#include "utilities/infopages.h"
+
+// The text screen: a section's page of help, or a note. What is typed into it is stored nowhere.
+namespace vorel {
+
+class frmInformation : public controls::Form {
+    Q_OBJECT
+public:
+    explicit frmInformation(QWidget *parent = nullptr);
+
+    controls::RichTextBox &txtInfo() { return *m_text; }
+
+private:
+    controls::RichTextBox *m_text;
+};
+
+// Shows the page of a section code or of a name from infopages.h, beside the screen that is worked on (not modal).
+// "All", and a code that has no page: the general hints. A page whose file is missing shows an empty text.
+void ShowInfoPage(QStringView code);
+// Shows a plain text under a title, in a window heightFactor times as high as the main screen.
+void ShowNote(const QString &title, const QString &text, double heightFactor = 0.7);
+void UnloadInformation();                   // closes the screen if it is open
+
+}

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "platform/controls/richtextbox.h"
+
+class QMenu;
+
+namespace vorel {
+
+// The format menu (mnuFormat) of the text screen, for this box; the box owns it. Record screens show it for theirs.
+QMenu *FormatMenu(controls::RichTextBox *box);
+// A right click or the menu key in the box shows the menu.
+void UseFormatMenu(controls::RichTextBox *box);
+
+}

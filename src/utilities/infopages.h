@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+// Which page of help belongs to what.
+namespace vorel {
+
+// Pages that stand for no section code.
+inline constexpr QStringView infoAll = u"All", infoPayBill = u"PAYBILL", infoAccountsSetup = u"ACCOUNTSSETUP",
+                             infoInvoice = u"INVOICE", infoFilePath = u"FILEPATH";
+
+// The page's resource name, e.g. "\INFOBOOKS.RTF", for a section code or one of the names above. A view that has no page
+// of its own gives that of the section it shows, else the general hints.
+QString InfoPageFile(QStringView code);
+// Where such a file is: in the program folder, else among the pages that came with the program. "" if nowhere.
+QString FindInfoPage(const QString &file);
+
+}

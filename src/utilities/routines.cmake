@@ -1,0 +1,1 @@
+list(APPEND VOREL_ROUTINES utilities/hints.cpp utilities/infopages.cpp)

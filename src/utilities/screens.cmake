@@ -1,0 +1,1 @@
+list(APPEND VOREL_SCREENS utilities/frmInformation.cpp utilities/frmInformationFormat.cpp)
