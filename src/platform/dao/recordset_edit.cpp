@@ -180,8 +180,7 @@ void RecordsetPrivate::insertRow()
     }
     const bool wasAtEnd = atEnd();
     ascending = ascending && (keys.empty() || keys.back() < key);
-    if (!m_positions.isEmpty())
-        m_positions.insert(key, rows());
+    m_places.append(key, rows());
     keys.push_back(key);
     if (wasAtEnd)
         position = rows();
@@ -249,7 +248,7 @@ void RecordsetPrivate::erase()
     if (sqlite3_changes(file.handle()) == 0)
         throw EngineError(3167);
     keys.erase(keys.begin() + position);
-    m_positions.clear();
+    m_places = KeyPlaces();
     deleted.insert(key);
     visited = std::max<qsizetype>(0, visited - 1);
     gap = true;

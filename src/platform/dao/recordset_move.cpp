@@ -41,12 +41,14 @@ void RecordsetPrivate::move(qsizetype by)
     moveTo(position + by - (gap && by > 0 ? 1 : 0));
 }
 
-QSet<qint64> RecordsetPrivate::matches(QStringView criteria) const
+// The rows that match, in the order of their numbers.
+std::vector<qint64> RecordsetPrivate::matches(QStringView criteria) const
 {
-    QSet<qint64> found;
+    std::vector<qint64> found;
     Statement statement(connection().handle(), jet::translateCriteria(source, criteria, connection().schema()));
     while (statement.step())
-        found.insert(statement.integer(0));
+        found.push_back(statement.integer(0));
+    std::sort(found.begin(), found.end());
     return found;
 }
 
@@ -55,7 +57,7 @@ void RecordsetPrivate::find(Find which, QStringView criteria)
     discard();
     if (type == dbOpenTable || !keyed)
         throw EngineError(3251);
-    const QSet<qint64> found = matches(criteria);
+    const std::vector<qint64> found = matches(criteria);
     const bool forward = which == Find::First || which == Find::Next;
     qsizetype row = 0;
     switch (which) {
@@ -64,20 +66,11 @@ void RecordsetPrivate::find(Find which, QStringView criteria)
     case Find::Next: row = gap ? position : position + 1; break;
     case Find::Previous: row = position - 1; break;
     }
+    const KeyPlaces sought(found);
     qsizetype hit = -1;
-    constexpr qsizetype few = 64;
-    if (found.size() <= few) {
-        for (const qint64 key : found) {
-            const qsizetype at = positionOfKey(key);
-            const bool inReach = at >= 0 && (forward ? at >= row : at <= row);
-            if (inReach && (hit < 0 || (forward ? at < hit : at > hit)))
-                hit = at;
-        }
-    } else {
-        for (; hit < 0 && row >= 0 && row < rows(); row += forward ? 1 : -1) {
-            if (found.contains(keyAt(row)))
-                hit = row;
-        }
+    for (; !found.empty() && hit < 0 && row >= 0 && row < rows(); row += forward ? 1 : -1) {
+        if (sought.of(keyAt(row)) >= 0)
+            hit = row;
     }
     noMatch = hit < 0;
     if (!noMatch)

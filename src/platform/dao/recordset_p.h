@@ -3,6 +3,7 @@
 #include "platform/dao/cells.h"
 #include "platform/dao/dao.h"
 #include "platform/dao/database_p.h"
+#include "platform/dao/keyplaces.h"
 
 #include <QHash>
 #include <QSet>
@@ -126,6 +127,7 @@ public:
 private:
     void describe();
     void readKeys();
+    bool sortKeys();
     void readAll();
     void load(RowWindow &window, qsizetype row) const;
     void loadRange(RowWindow &window, qsizetype count) const;
@@ -140,7 +142,7 @@ private:
     void rowGone(qint64 key) const;
     void readBefore(CopyBuffer &fresh);
     const StoredTable &keyTable() const;
-    QSet<qint64> matches(QStringView criteria) const;
+    std::vector<qint64> matches(QStringView criteria) const;
 
     mutable Statement m_rangeStatement;
     mutable Statement m_rowStatement;
@@ -150,7 +152,7 @@ private:
     Connection *m_connection = nullptr;     // the database's, for as long as that is open
     mutable bool m_walking = false;
     const quint64 *m_changes = nullptr;
-    mutable QHash<qint64, qsizetype> m_positions;       // made at the first search in keys without order
+    mutable KeyPlaces m_places;         // made at the first search in keys without order
     mutable std::array<std::pair<QString, int>, 64> m_fieldNames;   // last spellings asked for, by address
 };
 

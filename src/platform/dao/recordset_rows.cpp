@@ -1,6 +1,7 @@
 #include "platform/dao/recordset_p.h"
 
 #include "platform/dao/ddl.h"
+#include "platform/dao/keysort.h"
 
 #include <algorithm>
 
@@ -122,22 +123,36 @@ void RecordsetPrivate::describe()
     m_before = Statement();
     m_rangeStatement = Statement();
     m_rowStatement = Statement();
-    m_positions.clear();
+    m_places = KeyPlaces();
     m_fieldNames.fill({});
     m_connection = &connection();
     m_changes = m_connection->tableChanges(keyed ? translation->keyTable : QString());
 }
 
+bool RecordsetPrivate::sortKeys()
+{
+    if (translation->sortSql.isEmpty())
+        return false;
+    KeySort order(translation->sortKeys);
+    Statement statement(connection().handle(), translation->sortSql);
+    const ResetGuard reset(statement);
+    while (statement.step()) {
+        if (!order.add(statement))
+            return false;
+    }
+    keys = order.sorted();
+    return true;
+}
+
 void RecordsetPrivate::readKeys()
 {
     keys.clear();
-    ascending = true;
-    Statement statement(connection().handle(), translation->keySql);
-    while (statement.step()) {
-        const qint64 key = statement.integer(0);
-        ascending = ascending && (keys.empty() || keys.back() < key);
-        keys.push_back(key);
+    if (!sortKeys()) {
+        Statement statement(connection().handle(), translation->keySql);
+        while (statement.step())
+            keys.push_back(statement.integer(0));
     }
+    ascending = std::is_sorted(keys.begin(), keys.end());
 }
 
 void RecordsetPrivate::readAll()
@@ -156,12 +171,9 @@ qsizetype RecordsetPrivate::positionOfKey(qint64 key) const
         const auto found = std::lower_bound(keys.begin(), keys.end(), key);
         return found != keys.end() && *found == key ? found - keys.begin() : -1;
     }
-    if (m_positions.isEmpty()) {
-        m_positions.reserve(rows());
-        for (qsizetype i = 0; i < rows(); ++i)
-            m_positions.insert(keys[static_cast<size_t>(i)], i);
-    }
-    return m_positions.value(key, -1);
+    if (m_places.isEmpty())
+        m_places = KeyPlaces(keys);
+    return m_places.of(key);
 }
 
 bool RecordsetPrivate::dense(qsizetype first, qsizetype count) const

@@ -261,6 +261,49 @@ TEST_F(Recordsets, FindsForwardsAndBackwards)
     EXPECT_EQ(errorOf([&] { rows.FindFirst(u"NONE=1"); }), 3070);
 }
 
+// The order of the texts, ties as the rows stand, whatever else is stored in the column.
+TEST_F(Recordsets, ManyRowsInTheOrderOfTheirTexts)
+{
+    const std::vector<Value> names = { Value(), Value(u""_s), Value(u"co-op"_s), Value(u"COOP"_s), Value(u"coop  "_s), Value(u"cop"_s),
+                                       Value(u"\u00c9clair"_s), Value(u"eclair"_s), Value(u"Zebra 1"_s), Value(u"zebra 10"_s) };
+    // Places in that order; equal for texts that are the same to the engine.
+    const int places[] = { 0, 1, 3, 2, 2, 4, 6, 5, 7, 8 };
+    m_file.Execute(u"DELETE FROM SAMPLE"_s);
+    Transaction all(m_file);
+    Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
+    constexpr int count = 3000;
+    for (int i = 0; i < count; ++i) {
+        rows.AddNew();
+        rows.Set(u"NAME", names[static_cast<size_t>(i * 7 % 10)]);
+        rows.Set(u"LARGE", (i * 13) % 5 - 2);
+        rows.Set(u"SMALL", i);
+        rows.Update();
+    }
+    rows.Close();
+    all.Commit();
+    struct Case {
+        const char *order;
+        int byName, byLarge;        // 1 ascending, -1 descending
+        bool largeFirst;
+    };
+    for (const Case &one : { Case { "NAME", 1, 0, false }, Case { "NAME DESC", -1, 0, false }, Case { "NAME, LARGE DESC", 1, -1, false },
+                             Case { "LARGE, NAME DESC", -1, 1, true }, Case { "[LARGE] DESC, 'x', 1", 1, -1, true } }) {
+        SCOPED_TRACE(one.order);
+        rows = m_file.OpenRecordset(u"SELECT NAME,LARGE,SMALL FROM SAMPLE WHERE SMALL>=10 ORDER BY "_s + QString::fromLatin1(one.order));
+        ASSERT_EQ(rows.rowTotal(), count - 10);
+        using Place = std::array<int, 3>;
+        const auto placeOf = [&](qsizetype row) {
+            const int number = rows.cell(row, 2).get<std::int16_t>();
+            const int name = places[number * 7 % 10] * one.byName;
+            const int large = rows.cell(row, 1).get<std::int32_t>() * one.byLarge;
+            return one.largeFirst ? Place { large, name, number } : Place { name, large, number };
+        };
+        for (qsizetype row = 1; row < rows.rowTotal(); ++row)
+            ASSERT_LT(placeOf(row - 1), placeOf(row)) << row;
+        EXPECT_EQ(rows.positionOf(rows.bookmarkAt(1234)), 1234);
+    }
+}
+
 TEST_F(Recordsets, SortAndFilterActOnTheNextRecordset)
 {
     addRows(m_file, { u"b"_s, u"c"_s, u"a"_s });

@@ -1,6 +1,7 @@
 #include "platform/dao/jet/collation.h"
 
 #include <QString>
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -110,12 +111,51 @@ struct Keys {
     std::vector<char32_t> characters;   // folded, with the weightless ones
 };
 
+QString folded(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
+        .normalized(QString::NormalizationForm_D).toCaseFolded();
+}
+
+// Characters that decompose and fold each on its own: those of the Latin alphabets with their accents.
+constexpr char32_t firstBeyondLatin = 0x250;
+
+const std::array<std::u32string, firstBeyondLatin> &foldedLatin()
+{
+    static const auto table = [] {
+        std::array<std::u32string, firstBeyondLatin> made;
+        for (char32_t c = 0; c < firstBeyondLatin; ++c)
+            made[c] = folded(QString(QChar(static_cast<char16_t>(c))).toUtf8().toStdString()).toStdU32String();
+        return made;
+    }();
+    return table;
+}
+
+bool appendFoldedLatin(std::string_view text, std::u32string &characters)
+{
+    const auto &table = foldedLatin();
+    for (size_t i = 0; i < text.size(); ++i) {
+        const auto lead = static_cast<unsigned char>(text[i]);
+        char32_t c = lead;
+        if (lead >= 0x80) {
+            const auto next = i + 1 < text.size() ? static_cast<unsigned char>(text[i + 1]) : 0;
+            c = static_cast<char32_t>((lead & 0x1f) << 6 | (next & 0x3f));
+            if (lead < 0xc2 || lead > 0xdf || (next & 0xc0) != 0x80 || c >= firstBeyondLatin)
+                return false;
+            ++i;
+        }
+        characters += table[c];
+    }
+    return true;
+}
+
 Keys keysOf(std::string_view text)
 {
-    const QString folded = QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()))
-                               .normalized(QString::NormalizationForm_D).toCaseFolded();
+    std::u32string characters;
+    if (!appendFoldedLatin(text, characters))
+        characters = folded(text).toStdU32String();
     Keys keys;
-    for (const char32_t c : folded.toUcs4()) {
+    for (const char32_t c : characters) {
         if (c > 0x7f && QChar::isMark(c)) {
             if (!keys.accents.empty())
                 keys.accents.back() = keys.accents.back() * 31 + c;
@@ -150,6 +190,63 @@ int compareUnicode(std::string_view a, std::string_view b)
     return compareWeightless(first.characters, second.characters);
 }
 
+// The parts of a sort key: the weights, the accents if there are any, the places of the weightless characters if there
+// are any. Each ends in a byte below all that it may hold.
+constexpr char partEnd = 0;
+
+template <class Text>
+void appendWeightless(const Text &characters, std::string &key)
+{
+    for (const auto c : characters)
+        key += static_cast<char>(c == '-' ? 3 : c == '\'' ? 2 : 1);
+}
+
+bool appendAsciiKey(std::string_view text, std::string &key)
+{
+    const size_t start = key.size();
+    for (const char character : text) {
+        const auto c = static_cast<unsigned char>(character);
+        if (c >= 0x80) {
+            key.resize(start);
+            return false;
+        }
+        if (weights[c] != 0)
+            key += static_cast<char>(weights[c]);
+    }
+    const bool weightless = key.size() - start != text.size();
+    key += partEnd;
+    key += partEnd;
+    if (weightless)
+        appendWeightless(text, key);
+    key += partEnd;
+    return true;
+}
+
+void appendUnicodeKey(std::string_view text, std::string &key)
+{
+    constexpr char beyondAscii = '\xf0';
+    const Keys keys = keysOf(text);
+    for (const char32_t weight : keys.primary) {
+        if (weight > 0xff) {
+            key += beyondAscii;
+            key += static_cast<char>(weight >> 16);
+            key += static_cast<char>(weight >> 8 & 0xff);
+        }
+        key += static_cast<char>(weight & 0xff);
+    }
+    key += partEnd;
+    // Texts of the same weights have as many accents.
+    const bool accented = std::any_of(keys.accents.begin(), keys.accents.end(), [](char32_t c) { return c != 0; });
+    key += static_cast<char>(accented ? 1 : partEnd);
+    for (size_t i = 0; accented && i < keys.accents.size(); ++i) {
+        for (int shift = 24; shift >= 0; shift -= 8)
+            key += static_cast<char>(keys.accents[i] >> shift & 0xff);
+    }
+    if (keys.characters.size() != keys.primary.size())
+        appendWeightless(keys.characters, key);
+    key += partEnd;
+}
+
 }
 
 int compareText(std::string_view a, std::string_view b)
@@ -158,6 +255,13 @@ int compareText(std::string_view a, std::string_view b)
     b = withoutTrailingBlanks(b);
     const int result = compareAscii(a, b);
     return result == needsUnicode ? compareUnicode(a, b) : result;
+}
+
+void appendSortKey(std::string_view text, std::string &key)
+{
+    text = withoutTrailingBlanks(text);
+    if (!appendAsciiKey(text, key))
+        appendUnicodeKey(text, key);
 }
 
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/dao/jet/ast.h"
+#include "platform/dao/jet/translator.h"
 
 #include <QByteArray>
 #include <span>
@@ -19,6 +20,8 @@ public:
     void select(const Select &select);
     // SELECT <head> FROM <the select's> WHERE ... ORDER BY ... LIMIT, without the select's own columns.
     void keys(const Select &select, const char *head);
+    // The same in no order, each with what orders it. False if no text does or not all rows are asked for.
+    bool unsortedKeys(const Select &select, const char *head, std::vector<Translation::SortKey> &sortKeys);
     void items(const Select &select);
     void fromClause(const Select &select);
 

@@ -67,6 +67,29 @@ void Emitter::keys(const Select &select, const char *head)
     limit(select);
 }
 
+bool Emitter::unsortedKeys(const Select &select, const char *head, std::vector<Translation::SortKey> &sortKeys)
+{
+    m_out += "SELECT ";
+    m_out += head;
+    bool texts = false;
+    for (const Ordering &ordering : select.orderBy) {
+        const bool place = ordering.expr->kind == ExprKind::Integer;
+        const Expr &expr = place ? *select.items[static_cast<size_t>(ordering.expr->integer) - 1].expr : *ordering.expr;
+        if (!place && expr.isLiteral())
+            continue;
+        m_out += ',';
+        value(expr);
+        sortKeys.push_back({ isTextType(expr.type), ordering.descending });
+        texts = texts || isTextType(expr.type);
+    }
+    fromClause(select);
+    if (select.where) {
+        m_out += " WHERE ";
+        condition(*select.where);
+    }
+    return texts && select.top < 0;
+}
+
 void Emitter::items(const Select &select)
 {
     for (size_t i = 0; i < select.items.size(); ++i) {

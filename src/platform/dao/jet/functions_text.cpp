@@ -67,16 +67,75 @@ void inStr(sqlite3_context *context, sqlite3_value **values, int count)
     sqlite3_result_int64(context, found + 1);
 }
 
+// A pattern that is asked of many texts. One with stars at its ends alone is looked for in the stored bytes, where they
+// are ASCII; all else is the runtime's Like.
+class LikePattern {
+public:
+    explicit LikePattern(const QString &pattern) : m_pattern(pattern)
+    {
+        QStringView sought = m_pattern;
+        m_open[0] = sought.startsWith(u'*');
+        while (sought.startsWith(u'*'))
+            sought = sought.sliced(1);
+        m_open[1] = sought.endsWith(u'*') || (sought.isEmpty() && m_open[0]);
+        while (sought.endsWith(u'*'))
+            sought.chop(1);
+        m_plain = std::none_of(sought.begin(), sought.end(), [](QChar c) {
+            return c.unicode() >= 0x80 || QStringView(u"*?#[").contains(c);
+        });
+        m_sought = sought.toLatin1().toLower().toStdString();
+    }
+
+    bool matches(std::string_view text) const
+    {
+        if (!m_plain || !isAscii(text))
+            return basic::Like(QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size())), m_pattern, Qt::CaseInsensitive);
+        if (text.size() < m_sought.size())
+            return false;
+        const size_t spare = text.size() - m_sought.size();
+        if (!m_open[1])
+            return (m_open[0] || spare == 0) && isAt(text, spare);
+        for (size_t at = 0; at <= (m_open[0] ? spare : 0); ++at) {
+            if (isAt(text, at))
+                return true;
+        }
+        return false;
+    }
+
+private:
+    static char lower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c; }
+    static bool isAscii(std::string_view text)
+    {
+        unsigned char all = 0;
+        for (const char c : text)
+            all = static_cast<unsigned char>(all | static_cast<unsigned char>(c));
+        return all < 0x80;
+    }
+    bool isAt(std::string_view text, size_t at) const
+    {
+        for (size_t i = 0; i < m_sought.size(); ++i) {
+            if (lower(text[at + i]) != m_sought[i])
+                return false;
+        }
+        return true;
+    }
+
+    QString m_pattern;
+    std::string m_sought;               // between the stars, in small letters
+    bool m_open[2] = { false, false };  // a star before it, a star behind it
+    bool m_plain = false;
+};
+
 void like(sqlite3_context *context, sqlite3_value **values, int)
 {
-    auto *pattern = static_cast<QString *>(sqlite3_get_auxdata(context, 1));
+    auto *pattern = static_cast<LikePattern *>(sqlite3_get_auxdata(context, 1));
     if (!pattern) {
-        pattern = new QString(textOf(values[1]));
-        sqlite3_set_auxdata(context, 1, pattern, [](void *p) { delete static_cast<QString *>(p); });
-        pattern = static_cast<QString *>(sqlite3_get_auxdata(context, 1));
+        pattern = new LikePattern(textOf(values[1]));
+        sqlite3_set_auxdata(context, 1, pattern, [](void *p) { delete static_cast<LikePattern *>(p); });
+        pattern = static_cast<LikePattern *>(sqlite3_get_auxdata(context, 1));
     }
-    const bool matches = basic::Like(textOf(values[0]), pattern ? *pattern : textOf(values[1]), Qt::CaseInsensitive);
-    sqlite3_result_int(context, matches ? 1 : 0);
+    const std::string_view text = utf8Of(values[0]);
+    sqlite3_result_int(context, (pattern ? pattern->matches(text) : LikePattern(textOf(values[1])).matches(text)) ? 1 : 0);
 }
 
 void joinTexts(sqlite3_context *context, sqlite3_value **values, int count)

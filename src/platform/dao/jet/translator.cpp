@@ -117,6 +117,9 @@ void emitSelect(const Select &select, Translation &result)
     Emitter keys;
     keys.keys(select, key);
     result.keySql = keys.take();
+    Emitter sorted;
+    if (sorted.unsortedKeys(select, key, result.sortKeys))
+        result.sortSql = sorted.take();
     Emitter columns;
     columns.items(select);
     columns.fromClause(select);

@@ -58,6 +58,14 @@ struct Translation {
     bool keyed = false;
     QString keyTable;                   // design spelling
     QByteArray keySql;                  // SELECT rowid FROM ... WHERE ... ORDER BY ... (and LIMIT for TOP)
+    // The same rows where a text orders them, which is done sooner outside of the store: "" or SELECT rowid, <the keys of
+    // the order> FROM ... WHERE ...
+    QByteArray sortSql;
+    struct SortKey {
+        bool text = false;              // compares by the collation JET, else as the store itself compares
+        bool descending = false;
+    };
+    std::vector<SortKey> sortKeys;
     QByteArray rowSql;                  // SELECT <columns> FROM keyTable WHERE rowid = ?1
     QByteArray rangeSql;                // SELECT rowid, <columns> FROM keyTable WHERE rowid BETWEEN ?1 AND ?2 ORDER BY rowid
     // Data definition is carried out by the caller; sql is empty and keyTable names the table.

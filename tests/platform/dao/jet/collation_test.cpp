@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QChar>
+#include <QString>
+#include <random>
 #include <string>
 
 using vorel::dao::jet::compareText;
@@ -50,6 +53,36 @@ TEST(Collation, IsATotalOrder)
                     EXPECT_LE(compareText(a, c), 0) << a << '|' << b << '|' << c;
                 }
             }
+        }
+    }
+}
+
+// Bytes that compare like the texts themselves, whatever these hold.
+TEST(Collation, SortKeysKeepTheOrder)
+{
+    std::mt19937 chance(7);
+    const std::u32string letters = U"aAbBzZ  --''09_.\u00e9\u00c9e\u0301\u00e0\u00df\u0130\u017f\u0178\u212a\u1e9e\u0436\u4e2d\U0001f600\u0308";
+    std::vector<std::string> texts = {"", std::string("\0", 1), std::string("a\0", 2), std::string("a\0b", 3), "\xff", "\xc3", "a\xc3(", "\xc0\x80"};
+    for (int i = 0; i < 700; ++i) {
+        std::u32string text;
+        for (auto left = chance() % 7; left > 0; --left) {
+            // Mostly of a few letters, so that many texts differ in one respect alone.
+            auto c = static_cast<char32_t>(chance() % 0x300 + 1);
+            if (chance() % 8 != 0)
+                c = letters[chance() % letters.size()];
+            text += c;
+        }
+        texts.push_back(QString::fromStdU32String(text).toStdString());
+    }
+    std::vector<std::string> keys;
+    for (const std::string &text : texts)
+        vorel::dao::jet::appendSortKey(text, keys.emplace_back());
+    for (size_t a = 0; a < texts.size(); ++a) {
+        for (size_t b = 0; b < texts.size(); ++b) {
+            const int order = compareText(texts[a], texts[b]);
+            ASSERT_EQ(keys[a].compare(keys[b]) < 0, order < 0) << texts[a] << '|' << texts[b];
+            ASSERT_EQ(keys[a] == keys[b], order == 0) << texts[a] << '|' << texts[b];
+            ASSERT_TRUE(a == b || keys[a] == keys[b] || !keys[b].starts_with(keys[a])) << texts[a] << '|' << texts[b];
         }
     }
 }

@@ -70,7 +70,10 @@ TEST_F(Expressions, Like)
     check({{"'aabb' Like '*AB*'", "-1"}, {"'Xab' Like '?ab'", "-1"}, {"'a5' Like 'a#'", "-1"}, {"'ax' Like 'a#'", "0"},
            {"'b' Like '[a-c]'", "-1"}, {"'b' Like '[!a-c]'", "0"}, {"'a%' Like 'a%'", "-1"}, {"'ab' Like 'a_'", "0"},
            {"'a*' Like 'a[*]'", "-1"}, {"'ab' Like 'a[*]'", "0"}, {"'abc' Like 'b'", "0"}, {"'O''Neil' Like 'o''*'", "-1"},
-           {"T Not Like 'x*'", "-1"}, {"I Like '5'", "-1"}, {"'' Like '*'", "-1"}, {"'a' Like '[a'", "!93"}});
+           {"T Not Like 'x*'", "-1"}, {"I Like '5'", "-1"}, {"'' Like '*'", "-1"}, {"'a' Like '[a'", "!93"},
+           {"'xABC' Like '*abc'", "-1"}, {"'abcx' Like '*abc'", "0"}, {"'ab' Like 'abc*'", "0"}, {"'ABC' Like 'abc'", "-1"},
+           {"'xabc' Like 'abc*'", "0"}, {"'abab c' Like '**B C**'", "-1"}, {"'' Like ''", "-1"}, {"'a' Like ''", "0"},
+           {"'\u00c9a' Like '*\u00e9A*'", "-1"}, {"'\u00c9ab' Like '*AB'", "-1"}, {"'\u212a' Like 'k'", "-1"}});
 }
 
 TEST_F(Expressions, Arithmetic)
