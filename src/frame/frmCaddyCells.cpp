@@ -33,13 +33,6 @@ qint32 idOf(const Grid &grid, qsizetype row)
     return static_cast<qint32>(basic::Val(grid.CellText(idColumn, row)));
 }
 
-// What a new row gets beside its cells, like one of the record screens.
-void addUser(RowUpdate &update)
-{
-    if (update.isNew)
-        update.more.emplace_back(u"UsersName"_s, state().gUserName);
-}
-
 void rememberRow(const Grid &grid, const RowUpdate &update)
 {
     state().gLastRecord = idOf(grid, update.row);
@@ -131,8 +124,10 @@ void CaddyCells::completeReminder(const ReminderGrid &one, RowUpdate &update)
         one.grid->setEditValue(dateColumn, basic::Date());
         one.grid->setEditValue(dayColumn, basic::Format(basic::Date(), u"ddd"));
     }
-    addUser(update);
-    if (!update.isNew || one.code != u"A"_s)
+    if (!update.isNew)
+        return;
+    update.more.emplace_back(u"UsersName"_s, state().gUserName);
+    if (one.code != u"A"_s)
         return;
     if (one.grid->EditText(appointmentTime).trimmed().isEmpty())
         one.grid->setEditValue(appointmentTime, basic::Format(basic::Now(), u"hh:mm am/pm"));
@@ -183,10 +178,9 @@ void CaddyCells::openToDo()
 {
     const auto priorities = [] { return QStringList{u"1 - High"_s, u"2 - Normal"_s, u"3 - Low"_s}; };
     EditHandlers rules;
-    rules.beforeUpdate = [this](RowUpdate &update) {
+    rules.beforeUpdate = [this](RowUpdate &) {
         if (subjects().EditText(toDoPriority).trimmed().isEmpty())
             subjects().setEditValue(toDoPriority, u"1 - High"_s);
-        addUser(update);
     };
     rules.afterUpdate = [this](const RowUpdate &update) { rememberRow(subjects(), update); };
     subjects().setEditing({{u"TODO"_s}, {u"PRIORITY"_s, priorities, u"PRIORITYLIST"_s}, {u"ACTIONED"_s}}, std::move(rules));
@@ -218,7 +212,6 @@ EditHandlers CaddyCells::shoppingHandlers()
             basic::MsgBox(u"This item has been entered already !"_s, {}, basic::Icon::Exclamation);
             update.cancel = true;
         }
-        addUser(update);
     };
     rules.afterUpdate = [this](const RowUpdate &update) {
         Grid &grid = subjects();

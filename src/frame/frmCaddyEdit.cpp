@@ -94,8 +94,8 @@ void CaddyEdit::openSubject(qint32 id)
         stopTimers();
         if (screen->open)
             basic::Trap([&] { screen->open({m_window, id}); });
-        else
-            ShowLater(u"The screen of a record of "_s + SectionName());
+        else if (const Section *section = sectionByCode(state().gSection))
+            ShowLater(u"The screen of a record of "_s + section->name);
     }
     m_screen.GetData();
     m_c.txtSearch->clear();

@@ -177,6 +177,7 @@ void CaddySearch::HeadClick(Grid *grid, int column)
     m_sortColumn = u'[' + field + (ascending ? u"]"_s : u"] desc"_s);
     SortData(code);
     m_sortColumn.clear();
+    grid->setSortMark(column, ascending);
 }
 
 // The events stand either by their dates or, for those who look for the days of a year, by day and month.

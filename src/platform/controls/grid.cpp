@@ -197,6 +197,12 @@ void Grid::Scroll(qsizetype firstRow)
     verticalScrollBar()->setValue(row * d->selectors->defaultSectionSize());
 }
 
+void Grid::setSortMark(int column, bool ascending)
+{
+    d->head->setSortIndicator(column, ascending ? Qt::AscendingOrder : Qt::DescendingOrder);
+    d->head->setSortIndicatorShown(true);
+}
+
 void Grid::setRedraw(bool on)
 {
     setUpdatesEnabled(on);
@@ -221,6 +227,7 @@ void Grid::Requery()
 {
     const int place = verticalScrollBar()->value();
     d->model->reload();
+    d->head->setSortIndicatorShown(false);
     verticalScrollBar()->setValue(place);
     d->follow();
 }

@@ -100,6 +100,7 @@ public:
     dao::Bookmark Bookmark() const;                     // of the selected row; invalid on the new-row line
     void setBookmark(dao::Bookmark mark);               // selects the row and scrolls it into view
     void Scroll(qsizetype firstRow);
+    void setSortMark(int column, bool ascending);       // an arrow in the column's head, until the rows are read anew
     void setRedraw(bool on);
     QString CellText(int column, qsizetype row) const;  // as shown; a check column's is "-1" or "0"
     QString CellText(int column) const;                 // of the selected row; "" on the new-row line or with no row

@@ -70,12 +70,18 @@ bool Grid::Private::hasButtonAt(const QModelIndex &index, QPoint where) const
     if (isButton(index))
         return true;
     const CellEdit *edit = index.isValid() ? model->edit(index.column()) : nullptr;
-    return edit && edit->hasButton && canEdit(index) && GridDelegate::endButtonRect(q->visualRect(index)).contains(where);
+    return edit && (edit->hasButton || edit->list) && canEdit(index) && GridDelegate::endButtonRect(q->visualRect(index)).contains(where);
 }
 
 void Grid::Private::press(const QModelIndex &index)
 {
-    emit q->BtnClick(index.column(), index.row());
+    const CellEdit *edit = model->edit(index.column());
+    if (!edit || !edit->list) {
+        emit q->BtnClick(index.column(), index.row());
+        return;
+    }
+    q->edit(index);
+    delegate->openList();
 }
 
 // The current cell's own button or list; else the row's first button.
@@ -83,13 +89,8 @@ void Grid::Private::pressByKey()
 {
     const QModelIndex current = q->currentIndex();
     const CellEdit *edit = canEdit(current) ? model->edit(current.column()) : nullptr;
-    if (edit && edit->hasButton) {
+    if (edit && (edit->hasButton || edit->list)) {
         press(current);
-        return;
-    }
-    if (edit && edit->list) {
-        q->edit(current);
-        delegate->openList();
         return;
     }
     for (int column = 0; current.isValid() && column < model->columnCount(); ++column) {

@@ -38,7 +38,7 @@ struct Grid::Private {
 
     // Buttons.
     bool isButton(const QModelIndex &index) const;                      // a button column's cell
-    bool hasButtonAt(const QModelIndex &index, QPoint where) const;     // or the button at a cell's end
+    bool hasButtonAt(const QModelIndex &index, QPoint where) const;     // or the button or list mark at a cell's end
     void press(const QModelIndex &index);
     void pressByKey();
 

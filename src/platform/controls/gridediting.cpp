@@ -197,7 +197,7 @@ void Grid::Private::report(UpdateFailure failure)
         q->setCurrentIndex(model->index(static_cast<int>(row), failure.column));
     const QString caption = failure.column >= 0 ? model->column(failure.column).caption + u": "_s : QString();
     if (!failure.answered)
-        basic::MsgBox(caption + failure.text, {}, basic::Icon::Exclamation);
+        basic::MsgBox(caption + failure.text + u"\n\nEsc takes the changes of this row back."_s, {}, basic::Icon::Exclamation);
 }
 
 void Grid::Private::undo()
@@ -212,6 +212,7 @@ void Grid::Private::undo()
 
 bool Grid::Private::leave(qsizetype row)
 {
+    closeOpenEditor();
     return row == model->draft().row || write();
 }
 
@@ -312,6 +313,9 @@ bool Grid::Private::editKey(QKeyEvent *event)
     }
     if (!model->hasEdits())
         return false;
+    // An open cell sees to its keys itself, after the line has had its say.
+    if (delegate->openEditor() && (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter))
+        return true;
     if (rowKeys.contains(event->key()) && !(held & Qt::AltModifier))
         return !write();
     return (held == Qt::NoModifier || held == Qt::ShiftModifier) && cellKey(event);

@@ -47,6 +47,8 @@ QWidget *GridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem 
         return nullptr;
     const GridColumn &column = m_model.columns()[static_cast<std::size_t>(index.column())];
     m_editor = edit->list ? static_cast<QWidget *>(listBox(parent, *edit)) : new QLineEdit(parent);
+    if (m_editor->objectName().isEmpty())
+        m_editor->setObjectName(QStringLiteral("txtCell"));
     QLineEdit *line = lineOf(m_editor);
     line->setAlignment(column.alignment | Qt::AlignVCenter);
     m_editor->setAccessibleName(column.caption);

@@ -1,0 +1,116 @@
+#include "app/caddyscreen.h"
+#include "frame/frmCaddyScreens.h"
+
+#include <QHelpEvent>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using basic::Answer;
+using test::Grid;
+
+class Routes : public test::CaddyScreen {
+protected:
+    // Points into a head of a grid.
+    QPoint head(const Grid *grid, int column) const
+    {
+        const QHeaderView *heads = grid->horizontalHeader();
+        return {heads->sectionViewportPosition(column) + 12, heads->viewport()->height() - 5};
+    }
+    void clickHead(const QString &name, int column)
+    {
+        const Grid *grid = at<Grid>(name);
+        QTest::mouseClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, head(grid, column));
+    }
+};
+
+TEST_F(Routes, EveryCodeHasItsScreen)
+{
+    const std::pair<QString, QString> screens[] = {
+        {u"F"_s, u"frmBackup"_s}, {u"M"_s, u"frmMessage"_s}, {u"I"_s, u"frmInventory"_s}, {u"K"_s, u"frmBooks"_s},
+        {u"MV"_s, u"frmVehicle"_s}, {u"U"_s, u"frmMusic"_s}, {u"V"_s, u"frmMovies"_s}, {u"W"_s, u"frmPasswords"_s},
+        {u"N"_s, u"frmNotes"_s}, {u"J"_s, u"frmNotes"_s}, {u"O"_s, u"frmHealth"_s}, {u"Q"_s, u"frmSport"_s},
+        {u"L"_s, u"frmProfile"_s}, {u"Y"_s, u"frmHowTo"_s}, {u"R"_s, u"frmRecipes"_s}, {u"Z"_s, u"frmGarden"_s}};
+    for (const auto &[code, name] : screens) {
+        const RecordScreen *screen = recordScreen(code);
+        ASSERT_TRUE(screen) << qPrintable(code);
+        EXPECT_EQ(name, screen->name);
+        EXPECT_EQ(code, screen->recordCode);
+    }
+    for (const auto &code : {u"P"_s, u"D"_s, u"T"_s, u"C"_s, u"X"_s}) {
+        ASSERT_TRUE(recordScreen(code)) << qPrintable(code);
+        EXPECT_EQ(u"frmContacts"_s, recordScreen(code)->name);
+        EXPECT_EQ(u"P"_s, recordScreen(code)->recordCode);
+    }
+    for (const auto &none : {u"G"_s, u"H"_s, u"A"_s, u"All"_s, u""_s})
+        EXPECT_FALSE(recordScreen(none)) << qPrintable(none);
+}
+
+TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
+{
+    for (const auto &item : {u"Camera"_s, u"Desk"_s, u"Lamp"_s})
+        execute(u"INSERT INTO [INVENTORY] ([ITEM]) VALUES ('%1')"_s.arg(item));
+    start();
+    screen().DisplayCategory(u"Inventory"_s);
+    at<QLineEdit>(u"txtSearch"_s)->setText(u"desk"_s);
+    EXPECT_EQ(1, at<Grid>(u"SUBJECTGRID"_s)->currentRow());
+    execute(u"UPDATE [INVENTORY] SET [LOCATION]='attic' WHERE [ITEM]='Desk'"_s);
+    m_prompts.expect(u"is not part of this version yet"_s, Answer::Ok);
+    QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Return);
+    EXPECT_EQ(u"I"_s, state().gRecordCode);
+    EXPECT_EQ(QString(), text(u"txtSearch"_s));
+    EXPECT_EQ(u"attic"_s, at<Grid>(u"SUBJECTGRID"_s)->CellText(3)) << "the rows are new and the cursor on its row";
+    EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
+}
+
+TEST_F(Routes, DoubleClickTurnsTheSectionInTheHeadsAndOpensTheRowBelow)
+{
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/22/2026#,'All Day','one',True)"_s);
+    start();
+    screen().DisplayCategory(u"All"_s);
+    Grid *grid = at<Grid>(u"APPOINTMENTSGRID"_s);
+    QWidget *heads = grid->horizontalHeader()->viewport();
+    const auto tip = [&](int column) {
+        QHelpEvent event(QEvent::ToolTip, head(grid, column), heads->mapToGlobal(head(grid, column)));
+        QCoreApplication::sendEvent(heads, &event);
+        return QToolTip::text();
+    };
+    EXPECT_EQ(u" Double Click Here for Full Display "_s, tip(4));
+    QTest::mouseDClick(heads, Qt::LeftButton, {}, head(grid, 4));
+    EXPECT_EQ(u"A"_s, state().gSection);
+    EXPECT_EQ(u" Double Click Here for All Display "_s, tip(4));
+    emit grid->DblClick(275);                               // the line itself belongs to the heads
+    EXPECT_EQ(u"All"_s, state().gSection);
+    inRecord([&] { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(0, 4)).center()); },
+             [](frmRecord &record) { EXPECT_EQ(u"one"_s, record.findChild<QLineEdit *>(u"txtAppointment"_s)->text()); });
+    inRecord([&] { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(1, 4)).center()); },
+             [](frmRecord &record) { EXPECT_EQ(QString(), record.findChild<QLineEdit *>(u"txtAppointment"_s)->text()); });
+}
+
+TEST_F(Routes, HeadsSortAndEventsTurnBetweenTheirTwoOrders)
+{
+    for (const auto &row : {u"#11/24/2026#,'B','x'"_s, u"#11/23/2026#,'C','y'"_s, u"#11/23/2027#,'A','z'"_s})
+        execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (%1)"_s.arg(row));
+    start();
+    screen().DisplayCategory(u"Events"_s);
+    click(u"ALL RECORDS"_s);
+    const QString grid = u"EVENTSGRID"_s;
+    const auto subjects = [&] { return column(grid, 3).join(QString()); };
+    EXPECT_EQ(u"CBA"_s, subjects());
+    clickHead(grid, 3);
+    EXPECT_EQ(u"ABC"_s, subjects());
+    clickHead(grid, 3);
+    EXPECT_EQ(u"CBA"_s, subjects());
+    clickHead(grid, 1);
+    EXPECT_TRUE(state().gSqlEvents.endsWith(u" BY DAY([DATE]),MONTH([DATE])"_s));
+    EXPECT_EQ(u"B"_s, subjects().right(1)) << "the 23rd of any year before the 24th";
+    clickHead(grid, 1);
+    EXPECT_TRUE(state().gSqlEvents.endsWith(u" BY [DATE],[SUBJECT],[EVENT]"_s));
+    EXPECT_EQ(u"CBA"_s, subjects());
+    select(grid, 0);
+    at<Grid>(grid)->setCurrentIndex(at<Grid>(grid)->model()->index(0, 4));
+    QTest::keyClick(at(grid), Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ((QStringList{u"x"_s, u"y"_s, u"z"_s}), events()) << "by the keyboard";
+}
+
+}
