@@ -279,6 +279,7 @@ void frmCaddy::DisplayCategory(const QString &name)
     if (!WriteRows())
         return;
     d->sections.DisplayCategory(name);
+    d->painting.ShowGround();
     d->cells.EnterSection();
     d->painting.MarkActive(d->edit.activeGrid());
     d->edit.showDetails();

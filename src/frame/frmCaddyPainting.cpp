@@ -219,8 +219,23 @@ void CaddyPainting::applyColours(Grid *grid)
         for (const QString &name : entry.styleSets)
             grid->setStyleSet(name, {colourOf(chosen->second), {}, false});
     }
+    grid->setStyleSet({}, defaultGround());
+    if (grid == m_c.SUBJECTGRID)
+        ShowGround();
+}
+
+controls::StyleSet CaddyPainting::defaultGround() const
+{
     const auto ground = colourNumber(m_sizes.defaultColour);
-    grid->setStyleSet({}, ground && *ground != 0xFFFFFF ? controls::StyleSet{colourOf(*ground), {}, false} : controls::StyleSet{});
+    return ground && *ground != 0xFFFFFF ? controls::StyleSet{colourOf(*ground), {}, false} : controls::StyleSet{};
+}
+
+void CaddyPainting::ShowGround()
+{
+    const Section *section = sectionByCode(state().gSection);
+    const controls::StyleSet own = section ? m_c.SUBJECTGRID->styleSet(section->styleSet) : controls::StyleSet{};
+    const bool isChosen = own.back.isValid() && section->layoutWord != u"CHRISTMAS"_s;     // those rows are painted one by one
+    m_c.SUBJECTGRID->setStyleSet({}, isChosen ? own : defaultGround());
 }
 
 void CaddyPainting::paintAppointment(RowPaint &row) const
@@ -258,14 +273,13 @@ void CaddyPainting::paintEvent(RowPaint &row) const
         setCell(row.style, eventFile, u"PICTURE"_s);
 }
 
-// A row that says nothing of its own has the section's colour.
 void CaddyPainting::paintSubject(RowPaint &row) const
 {
     const Section *section = sectionByCode(state().gSection);
     if (!section || section->kind != SectionKind::Grid || section->columns.size() != m_c.SUBJECTGRID->columns().size())
         return;
     const RowLook look = subjectRowLook(section->code, row.cell);
-    row.rowStyle = look.style.isEmpty() ? section->styleSet : look.style;
+    row.rowStyle = look.style;
     for (const RowLook::Cell &cell : look.styles)
         setCell(row.style, cell.column, cell.content);
     for (const RowLook::Cell &cell : look.texts)

@@ -15,6 +15,7 @@ public:
     void DefaultMenu();                 // record selectors and bold type, as set
     void ApplyPalette();                // the style sets that follow the palette
     void MarkActive(const controls::Grid *active);
+    void ShowGround();                  // the general grid in the colour of the section on show
     void setWarning(qint32 id) { m_warning = id; }
 
 private:
@@ -23,6 +24,7 @@ private:
     void paintEvent(controls::RowPaint &row) const;
     void paintSubject(controls::RowPaint &row) const;
     void applyColours(controls::Grid *grid);
+    controls::StyleSet defaultGround() const;
 
     CaddyControls &m_c;
     GridLayout &m_sizes;

@@ -30,7 +30,6 @@ using controls::GridColumn;
 
 namespace {
 
-constexpr int missingTable = 3078;
 constexpr int buttonWidth = 600;        // twips
 
 const QString &bannerLine()
@@ -90,11 +89,6 @@ CaddySections::CaddySections(CaddyControls &c, MainScreen &screen, GridLayout &s
                              CaddySearch &search)
     : m_c(c), m_screen(screen), m_sizes(sizes), m_columns(columns), m_search(search)
 {
-    // A file that does not hold the section's table yet leaves the section empty.
-    QObject::connect(m_c.dtaSubjects, &controls::DataControl::Error, m_c.SUBJECTGRID, [](int number, const QString &text) {
-        if (number != missingTable)
-            basic::MsgBox(text, {}, basic::Icon::Exclamation);
-    });
 }
 
 void CaddySections::cmdCat_Click(int index)
@@ -190,8 +184,7 @@ void CaddySections::showGrid(const Section &section)
         title += u" for "_s + state().gUserName;
     m_c.SUBJECTGRID->setTitle(title);
     m_c.SUBJECTGRID->setAccessibleName(title);
-    if (connectSubjects(section))
-        m_c.dtaSubjects->Refresh();
+    connectSubjects(section);
     showSubjectColumns(section);
     m_c.SUBJECTGRID->show();
     m_c.panEditS->show();
@@ -228,23 +221,21 @@ void CaddySections::openScreen(const QString &name)
         ShowLater(name);
 }
 
-// false: there is no file to read yet.
-bool CaddySections::connectSubjects(const Section &section)
+// A journal that was never begun is no error: its section shows nothing. Any other file that is not there is told by the
+// data control.
+void CaddySections::connectSubjects(const Section &section)
 {
     DataFile file = section.file;
-    if (section.name == u"Passwords"_s && basic::Dir(state().path(file)).isEmpty())
+    if (file == DataFile::DataP && basic::Dir(state().path(file)).isEmpty())
         file = DataFile::Main;
     const QString &path = state().path(file);
-    state().gSqlSection[section.code] = section.query;
-    if (basic::Dir(path).isEmpty()) {
-        m_c.dtaSubjects->setDatabaseName({});
-        return false;
-    }
+    const bool none = file == DataFile::DataJ && basic::Dir(path).isEmpty();
     const bool isProtected = dataFiles()[static_cast<std::size_t>(file)].isProtected;
+    state().gSqlSection[section.code] = section.query;
     m_c.dtaSubjects->setConnect(isProtected ? protectedConnect() : u"Access"_s);
-    m_c.dtaSubjects->setDatabaseName(path);
+    m_c.dtaSubjects->setDatabaseName(none ? QString() : path);
     m_c.dtaSubjects->setRecordSource(section.query);
-    return true;
+    m_c.dtaSubjects->Refresh();
 }
 
 void CaddySections::showSubjectColumns(const Section &section)

@@ -30,7 +30,7 @@ private:
     void showGrid(const Section &section);
     void showAction(const Section &section);
     void openScreen(const QString &name);
-    bool connectSubjects(const Section &section);
+    void connectSubjects(const Section &section);
     void showSubjectColumns(const Section &section);
     void refresh(ReminderGrid &one);
     void readWaiting();

@@ -75,7 +75,10 @@ TEST_F(Layout, EachGridHasItsOwnColours)
     EXPECT_EQ(at<Grid>(u"APPOINTMENTSGRID"_s)->styleSet(u"TODAY"_s).back, QColor(255, 0, 0));
     EXPECT_EQ(at<Grid>(u"BILLSGRID"_s)->styleSet(u"TODAY"_s).back, QColor(0, 255, 0));
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->styleSet(u"BOOKS"_s).back, QColor(0, 0, 255));
-    EXPECT_FALSE(at<Grid>(u"SUBJECTGRID"_s)->styleSet(u"MOVIES"_s).back.isValid());
+    screen().DisplayCategory(u"Books"_s);
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->styleSet({}).back, QColor(0, 0, 255));
+    screen().DisplayCategory(u"Movies"_s);
+    EXPECT_FALSE(at<Grid>(u"SUBJECTGRID"_s)->styleSet({}).back.isValid());
 }
 
 TEST_F(Layout, PictureAndFontColourOfTheScreen)

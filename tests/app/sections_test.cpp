@@ -1,5 +1,6 @@
 #include "app/caddyscreen.h"
 #include "frame/sections.h"
+#include "store/designs.h"
 
 namespace vorel {
 
@@ -64,10 +65,7 @@ TEST_F(Sections, EveryButtonOpensOrSaysLater)
         auto *button = at<QAbstractButton>(u"cmdCat(%1)"_s.arg(entry.index));
         EXPECT_EQ(button->text(), entry.caption);
         EXPECT_EQ(button->toolTip(), entry.toolTip);
-        // Their protected files do not exist yet.
-        EXPECT_EQ(button->isEnabled(), entry.index != 4 && entry.index != 17) << entry.index;
-        if (!button->isEnabled())
-            continue;
+        EXPECT_TRUE(button->isEnabled()) << entry.index;
         const bool later = entry.index >= 23;
         const QString before = state().gLastCategory;
         if (later)
@@ -95,10 +93,43 @@ TEST_F(Sections, MainFileSectionsShowTheirRows)
     EXPECT_EQ(column(u"SUBJECTGRID"_s, 1), QStringList{u"Paint"_s});
     screen().DisplayCategory(u"Messages"_s);
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), u"MESSAGES for User"_s);
-    // Sections whose file is not there stand empty under their title.
-    screen().DisplayCategory(u"Books"_s);
-    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), u"BOOKS"_s);
-    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 0);
+}
+
+TEST_F(Sections, FileThatHasGoneLeavesTheSectionEmpty)
+{
+    start();
+    const std::pair<QString, DataFile> cases[] = {{u"Books"_s, DataFile::Books}, {u"Journal"_s, DataFile::DataJ}};
+    for (const auto &[name, file] : cases) {
+        ASSERT_TRUE(QFile::remove(state().path(file)));
+        if (file == DataFile::Books)        // a journal may be missing
+            m_prompts.expect({}, basic::Answer::Ok);
+        screen().DisplayCategory(name);
+        EXPECT_TRUE(m_prompts.isDone()) << qPrintable(name);
+        EXPECT_EQ(state().gLastCategory, name);
+        EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 0);
+        EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), name.toUpper());
+    }
+    screen().GetData();                     // nor is it one when the rows are read again
+}
+
+TEST_F(Sections, PasswordsFallBackToTheMainFile)
+{
+    start();
+    const QString own = state().path(DataFile::DataP);
+    dao::Database keys = dao::DBEngine::OpenDatabase(own, false, false, u";pwd=KARVELOT"_s);
+    keys.Execute(u"DELETE FROM [PASSWORDS]"_s);
+    keys.Execute(u"INSERT INTO [PASSWORDS] ([ORGANISATION]) VALUES ('Bank')"_s);
+    keys.Close();
+    click(u"cmdCat(4)"_s);
+    EXPECT_EQ(column(u"SUBJECTGRID"_s, 1), QStringList{u"Bank"_s});
+    screen().DisplayCategory(u"All"_s);
+    ASSERT_TRUE(QFile::remove(own));
+    dao::Database shared = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    shared.AppendTable(store::passwordsDesigns().front());
+    shared.Execute(u"INSERT INTO [PASSWORDS] ([ORGANISATION]) VALUES ('Post')"_s);
+    shared.Close();
+    click(u"cmdCat(4)"_s);
+    EXPECT_EQ(column(u"SUBJECTGRID"_s, 1), QStringList{u"Post"_s});
 }
 
 TEST_F(Sections, ReturnKeepsTheRecordLastWorkedOn)
