@@ -99,7 +99,7 @@ void ShowNote(const QString &title, const QString &text, double heightFactor)
     frmInformation &form = freshScreen(title);
     form.txtInfo().setText(text);
     if (const QWidget *screen = mainScreen())
-        form.resize(pageSize.width(), static_cast<int>(screen->height() * heightFactor));
+        form.resize(pageSize.width(), qRound(screen->height() * heightFactor));
     form.show();
 }
 

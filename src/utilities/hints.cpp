@@ -4,7 +4,6 @@
 #include "platform/desktop/desktop.h"
 
 #include <QFile>
-#include <QStringDecoder>
 
 namespace vorel {
 
@@ -21,13 +20,6 @@ QStringList &hints()
     return lines;
 }
 
-QString decoded(const QByteArray &bytes)
-{
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    return utf8.hasError() ? QString::fromLatin1(bytes) : text;
-}
-
 }
 
 void LoadHints()
@@ -36,7 +28,8 @@ void LoadHints()
     QFile file(desktop::findResource(u"\\hints.txt"_s));
     if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly))
         return;
-    QString text = decoded(file.read(mostBytes));
+    const QByteArray bytes = file.read(mostBytes);
+    QString text = bytes.isValidUtf8() ? QString::fromUtf8(bytes) : QString::fromLatin1(bytes);
     text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n');
     if (text.endsWith(u'\n'))
         text.chop(1);
@@ -44,7 +37,7 @@ void LoadHints()
         return;
     const QStringList lines = text.split(u'\n');
     for (const QString &line : lines)
-        hints().append(line + hintEnd);
+        hints().append(line + hintEnd.toString());
 }
 
 const QStringList &Hints()

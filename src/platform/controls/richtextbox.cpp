@@ -20,6 +20,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qint64 largestFile = 16 << 20;
+constexpr double easyContrast = 5;
 const QStringList rtfTypes = {u"text/rtf"_s, u"application/rtf"_s, u"text/richtext"_s};
 
 // Older versions stored what a rich text editor writes by itself; a user's own "<b>" stays those three characters.
@@ -81,12 +82,24 @@ protected:
             const QPalette palette = m_box->palette();
             const QColor fore = hasFore ? format.foreground().color() : palette.color(QPalette::Text);
             const QColor back = hasBack ? format.background().color() : palette.color(QPalette::Base);
-            if (const QColor shown = readable(fore, back); shown != fore)
+            if (const QColor shown = shownOn(back, fore); shown != fore)
                 setFormat(it.fragment().position() - block.position(), it.fragment().length(), shown);
         }
     }
 
 private:
+    // The colour itself, or what is left of it once it can be read.
+    static QColor shownOn(const QColor &back, const QColor &fore)
+    {
+        const QColor shown = readable(fore, back);
+        for (int tenths = 2; shown != fore && tenths < 10; ++tenths) {
+            const QColor nearer = blend(fore, blackOrWhiteOn(back), tenths / 10.0);
+            if (contrast(nearer, back) >= easyContrast)
+                return nearer;
+        }
+        return shown;
+    }
+
     RichTextBox *m_box;
 };
 

@@ -3,7 +3,6 @@
 #include "platform/richtext/codepage.h"
 #include "platform/richtext/rtfreader.h"
 
-#include <QStringDecoder>
 #include <QTextBlock>
 #include <QTextDocument>
 #include <QTextList>
@@ -47,9 +46,7 @@ void read(QTextDocument &document, const QByteArray &bytes)
     const QString raw = QString::fromLatin1(bytes);
     if (const QString start = raw.startsWith(u"\u00EF\u00BB\u00BF") ? raw.mid(3) : raw; isRtf(start))
         return readRtf(document, start, true);
-    QStringDecoder utf8(QStringDecoder::Utf8);
-    const QString text = utf8(bytes);
-    document.setPlainText(utf8.hasError() ? decode(bytes, western) : text);
+    document.setPlainText(bytes.isValidUtf8() ? QString::fromUtf8(bytes) : decode(bytes, western));
 }
 
 QString plainText(const QTextDocument &document)

@@ -8,7 +8,7 @@ namespace vorel::richtext {
 namespace {
 
 // Each new paragraph of a list costs the more, the longer the list is. No list of points is seen to be cut.
-constexpr int mostPoints = 500, mostNumbers = 10'000;
+constexpr int mostPoints = 100, mostNumbers = 1000;
 
 bool isNumbered(QTextListFormat::Style style)
 {

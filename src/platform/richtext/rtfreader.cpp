@@ -91,6 +91,8 @@ void Reader::close()
     }
     if (m_groups.size() <= 1)               // one brace too many
         return;
+    if (m_groups.size() == 2)               // the end of the text: its last paragraph may not be closed
+        finish();
     const Destination ended = m_now.destination;
     const ListPlace list = m_now.paragraph.list;
     m_now = std::move(m_groups.back());

@@ -1,5 +1,6 @@
 #include "people.h"
 #include "platform/basic/format.h"
+#include "platform/controls/richtextbox.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -127,28 +128,49 @@ TEST(FieldAdapter, RichTextIsKeptAsStored)
     const test::People people;
     const QString plain = u"<b>not bold</b> & co\n  two"_s;
     people.execute(u"UPDATE [People] SET [Notes]='%1' WHERE [ID]=1"_s.arg(plain));
-    QTextEdit edit;
+    controls::RichTextBox edit;
     DataControl data;
     data.bind(&edit, u"Notes"_s);
     people.open(data);
-    EXPECT_EQ(plain, edit.toPlainText()) << "a user's own brackets are no markup";
+    EXPECT_EQ(plain, edit.Text()) << "a user's own brackets are no markup";
     edit.selectAll();
-    edit.setFontWeight(QFont::Bold);
+    edit.setSelBold(true);
     EXPECT_TRUE(data.isDirty());
     ASSERT_TRUE(data.MoveNext());
-    EXPECT_EQ(u""_s, edit.toPlainText());
+    EXPECT_TRUE(people.text(1, u"Notes"_s).startsWith(u"{\\rtf1"_s));
+    EXPECT_EQ(u""_s, edit.Text());
     QTest::keyClicks(&edit, u"light"_s);
     ASSERT_TRUE(data.MoveFirst());
     EXPECT_EQ(u"light"_s, people.text(2, u"Notes"_s)) << "the bold of the row before stays there";
-    EXPECT_EQ(plain, edit.toPlainText());
+    EXPECT_EQ(plain, edit.Text());
     edit.selectAll();
-    EXPECT_EQ(QFont::Bold, edit.fontWeight());
+    EXPECT_EQ(true, edit.SelBold());
     EXPECT_FALSE(data.isDirty());
-    edit.setPlainText(u"x"_s);
-    edit.selectAll();
-    edit.setCurrentCharFormat({});
+    edit.ClearSelFormat();
+    edit.textCursor().insertText(u"x"_s);
     ASSERT_TRUE(data.UpdateRecord());
-    EXPECT_EQ(u"x"_s, people.text(1, u"Notes"_s));
+    EXPECT_EQ(u"x"_s, people.text(1, u"Notes"_s)) << "what is not formatted stays plain";
+}
+
+TEST(FieldAdapter, RichTextReadsWhatOlderVersionsStored)
+{
+    const test::People people;
+    const QString html = u"<!DOCTYPE HTML><html><body><p>one <b>two</b></p></body></html>"_s;
+    people.execute(u"UPDATE [People] SET [Notes]='%1' WHERE [ID]=1"_s.arg(html));
+    controls::RichTextBox edit;
+    DataControl data;
+    data.bind(&edit, u"Notes"_s);
+    people.open(data);
+    EXPECT_EQ(u"one two"_s, edit.Text());
+    EXPECT_FALSE(data.isDirty());
+    ASSERT_TRUE(data.UpdateRecord());
+    EXPECT_EQ(html, people.text(1, u"Notes"_s)) << "looking at a row changes nothing in it";
+    edit.selectAll();
+    EXPECT_EQ(std::nullopt, edit.SelBold()) << "of both kinds";
+    edit.setText(u"{\\rtf1 as typed}"_s);
+    ASSERT_TRUE(data.MoveNext());
+    ASSERT_TRUE(data.MoveFirst());
+    EXPECT_EQ(u"{\\rtf1 as typed}"_s, edit.Text());
 }
 
 TEST(FieldAdapter, OwnShapeOfAValue)
