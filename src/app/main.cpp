@@ -1,10 +1,13 @@
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmStartup.h"
+#include "frame/shared.h"
 #include "frame/startup.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/prompts.h"
+#include "platform/desktop/busnotifier.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/soundplayer.h"
 
 #include <QApplication>
 #include <QPrinterInfo>
@@ -38,10 +41,16 @@ int main(int argc, char **argv)
     vorel::basic::setPrompts(&prompts);
 
     vorel::setPrinterProbe(hasUsablePrinter);
+    vorel::desktop::SoundPlayer sounds;
+    vorel::setSoundPlayer([&sounds](const QString &path) { sounds.play(path); });
+    vorel::desktop::BusNotifier notices;
+    vorel::desktop::setNotifier(&notices);
 
     vorel::Startup startup;
     startup.Load();
     const int result = QApplication::exec();
+    vorel::desktop::setNotifier(nullptr);
+    vorel::setSoundPlayer({});
     vorel::basic::setPrompts(nullptr);
     return result;
 }

@@ -1,5 +1,6 @@
 #include "frame/frmCaddy.h"
 
+#include "frame/frmCaddyAlerts.h"
 #include "frame/frmCaddyCells.h"
 #include "frame/frmCaddyEdit.h"
 #include "frame/frmCaddyGround.h"
@@ -25,6 +26,7 @@
 #include "platform/controls/form.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/profile.h"
+#include "reminders/greetings.h"
 #include "utilities/frmInformation.h"
 #include "utilities/hints.h"
 
@@ -46,7 +48,8 @@ struct frmCaddy::Rooms {
     explicit Rooms(frmCaddy &screen)
         : build(&screen, c), columns(sizes, &screen), painting(c, sizes, columns), search(c),
           sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
-          menus(c, screen, periods, &screen), strip(c), tips(c, [this] { edit.showDetails(); }, &screen) {}
+          menus(c, screen, periods, &screen), strip(c, screen), tips(c, [this] { edit.showDetails(); }, &screen),
+          alerts(c, painting, edit, &screen) {}
 
     struct Build {
         Build(QMainWindow *window, CaddyControls &c) { BuildCaddy(window, c); }
@@ -64,6 +67,7 @@ struct frmCaddy::Rooms {
     CaddyMenus menus;
     CaddyStrip strip;
     CaddyTips tips;
+    CaddyAlerts alerts;
 };
 
 frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
@@ -74,8 +78,11 @@ frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
     connectGrids();
     connectButtons();
     answerMenus();
-    controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { d->strip.Timer2_Timer(); });
-    connect(d->c.TimerMessages, &QTimer::timeout, this, [this] { basic::IgnoreErrors([this] { CheckForMessages(); }); });
+    controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { d->alerts.Timer2_Timer(); });
+    connect(d->c.TimerMessages, &QTimer::timeout, this, [this] { 
+        basic::IgnoreErrors([this] { CheckForMessages(); });
+        basic::IgnoreErrors([this] { CheckForBackupFiles(); });
+    });
     fitDesktop();
 }
 
@@ -154,6 +161,8 @@ void frmCaddy::connectButtons()
     click(c.panEditS, [this] { panEditS_Click(); });
     click(c.cmdNext, [this] { d->search.next(); });
     click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
+    click(c.panBackup, [this] { DisplayCategory(u"File Backup"_s); });
+    click(c.panAppoint, [this] { d->alerts.panAppoint_Click(); });
     for (const auto &[name, button] : c.tools)
         click(button, [spoken = button->accessibleName()] { ShowLater(spoken); });
     const std::pair<QString, std::function<void()>> answered[] = {
@@ -162,6 +171,7 @@ void frmCaddy::connectButtons()
         {u"cmdCalendar"_s, [this] { DisplayCategory(u"Calendar"_s); }},
         {u"cmdCalculator"_s, [this] { DisplayCategory(u"Calculator"_s); }},
         {u"cmdInvoice"_s, [this] { d->menus.run(u"mnuInvoice"_s); }},
+        {u"cmdPopUpCloser"_s, [this] { d->alerts.cmdPopUpCloser_Click(); }},
         {u"cmdInfo"_s, [this] { d->menus.run(u"mnuHelp"_s); }},
     };
     for (const auto &[name, step] : answered) {
@@ -200,6 +210,11 @@ void frmCaddy::answerMenus()
         basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)
                           + u"\nProbably the Handiest Software you will own"_s, u"About"_s, basic::Icon::Information);
     });
+    const std::pair<QString, MessageView> views[] = {{u"mnuMessagesSent"_s, MessageView::Sent},
+                                                     {u"mnuMessagesReceived"_s, MessageView::Received},
+                                                     {u"mnuMessagesBoth"_s, MessageView::Both}};
+    for (const auto &[name, view] : views)
+        menus.answer(name, [this, chosen = view] { d->strip.showMessages(chosen); });
     const auto startProgram = [](const QString &name) {
         const QString program = basic::programFolder() + u'/' + name;
         return !basic::Dir(program).isEmpty() && desktop::ShellExecute(basic::realPath(program));
@@ -272,6 +287,16 @@ void frmCaddy::Load()
     };
     needs(17, DataFile::DataJ);
     needs(4, DataFile::DataP);
+    runLoadPasses();
+}
+
+// The last steps of the load: what goes to other programs.
+void frmCaddy::runLoadPasses()
+{
+    basic::Trap([this] { CheckForBackupFiles(); });
+    basic::Trap([this] { d->alerts.CreateAppointsFile(); });
+    if (state().gAutoEmail && state().mainFile == MainFileAccess::Full)
+        basic::Trap([] { SendBirthdayEmails(); });
 }
 
 void frmCaddy::DisplayCategory(const QString &name)
@@ -295,6 +320,9 @@ void frmCaddy::RefreshData() { d->sections.RefreshData(); }
 void frmCaddy::DisplayCaption() { d->periods.DisplayCaption(); }
 void frmCaddy::DisplayDates() { d->periods.DisplayDates(); }
 void frmCaddy::CheckForMessages() { d->strip.CheckForMessages(); }
+void frmCaddy::CheckForBackupFiles() { d->strip.CheckForBackupFiles(); }
+void frmCaddy::CheckAppointments() { d->alerts.CheckAppointments(); }
+void frmCaddy::ScrollMessages() { d->strip.ScrollMessages(); }
 void frmCaddy::UpdateRowHeight() { d->sections.UpdateRowHeight(); }
 bool frmCaddy::WriteRows() { return d->cells.WriteRows(); }
 void frmCaddy::SortData() { d->search.SortData(state().gSection); }
@@ -437,11 +465,8 @@ void frmCaddy::Unload()
         d->sections.UpdateRowHeight();
         SaveGridSettings(d->sizes, static_cast<std::int16_t>(d->c.SUBJECTGRID->rowHeightTwips()));
     });
-    if (state().gPopUpCloser) {
-        const QString closer = basic::programFolder() + u"/PopUpCloser.exe"_s;
-        if (!basic::Dir(closer).isEmpty())
-            desktop::ShellExecute(basic::realPath(closer));
-    }
+    if (state().gPopUpCloser)
+        StartProgram(u"PopUpCloser.exe"_s);
     d->c.Timer2->stop();
     d->c.TimerMessages->stop();
     for (ReminderGrid &one : d->c.reminders)

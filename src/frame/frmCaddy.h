@@ -32,6 +32,9 @@ public:
     void DisplayDates() override;
     void DisableButtons(bool enable) override;
     void CheckForMessages() override;
+    void CheckForBackupFiles();
+    void CheckAppointments();
+    void ScrollMessages();
     void UpdateRowHeight() override;
     bool WriteRows() override;
     // Sorts the section on show, by a column that is asked for where none was clicked.
@@ -55,6 +58,7 @@ private:
     void loadSettings();
     void openData();
     void showStart();
+    void runLoadPasses();
     void cmdCat_Click(int index);
     void panEditS_Click();
     void fitDesktop();

@@ -21,6 +21,7 @@ namespace vorel {
 
 class CaddyGround;
 class DetailPane;
+class InfoPanel;
 class Rail;
 
 // One of the three reminder grids with all that goes with it.
@@ -59,7 +60,8 @@ struct CaddyControls {
     std::map<QString, QAbstractButton *> tools;     // cmdCalendar, cmdInfo, ... by name
 
     QStatusBar *StatusBar1 = nullptr;
-    QLabel *panInfo = nullptr, *lblUsername = nullptr, *lblDate = nullptr, *lblTime = nullptr;
+    InfoPanel *panInfo = nullptr;
+    QLabel *lblUsername = nullptr, *lblDate = nullptr, *lblTime = nullptr;
     QAbstractButton *panAppoint = nullptr, *panMessages = nullptr, *panBackup = nullptr;
 
     std::map<QString, QMenu *> menus;

@@ -48,7 +48,13 @@ void CaddyEdit::editReminder(ReminderGrid &one)
         openReminder(one, selectedId(one.grid));
 }
 
-void CaddyEdit::openReminder(ReminderGrid &one, qint32 id)
+void CaddyEdit::EditRow(ReminderGrid &one, qint32 id)
+{
+    if (m_screen.WriteRows())
+        openReminder(one, id, true);
+}
+
+void CaddyEdit::openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod)
 {
     State &s = state();
     s.gRecordCode = one.code;
@@ -62,7 +68,12 @@ void CaddyEdit::openReminder(ReminderGrid &one, qint32 id)
     } else {
         rows.setRecordSource(s.*one.sql);
         rows.Refresh();
-        rows.FindFirst(u"ID = %1"_s.arg(id));
+        const QString criteria = u"ID = %1"_s.arg(id);
+        if (!rows.FindFirst(criteria) && inAnyPeriod) {
+            rows.setRecordSource(one.newRowSource);
+            rows.Refresh();
+            rows.FindFirst(criteria);
+        }
     }
     record.ShowModal();
     startTimers();

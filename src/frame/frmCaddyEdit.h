@@ -14,6 +14,7 @@ public:
     void EditAppointment() { editReminder(m_c.appointments()); }
     void EditBill() { editReminder(m_c.bills()); }
     void EditEvent() { editReminder(m_c.events()); }
+    void EditRow(ReminderGrid &one, qint32 id);     // whatever row is selected, whatever the period on show
     void ShowEdit();
     void NewRecord();
     void panNew_Click();
@@ -29,7 +30,7 @@ signals:
 
 private:
     void editReminder(ReminderGrid &one);
-    void openReminder(ReminderGrid &one, qint32 id);
+    void openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod = false);
     void openSubject(qint32 id);
     ReminderGrid *currentReminder() const;
     void stopTimers();

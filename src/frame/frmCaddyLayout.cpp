@@ -2,6 +2,7 @@
 
 #include "frame/frmCaddyGround.h"
 #include "frame/frmCaddyIcons.h"
+#include "frame/frmCaddyInfo.h"
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyRail.h"
 #include "frame/menus.h"
@@ -303,8 +304,9 @@ void buildStrip(QMainWindow *window, CaddyControls &c)
         made->setContentsMargins(unit / 2, 0, unit / 2, 0);
         return made;
     };
-    c.panInfo = label(u"panInfo"_s, u"Hints"_s);
-    c.panInfo->setMinimumWidth(80);
+    c.panInfo = new InfoPanel;
+    c.panInfo->setObjectName(u"panInfo"_s);
+    c.panInfo->setAccessibleName(u"Hints"_s);
     c.panAppoint = signal(u"panAppoint"_s, u"Appointment reminder"_s);
     c.panMessages = signal(u"panMessages"_s, u"Messages"_s);
     c.panBackup = signal(u"panBackup"_s, u"Backup reminder"_s);

@@ -1,5 +1,7 @@
 #include "frame/frmCaddyScreens.h"
 
+#include "reminders/frmMessage.h"
+
 namespace vorel {
 
 using namespace Qt::StringLiterals;
@@ -8,7 +10,7 @@ const std::vector<RecordScreen> &recordScreens()
 {
     static const std::vector<RecordScreen> table = {
         {{u"F"_s}, u"F"_s, u"frmBackup"_s},
-        {{u"M"_s}, u"M"_s, u"frmMessage"_s},
+        {{u"M"_s}, u"M"_s, u"frmMessage"_s, openRecordScreen<frmMessage>},
         {{u"I"_s}, u"I"_s, u"frmInventory"_s},
         {{u"K"_s}, u"K"_s, u"frmBooks"_s},
         {{u"MV"_s}, u"MV"_s, u"frmVehicle"_s},

@@ -1,45 +1,75 @@
 #include "frame/frmCaddyStrip.h"
 
-#include "platform/basic/clock.h"
-#include "platform/basic/format.h"
+#include "frame/frmCaddyInfo.h"
+#include "platform/basic/error.h"
 
 #include <QAbstractButton>
-#include <QLabel>
 
 namespace vorel {
 
 using namespace Qt::StringLiterals;
 
-void CaddyStrip::Timer2_Timer()
+namespace {
+
+std::function<QString()> &hintSource()
 {
-    m_c.lblTime->setText(basic::Format(basic::Now(), u"hh:mm AM/PM"));
+    static std::function<QString()> source;
+    return source;
+}
+
+void colour(QAbstractButton *panel, const QColor &ground)
+{
+    QPalette colours = panel->palette();
+    colours.setColor(QPalette::Button, ground);
+    colours.setColor(QPalette::ButtonText, Qt::black);
+    panel->setPalette(colours);
+}
+
+}
+
+void CaddyStrip::setHintSource(std::function<QString()> source)
+{
+    hintSource() = std::move(source);
 }
 
 void CaddyStrip::ScrollMessages()
 {
-    m_c.panInfo->setText(state().gProductTitle + u"  Version "_s + QStringLiteral(VOREL_VERSION));
+    QString hint;
+    if (state().gTips && hintSource())
+        basic::IgnoreErrors([&hint] { hint = hintSource()(); });
+    m_c.panInfo->setText(infoLine(hint));
 }
 
 void CaddyStrip::CheckForMessages()
 {
     m_c.panInfo->setToolTip({});
-    if (!state().gMainDb)
-        return;
-    dao::Recordset waiting = state().gMainDb.CreateSnapshot(
-        u"select * FROM [Messages] WHERE [Read]=False AND [To]='%1';"_s.arg(state().gUserName));
-    dao::DBEngine::Idle(dao::dbRefreshCache);
-    const bool any = waiting.rowTotal() > 0;
-    waiting.Close();
+    const bool any = MessagesWait();
     if (any) {
         m_c.panMessages->setText(u"Messages"_s);
         m_c.panMessages->setToolTip(u"Click to View Messages"_s);
-        QPalette green = m_c.panMessages->palette();
-        green.setColor(QPalette::Button, QColor(0, 255, 0));
-        green.setColor(QPalette::ButtonText, Qt::black);
-        m_c.panMessages->setPalette(green);
+        colour(m_c.panMessages, QColor(0, 255, 0));
     }
     m_c.panMessages->setVisible(any);
     ScrollMessages();
+}
+
+void CaddyStrip::CheckForBackupFiles()
+{
+    const bool due = BackupsAreDue();
+    if (due) {
+        m_c.panBackup->setText(u"Backup"_s);
+        m_c.panBackup->setToolTip(u"Click to View File Backups"_s);
+        colour(m_c.panBackup, QColor(0xff, 0xb0, 0x60));
+    }
+    m_c.panBackup->setVisible(due);
+}
+
+void CaddyStrip::showMessages(MessageView view)
+{
+    if (state().gSection != u"M"_s)
+        return;
+    state().gSqlSection[u"M"_s] = messageQuery(view);
+    m_screen.GetData();
 }
 
 }

@@ -1,20 +1,28 @@
 #pragma once
 
 #include "frame/frmCaddyControls.h"
+#include "frame/mainscreen.h"
+#include "reminders/messages.h"
+
+#include <functional>
 
 namespace vorel {
 
-// The strip below: the clock, the hints, the messages that wait.
+// The strip below: the hints, the messages that wait, the backups that are due, and the Messages menu.
 class CaddyStrip {
 public:
-    explicit CaddyStrip(CaddyControls &c) : m_c(c) {}
+    CaddyStrip(CaddyControls &c, MainScreen &screen) : m_c(c), m_screen(screen) {}
 
-    void Timer2_Timer();
     void ScrollMessages();
     void CheckForMessages();
+    void CheckForBackupFiles();
+    void showMessages(MessageView view);            // the grid of messages: those sent, those received, or all
+    // Where the hints come from; without one the panel shows the version alone.
+    static void setHintSource(std::function<QString()> source);
 
 private:
     CaddyControls &m_c;
+    MainScreen &m_screen;
 };
 
 }

@@ -1,10 +1,12 @@
 list(APPEND VOREL_SCREENS
   frame/frmCaddy.cpp
+  frame/frmCaddyAlerts.cpp
   frame/frmCaddyCells.cpp
   frame/frmCaddyColumns.cpp
   frame/frmCaddyEdit.cpp
   frame/frmCaddyGround.cpp
   frame/frmCaddyIcons.cpp
+  frame/frmCaddyInfo.cpp
   frame/frmCaddyLayout.cpp
   frame/frmCaddyMenus.cpp
   frame/frmCaddyPainting.cpp

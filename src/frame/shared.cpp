@@ -120,11 +120,15 @@ void PlaySoundNumber(int number)
     static const std::array files{u"\\beep.wav"_s, u"\\woosh.wav"_s, u"\\doorbell.wav"_s, u"\\message.wav"_s,
                                   u"\\clang.wav"_s};
     constexpr int userSound = 6;
-    if (number < 1 || number > userSound || !iniBoolean(GetIniValue(iniSettings, u"PlaySound"_s, u"True"_s)))
+    if (number < 1 || number > userSound)
         return;
-    const QString path = number == userSound ? state().gSoundFile
-                                             : desktop::findResource(files[static_cast<std::size_t>(number - 1)]);
-    if (!path.isEmpty() && soundPlayer())
+    PlaySoundFile(number == userSound ? state().gSoundFile
+                                      : desktop::findResource(files[static_cast<std::size_t>(number - 1)]));
+}
+
+void PlaySoundFile(const QString &path)
+{
+    if (!path.isEmpty() && soundPlayer() && iniBoolean(GetIniValue(iniSettings, u"PlaySound"_s, u"True"_s)))
         soundPlayer()(path);
 }
 

@@ -1,0 +1,158 @@
+#include "reminders/alerts.h"
+
+#include "frame/shared.h"
+#include "frame/state.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/error.h"
+#include "platform/basic/files.h"
+#include "platform/basic/format.h"
+#include "platform/basic/text.h"
+#include "platform/desktop/desktop.h"
+
+#include <QSaveFile>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using basic::DateTime;
+
+namespace {
+
+constexpr int userSound = 6;
+constexpr int pathError = 75;           // "Path/File access error"
+
+QString longText(const Alert &alert, const AppointmentRow &row, DateTime now)
+{
+    const QStringList lines{
+        u" Appointment scheduled for \t"_s + alert.when,
+        u" It is Now \t"_s + displayDate(now.dayOnly()) + u' ' + basic::Format(now, u"hh:mm am/pm"),
+        QString::number(alert.minutes) + u" minute/s remaining"_s,
+        QString(85, u'-'),
+        row.appointment,
+    };
+    return lines.join(u'\n');
+}
+
+// The minutes from now to the time of today that the text ends with; nothing for a time that is none ("All Day").
+std::optional<std::int16_t> minutesTo(const QString &when, DateTime now)
+{
+    if (!basic::IsDate(when))
+        return std::nullopt;
+    // The day is today's, even where the display format reads otherwise in this region.
+    const DateTime time = basic::CDate(when);
+    const DateTime moment(now.dayOnly().serial() + time.serial() - time.dayOnly().serial());
+    return static_cast<std::int16_t>(basic::DateDiff(u"n", now, moment));
+}
+
+QString quoted(const QString &text)
+{
+    return u'"' + text + u'"';          // a quote inside stays as it is: the pop-up program reads the file so
+}
+
+}
+
+AlertRule alertRule()
+{
+    return {state().gAppointmentWarning, state().gWarnBefore, state().gWarnAfter};
+}
+
+std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const AlertRule &rule, DateTime now)
+{
+    std::vector<Alert> alerts;
+    if (!rule.on || (rule.before == 0 && rule.after == 0))
+        return alerts;
+    const QString today = displayDate(now.dayOnly());
+    for (const AppointmentRow &row : rows) {
+        const QString date = displayDate(row.date);
+        if (row.met || basic::Trim(row.time).isEmpty() || date != today)
+            continue;
+        Alert alert;
+        alert.when = date + u' ' + row.time;
+        const std::optional<std::int16_t> minutes = minutesTo(alert.when, now);
+        if (!minutes)
+            continue;
+        if (*minutes >= 1 && *minutes <= rule.before)
+            alert.colour = AlertColour::Green;
+        else if (*minutes > -rule.after && *minutes < 1)
+            alert.colour = AlertColour::Red;
+        else
+            continue;
+        alert.id = row.id;
+        alert.minutes = *minutes;
+        alert.caption = u" Appointment Reminder "_s + row.time + u' ';
+        alert.toolTip = u" Appointment scheduled for "_s + alert.when + u' ';
+        alert.text = longText(alert, row, now);
+        alerts.push_back(std::move(alert));
+    }
+    return alerts;
+}
+
+// Only today's rows can warn. Over a view of all years, sorting and reading every row at every tick would be felt.
+QString onDay(const QString &query, DateTime day)
+{
+    const qsizetype order = query.lastIndexOf(u" ORDER BY "_s, -1, Qt::CaseInsensitive);
+    const QString head = query.left(order), tail = order < 0 ? QString() : query.mid(order);
+    const bool narrowed = head.contains(u" where "_s, Qt::CaseInsensitive);
+    return head + (narrowed ? u" and "_s : u" where "_s)
+        + u"[DATE]>=#%1# and [DATE]<#%2#"_s.arg(sqlDate(day), sqlDate(basic::DateAdd(u"d", 1, day))) + tail;
+}
+
+std::vector<AppointmentRow> AppointmentsOfToday()
+{
+    std::vector<AppointmentRow> rows;
+    const QString &query = state().gSqlAppointments;
+    if (query.isEmpty() || !state().gMainDb)
+        return rows;
+    dao::Recordset set = state().gMainDb.CreateSnapshot(onDay(query, basic::Date()));
+    dao::DBEngine::Idle(dao::dbRefreshCache);
+    for (; !set.EOF_(); set.MoveNext()) {
+        const dao::Value met = set.Get(u"MET");
+        rows.push_back({basic::CLng(set.Get(u"ID")), set.Get(u"DATE"), set.Get(u"APPTIME").text(),
+                        set.Get(u"APPOINTMENT").text(), !met.isNull() && basic::CBool(met)});
+    }
+    set.Close();
+    return rows;
+}
+
+void SoundReminder()
+{
+    PlaySoundNumber(userSound);
+}
+
+bool WriteAppointsFile()
+{
+    QString lines;
+    bool any = false;
+    if (state().gMainDb && !state().gSqlAppointments.isEmpty()) {
+        dao::Recordset set = state().gMainDb.CreateSnapshot(state().gSqlAppointments);
+        for (; !set.EOF_(); set.MoveNext()) {
+            any = true;
+            const dao::Value met = set.Get(u"MET");
+            const QStringList fields{quoted(set.Get(u"DATE").text()), quoted(set.Get(u"APPTIME").text()),
+                                     quoted(set.Get(u"APPOINTMENT").text()),
+                                     quoted(!met.isNull() && basic::CBool(met) ? u"True"_s : u"False"_s),
+                                     quoted(set.Get(u"ID").text())};
+            lines += fields.join(u',') + u"\r\n"_s;
+        }
+        set.Close();
+    }
+    QSaveFile file(basic::realPath(basic::programFolder() + u"/POPAPPS.TXT"_s));
+    const QByteArray bytes = lines.toUtf8();
+    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.commit())
+        throw basic::Error(pathError, u"The file cannot be written: "_s + file.fileName());
+    return any;
+}
+
+bool HasProgram(const QString &name)
+{
+    return !basic::Dir(basic::programFolder() + u'/' + name).isEmpty();
+}
+
+bool StartProgram(const QString &name)
+{
+    return HasProgram(name) && desktop::ShellExecute(basic::realPath(basic::programFolder() + u'/' + name));
+}
+
+}

@@ -1,0 +1,120 @@
+#include "reminders/messages.h"
+
+#include "frame/sections.h"
+#include "frame/shared.h"
+#include "frame/state.h"
+#include "platform/basic/clock.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/error.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using basic::Value;
+
+namespace {
+
+constexpr qsizetype nameSize = 30, ownerSize = 20;      // of FROM, of UsersName
+
+QString inQuery(QString text)
+{
+    return text.replace(u'\'', u"''"_s);
+}
+
+double dayCount(const Value &days)
+{
+    double count = 0;
+    basic::IgnoreErrors([&] { count = basic::Val(days.text()); });
+    return count;
+}
+
+// Strictly more days than set since the last backup, and the file has changed since.
+bool isDue(const dao::Recordset &files)
+{
+    const Value last = files.Get(u"LASTBACKUPDATE");
+    if (last.isNull() || !basic::IsDate(last))
+        return false;
+    return basic::DateDiff(u"d", basic::CDate(last), basic::Date()) > dayCount(files.Get(u"BACKUPAFTERDAYS"))
+        && files.Get(u"FILEDATE").text() != last.text();
+}
+
+}
+
+bool MessagesWait()
+{
+    if (!state().gMainDb)
+        return false;
+    dao::Recordset waiting = state().gMainDb.CreateSnapshot(
+        u"select * FROM [Messages] WHERE [Read]=False AND [To]='%1';"_s.arg(inQuery(state().gUserName)));
+    dao::DBEngine::Idle(dao::dbRefreshCache);
+    const bool any = waiting.rowTotal() > 0;
+    waiting.Close();
+    return any;
+}
+
+bool BackupsAreDue()
+{
+    if (!state().gMainDb)
+        return false;
+    dao::Recordset files = state().gMainDb.CreateSnapshot(u"select * from [FILEBACKUP];"_s);
+    bool due = false;
+    for (; !files.EOF_() && !due; files.MoveNext())
+        due = isDue(files);
+    files.Close();
+    return due;
+}
+
+QString infoLine(const QString &hint)
+{
+    const QString program = state().gProductTitle + u"  Version "_s + QStringLiteral(VOREL_VERSION);
+    return !state().gTips || hint.isEmpty() ? program : hint + u" ........... "_s + program;
+}
+
+QString messageQuery(MessageView view)
+{
+    const QString own = sectionByCode(u"M"_s)->query;
+    if (view == MessageView::Both)
+        return own;
+    const QString field = view == MessageView::Sent ? u"FROM"_s : u"TO"_s;
+    QString narrowed = own;
+    return narrowed.insert(own.indexOf(u" ORDER BY "_s), u" WHERE [%1]='%2'"_s.arg(field, inQuery(state().gUserName)));
+}
+
+QStringList messageNames()
+{
+    dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Recordset found = file.CreateSnapshot(
+        u"select distinct [Name] from [Users] UNION SELECT DISTINCT [TO] FROM [MESSAGES] UNION SELECT DISTINCT [FROM] FROM [MESSAGES];"_s);
+    QStringList names;
+    for (; !found.EOF_(); found.MoveNext())
+        if (const QString name = found.Get(0).text(); !name.trimmed().isEmpty())
+            names << name;
+    found.Close();
+    file.Close();
+    return names;
+}
+
+dao::Bookmark addMessage(dao::Recordset &rows)
+{
+    const basic::DateTime now = basic::Now();
+    const QTime time = now.time();
+    rows.AddNew();
+    try {
+        rows.Set(u"Date", basic::DateTime::fromParts(now.year(), now.month(), now.day(), time.hour(), time.minute()));
+        rows.Set(u"From", state().gUserName.left(nameSize));
+        rows.Set(u"UsersName", state().gUserName.left(ownerSize));
+        rows.Update();
+    } catch (...) {
+        basic::IgnoreErrors([&] { rows.CancelUpdate(); });
+        throw;
+    }
+    return rows.LastModified();
+}
+
+void SendNetMessage(const QString &to, const QString &from, const QString &message)
+{
+    NetSend(to, u"From: "_s + from + u' ' + message);
+}
+
+}

@@ -1,0 +1,122 @@
+#include "frame/ini.h"
+#include "frame/periods.h"
+#include "frame/startup.h"
+#include "platform/mail/mailprogram.h"
+#include "reminders/greetings.h"
+#include "store/mainfile.h"
+
+#include <QDesktopServices>
+#include <QUrl>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Takes the letters of both ways out: by address through the desktop, and by the mail program's automation.
+class Post : public QObject, public mail::MailProgram {
+    Q_OBJECT
+public:
+    Post()
+    {
+        mail::setMailProgram(this);
+        QDesktopServices::setUrlHandler(u"mailto"_s, this, "open");
+    }
+    ~Post() override
+    {
+        mail::setMailProgram(nullptr);
+        QDesktopServices::unsetUrlHandler(u"mailto"_s);
+    }
+    std::unique_ptr<mail::MailItem> CreateItem(int kind) override
+    {
+        EXPECT_EQ(kind, 0);
+        struct Item : mail::MailItem {
+            explicit Item(QStringList &out) : shown(out) {}
+            void Display() override { shown << QStringList{To, Subject, Body, HTMLBody}.join(u'|'); }
+            QStringList &shown;
+        };
+        return std::make_unique<Item>(shown);
+    }
+    QString Signature() const override { return u"<P>Yours</P>"_s; }
+
+    QStringList shown;                  // by automation
+    QStringList opened;                 // by address
+
+public slots:
+    void open(const QUrl &url) { opened << url.toString(QUrl::FullyEncoded); }
+};
+
+class Greetings : public test::MainFileTest {
+protected:
+    Greetings()
+    {
+        state().gIniFile = m_folder.path(u"vorelreminder.ini"_s);
+        DetectDateOrder();
+        OpenMainDatabase();
+        SetDayPeriod(u"Today"_s);
+    }
+    void add(const QString &date, const QString &subject, const QString &name, bool email, const QString &address,
+             const QString &last)
+    {
+        execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT],[EMAIL],[EMAILADDRESS],[LASTEMAILDATE]) VALUES (#%1#,'%2','%3',%4,'%5',%6)"_s
+                    .arg(date, subject, name, email ? u"True"_s : u"False"_s, address, last));
+    }
+    QStringList lastDates() { return rows(u"SELECT [LASTEMAILDATE] FROM [EVENTS] ORDER BY [ID]"_s); }
+
+    Post post;
+};
+
+}
+
+TEST_F(Greetings, OneADayToThoseWhoAskForIt)
+{
+    add(u"11/22/1947"_s, u"Birthday"_s, u"ann@x"_s, true, u"a1@x.org"_s, u"Null"_s);
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"text"_s, true, u"a2@x.org"_s, u"'never yet'"_s);
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"last year"_s, true, u"a3@x.org"_s, u"'11/22/2025'"_s);
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"today"_s, true, u"no@x.org"_s, u"'11/22/2026'"_s);
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"not wanted"_s, false, u"no@x.org"_s, u"'01/01/1900'"_s);
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"no address"_s, true, u"  "_s, u"'01/01/1900'"_s);
+    add(u"11/22/1980"_s, u"ANNIVERSARY"_s, u"no birthday"_s, true, u"no@x.org"_s, u"'01/01/1900'"_s);
+    add(u"11/23/1980"_s, u"BIRTHDAY"_s, u"tomorrow"_s, true, u"no@x.org"_s, u"'01/01/1900'"_s);
+    EXPECT_EQ(SendBirthdayEmails(), 3);
+    EXPECT_EQ(SendBirthdayEmails(), 0) << "the second run of the day";
+    EXPECT_EQ(post.opened.size(), 3);
+    EXPECT_TRUE(post.shown.isEmpty());
+    EXPECT_EQ(lastDates(), (QStringList{u"11/22/2026"_s, u"11/22/2026"_s, u"11/22/2026"_s, u"11/22/2026"_s, u"01/01/1900"_s,
+                                        u"01/01/1900"_s, u"01/01/1900"_s, u"01/01/1900"_s}));
+    m_clock.addDays(1);
+    SetDayPeriod(u"Today"_s);
+    EXPECT_EQ(SendBirthdayEmails(), 1);
+}
+
+// A display format that is longer than the field keeps the day in its short form.
+TEST_F(Greetings, LongDisplayFormat)
+{
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"Ann"_s, true, u"a@x.org"_s, u"Null"_s);
+    state().gDateDisplay = u"dddd, dd mmmm yyyy"_s;
+    EXPECT_EQ(SendBirthdayEmails(), 1);
+    EXPECT_EQ(lastDates(), QStringList{u"11/22/2026"_s});
+    EXPECT_EQ(SendBirthdayEmails(), 0);
+}
+
+TEST_F(Greetings, EveryCharacterReachesTheAddress)
+{
+    SendGreeting(u"Zoë & Bob? #1 50%+"_s, u"zoe+home@x.org"_s, u"BIRTHDAY"_s);
+    EXPECT_EQ(post.opened, QStringList{u"mailto:zoe%2Bhome@x.org?subject=BIRTHDAY&body=Dear%20Zo%C3%AB%20%26%20Bob%3F%20%231%2050%25%2B"
+                                       "%0D%0AHOPE%20YOU%20HAVE%20A%20VERY%20HAPPY%20BIRTHDAY"_s});
+}
+
+TEST_F(Greetings, ThroughTheMailProgram)
+{
+    PutIniValue(iniSettings, u"EmailClient"_s, u"Outlook"_s);
+    SendGreeting(u"Tom & <Ann>"_s, u"a@x.org"_s, u"BIRTHDAY"_s);
+    EXPECT_EQ(post.shown, QStringList{u"a@x.org|BIRTHDAY|Dear Tom & <Ann>\r\nHOPE YOU HAVE A VERY HAPPY BIRTHDAY|"
+                                      "<P>Yours</P><BODY><DIV>Dear Tom &amp; &lt;Ann&gt; </DIV>"
+                                      "<DIV>HOPE YOU HAVE A VERY HAPPY BIRTHDAY</DIV></BODY></HTML>"_s});
+    EXPECT_TRUE(post.opened.isEmpty());
+}
+
+}
+
+#include "greetings_test.moc"
