@@ -8,18 +8,12 @@
 #include "platform/desktop/busnotifier.h"
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/soundplayer.h"
+#include "platform/printer/realprinter.h"
+#include "print/frmPreview.h"
 
 #include <QApplication>
-#include <QPrinterInfo>
 
 using namespace Qt::StringLiterals;
-
-// A printer is usable if there is one at all and the default one answers with a paper of some size.
-static bool hasUsablePrinter()
-{
-    return !QPrinterInfo::availablePrinterNames().isEmpty()
-        && QPrinterInfo::defaultPrinter().defaultPageSize().sizePoints().width() > 0;
-}
 
 int main(int argc, char **argv)
 {
@@ -40,11 +34,15 @@ int main(int argc, char **argv)
     vorel::controls::ScreenPrompts prompts;
     vorel::basic::setPrompts(&prompts);
 
-    vorel::setPrinterProbe(hasUsablePrinter);
     vorel::desktop::SoundPlayer sounds;
     vorel::setSoundPlayer([&sounds](const QString &path) { sounds.play(path); });
     vorel::desktop::BusNotifier notices;
     vorel::desktop::setNotifier(&notices);
+    // Pages can be previewed and saved on any machine; the printer itself is asked for at the first page, which keeps the
+    // start short.
+    vorel::printer::setHardware(vorel::printer::defaultHardware);
+    vorel::frmPreview::install();
+    vorel::setPrinterProbe([] { return true; });
 
     vorel::Startup startup;
     startup.Load();

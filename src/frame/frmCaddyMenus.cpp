@@ -5,6 +5,7 @@
 #include "frame/menus.h"
 #include "frame/sections.h"
 #include "platform/controls/form.h"
+#include "print/lists.h"
 
 #include <QAction>
 #include <QApplication>
@@ -72,7 +73,7 @@ void CaddyMenus::run(const QString &menuName)
         m_periods.choose(entry->argument);
         return;
     case MenuCall::Print:
-        ShowLater(u"Printing"_s);
+        PrintSectionList(entry->argument);
         return;
     case MenuCall::Action:
         if (const auto step = m_answers.find(entry->argument); step != m_answers.end())
@@ -85,8 +86,7 @@ void CaddyMenus::run(const QString &menuName)
 
 void CaddyMenus::PrintCurrent()
 {
-    if (!printCodeFor(state().gSection).isEmpty())
-        ShowLater(u"Printing"_s);
+    PrintSectionList(printCodeFor(state().gSection));
 }
 
 void CaddyMenus::addKeys()

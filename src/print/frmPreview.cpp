@@ -1,0 +1,344 @@
+#include "print/frmPreview.h"
+
+#include "platform/controls/layout.h"
+#include "print/frmPreviewPage.h"
+#include "print/frmPreviewPages.h"
+#include "print/output.h"
+#include "print/script.h"
+
+#include <QApplication>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScreen>
+#include <QScrollBar>
+#include <QShortcut>
+#include <QWheelEvent>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+using controls::button;
+namespace layout = controls::layout;
+
+namespace {
+
+constexpr double pixel = printer::twipsPerPixel;
+constexpr double pageMargin = 350;          // twips that the page leaves of the screen's width
+constexpr double zoomStep = 1.2;
+
+std::function<void(const QImage &)> &mailer()
+{
+    static std::function<void(const QImage &)> step;
+    return step;
+}
+
+}
+
+void frmPreview::install()
+{
+    setPreviewMaker([] { return std::make_unique<frmPreview>(QApplication::activeWindow()); });
+}
+
+void frmPreview::setMailer(std::function<void(const QImage &page)> step)
+{
+    mailer() = std::move(step);
+}
+
+frmPreview::frmPreview(QWidget *parent) : Form(u"frmPreview"_s, parent)
+{
+    const QString caption = scriptState().PreviewCaption;
+    setWindowTitle(caption.isEmpty() ? tr("Print Preview") : caption);
+    setWindowFlag(Qt::WindowMaximizeButtonHint);
+    Frame = new QWidget;
+    Frame->setObjectName(u"Frame"_s);
+    Frame->setMinimumSize(160, 120);
+    Frame->setAutoFillBackground(true);
+    Frame->setBackgroundRole(QPalette::Mid);
+    m_page = new PreviewPageBox(Frame);
+    HScroll1 = new QScrollBar(Qt::Horizontal);
+    HScroll1->setObjectName(u"HScroll1"_s);
+    HScroll1->setAccessibleName(tr("Scroll across"));
+    VScroll1 = new QScrollBar(Qt::Vertical);
+    VScroll1->setObjectName(u"VScroll1"_s);
+    VScroll1->setAccessibleName(tr("Scroll down"));
+    for (QScrollBar *bar : {HScroll1, VScroll1}) {
+        bar->setFocusPolicy(Qt::StrongFocus);
+        controls::on(bar, &QScrollBar::valueChanged, this, [this] { placePage(); });
+    }
+    buildStrip();
+    auto *grid = new QGridLayout;
+    grid->setSpacing(0);
+    grid->addWidget(Frame, 0, 0);
+    grid->addWidget(VScroll1, 0, 1);
+    grid->addWidget(HScroll1, 1, 0);
+    grid->setRowStretch(0, 1);
+    grid->setColumnStretch(0, 1);
+    auto *all = new QVBoxLayout(this);
+    all->setContentsMargins(0, 0, 0, 0);
+    all->setSpacing(0);
+    all->addWidget(PNL_Control);
+    all->addLayout(grid);
+    addKeys();
+    const QSize room = screen()->availableSize();
+    resize(room);
+    setWindowState(Qt::WindowMaximized);
+    all->activate();
+}
+
+frmPreview::~frmPreview() = default;
+
+void frmPreview::buildStrip()
+{
+    cmdPrint = button(u"cmdPrint"_s, u"&Print"_s, u"document-print"_s, tr("Print the pages"));
+    QAbstractButton *cmdSetup = button(u"cmdSetup"_s, u"&Pages"_s, u"view-pages-single"_s, tr("Choose the pages and print them"));
+    QAbstractButton *cmdBook = button(u"cmdBook"_s, u"&Book"_s, u"view-pages-facing"_s, tr("Print the odd pages, then the even ones"));
+    QAbstractButton *cmdEmail = button(u"cmdEmail"_s, u"E&Mail"_s, u"mail-send"_s, tr("Send a picture of the page"));
+    QAbstractButton *cmdPdf = button(u"cmdPdf"_s, u"Save as P&DF"_s, u"document-save-as"_s, tr("Keep all pages in a file"));
+    QAbstractButton *cmdExit = button(u"cmdExit"_s, u"&Exit"_s, u"window-close"_s, tr("Close the preview"));
+    const struct { const char *icon; QString tip; } moves[] = {
+        {"go-first", tr("First page")}, {"go-previous", tr("Previous page")}, {"go-next", tr("Next page")}, {"go-last", tr("Last page")}};
+    for (int index = 0; index < 4; ++index) {
+        CMD_Move.push_back(button(u"CMD_Move(%1)"_s.arg(index), {}, QString::fromLatin1(moves[index].icon), moves[index].tip));
+        controls::on(CMD_Move.back(), &QAbstractButton::clicked, this, [this, index] { move(index); });
+    }
+    QAbstractButton *cmdZoomOut = button(u"cmdZoomOut"_s, {}, u"zoom-out"_s, tr("Smaller"));
+    QAbstractButton *cmdZoomIn = button(u"cmdZoomIn"_s, {}, u"zoom-in"_s, tr("Larger"));
+    txtPage = new QLineEdit;
+    txtPage->setObjectName(u"txtPage"_s);
+    txtPage->setAccessibleName(tr("Page to show"));
+    txtPage->setAlignment(Qt::AlignCenter);
+    txtPage->setFixedWidth(56);
+    LBL_Page = new QLabel;
+    LBL_Page->setObjectName(u"LBL_Page"_s);
+    PNL_Control = new QWidget;
+    PNL_Control->setObjectName(u"PNL_Control"_s);
+    QLayout *row = layout::Row({cmdPrint, cmdSetup, cmdBook, cmdEmail, cmdPdf, layout::Stretch{}, CMD_Move[0], CMD_Move[1], txtPage,
+                                LBL_Page, CMD_Move[2], CMD_Move[3], layout::Stretch{}, cmdZoomOut, cmdZoomIn, cmdExit});
+    layout::setMargins(row, layout::unit);
+    PNL_Control->setLayout(row);
+
+    cmdEmail->setVisible(!scriptState().MailRecipient.trimmed().isEmpty() && !scriptState().hideEmail && mailer());
+    controls::on(cmdPrint, &QAbstractButton::clicked, this, [] { PrintPages(); });
+    controls::on(cmdSetup, &QAbstractButton::clicked, this, [this] { cmdSetup_Click(); });
+    controls::on(cmdBook, &QAbstractButton::clicked, this, [] { PrintBooklet(); });
+    controls::on(cmdEmail, &QAbstractButton::clicked, this, [this] { cmdEmail_Click(); });
+    controls::on(cmdPdf, &QAbstractButton::clicked, this, [] { SavePdf(); });
+    controls::on(cmdExit, &QAbstractButton::clicked, this, [this] { Close(); });
+    controls::on(cmdZoomOut, &QAbstractButton::clicked, this, [this] { ZoomPreview(Zoom / zoomStep); });
+    controls::on(cmdZoomIn, &QAbstractButton::clicked, this, [this] { ZoomPreview(Zoom * zoomStep); });
+    controls::on(txtPage, &QLineEdit::textChanged, this, [](const QString &text) { MovePage(4, text); });
+}
+
+void frmPreview::addKeys()
+{
+    const auto on = [this](const QKeySequence &key, std::function<void()> step) {
+        controls::on(new QShortcut(key, this), &QShortcut::activated, this, std::move(step));
+    };
+    on(Qt::CTRL | Qt::Key_P, [] { PrintPages(); });
+    on(Qt::CTRL | Qt::Key_S, [] { SavePdf(); });
+    on(Qt::CTRL | Qt::Key_Home, [this] { move(0); });
+    on(Qt::CTRL | Qt::Key_PageUp, [this] { move(1); });
+    on(Qt::CTRL | Qt::Key_PageDown, [this] { move(2); });
+    on(Qt::CTRL | Qt::Key_End, [this] { move(3); });
+    on(Qt::CTRL | Qt::Key_Plus, [this] { ZoomPreview(Zoom * zoomStep); });
+    on(Qt::CTRL | Qt::Key_Equal, [this] { ZoomPreview(Zoom * zoomStep); });
+    on(Qt::CTRL | Qt::Key_Minus, [this] { ZoomPreview(Zoom / zoomStep); });
+    on(Qt::CTRL | Qt::Key_0, [] { ZoomPreview(1); });
+    for (QWidget *control : findChildren<QWidget *>())
+        control->installEventFilter(this);
+}
+
+printer::Page &frmPreview::Page()
+{
+    return m_page->page();
+}
+
+// So that an upright page just fits between the frame's borders.
+double frmPreview::ScreenWidth() const
+{
+    return Frame->width() * pixel + pageMargin - layout::unit * pixel;
+}
+
+double frmPreview::ScreenHeight() const
+{
+    return height() * pixel;
+}
+
+double frmPreview::ControlHeight() const
+{
+    return PNL_Control->height() * pixel;
+}
+
+void frmPreview::PageSized()
+{
+    m_page->sizeToPage();
+}
+
+void frmPreview::ClearPage()
+{
+    m_page->clear();
+}
+
+void frmPreview::setPageLabel(const QString &text)
+{
+    LBL_Page->setText(text);
+    m_page->setAccessibleDescription(text);
+    const int page = playerState().CurrentPage;
+    CMD_Move[0]->setEnabled(page > 0);
+    CMD_Move[1]->setEnabled(page > 0);
+    CMD_Move[2]->setEnabled(page + 1 < playerState().TotalPages);
+    CMD_Move[3]->setEnabled(page + 1 < playerState().TotalPages);
+    if (txtPage->hasFocus())
+        return;                     // a number that is being typed stays as it is
+    const QSignalBlocker quiet(txtPage);
+    txtPage->setText(QString::number(page + 1));
+}
+
+void frmPreview::ShowPage()
+{
+    m_page->finish();
+    m_page->show();
+    playerState().VScrollShown = true;
+    playerState().HScrollShown = Page().Orientation() == printer::Landscape || m_page->width() > Frame->width();
+    LayoutPreview();
+    const auto range = [](QScrollBar *bar, int page, int frame) {
+        const QSignalBlocker quiet(bar);
+        bar->setRange(0, std::max(0, static_cast<int>((page - frame) * pixel)));
+        bar->setSingleStep(static_cast<int>(page * pixel / 60));
+        bar->setPageStep(static_cast<int>(frame * pixel));
+        bar->setValue(0);
+    };
+    range(HScroll1, m_page->width(), Frame->width());
+    range(VScroll1, m_page->height(), Frame->height());
+    placePage();
+    m_page->update();
+}
+
+void frmPreview::LayoutPreview()
+{
+    VScroll1->setVisible(playerState().VScrollShown);
+    HScroll1->setVisible(playerState().HScrollShown);
+    layout()->activate();
+}
+
+// Twips of the scroll bars to pixels; a page smaller than the frame stands in its middle.
+void frmPreview::placePage()
+{
+    const auto place = [](const QScrollBar *bar, int page, int frame) {
+        return page < frame ? (frame - page) / 2 : -static_cast<int>(bar->value() / pixel);
+    };
+    m_page->move(place(HScroll1, m_page->width(), Frame->width()), place(VScroll1, m_page->height(), Frame->height()));
+}
+
+void frmPreview::ShowModal()
+{
+    cmdPrint->setFocus();
+    Form::ShowModal();
+}
+
+void frmPreview::Unload()
+{
+    ClosePreview();
+}
+
+// The page takes the size that the window leaves it.
+void frmPreview::resizeEvent(QResizeEvent *event)
+{
+    Form::resizeEvent(event);
+    if (isVisible() && playerState().TotalPages > 0)
+        basic::Trap([this] { ZoomPreview(Zoom); });
+}
+
+void frmPreview::move(int index)
+{
+    setFocus();                     // a number half typed is given up
+    MovePage(index);
+}
+
+void frmPreview::cmdSetup_Click()
+{
+    const int first = playerState().FirstPrintPage, last = playerState().LastPrintPage;
+    frmPreviewPages pages(this);
+    pages.ShowModal();
+    if (playerState().FirstPrintPage != first || playerState().LastPrintPage != last)
+        PrintPages();
+}
+
+void frmPreview::cmdEmail_Click()
+{
+    PlayScript(u"EMAIL"_s);
+    mailer()(m_page->picture());
+}
+
+bool frmPreview::turnAtEnd(int direction)
+{
+    const bool isAtEnd = VScroll1->value() == (direction > 0 ? VScroll1->maximum() : VScroll1->minimum());
+    const int target = playerState().CurrentPage + direction;
+    if (!isAtEnd || target < 0 || target >= playerState().TotalPages)
+        return false;
+    move(direction > 0 ? 2 : 1);
+    if (direction < 0)
+        VScroll1->setValue(VScroll1->maximum());
+    return true;
+}
+
+// The arrow and page keys belong to the page, whatever control has the keyboard.
+bool frmPreview::passToScrollBar(QKeyEvent *event)
+{
+    if (event->modifiers() & ~Qt::KeypadModifier)
+        return false;
+    QScrollBar *bar = nullptr;
+    switch (event->key()) {
+    case Qt::Key_PageUp:
+    case Qt::Key_PageDown:
+        if (turnAtEnd(event->key() == Qt::Key_PageDown ? 1 : -1))
+            return true;
+        [[fallthrough]];
+    case Qt::Key_Up:
+    case Qt::Key_Down:
+        bar = VScroll1;
+        break;
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+        bar = HScroll1->isVisible() ? HScroll1 : nullptr;
+        break;
+    default:
+        break;
+    }
+    if (!bar || bar->hasFocus())
+        return false;
+    bar->setFocus();
+    QKeyEvent again(QEvent::KeyPress, event->key(), event->modifiers());
+    QApplication::sendEvent(bar, &again);
+    return true;
+}
+
+bool frmPreview::eventFilter(QObject *watched, QEvent *event)
+{
+    bool isDone = false;
+    if (event->type() == QEvent::KeyPress)
+        basic::Trap([&] { isDone = passToScrollBar(static_cast<QKeyEvent *>(event)); });
+    return isDone || Form::eventFilter(watched, event);
+}
+
+void frmPreview::wheelEvent(QWheelEvent *event)
+{
+    const int steps = event->angleDelta().y();
+    event->accept();
+    basic::Trap([&] {
+        if (event->modifiers() & Qt::ControlModifier) {
+            ZoomPreview(steps > 0 ? Zoom * zoomStep : Zoom / zoomStep);
+            return;
+        }
+        if (steps == 0 || event->modifiers() & Qt::ShiftModifier) {
+            HScroll1->setValue(HScroll1->value() - (steps ? steps : event->angleDelta().x()) * 8);
+            return;
+        }
+        if (!turnAtEnd(steps < 0 ? 1 : -1))
+            VScroll1->setValue(VScroll1->value() - steps * 8);
+    });
+}
+
+}

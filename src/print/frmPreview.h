@@ -1,0 +1,62 @@
+#pragma once
+
+#include "platform/controls/form.h"
+#include "print/player.h"
+
+class QLabel;
+class QLineEdit;
+class QScrollBar;
+
+namespace vorel {
+
+class PreviewPageBox;
+
+// The preview: a report's pages one at a time, with what can be done with them. One stands at a time, modal.
+class frmPreview : public controls::Form, public PreviewScreen {
+    Q_OBJECT
+public:
+    explicit frmPreview(QWidget *parent = nullptr);
+    ~frmPreview() override;
+    static void install();              // reports open one of these from here on
+    // What shows the mail screen with the picture of the page; without it there is no cmdEmail.
+    static void setMailer(std::function<void(const QImage &page)> mailer);
+
+    printer::Page &Page() override;
+    double ScreenWidth() const override;
+    double ScreenHeight() const override;
+    double ControlHeight() const override;
+    void PageSized() override;
+    void ClearPage() override;
+    void setPageLabel(const QString &text) override;
+    void ShowPage() override;
+    void ShowModal() override;
+
+protected:
+    void Unload() override;
+    void resizeEvent(QResizeEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
+
+private:
+    void buildStrip();
+    void addKeys();
+    void move(int index);
+    void cmdSetup_Click();
+    void cmdEmail_Click();
+    bool passToScrollBar(QKeyEvent *event);
+    bool turnAtEnd(int direction);      // beyond the page's end lies the next one
+    void LayoutPreview();
+    void placePage();
+
+    QWidget *PNL_Control = nullptr;
+    QWidget *Frame = nullptr;
+    PreviewPageBox *m_page = nullptr;
+    QScrollBar *HScroll1 = nullptr;
+    QScrollBar *VScroll1 = nullptr;
+    QLineEdit *txtPage = nullptr;
+    QLabel *LBL_Page = nullptr;
+    QAbstractButton *cmdPrint = nullptr;
+    std::vector<QAbstractButton *> CMD_Move;
+};
+
+}

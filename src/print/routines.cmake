@@ -1,0 +1,11 @@
+list(APPEND VOREL_ROUTINES
+  print/script.cpp
+  print/scripttext.cpp
+  print/scriptfile.cpp
+  print/player.cpp
+  print/playercommands.cpp
+  print/output.cpp
+  print/report.cpp
+  print/listreport.cpp
+  print/listwriter.cpp
+  print/lists.cpp)

@@ -1,0 +1,325 @@
+#include "print/lists.h"
+
+#include "platform/basic/error.h"
+#include "print/listreport.h"
+#include "print/printfixture.h"
+#include "print/scriptfile.h"
+
+#include <QRegularExpression>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+class Lists : public test::PrintTest {
+protected:
+    Lists()
+    {
+        for (const DataFileEntry &entry : dataFiles())
+            state().path(entry.file) = m_folder.path(entry.defaultName.mid(1));
+        test::putEmptyFiles(m_folder.path());
+        state().gUserName = u"Ann"_s;
+        state().gSqlAppointments = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s;
+        state().gSqlBills = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s;
+        state().gSqlEvents = u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
+    }
+    static void put(DataFile file, const QStringList &statements)
+    {
+        dao::Database database = OpenSectionFile(file);
+        dao::Transaction all(database);
+        for (const QString &sql : statements)
+            database.Execute(sql);
+        all.Commit();
+        database.Close();
+    }
+    // The same row so many times: "%1" in it is its number, 001 and up.
+    static void putMany(DataFile file, const QString &sql, int count)
+    {
+        QStringList statements;
+        for (int row = 1; row <= count; ++row)
+            statements << sql.arg(row, 3, 10, QChar(u'0'));
+        put(file, statements);
+    }
+    static std::function<void()> list(const QString &code)
+    {
+        return [code] { EXPECT_TRUE(PrintSectionList(code)) << qPrintable(code); };
+    }
+    void answerShopping(const QString &code)
+    {
+        if (code == u"H")
+            m_prompts.expect(u"Do you want to print preview the list by Store and Item Alphabetically?"_s, basic::Answer::No);
+    }
+    // Nothing of a script lies outside the page, and no two texts of a line cover each other.
+    static void expectTidy(const QStringList &script, const QString &what)
+    {
+        printer::Page page(printer::thePrinter().paper());
+        std::map<double, std::vector<std::pair<double, double>>> taken;
+        for (const QString &line : script) {
+            const QString word = FirstWord(line);
+            if (word == u"NEWPAGE")
+                taken.clear();
+            else if (word == u"FONTNAME")
+                page.setFontName(parseQuoted(line));
+            else if (word == u"FONTSIZE")
+                page.setFontSize(parseSetting(line));
+            else if (word == u"FONTBOLD")
+                page.setFontBold(line.endsWith(u"TRUE"_s));
+            else if (word == u"ORIENTATION")
+                page.setOrientation(static_cast<int>(parseSetting(line)));
+            if (!word.endsWith(u"PRINT"_s))
+                continue;
+            const TextLine text = parseTextLine(line, {});
+            const double width = page.TextWidth(text.text);
+            const double left = text.x - (word == u"RPRINT" ? width : word == u"CPRINT" ? width / 2 : 0);
+            EXPECT_GE(left, -1) << qPrintable(what + line.left(80));
+            EXPECT_LE(left + width, page.ScaleWidth() + 1) << qPrintable(what + line.left(80));
+            EXPECT_LE(text.y + page.TextHeight(u"A"_s), page.ScaleHeight() + 1) << qPrintable(what + line.left(80));
+            for (const auto &[from, to] : taken[text.y])
+                EXPECT_TRUE(left >= to || left + width <= from) << qPrintable(what + line.left(80));
+            taken[text.y].emplace_back(left, left + width);
+        }
+    }
+};
+
+struct ListCase {
+    QString code;
+    DataFile file;
+    QString insert;         // a row; "%1" is its number
+    int rowLimit;
+    QString title;
+    QString headings;
+    QString row;            // as it is read back
+};
+
+static std::vector<ListCase> listCases()
+{
+    using F = DataFile;
+    return {
+        {u"P"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[HOMETELEPHONENUMBER],[MOBILETELEPHONENUMBER],[PRINT]) VALUES "
+         "('Row%1','9555 1','0400 2',True)"_s, 54, u"TELEPHONE NUMBERS as at 22/11/2026"_s,
+         u"SURNAME/BUSINESS NAME HOME WORK FAX MOBILE/CELL"_s, u"Row001 9555 1 0400 2"_s},
+        {u"W"_s, F::DataP, u"INSERT INTO [Passwords] ([ORGANISATION],[USERNAME],[PASSWORD]) VALUES ('Row%1','ann','se\"cret')"_s, 54,
+         u"PASSWORDS as at 22/11/2026"_s, u"ORGANISATION USERNAME PASSWORD"_s, u"Row001 ann se\"cret"_s},
+        {u"I"_s, F::Main, u"INSERT INTO [INVENTORY] ([ITEM],[SERIALNUM],[LOCATION],[COST],[DISPOSEDTO]) VALUES "
+         "('Row%1','S/1','Shed',1234.5,'Bob')"_s, 27, u"INVENTORY as at 22/11/2026"_s,
+         u"ITEM SERIAL# LOCATION DATE PURCHASED FROM COST DATE DISPOSED TO"_s, u"Row001 S/1 Shed $1,234.50 Bob"_s},
+        {u"F"_s, F::Main, u"INSERT INTO [FILEBACKUP] ([FILENAME],[FILEDATE],[LASTBACKUPDATE]) VALUES "
+         "('Row%1',#11/01/2026#,#11/12/2026#)"_s, 27, u"BACKUP FILES as at 22/11/2026"_s,
+         u"FILE NAME FILE DATE LAST BACKUP DATE DAYS"_s, u"Row001 11/1/2026 11/12/2026 10"_s},
+        {u"K"_s, F::Books, u"INSERT INTO [BOOKS] ([TITLE],[READ],[AUTHOR],[RATING]) VALUES ('Row%1',True,'Herbert','Good')"_s, 27,
+         u"BOOKS as at 22/11/2026"_s, u"TITLE DATE READ AUTHOR PUBLISHER RATING"_s, u"Row001 True Herbert Good"_s},
+        {u"V"_s, F::Movies, u"INSERT INTO [MOVIES] ([TITLE],[STARS],[PRODUCER],[SEEN],[RATING]) VALUES "
+         "('Row%1','Bogart','Wallis',False,'PG')"_s, 20, u"MOVIES as at 22/11/2026"_s,
+         u"TITLE STARS PRODUCER DIRECTOR SEEN RATING"_s, u"Row001 Bogart Wallis False PG"_s},
+        {u"U"_s, F::Music, u"INSERT INTO [MUSIC] ([TITLE],[ARTIST],[TYPE],[RATING]) VALUES ('Row%1','Bach','CD','Best')"_s, 27,
+         u"MUSIC as at 22/11/2026"_s, u"TITLE ARTIST MEDIA RATING"_s, u"Row001 Bach CD Best"_s},
+        {u"C"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[MAILINGADDRESSSTREET],[MAILINGADDRESSCITY],"
+         "[MAILINGADDRESSCOUNTRY],[ChristmasCard]) VALUES ('Row%1','Jo','1 High St','Perth','Australia',True)"_s, 27,
+         u"CHRISTMAS CARD LIST as at 22/11/2026"_s, u"NAME ADDRESS"_s, u"Row001, Jo 1 High St Perth Australia"_s},
+        {u"X"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[BUSINESSTELEPHONENUMBER],[MOBILETELEPHONENUMBER],"
+         "[Emergency]) VALUES ('Row%1','Jo','9111','0400',True)"_s, 47, u"EMERGENCY PHONE NUMBERS as at 22/11/2026"_s,
+         u"NAME NUMBER"_s, u"Row001, Jo 9111"_s},
+        {u"N"_s, F::Notes, u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/04/2026#,'Ann','Row%1')"_s, 9,
+         u"NOTES as at 22/11/2026"_s, u"DATE NAME NOTE"_s, u"3/4/2026 Ann Row001"_s},
+        {u"J"_s, F::DataJ, u"INSERT INTO [JOURNAL] ([DATE],[NOTESDISPLAY]) VALUES (#03/04/2026#,'Row%1')"_s, 9,
+         u"JOURNAL OF Ann as at 22/11/2026"_s, u"DATE NOTE"_s, u"3/4/2026 Row001"_s},
+        {u"H"_s, F::Main, u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[NUMBER],[LASTCOST],[AMOUNT],[TOTAL],[PICK]) VALUES "
+         "('Row%1','Corner',2,1.25,1.5,3,True)"_s, 45, u"SHOPPING LIST as at 22/11/2026"_s, u"ITEM STORE NO. LAST AMOUNT TOTAL"_s,
+         u"Row001 Corner 2 1.25 1.50 3.00"_s},
+        {u"G"_s, F::Main, u"INSERT INTO [TODO] ([TODO],[PRIORITY],[ACTIONED]) VALUES ('Row%1','1 - High',False)"_s, 45,
+         u"TO DO'S as at 22/11/2026"_s, u"TODO PRIORITY"_s, u"Row001 1 - High"_s},
+        {u"A"_s, F::Main, u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET]) VALUES "
+         "(#11/23/2026#,'09:30 AM','Row%1',True)"_s, 20, u"APPOINTMENTS"_s, u"DATE TIME APPOINTMENT MET"_s,
+         u"11/23/2026 09:30 am Row001 YES"_s},
+        {u"B"_s, F::Main, u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT],[PAID]) VALUES (#11/23/2026#,'Row%1',1234.5,False)"_s, 55,
+         u"BILLS"_s, u"DATE BILL AMOUNT PAID"_s, u"11/23/2026 Row001 $1,234.50"_s},
+        {u"E"_s, F::Main, u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/23/2026#,'BIRTHDAY','Row%1')"_s, 55,
+         u"EVENTS"_s, u"DATE EVENT DETAILS"_s, u"11/23/2026 BIRTHDAY Row001"_s}};
+}
+
+TEST_F(Lists, EachOneShowsItsRowsPageByPage)
+{
+    for (const ListCase &one : listCases()) {
+        putMany(one.file, one.insert, one.rowLimit + 1);
+        answerShopping(one.code);
+        const QStringList read = pages(list(one.code));
+        ASSERT_EQ(read.size(), 2) << qPrintable(one.code);
+        EXPECT_EQ(read[0].count(u"Row"_s), one.rowLimit) << qPrintable(one.code);
+        EXPECT_EQ(read[1].count(u"Row"_s), 1) << qPrintable(one.code);
+        const QString wanted[] = {one.title, one.headings, one.row};
+        for (const QString &text : wanted) {
+            EXPECT_TRUE(QRegularExpression(u"^ ?"_s + QRegularExpression::escape(text) + u" ?$"_s, QRegularExpression::MultilineOption)
+                            .match(read[0]).hasMatch()) << qPrintable(text + u'\n' + read[0].left(400));
+        }
+        EXPECT_TRUE(read[1].contains(one.headings)) << qPrintable(one.code);
+        EXPECT_FALSE(read[0].contains(u"LISTED"_s));
+        const QString space = QStringList{u"A"_s, u"B"_s, u"E"_s, u"H"_s}.contains(one.code) ? u" "_s : QString();
+        EXPECT_TRUE(read[1].contains(u"NUMBER OF RECORDS LISTED:%1%2"_s.arg(space).arg(one.rowLimit + 1))) << qPrintable(read[1]);
+        EXPECT_TRUE(read[1].contains(u"PAGE:2"_s));
+    }
+}
+
+TEST_F(Lists, EmptyOnesSaySo)
+{
+    for (const ListCase &one : listCases()) {
+        if (one.code == u"H")
+            continue;
+        const bool isOther = QStringList{u"A"_s, u"B"_s, u"E"_s, u"G"_s}.contains(one.code);
+        m_prompts.expect(isOther ? u"No Records to Preview"_s : u"No Records Applicable for this Report"_s);
+        EXPECT_EQ(previewed(list(one.code)), 0);
+        EXPECT_TRUE(m_prompts.isDone()) << qPrintable(one.code);
+        EXPECT_FALSE(QFile::exists(m_folder.path(u"PRINT.TMP"_s)));
+    }
+    EXPECT_FALSE(PrintSectionList(u"AB"_s));
+    EXPECT_FALSE(PrintSectionList({}));
+}
+
+TEST_F(Lists, HealthVisitsOfOnePerson)
+{
+    put(DataFile::HowTo, {u"INSERT INTO [HEALTHVISITS] ([ID],[PROFESSION],[PROFESSIONNAME],[LOCATION],[VISITDATE],[REASON],[NOTES]) "
+                          "VALUES (4,'Dentist','Dr Lee','Perth','02/03/2026','Check','None')"_s,
+                          u"INSERT INTO [HEALTHVISITS] ([ID],[PROFESSION]) VALUES (5,'Other')"_s});
+    const QStringList read = pages([] { PrintHealthVisits(4, u"Ann"_s); });
+    ASSERT_EQ(read.size(), 1);
+    EXPECT_TRUE(read[0].contains(u"DOCTORS VISITS for Ann as at 22/11/2026"_s));
+    EXPECT_TRUE(read[0].contains(u"PROFESSION NAME LOCATION VISIT DATE REASON NOTES"_s));
+    EXPECT_TRUE(read[0].contains(u"Dentist Dr Lee Perth 02/03/2026 Check None"_s));
+    EXPECT_FALSE(read[0].contains(u"Other"_s));
+}
+
+TEST_F(Lists, HowToStandsInBlocks)
+{
+    put(DataFile::HowTo, {u"INSERT INTO [HowTo] ([SUBJECT],[HOWTO],[SOLUTION]) VALUES ('Tap','Mend a drip','"_s
+                          + u"Turn the water off, then "_s.repeated(8) + u"\r\nlast step')"_s});
+    const QStringList read = pages(list(u"Y"_s));
+    ASSERT_EQ(read.size(), 1);
+    const QStringList lines = read[0].split(u'\n', Qt::SkipEmptyParts);
+    QStringList shown;
+    for (const QString &line : lines)
+        shown << line.trimmed();
+    EXPECT_EQ(shown.first(), u"HOW TO"_s);
+    const auto subject = shown.indexOf(u"SUBJECT"_s);
+    EXPECT_EQ(shown.mid(subject, 5), (QStringList{u"SUBJECT"_s, u"Tap"_s, u"HOW TO"_s, u"Mend a drip"_s, u"SOLUTION"_s}));
+    for (const QString &line : shown.mid(subject + 5, 3))
+        EXPECT_LE(line.size(), 80);
+    EXPECT_TRUE(shown.contains(u"last step"_s));
+}
+
+TEST_F(Lists, NullsKeepTheirPlaceAndNamelessRowsOnlyCount)
+{
+    put(DataFile::Books, {u"INSERT INTO [BOOKS] ([TITLE],[RATING]) VALUES ('Alone','Fine')"_s,
+                          u"INSERT INTO [BOOKS] ([AUTHOR]) VALUES ('Nobody')"_s,
+                          u"INSERT INTO [BOOKS] ([TITLE]) VALUES ('"_s + u"1234567890"_s.repeated(4) + u"')"_s});
+    QStringList lines = script(list(u"K"_s)).filter(u"LPRINT"_s);
+    EXPECT_EQ(lines.filter(u"Nobody"_s).size(), 0);
+    EXPECT_EQ(lines.filter(u"LISTED:3\""_s).size(), 1);
+    EXPECT_EQ(lines.filter(u'"' + u"1234567890"_s.repeated(4).left(36) + u'"').size(), 1);
+    const QString rating = lines.filter(u"\"RATING\""_s).value(0), fine = lines.filter(u"\"Fine\""_s).value(0);
+    EXPECT_EQ(rating.section(u',', 0, 0), fine.section(u',', 0, 0));
+}
+
+TEST_F(Lists, TotalsAreExact)
+{
+    for (int bill = 0; bill < 10; ++bill)
+        put(DataFile::Main, {u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,'B',0.1)"_s});
+    put(DataFile::Main, {u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,'B',-2500.7)"_s,
+                         u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[TOTAL],[PICK]) VALUES ('Tea','B',0.7,True)"_s,
+                         u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[TOTAL],[PICK]) VALUES ('Rice','C',0.1,True)"_s,
+                         u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[TOTAL],[PICK]) VALUES ('Zest','A',9,True)"_s,
+                         u"INSERT INTO [SHOPPING] ([ITEM],[TOTAL],[PICK]) VALUES ('Milk',99,False)"_s});
+    EXPECT_TRUE(pages(list(u"B"_s)).value(0).contains(u"NUMBER OF RECORDS LISTED: 11 ($2,499.70)"_s));
+    for (const bool byStore : {true, false}) {
+        m_prompts.expect(u"by Store and Item"_s, byStore ? basic::Answer::Yes : basic::Answer::No);
+        const QString page = pages(list(u"H"_s)).value(0);
+        EXPECT_TRUE(page.contains(u"NUMBER OF RECORDS LISTED: 3 9.80"_s)) << qPrintable(page);
+        EXPECT_EQ(page.indexOf(u"Zest"_s) < page.indexOf(u"Tea"_s), byStore);
+        EXPECT_FALSE(page.contains(u"Milk"_s));
+    }
+}
+
+TEST_F(Lists, BlankShoppingListIsOffered)
+{
+    const QString question = u"No Items are marked for Purchase!\r\nDo you wish to print a blank List?"_s;
+    put(DataFile::Main, {u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[LASTCOST],[TOTAL],[PICK]) VALUES ('Tea','B',4.4,8.8,False)"_s});
+    answerShopping(u"H"_s);
+    m_prompts.expect(question, basic::Answer::No);
+    EXPECT_EQ(previewed(list(u"H"_s)), 0);
+    answerShopping(u"H"_s);
+    m_prompts.expect(question, basic::Answer::Yes);
+    const QString page = pages(list(u"H"_s)).value(0);
+    EXPECT_TRUE(page.contains(u"Tea B"_s));
+    EXPECT_FALSE(page.contains(u"4.4"_s) || page.contains(u"8.8"_s));
+}
+
+TEST_F(Lists, LongTextsStayInTheirColumns)
+{
+    const QString endless(10000, u'W'), sentence = u"The quick brown fox jumps over the lazy dog. "_s.repeated(40);
+    const QString wide = u"WIDE LETTERS THAT NEED ROOM "_s.repeated(3);
+    put(DataFile::Notes, {u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/04/2026#,'Ann','"_s + endless + u"')"_s,
+                          u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/05/2026#,'Ann','"_s + sentence + u"')"_s});
+    put(DataFile::Movies, {u"INSERT INTO [MOVIES] ([TITLE],[STARS],[PRODUCER],[DIRECTOR]) VALUES ('Long','"_s + wide + u"','"_s + wide
+                           + u"','"_s + wide + u"')"_s});
+    put(DataFile::Main, {u"INSERT INTO [INVENTORY] ([ITEM],[SERIALNUM],[LOCATION],[PURCHASEDFROM],[DISPOSEDTO],[COST]) VALUES "
+                         "('ITEM WITH A VERY LONG NAME INDEED','"_s + wide + u"','"_s + wide + u"','"_s + wide + u"','"_s + wide
+                         + u"',12345678.25)"_s,
+                         u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/23/2026#,'BIRTHDAY','"_s + wide + wide + u"')"_s,
+                         u"INSERT INTO [TODO] ([TODO],[PRIORITY],[ACTIONED]) VALUES ('"_s + wide + u"','3 - Low',False)"_s});
+    for (const QString &code : {u"N"_s, u"V"_s, u"I"_s, u"E"_s, u"G"_s})
+        expectTidy(script(list(code)), code + u": "_s);
+    const QStringList read = pages(list(u"N"_s));
+    EXPECT_GT(read.size(), 1);
+    EXPECT_EQ(read.join(QString()).count(u'W'), 10000);
+    EXPECT_EQ(read.join(QString()).count(u"jumps"_s), 40);
+    for (const QString &page : read)
+        EXPECT_TRUE(page.contains(u"DATE NAME NOTE"_s) || page.contains(u"LISTED"_s)) << qPrintable(page.left(200));
+}
+
+// However the rows fill the last page, the closing lines stand whole, on it or on one of their own behind a foot line.
+TEST_F(Lists, ClosingLinesKeepOffTheEdge)
+{
+    const QString item = u"AN ITEM THAT TAKES TWO LINES ON THE LIST %1"_s;
+    putMany(DataFile::Main, u"INSERT INTO [SHOPPING] ([ITEM],[PICK]) VALUES ('Row "_s + item + u"',True)"_s, 20);
+    int moved = 0;
+    for (int rows = 21; rows < 30; ++rows) {
+        put(DataFile::Main, {u"INSERT INTO [SHOPPING] ([ITEM],[PICK]) VALUES ('Row "_s + item.arg(rows) + u"',True)"_s});
+        answerShopping(u"H"_s);
+        const QStringList lines = script(list(u"H"_s));
+        expectTidy(lines, QString::number(rows));
+        const auto lastPage = lines.lastIndexOf(u"NEWPAGE"_s);
+        if (lastPage < 0 || !lines.mid(lastPage).filter(u"Row"_s).isEmpty())
+            continue;
+        ++moved;
+        EXPECT_EQ(lines.mid(0, lastPage).filter(u"PAGE: 1      Dated:  11/22/2026"_s).size(), 1);
+        EXPECT_EQ(lines.mid(lastPage).filter(u"LISTED: %1"_s.arg(rows)).size(), 1);
+        for (const QString &rule : lines.filter(u"-STEP(0,"_s))
+            EXPECT_GT(parseDrawnLine(rule).y2, 0) << qPrintable(rule);
+    }
+    EXPECT_GT(moved, 0);
+}
+
+TEST_F(Lists, OtherScriptsAndRegions)
+{
+    setRegion(u"de_DE"_s);
+    DetectDateOrder();
+    put(DataFile::Books, {u"INSERT INTO [BOOKS] ([TITLE],[AUTHOR]) VALUES ('Война и мир','\u05e9\u05dc\u05d5\u05dd \u4f60\u597d')"_s});
+    put(DataFile::Main, {u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,'Gas',1234.5)"_s});
+    EXPECT_TRUE(pages(list(u"K"_s)).value(0).contains(u"Война и мир"_s));
+    const QStringList lines = script(list(u"B"_s));
+    EXPECT_EQ(lines.filter(u"23/11/2026"_s).size(), 1);
+    for (const QString &line : lines.filter(u"RPRINT"_s))
+        EXPECT_GT(parseTextLine(line, {}).x, 1000) << qPrintable(line);
+}
+
+TEST_F(Lists, FileThatIsMissingIsToldAndTheNextListPrints)
+{
+    QFile::remove(state().path(DataFile::Books));
+    EXPECT_NE(test::errorOf(list(u"K"_s)), 0);
+    put(DataFile::Main, {u"INSERT INTO [TODO] ([TODO],[ACTIONED]) VALUES ('Go on',False)"_s});
+    EXPECT_EQ(previewed(list(u"G"_s)), 1);
+    QFile::remove(state().path(DataFile::DataP));       // then the main file's table serves
+    m_prompts.expect(u"No Records"_s);
+    put(DataFile::Main, {u"CREATE TABLE [Passwords] ([Organisation] TEXT(255))"_s});
+    EXPECT_EQ(previewed(list(u"W"_s)), 0);
+}
+
+}

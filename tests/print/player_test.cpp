@@ -1,0 +1,300 @@
+#include "platform/basic/error.h"
+#include "print/output.h"
+#include "print/printfixture.h"
+#include "print/scriptfile.h"
+
+#include <QRegularExpression>
+
+namespace vorel {
+
+using test::errorOf;
+using test::FakePreview;
+using namespace Qt::StringLiterals;
+
+class PlayerTest : public test::PrintTest {
+protected:
+    static QStringList threePages()
+    {
+        return {u"' a comment"_s, u"ORIENTATION = 1"_s, u"SCALEMODE = 1"_s, u"FONTNAME = \"Arial\""_s, u"FONTSIZE = 10"_s,
+                u"LPRINT 100,100, \"One\""_s, u"NEWPAGE"_s, u"LPRINT 100,100, \"Two\""_s, u"newpage "_s,
+                u"LPRINT 100,100, \"Three\""_s, u"ENDDOC"_s};
+    }
+    void play(const QString &target, const std::function<void(FakePreview &)> &work = {})
+    {
+        previewed([&] { RunPrintScript(scriptPath(), {QString()}, target); }, work);
+    }
+    // The pages as they are read back from a file, without blank lines.
+    QStringList read(const QStringList &lines)
+    {
+        writeScript(lines);
+        QStringList texts = pages([&] { RunPrintScript(scriptPath(), {u"table"_s, u"second"_s}, u"SCREEN"_s); });
+        static const QRegularExpression blankLines(u"\n+"_s);
+        for (QString &text : texts)
+            text.replace(blankLines, u"\n"_s);
+        return texts;
+    }
+};
+
+TEST_F(PlayerTest, TextLinesAreRead)
+{
+    const std::vector<QString> table{u"zero"_s, u"one"_s};
+    const struct { QString line; double x, y; QString text; } cases[] = {
+        {u"LPRINT 10,20.5, \"a\""_s, 10, 20.5, u"a"_s},
+        {u"LPRINT 10,20, \"a\";\"b\" [1]; \"c\""_s, 10, 20, u"abonec"_s},
+        {u"LPRINT 10,20, \"a\" ' \"no\""_s, 10, 20, u"a"_s},
+        {u"LPRINT 10,20, \"it's \u00ffquoted\u00ff\""_s, 10, 20, u"it's \"quoted\""_s},
+        {u"LPRINT 10,20, \"no end"_s, 10, 20, u"no end"_s},
+        {u"LPRINT 10,20, rubbish \"a\""_s, 10, 20, u"a"_s},
+        {u"LPRINT 10,20, [0"_s, 10, 20, u"zero"_s},
+        {u"LPRINT x1,2y, \"a\""_s, 0, 2, u"a"_s},
+        {u"LPRINT 1E999,50%, \"a\""_s, 0, 50, u"a"_s}, {u"LPRINT -.5E1,1 2, \"a\""_s, -5, 1, u"a"_s},
+        {u"LPRINT 10"_s, 10, 0, {}},
+        {u"LPRINT"_s, 0, 0, {}},
+        {u"LPRINT 10,20, \"\u05e9\u05dc\u05d5\u05dd \u4f60\u597d\""_s, 10, 20, u"\u05e9\u05dc\u05d5\u05dd \u4f60\u597d"_s}};
+    for (const auto &one : cases) {
+        const TextLine parsed = parseTextLine(one.line, table);
+        EXPECT_EQ(parsed.x, one.x) << qPrintable(one.line);
+        EXPECT_EQ(parsed.y, one.y) << qPrintable(one.line);
+        EXPECT_EQ(parsed.text, one.text) << qPrintable(one.line);
+    }
+    for (const QString &entry : {u"[2]"_s, u"[-1]"_s, u"[99999999999]"_s})
+        EXPECT_EQ(errorOf([&] { parseTextLine(u"LPRINT 1,2, "_s + entry, table); }), 9) << qPrintable(entry);
+}
+
+TEST_F(PlayerTest, LinesAndPicturesAreRead)
+{
+    DrawnLine line = parseDrawnLine(u"LINE (1,2)-STEP(3,-4),255,bf"_s);
+    EXPECT_EQ((QList<double>{line.x1, line.y1, line.x2, line.y2}), (QList<double>{1, 2, 3, -4}));
+    EXPECT_TRUE(line.step);
+    EXPECT_EQ(line.colour, 255);
+    EXPECT_EQ(line.flag, u"BF"_s);
+    line = parseDrawnLine(u"LINE (1,2)-(3,4),,"_s);
+    EXPECT_FALSE(line.step || line.colour || !line.flag.isEmpty());
+    for (const QString &broken : {u"LINE"_s, u"LINE (1"_s, u"LINE (1,2)-("_s, u"LINE )(,,,"_s, u"LINE (a,b)-(c,d),e,f"_s})
+        EXPECT_EQ(parseDrawnLine(broken).x2, 0) << qPrintable(broken);
+    for (const QString &form : {u"PAINTPICTURE [c:\\a.jpg](10)<20 30,40,"_s, u"PAINTPICTURE [c:\\a.jpg](10)<20>"_s}) {
+        const PictureLine picture = parsePictureLine(form);
+        EXPECT_EQ(picture.path, u"c:\\a.jpg"_s);
+        EXPECT_EQ(picture.x + picture.y * 1000, 20010);
+    }
+    EXPECT_EQ(parseQuoted(u"FONTNAME = \"Arial"_s), u"Arial"_s);
+    EXPECT_EQ(parseSetting(u"FONTSIZE"_s), 0);
+    EXPECT_EQ(FirstWord(u"LPrint 1,2"_s) + FirstWord(u"enddoc"_s), u"LPRINTENDDOC"_s);
+}
+
+TEST_F(PlayerTest, DamagedScriptsShowWhatTheyHold)
+{
+    EXPECT_EQ(read({u"LPRINT 100,100, \"before\""_s, u"DANCE 3"_s, u"FONTSIZE = huge"_s, u"FONTNAME = "_s, u"SCALEMODE = 42"_s,
+                    u"ORIENTATION = x"_s, u"FORECOLOR = -7"_s, u"DRAWMODE = 1E30"_s, u"DRAWSTYLE = -1"_s, u"LINE (,)-(,),,Q"_s,
+                    u"LPRINT 1E30,-1E30, \"far\""_s, u"   "_s, u"FONTSIZE = 12"_s, u"DRAWMODE = 13"_s,
+                    u"  LPRINT 100,2000, [1] "_s}),
+              QStringList{u"before\nsecond\n"_s});
+    EXPECT_EQ(read({}), QStringList{QString()});
+    EXPECT_EQ(read({u"ENDDOC"_s, u"LPRINT 1,1, \"behind the end\""_s}), QStringList{QString()});
+    m_folder.write(u"S.TMP"_s, QByteArray("LPRINT 100,100, \"\xff\xfe\0ok\"\nNEWPAGE\n", 30));
+    EXPECT_EQ(pages([&] { RunPrintScript(scriptPath(), {}, u"SCREEN"_s); }).size(), 1);
+}
+
+TEST_F(PlayerTest, MissingScriptEndsSilently)
+{
+    EXPECT_EQ(previewed([&] { RunPrintScript(m_folder.path(u"NONE.TMP"_s), {}, u"SCREEN"_s); }), 0);
+    EXPECT_EQ(previewed([&] { RunPrintScript({}, {}, u"SCREEN"_s); }), 0);
+    EXPECT_EQ(preview(), nullptr);
+}
+
+TEST_F(PlayerTest, WrongTableEntryIsToldAndNothingStaysOpen)
+{
+    writeScript({u"LPRINT 1,1, [7]"_s});
+    EXPECT_EQ(errorOf([&] { play(u"SCREEN"_s); }), 9);
+    EXPECT_EQ(preview(), nullptr);
+    writeScript({u"LPRINT 1,1, \"printed\""_s, u"LPRINT 1,1, [7]"_s});
+    EXPECT_EQ(errorOf([&] { play(u"PRINTER"_s); }), 9);
+    EXPECT_EQ(m_jobs.sheetCounts(), QList<int>{});
+    EXPECT_FALSE(printer::thePrinter().isPrinting());
+}
+
+TEST_F(PlayerTest, PagesAreTurned)
+{
+    writeScript(threePages());
+    play(u"SCREEN"_s, [](FakePreview &screen) {
+        const struct { int index; QString box; int page; } moves[] = {
+            {2, {}, 1}, {2, {}, 2}, {2, {}, 2}, {1, {}, 1}, {0, {}, 0}, {1, {}, 0}, {3, {}, 2}, {4, u"0"_s, 0}, {4, u"2"_s, 1},
+            {4, u"text"_s, 0}, {4, u"99"_s, 2}, {4, u"1E99"_s, 2}, {7, {}, 2}};
+        EXPECT_EQ(screen.label, u"Page 1 of 3"_s);
+        for (const auto &move : moves) {
+            MovePage(move.index, move.box);
+            EXPECT_EQ(playerState().CurrentPage, move.page);
+            EXPECT_EQ(screen.label, u"Page %1 of 3"_s.arg(move.page + 1));
+            EXPECT_TRUE(screen.hasInk(100, 100, 700, 330));
+        }
+    });
+    EXPECT_FALSE(QFile::exists(scriptPath()));      // a ".TMP" goes with the preview
+}
+
+TEST_F(PlayerTest, BoundsOfThePrintedPages)
+{
+    const struct { int first, last; QList<int> sheets; } cases[] = {
+        {1, 0, {3}}, {2, 2, {1}}, {1, 2, {2}}, {3, 99, {1}}, {3, 1, {1}}, {0, 0, {3}}, {9, 9, {}}};
+    for (const auto &one : cases) {
+        writeScript(threePages());
+        m_jobs.documents.clear();
+        play(u"SCREEN"_s, [&](FakePreview &) {
+            playerState().FirstPrintPage = one.first;
+            playerState().LastPrintPage = one.last;
+            PrintPages();
+        });
+        EXPECT_EQ(m_jobs.sheetCounts(), one.sheets) << one.first << " to " << one.last;
+    }
+    writeScript(threePages());
+    play(u"PRINTER"_s);
+    EXPECT_EQ(m_jobs.sheetCounts(), QList<int>{3});
+    EXPECT_TRUE(QFile::exists(scriptPath()));
+}
+
+TEST_F(PlayerTest, BookletPrintsOddPagesThenEven)
+{
+    for (const bool even : {true, false}) {
+        writeScript(threePages());
+        m_jobs.documents.clear();
+        m_prompts.expect(u"Take out your Odd Printouts and re-align them in your Printer so the Even pages can be printed!"_s,
+                         even ? basic::Answer::Yes : basic::Answer::No);
+        play(u"SCREEN"_s, [](FakePreview &) { PrintBooklet(); });
+        EXPECT_EQ(m_jobs.sheetCounts(), even ? (QList<int>{1, 1, 1}) : (QList<int>{1, 1}));
+        EXPECT_EQ(playerState().LastPrintPage, even ? 2 : 3);
+        EXPECT_EQ(m_prompts.shown().back().title, u"Booklet Printing"_s);
+        EXPECT_EQ(m_prompts.shown().back().icon, basic::Icon::Critical);
+    }
+}
+
+TEST_F(PlayerTest, PrinterThatVanishedLosesNothing)
+{
+    writeScript(threePages());
+    play(u"SCREEN"_s, [this](FakePreview &screen) {
+        m_jobs.isGone = true;
+        EXPECT_EQ(errorOf([] { PrintPages(); }), 482);
+        m_jobs.isGone = false;
+        MovePage(2);
+        EXPECT_EQ(screen.label, u"Page 2 of 3"_s);
+        PrintPages();
+    });
+    EXPECT_EQ(m_jobs.sheetCounts(), QList<int>{3});
+}
+
+TEST_F(PlayerTest, WithoutPrinterThePagesAreSaved)
+{
+    useNoPrinter();
+    EXPECT_TRUE(PrinterReady());
+    writeScript(threePages());
+    const QString path = m_folder.path(u"saved"_s);
+    m_prompts.expect(u"There is no printer on this machine. Save the pages as PDF instead?"_s, basic::Answer::Yes);
+    m_prompts.expectFile({}, path);
+    play(u"SCREEN"_s, [](FakePreview &) { PrintPages(); });
+    EXPECT_EQ(test::readPdf(path + u".pdf"_s), (QStringList{u"One\n"_s, u"Two\n"_s, u"Three\n"_s}));
+}
+
+TEST_F(PlayerTest, PrinterWithoutAPageIsTold)
+{
+    class Broken : public printer::Hardware {
+        QString name() const override { return u"Broken"_s; }
+        printer::Paper paper() const override { return {}; }
+        std::unique_ptr<printer::Job> start(const printer::JobSettings &) override { return nullptr; }
+    };
+    printer::setHardware([] { return std::make_shared<Broken>(); });
+    m_prompts.expect(u"There is an error communicating with the Printer"_s);
+    EXPECT_FALSE(PrinterReady());
+}
+
+TEST_F(PlayerTest, MailPassReadsAlone)
+{
+    writeScript({u"SCALEMODE = 6"_s, u"FONTNAME = \"Courier New\""_s, u"FONTSIZE = 23"_s, u"FONTBOLD = TRUE"_s,
+                 u"LPRINT 1,1, \"not drawn\""_s, u"NEWPAGE"_s, u"FONTSIZE = 24"_s, u"ENDDOC"_s});
+    play(u"EMAIL"_s);
+    EXPECT_EQ(m_jobs.documents.size(), 0u);
+    EXPECT_EQ(printer::thePrinter().FontSize(), 24);
+    EXPECT_EQ(printer::thePrinter().FontName(), u"Courier New"_s);
+}
+
+TEST_F(PlayerTest, ScreenAndPaperShowTheSame)
+{
+    writeScript({u"ORIENTATION = 1"_s, u"SCALEMODE = 1"_s, u"FONTNAME = \"Arial\""_s, u"FONTSIZE = 20"_s,
+                 u"LPRINT 1000,1000, \"Left\""_s, u"CPRINT 5000,3000, \"Middle\""_s, u"RPRINT 9000,5000, \"Right\""_s,
+                 u"LINE (1000,7000)-STEP(4000,2000),12,BF"_s});
+    play(u"SCREEN"_s, [this](FakePreview &screen) {
+        PrintPages();
+        const QImage paper = m_jobs.documents.back()->sheets.at(0);
+        const auto onPaper = [&paper](double left, double top, double right, double bottom) {
+            for (int y = static_cast<int>(top + 360) / 15; y < static_cast<int>(bottom + 360) / 15; ++y) {
+                for (int x = static_cast<int>(left + 360) / 15; x < static_cast<int>(right + 360) / 15; ++x) {
+                    if (qGray(paper.pixel(x, y)) < 128)
+                        return true;
+                }
+            }
+            return false;
+        };
+        // Fields of a quarter inch: what is inked here is inked there, however large the page is shown.
+        for (const double zoom : {1.0, 0.6, 1.7}) {
+            ZoomPreview(zoom);
+            int differing = 0, inked = 0;
+            for (int row = 0; row < 26; ++row) {
+                for (int column = 0; column < 28; ++column) {
+                    const double x = column * 360, y = row * 360;
+                    inked += onPaper(x, y, x + 360, y + 360);
+                    differing += onPaper(x, y, x + 360, y + 360) && !screen.hasInk(x - 30, y - 30, x + 390, y + 390);
+                }
+            }
+            EXPECT_GT(inked, 40);
+            EXPECT_EQ(differing, 0) << zoom;
+        }
+    });
+}
+
+TEST_F(PlayerTest, PicturesAreNotScaledOnTheScreen)
+{
+    QImage dark(100, 100, QImage::Format_RGB32);
+    dark.fill(Qt::black);
+    const QString file = m_folder.path(u"dark.png"_s);
+    ASSERT_TRUE(dark.save(file));
+    writeScript({u"SCALEMODE = 1"_s, u"PAINTPICTURE ["_s + file + u"](3000)<1500>"_s});
+    play(u"SCREEN"_s, [](FakePreview &screen) {
+        const double scale = playerState().PreviewScale;
+        EXPECT_GT(scale, 1.2);
+        const auto isDark = [&](double x, double y) {
+            const double border = 360 * scale;
+            return qGray(screen.image.pixel(static_cast<int>((x + border) / 15), static_cast<int>((y + border) / 15))) < 128;
+        };
+        EXPECT_TRUE(isDark(3030, 1530) && isDark(4470, 2970));
+        EXPECT_FALSE(isDark(2970, 1530) || isDark(4530, 2970));
+    });
+    QFile::remove(file);
+    writeScript({u"PAINTPICTURE ["_s + file + u"](3000)<1500>"_s});
+    EXPECT_EQ(errorOf([&] { play(u"SCREEN"_s); }), 53);
+}
+
+TEST_F(PlayerTest, FontsOfSkippedPagesAreNotSet)
+{
+    writeScript({u"SCALEMODE = 1"_s, u"FONTSIZE = 30"_s, u"LPRINT 1,1, \"a\""_s, u"NEWPAGE"_s, u"FONTSIZE = 10"_s, u"NEWPAGE"_s,
+                 u"LPRINT 1,1, \"c\""_s});
+    play(u"SCREEN"_s, [](FakePreview &screen) {
+        const auto shownSize = [&screen] { return screen.Page().FontSize() / playerState().PreviewScale; };
+        MovePage(3);
+        EXPECT_NEAR(shownSize(), 30, 1e-6);
+        ZoomPreview(2);
+        EXPECT_NEAR(shownSize(), 30, 1e-6);
+        MovePage(1);
+        MovePage(3);
+        EXPECT_NEAR(shownSize(), 10, 1e-6);
+    });
+}
+
+TEST_F(PlayerTest, LandscapeOverflowsTheWindow)
+{
+    writeScript({u"ORIENTATION = 2"_s, u"LPRINT 1,1, \"wide\""_s});
+    play(u"SCREEN"_s, [](FakePreview &screen) {
+        EXPECT_NEAR(screen.Page().Height(), (800 * 15 - 40 * 15 - 400) * 1.8, 1);
+        EXPECT_NEAR(screen.Page().Width() / screen.Page().Height(), 11 / 8.5, 0.001);
+    });
+    writeScript({u"ORIENTATION = 1"_s});
+    play(u"SCREEN"_s, [](FakePreview &screen) { EXPECT_NEAR(screen.Page().Width(), 1200 * 15 - 350, 1); });
+}
+
+}

@@ -1,0 +1,194 @@
+#include "print/printfixture.h"
+
+#include "platform/basic/error.h"
+#include "print/output.h"
+
+#include <QProcess>
+#include <QRegularExpression>
+
+namespace vorel::test {
+
+namespace {
+
+class FakeJob : public printer::Job {
+public:
+    FakeJob(const printer::JobSettings &settings, std::shared_ptr<FakeJobs::Document> document)
+        : m_settings(settings), m_document(std::move(document))
+    {
+        m_document->copies = settings.copies;
+        addSheet(settings.orientation);
+    }
+    ~FakeJob() override
+    {
+        if (m_painter.isActive())
+            m_painter.end();
+    }
+    QPainter *painter() override { return &m_painter; }
+    double pixelsPerTwip() const override { return 1 / printer::twipsPerPixel; }
+    void newPage(int orientation) override
+    {
+        finishSheet();
+        addSheet(orientation);
+    }
+    void end() override
+    {
+        finishSheet();
+        m_document->ended = true;
+    }
+
+private:
+    void addSheet(int orientation)
+    {
+        QSize size = QSizeF(m_settings.paper.width / 15, m_settings.paper.height / 15).toSize();
+        if (orientation == printer::Landscape)
+            size.transpose();
+        m_sheet = QImage(size, QImage::Format_RGB32);
+        m_sheet.fill(Qt::white);
+        m_painter.begin(&m_sheet);
+    }
+    void finishSheet()
+    {
+        m_painter.end();
+        m_document->sheets.push_back(m_sheet);
+    }
+
+    printer::JobSettings m_settings;
+    std::shared_ptr<FakeJobs::Document> m_document;
+    QImage m_sheet;
+    QPainter m_painter;
+};
+
+class FakeHardware : public printer::Hardware {
+public:
+    explicit FakeHardware(FakeJobs &jobs) : m_jobs(jobs) {}
+    QString name() const override { return u"Test printer"_s; }
+    printer::Paper paper() const override { return printer::withBorder({12240, 15840}); }
+    std::unique_ptr<printer::Job> start(const printer::JobSettings &settings) override
+    {
+        if (m_jobs.isGone)
+            throw basic::Error(482, u"The printer cannot be reached."_s);
+        m_jobs.documents.push_back(std::make_shared<FakeJobs::Document>());
+        return std::make_unique<FakeJob>(settings, m_jobs.documents.back());
+    }
+
+private:
+    FakeJobs &m_jobs;
+};
+
+}
+
+std::function<void(FakePreview &)> FakePreview::whileOpen;
+int FakePreview::opened = 0;
+
+QList<int> FakeJobs::sheetCounts() const
+{
+    QList<int> counts;
+    for (const auto &document : documents) {
+        if (document->ended)
+            counts << static_cast<int>(document->sheets.size());
+    }
+    return counts;
+}
+
+FakePreview::FakePreview() : m_page({}) {}
+
+FakePreview::~FakePreview()
+{
+    m_painter.end();
+}
+
+void FakePreview::PageSized()
+{
+    if (m_painter.isActive())
+        m_painter.end();
+    image = QImage(QSizeF(m_page.Width() / 15, m_page.Height() / 15).toSize(), QImage::Format_RGB32);
+    m_painter.begin(&image);
+    m_page.drawOn(&m_painter, 1 / printer::twipsPerPixel);
+    ClearPage();
+}
+
+void FakePreview::ClearPage()
+{
+    image.fill(Qt::white);
+}
+
+void FakePreview::ShowModal()
+{
+    ++opened;
+    if (whileOpen)
+        whileOpen(*this);
+}
+
+bool FakePreview::hasInk(double left, double top, double right, double bottom) const
+{
+    const double scale = playerState().PreviewScale / 15;
+    const auto place = [&](double twips, double border) { return static_cast<int>((twips + border) * scale); };
+    for (int y = place(top, 360); y < place(bottom, 360); ++y) {
+        for (int x = place(left, 360); x < place(right, 360); ++x) {
+            if (image.valid(x, y) && qGray(image.pixel(x, y)) < 128)
+                return true;
+        }
+    }
+    return false;
+}
+
+PrintTest::PrintTest()
+{
+    scriptState() = ScriptState{};
+    state().gProductTitle = u"Vorel Reminder"_s;
+    DetectDateOrder();
+    printer::setHardware([this] { return std::make_shared<FakeHardware>(m_jobs); });
+    setPreviewMaker([] { return std::make_unique<FakePreview>(); });
+}
+
+PrintTest::~PrintTest()
+{
+    setPreviewMaker({});
+    FakePreview::whileOpen = {};
+    AbandonScript();
+    scriptState() = ScriptState{};
+    printer::setHardware({});
+}
+
+int PrintTest::previewed(const std::function<void()> &report, const std::function<void(FakePreview &)> &work)
+{
+    const int before = FakePreview::opened;
+    FakePreview::whileOpen = work;
+    report();
+    FakePreview::whileOpen = {};
+    return FakePreview::opened - before;
+}
+
+QStringList PrintTest::script(const std::function<void()> &report)
+{
+    QStringList lines;
+    const int previews = previewed(report, [&](FakePreview &) {
+        lines = QString::fromUtf8(m_folder.read(u"PRINT.TMP"_s)).split(u"\r\n"_s, Qt::SkipEmptyParts);
+    });
+    EXPECT_EQ(previews, 1) << "no preview";
+    EXPECT_GE(lines.size(), 5) << "no header";
+    return lines.mid(4);
+}
+
+QStringList PrintTest::pages(const std::function<void()> &report)
+{
+    const QString path = m_folder.path(u"read.pdf"_s);
+    QFile::remove(path);
+    EXPECT_EQ(previewed(report, [&](FakePreview &) { SavePdf(path); }), 1) << "no preview";
+    return readPdf(path);
+}
+
+QStringList readPdf(const QString &path)
+{
+    QProcess reader;
+    reader.start(u"pdftotext"_s, {u"-layout"_s, path, u"-"_s});
+    EXPECT_TRUE(reader.waitForFinished() && reader.exitCode() == 0) << "pdftotext";
+    QStringList texts = QString::fromUtf8(reader.readAllStandardOutput()).split(u'\f');
+    texts.removeLast();
+    static const QRegularExpression blanks(u"[ \\t]+"_s);
+    for (QString &text : texts)
+        text.replace(blanks, u" "_s);
+    return texts;
+}
+
+}
