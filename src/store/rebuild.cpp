@@ -98,6 +98,7 @@ public:
     Rebuild(const Rebuild &) = delete;
     Rebuild &operator=(const Rebuild &) = delete;
 
+    const QString &scratch() const { return m_scratch; }
     bool run(int version)
     {
         m_exists = stands(m_path);
@@ -250,7 +251,15 @@ QString backupNameOf(const QString &path)
 
 bool UpgradeDatabase(DataFile file, const QString &path, int version)
 {
-    return Rebuild(file, path).run(version);
+    Rebuild work(file, path);
+    try {
+        return work.run(version);
+    } catch (const dao::EngineError &error) {
+        // The user knows the file, not the scratch.
+        QString text = error.text();
+        text.replace(QDir::toNativeSeparators(work.scratch()), QDir::toNativeSeparators(path));
+        throw dao::EngineError(error.number(), text, nullptr);
+    }
 }
 
 void CompactFile(const QString &path)

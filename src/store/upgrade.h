@@ -13,8 +13,8 @@ void StampVersion(dao::Database &database, int version);
 
 // Runs once at every start: detects the date order, makes each missing data file, brings all files to the current design
 // if the main file is of an older one, writes the rows that the screens need, and fills a new installation with sample
-// rows. An installation is new if it had no main file. A file that fails gives its message, is left as it is and does not
-// keep the others back; a file without a path is passed over.
+// rows. An installation is new if it had no main file. A file that fails is left as it is, does not keep the others
+// back and is told at the end; a file without a path is passed over.
 void UpgradeAllDatabases();
 
 }

@@ -212,38 +212,57 @@ TEST_F(RebuildTest, aKillOrAFullDiskLeavesTheOldFileOrTheNewOne)
     EXPECT_EQ(names(), QStringList({u"VOREL.BAK"_s, u"VOREL.MDB"_s}));
 }
 
-// A small file, one damage after another, each on a fresh file: whatever is hit, the start goes on, the copy stays good,
-// and what stands at the path in the end is good too.
+// A user who says Yes to everything.
+class Willing : public test::ScriptedPrompts {
+public:
+    Answer message(const QString &, const QString &, basic::Buttons, basic::Icon) override { return Answer::Yes; }
+};
+
+// One damage after another, each on a fresh file: whatever is hit, the work goes on, the copy stays good, and what stands
+// at the path in the end is current or was not touched.
 TEST_F(RebuildTest, aThousandBitFlipsNeverDestroyTheCopy)
 {
     const QString notes = m_folder.path(u"NOTES.MDB"_s);
     EXPECT_TRUE(UpgradeDatabase(DataFile::Notes, notes, 290));
-    for (int i = 0; i < 30; ++i)
+    for (int i = 0; i < 30; ++i) {
         dao::DBEngine::OpenDatabase(notes).Execute(u"INSERT INTO [Notes] ([NAME],[NOTES]) VALUES ('n%1','%2')"_s.arg(i)
                                                        .arg(QString(200, u'x')));
-    const QByteArray good = m_folder.read(u"NOTES.MDB"_s);
+    }
+    for (int i = 0; i < 30; ++i)
+        execute(u"INSERT INTO [TODO] ([ToDo]) VALUES ('Task %1')"_s.arg(i));
+    const struct {
+        QString name;
+        QString query;
+        std::function<void()> serve;
+        int most;                       // flips at a time
+    } cases[] = {
+        {u"NOTES"_s, u"SELECT [NAME] FROM [Notes]"_s, [&] { UpgradeDatabase(DataFile::Notes, notes, 290); }, 32},
+        {u"VOREL"_s, u"SELECT [ToDo] FROM [TODO]"_s, [] { UpgradeAllDatabases(); }, 16},
+    };
     std::mt19937 random(290);
-    for (int round = 0, flips = 0; flips < 1000; ++round) {
-        SCOPED_TRACE(round);
-        QByteArray damaged = good;
-        for (const int end = flips + 1 + round % 16; flips < end; ++flips)
-            damaged[static_cast<int>(random() % static_cast<unsigned>(good.size()))] ^= static_cast<char>(1 << random() % 8);
-        m_folder.write(u"NOTES.BAK"_s, good);
-        m_folder.write(u"NOTES.MDB"_s, damaged);
-        class Willing : public test::ScriptedPrompts {
-        public:
-            Answer message(const QString &, const QString &, basic::Buttons, basic::Icon) override { return Answer::Yes; }
-        } willing;
-        basic::IgnoreErrors([&] { UpgradeDatabase(DataFile::Notes, notes, 290); });
-        const QString kept = QFile::exists(m_folder.path(u"NOTES.BAK.old"_s)) ? u"NOTES.BAK.old"_s : u"NOTES.BAK"_s;
-        EXPECT_GE(rowsOf(m_folder.path(kept), u"SELECT [NAME] FROM [Notes]"_s).size(), 1);
-        if (kept.endsWith(u".old")) {
-            EXPECT_EQ(m_folder.read(kept), good);
-        }
-        EXPECT_EQ(GetDatabaseVersion(notes), 290);
-        for (const QString &name : names()) {
-            if (name.contains(u".damaged") || name.endsWith(u".old"))
-                QFile::remove(m_folder.path(name));
+    const Willing user;
+    for (const auto &c : cases) {
+        const QByteArray good = m_folder.read(c.name + u".MDB"_s);
+        for (int round = 0, flips = 0; flips < 1000; ++round) {
+            SCOPED_TRACE(qPrintable(c.name + QString::number(round)));
+            QByteArray damaged = good;
+            for (const int end = flips + 1 + round % c.most; flips < end; ++flips)
+                damaged[static_cast<int>(random() % static_cast<unsigned>(good.size()))] ^= static_cast<char>(1 << random() % 8);
+            m_folder.write(c.name + u".BAK"_s, good);
+            m_folder.write(c.name + u".MDB"_s, damaged);
+            basic::IgnoreErrors(c.serve);
+            const QString older = c.name + u".BAK.old"_s;
+            const bool mended = QFile::exists(m_folder.path(older));
+            if (mended) {
+                EXPECT_EQ(m_folder.read(older), good);
+            }
+            EXPECT_GE(rowsOf(m_folder.path(mended ? older : c.name + u".BAK"_s), c.query).size(), 1);
+            EXPECT_TRUE(GetDatabaseVersion(m_folder.path(c.name + u".MDB"_s)) == 290
+                        || m_folder.read(c.name + u".MDB"_s) == damaged);       // left as it was, with a message
+            for (const QString &name : names()) {
+                if (name.contains(u".damaged") || name.endsWith(u".old"))
+                    QFile::remove(m_folder.path(name));
+            }
         }
     }
 }

@@ -165,7 +165,7 @@ TEST_F(PassTest, aSamplesPictureLiesInTheProgramFolder)
 // The main file's version decides for all.
 TEST_F(PassTest, anOldMainFileTakesAllFilesThroughTheUpgrade)
 {
-    UpgradeAllDatabases();
+    test::putEmptyFiles(m_folder.path());
     const auto spoil = [this] {
         dao::DBEngine::OpenDatabase(state().path(DataFile::Music)).Execute(u"DROP TABLE [Tracks]"_s);
     };
@@ -179,12 +179,12 @@ TEST_F(PassTest, anOldMainFileTakesAllFilesThroughTheUpgrade)
     EXPECT_EQ(GetDatabaseVersion(path()), 290);
     EXPECT_EQ(names().filter(u".BAK"_s).size(), 13);
     EXPECT_EQ(names().size(), 26);
-    EXPECT_EQ(count(u"Appointments"_s), 3);
+    EXPECT_EQ(count(u"Appointments"_s), 0);
 }
 
 TEST_F(PassTest, aFileThatFailsIsToldAndTheOthersGoOn)
 {
-    UpgradeAllDatabases();
+    test::putEmptyFiles(m_folder.path());
     const QString place = state().path(DataFile::Books);
     QFile::remove(place);
     ASSERT_TRUE(QDir().mkpath(place));
@@ -206,11 +206,24 @@ TEST_F(PassTest, aFileThatFailsIsToldAndTheOthersGoOn)
     EXPECT_EQ(rows(u"SELECT [DATEDUE] FROM [TODO]"_s), QStringList{u"some day"_s});
     EXPECT_EQ(GetDatabaseVersion(path()), 0);
     EXPECT_TRUE(QFile::exists(place));
+    EXPECT_EQ(state().mainFile, MainFileAccess::Full);      // as it is
+}
+
+TEST_F(PassTest, aFolderThatTakesNoFilesIsToldOnce)
+{
+    test::putEmptyFiles(m_folder.path());
+    for (const DataFile file : {DataFile::Main, DataFile::Books, DataFile::Music})
+        state().path(file) = m_folder.path(u"nowhere/"_s) + QString::number(static_cast<int>(file)) + u".MDB"_s;
+    m_prompts.expect(u"0.MDB\r\n"_s + state().path(DataFile::Music) + u"\r\n"_s + state().path(DataFile::Books));
+    UpgradeAllDatabases();
+    EXPECT_TRUE(m_prompts.texts().last().endsWith(u"The file could not be made."_s));
+    EXPECT_EQ(state().mainFile, MainFileAccess::None);
+    EXPECT_EQ(rowsOf(DataFile::Garden, u"SELECT * FROM [Garden]"_s), QStringList());     // no main file, no samples
 }
 
 TEST_F(PassTest, withoutAMainFileTheStartGoesOn)
 {
-    UpgradeAllDatabases();
+    test::putEmptyFiles(m_folder.path());
     m_folder.write(u"VOREL.MDB"_s, "Dear diary, this is no database at all. " + QByteArray(5000, '.'));
     m_prompts.expect(u"Would you like to create a new database?"_s, basic::Answer::No);
     UpgradeAllDatabases();

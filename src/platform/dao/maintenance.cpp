@@ -140,12 +140,11 @@ void DBEngine::CompactDatabase(const QString &source, const QString &destination
     {
         const DatabasePrivate opened(registry::acquire(from, password, false), true);
         Connection &file = opened.connection();
-        Connection compacted(scratch.path(), file.keyed() ? file.password() : passwordOf(locale), Connection::Purpose::Create);
+        Connection compacted(scratch.path(), file.keyed() ? file.password() : passwordOf(locale), Connection::Purpose::Scratch);
         copy::everything(file, compacted);
     }
     setSamePermissions(from, scratch.path());
-    scratch.moveTo(to);
-    registry::forget(to);
+    PutInPlace(scratch.path(), to);
 }
 
 void DBEngine::RepairDatabase(const QString &path, const QString &connect)
