@@ -258,7 +258,7 @@ void CaddyCells::showShoppingTotal()
 
 void CaddyCells::ClearShoppingChecks()
 {
-    if (!WriteRows() || !m_c.dtaSubjects->Database())
+    if (state().gSection != u"H"_s || !WriteRows() || !m_c.dtaSubjects->Database())
         return;
     vorel::ClearShoppingChecks(m_c.dtaSubjects->Database(), m_c.dtaSubjects->Recordset(), m_shopping);
     m_c.dtaSubjects->ShowRow();

@@ -70,7 +70,9 @@ bool Grid::Private::hasButtonAt(const QModelIndex &index, QPoint where) const
     if (isButton(index))
         return true;
     const CellEdit *edit = index.isValid() ? model->edit(index.column()) : nullptr;
-    return edit && (edit->hasButton || edit->list) && canEdit(index) && GridDelegate::endButtonRect(q->visualRect(index)).contains(where);
+    // A click that chooses another row opens no list.
+    const bool isMark = edit && (edit->hasButton || (edit->list && pressedRow == index.row()));
+    return isMark && canEdit(index) && GridDelegate::endButtonRect(q->visualRect(index)).contains(where);
 }
 
 void Grid::Private::press(const QModelIndex &index)

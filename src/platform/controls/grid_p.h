@@ -45,6 +45,7 @@ struct Grid::Private {
     // Editing (gridediting.cpp). The row's changes are kept in the model's draft until they are written.
     EditHandlers handlers;
     QPoint pressedAt;               // in the viewport
+    qsizetype pressedRow = -1;      // the row that was current before the press
     bool writing = false;
     bool movingAway = false;        // the current cell is changing: its editor closes for that reason alone
 

@@ -119,7 +119,7 @@ int GridDelegate::paintEndMark(QPainter *painter, const QStyleOptionViewItem &op
                                const QColor &fore) const
 {
     const CellEdit *edit = m_model.canChange(index.row(), index.column()) ? m_model.edit(index.column()) : nullptr;
-    const bool isNear = option.state & (QStyle::State_Selected | QStyle::State_MouseOver);
+    const bool isNear = option.state & (QStyle::State_HasFocus | QStyle::State_MouseOver);
     if (!edit || !isNear || (!edit->hasButton && !edit->list))
         return 0;
     const QRect face = endButtonRect(option.rect);
@@ -205,7 +205,7 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
     painter->setClipRect(option.rect);
     const auto style = m_model.columns()[static_cast<std::size_t>(index.column())].style;
-    const bool isNew = m_model.isNewRow(index.row()) && !m_model.draft().isOpen();
+    const bool isNew = m_model.isNewRow(index.row()) && m_model.draft().row != index.row();
     if (style == GridColumn::Style::Check && !isNew) {
         if (m_model.canChange(index.row(), index.column()))
             paintBox(painter, option.rect, shown.fore);

@@ -82,6 +82,7 @@ void Grid::keyPressEvent(QKeyEvent *event)
 void Grid::mousePressEvent(QMouseEvent *event)
 {
     d->pressedAt = event->pos();
+    d->pressedRow = currentRow();
     const QModelIndex index = indexAt(event->pos());
     if (index.isValid() && !d->leave(index.row())) {
         event->accept();

@@ -326,7 +326,7 @@ QVariant GridModel::data(const QModelIndex &index, int role) const
     case Qt::DisplayRole:
         return isText ? shownText(index.row(), column) : QString();
     case Qt::AccessibleTextRole:
-        if (isNewRow(index.row()) && !m_draft.isOpen())
+        if (isNewRow(index.row()) && m_draft.row != index.row())
             return column == 0 ? u"New record"_s : QString();
         if (design.style == GridColumn::Style::Check)
             return isChecked(index.row(), column) ? u"Yes"_s : u"No"_s;
