@@ -60,6 +60,7 @@ frmPreview::frmPreview(QWidget *parent) : Form(u"frmPreview"_s, parent)
     HScroll1 = new QScrollBar(Qt::Horizontal);
     HScroll1->setObjectName(u"HScroll1"_s);
     HScroll1->setAccessibleName(tr("Scroll across"));
+    HScroll1->setInvertedControls(false);       // Right goes right
     VScroll1 = new QScrollBar(Qt::Vertical);
     VScroll1->setObjectName(u"VScroll1"_s);
     VScroll1->setAccessibleName(tr("Scroll down"));
@@ -104,6 +105,7 @@ void frmPreview::buildStrip()
         controls::on(CMD_Move.back(), &QAbstractButton::clicked, this, [this, index] { move(index); });
     }
     QAbstractButton *cmdZoomOut = button(u"cmdZoomOut"_s, {}, u"zoom-out"_s, tr("Smaller"));
+    QAbstractButton *cmdFit = button(u"cmdFit"_s, {}, u"zoom-fit-page"_s, tr("The whole page"));
     QAbstractButton *cmdZoomIn = button(u"cmdZoomIn"_s, {}, u"zoom-in"_s, tr("Larger"));
     txtPage = new QLineEdit;
     txtPage->setObjectName(u"txtPage"_s);
@@ -115,7 +117,7 @@ void frmPreview::buildStrip()
     PNL_Control = new QWidget;
     PNL_Control->setObjectName(u"PNL_Control"_s);
     QLayout *row = layout::Row({cmdPrint, cmdSetup, cmdBook, cmdEmail, cmdPdf, layout::Stretch{}, CMD_Move[0], CMD_Move[1], txtPage,
-                                LBL_Page, CMD_Move[2], CMD_Move[3], layout::Stretch{}, cmdZoomOut, cmdZoomIn, cmdExit});
+                                LBL_Page, CMD_Move[2], CMD_Move[3], layout::Stretch{}, cmdZoomOut, cmdFit, cmdZoomIn, cmdExit});
     layout::setMargins(row, layout::unit);
     PNL_Control->setLayout(row);
 
@@ -127,6 +129,7 @@ void frmPreview::buildStrip()
     controls::on(cmdPdf, &QAbstractButton::clicked, this, [] { SavePdf(); });
     controls::on(cmdExit, &QAbstractButton::clicked, this, [this] { Close(); });
     controls::on(cmdZoomOut, &QAbstractButton::clicked, this, [this] { ZoomPreview(Zoom / zoomStep); });
+    controls::on(cmdFit, &QAbstractButton::clicked, this, [this] { fitPage(); });
     controls::on(cmdZoomIn, &QAbstractButton::clicked, this, [this] { ZoomPreview(Zoom * zoomStep); });
     controls::on(txtPage, &QLineEdit::textChanged, this, [](const QString &text) { MovePage(4, text); });
 }
@@ -257,6 +260,12 @@ void frmPreview::move(int index)
     MovePage(index);
 }
 
+void frmPreview::fitPage()
+{
+    const double across = 1.0 * Frame->width() / m_page->width(), down = 1.0 * Frame->height() / m_page->height();
+    ZoomPreview(Zoom * std::min(across, down) * 0.98);
+}
+
 void frmPreview::cmdSetup_Click()
 {
     const int first = playerState().FirstPrintPage, last = playerState().LastPrintPage;
@@ -285,7 +294,7 @@ bool frmPreview::turnAtEnd(int direction)
 }
 
 // The arrow and page keys belong to the page, whatever control has the keyboard.
-bool frmPreview::passToScrollBar(QKeyEvent *event)
+bool frmPreview::passToScrollBar(const QObject *watched, const QKeyEvent *event)
 {
     if (event->modifiers() & ~Qt::KeypadModifier)
         return false;
@@ -307,7 +316,7 @@ bool frmPreview::passToScrollBar(QKeyEvent *event)
     default:
         break;
     }
-    if (!bar || bar->hasFocus())
+    if (!bar || bar == watched)
         return false;
     bar->setFocus();
     QKeyEvent again(QEvent::KeyPress, event->key(), event->modifiers());
@@ -319,7 +328,7 @@ bool frmPreview::eventFilter(QObject *watched, QEvent *event)
 {
     bool isDone = false;
     if (event->type() == QEvent::KeyPress)
-        basic::Trap([&] { isDone = passToScrollBar(static_cast<QKeyEvent *>(event)); });
+        basic::Trap([&] { isDone = passToScrollBar(watched, static_cast<QKeyEvent *>(event)); });
     return isDone || Form::eventFilter(watched, event);
 }
 

@@ -41,9 +41,10 @@ private:
     void buildStrip();
     void addKeys();
     void move(int index);
+    void fitPage();
     void cmdSetup_Click();
     void cmdEmail_Click();
-    bool passToScrollBar(QKeyEvent *event);
+    bool passToScrollBar(const QObject *watched, const QKeyEvent *event);
     bool turnAtEnd(int direction);      // beyond the page's end lies the next one
     void LayoutPreview();
     void placePage();

@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QSpinBox>
+#include <QTimer>
 #include <QVBoxLayout>
 
 namespace vorel {
@@ -47,16 +48,17 @@ QLineEdit *pageBox(const QString &name, const QString &spoken, int page)
 frmPreviewPages::frmPreviewPages(QWidget *parent) : Form(u"frmPreviewPages"_s, parent)
 {
     setWindowTitle(tr("Print Pages"));
-    PlayerState &state = playerState();
-    if (state.LastPrintPage > state.TotalPages || state.LastPrintPage < state.FirstPrintPage)
-        state.LastPrintPage = state.TotalPages;
+    // The bounds themselves change with CMD_OK alone: cancelling leaves them, and prints nothing.
+    const PlayerState &state = playerState();
+    const bool isOutside = state.LastPrintPage > state.TotalPages || state.LastPrintPage < state.FirstPrintPage;
+    const int last = isOutside ? state.TotalPages : state.LastPrintPage;
     m_all = new QRadioButton(tr("&All pages"));
     m_all->setObjectName(u"OPT_Pages(0)"_s);
     m_all->setChecked(true);
     m_range = new QRadioButton(tr("Pages &from"));
     m_range->setObjectName(u"OPT_Pages(1)"_s);
     TXT_From = pageBox(u"TXT_From"_s, tr("First page"), state.FirstPrintPage);
-    TXT_To = pageBox(u"TXT_To"_s, tr("Last page"), state.LastPrintPage);
+    TXT_To = pageBox(u"TXT_To"_s, tr("Last page"), last);
     m_copies = new QSpinBox;
     m_copies->setObjectName(u"spnCopies"_s);
     m_copies->setRange(1, 99);
@@ -96,7 +98,7 @@ bool frmPreviewPages::eventFilter(QObject *watched, QEvent *event)
 void frmPreviewPages::enter(QLineEdit *box)
 {
     paintBack(box, enteredColour);
-    box->selectAll();
+    QTimer::singleShot(0, box, [box] { box->selectAll(); });        // the click that brought the focus sets the cursor yet
     m_range->setChecked(true);
 }
 
