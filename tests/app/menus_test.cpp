@@ -1,5 +1,6 @@
 #include "app/caddyscreen.h"
 #include "frame/menus.h"
+#include "platform/controls/richtextbox.h"
 
 namespace vorel {
 
@@ -51,12 +52,36 @@ TEST_F(Menus, PeriodEntriesKeepTheSection)
 TEST_F(Menus, WhatComesLaterSaysSoInOneBox)
 {
     start();
-    for (const QString &name : {u"mnuSetup"_s, u"mnuAdmin"_s, u"mnuHelp"_s, u"mnuImport"_s, u"mnuCalculator"_s, u"mnuCalendar"_s,
+    for (const QString &name : {u"mnuSetup"_s, u"mnuAdmin"_s, u"mnuImport"_s, u"mnuCalculator"_s, u"mnuCalendar"_s,
                                 u"mnuInvoice"_s}) {
         m_prompts.expect(u"is not part of this version yet"_s, basic::Answer::Ok);
         menu(name)->trigger();
         EXPECT_TRUE(m_prompts.isDone()) << qPrintable(name);
     }
+}
+
+TEST_F(Menus, HelpShowsThePageOfTheSectionOnShow)
+{
+    m_folder.write(u"INFOBILLS.RTF"_s, "{\\rtf1 on bills}");
+    m_folder.write(u"INFOMUSIC.RTF"_s, "{\\rtf1 on music}");
+    start();
+    const auto shown = [this] {
+        QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        const auto *box = screen().findChild<controls::RichTextBox *>(u"txtInfo"_s);
+        return box ? box->window()->windowTitle() + u": "_s + box->Text() : QString();
+    };
+    screen().DisplayCategory(u"Bills"_s);
+    menu(u"mnuHelp"_s)->trigger();
+    EXPECT_TRUE(shown().endsWith(u": on bills"_s));
+    screen().DisplayCategory(u"Music"_s);
+    EXPECT_EQ(shown(), QString()) << "another section takes the page away";
+    click(u"cmdInfo"_s);
+    EXPECT_TRUE(shown().endsWith(u": on music"_s));
+    screen().DisplayCategory(u"Help"_s);
+    EXPECT_TRUE(shown().endsWith(u": on music"_s));
+    click(u"cmdCat(8)"_s);
+    EXPECT_TRUE(shown().startsWith(u"Vorel Reminder 1 - Missing Contacts:  PLEASE NOTE:\n"_s)) << qPrintable(shown());
+    EXPECT_EQ(shown().count(u'\n'), 5);
 }
 
 TEST_F(Menus, WaitingMessagesShowThePanel)

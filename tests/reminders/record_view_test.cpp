@@ -96,6 +96,21 @@ TEST_F(RecordView, DetailsStartWithTheShortText)
     EXPECT_EQ(text(u"rtbFullDetails"_s), u"long"_s);
 }
 
+TEST_F(RecordView, FormattedDetailsStayAsTheyAreUntilTyped)
+{
+    const QString foreign = u"{\\rtf1\\ansi{\\pict 0102}a {\\b long} one\\par}"_s;
+    addEvent(u"GENERAL"_s, u"[FULLEVENT]"_s, u"'%1'"_s.arg(foreign));
+    openScreen(u"E"_s, 1);
+    EXPECT_EQ(text(u"rtbFullDetails"_s), u"a long one"_s);
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(rows(u"SELECT [FULLEVENT] FROM [EVENTS]"_s), QStringList{foreign}) << "the picture is not thrown away by a look";
+    QTest::keyClicks(at(u"rtbFullDetails"_s), u"Quite "_s);
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(text(u"rtbFullDetails"_s), u"Quite a long one"_s);
+    const QString stored = rows(u"SELECT [FULLEVENT] FROM [EVENTS]"_s).value(0);
+    EXPECT_TRUE(stored.startsWith(u"{\\rtf1"_s) && stored.contains(u"\\b long"_s)) << qPrintable(stored);
+}
+
 TEST_F(RecordView, PictureOfTheEventOrTheSections)
 {
     QImage red(40, 20, QImage::Format_RGB32);

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QMimeData>
 #include <QTest>
+#include <QTextBlock>
 #include <QTextLayout>
 
 using namespace Qt::StringLiterals;
