@@ -27,6 +27,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/profile.h"
 #include "reminders/greetings.h"
+#include "utilities/frmCalculator.h"
 #include "utilities/frmInformation.h"
 #include "utilities/hints.h"
 
@@ -223,6 +224,7 @@ void frmCaddy::answerMenus()
         if (WriteRows() && startProgram(u"Chimer.exe"_s))
             Unload();
     });
+    d->sections.answer(u"Calculator"_s, [this] { ShowCalculator(this); });
     d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
 }
 

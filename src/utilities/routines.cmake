@@ -1,1 +1,1 @@
-list(APPEND VOREL_ROUTINES utilities/hints.cpp utilities/infopages.cpp)
+list(APPEND VOREL_ROUTINES utilities/calculator.cpp utilities/conversions.cpp utilities/hints.cpp utilities/infopages.cpp)

@@ -1,1 +1,1 @@
-list(APPEND VOREL_SCREENS utilities/frmInformation.cpp utilities/frmInformationFormat.cpp)
+list(APPEND VOREL_SCREENS utilities/frmCalculator.cpp utilities/frmInformation.cpp utilities/frmInformationFormat.cpp)

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QStringList>
+#include <optional>
+
+namespace vorel {
+
+// The units in the order of the list.
+const QStringList &conversionUnits();
+// The other units of the same kind, in the same order; none for a text that is no unit.
+QStringList unitsLike(const QString &unit);
+
+// The amount in the other unit, as a text in the pair's own format; the names' case does not count. Nothing for an
+// amount of 0 and for a pair that cannot be converted.
+std::optional<QString> ConvertUnits(double amount, const QString &from, const QString &to);
+
+}
