@@ -40,7 +40,7 @@ int main(int argc, char **argv)
     vorel::desktop::setNotifier(&notices);
     // Pages can be previewed and saved on any machine; the printer itself is asked for at the first page, which keeps the
     // start short.
-    vorel::printer::setHardware(vorel::printer::defaultHardware);
+    vorel::printer::setHardware(vorel::printer::desktopPrinter, vorel::printer::desktopPrinterNames);
     vorel::frmPreview::install();
     vorel::setPrinterProbe([] { return true; });
 

@@ -1,10 +1,12 @@
 #include "print/frmPreviewPages.h"
 
 #include "platform/controls/layout.h"
+#include "platform/basic/prompts.h"
 #include "platform/printer/printer.h"
 #include "print/player.h"
 #include "print/script.h"
 
+#include <QComboBox>
 #include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -63,12 +65,17 @@ frmPreviewPages::frmPreviewPages(QWidget *parent) : Form(u"frmPreviewPages"_s, p
     m_copies->setObjectName(u"spnCopies"_s);
     m_copies->setRange(1, 99);
     m_copies->setValue(printer::thePrinter().Copies);
+    m_printer = new QComboBox;
+    m_printer->setObjectName(u"cboPrinter"_s);
+    m_printer->addItems(printer::printerNames());
+    m_printer->setCurrentText(printer::thePrinter().DeviceName());
+    m_printer->setEnabled(m_printer->count() > 0);
     QAbstractButton *CMD_OK = controls::button(u"CMD_OK"_s, tr("&OK"), u"dialog-ok"_s);
     QAbstractButton *CDM_Cancel = controls::button(u"CDM_Cancel"_s, tr("&Cancel"), u"dialog-cancel"_s);
     auto *to = new QLabel(tr("&to"));
     to->setBuddy(TXT_To);
     QLayout *column = layout::Column({m_all, layout::Row({m_range, TXT_From, to, TXT_To, layout::Stretch{}}),
-                                      layout::Fields({{tr("Co&pies"), m_copies}}), layout::Space{}, layout::Stretch{},
+                                      layout::Fields({{tr("Co&pies"), m_copies}, {tr("P&rinter"), m_printer}}), layout::Space{}, layout::Stretch{},
                                       layout::Row({layout::Stretch{}, CMD_OK, CDM_Cancel})});
     layout::setMargins(column, 2 * layout::unit);
     setLayout(column);
@@ -113,6 +120,8 @@ void frmPreviewPages::CMD_OK_Click()
 {
     PlayerState &state = playerState();
     const auto pageOf = [](const QLineEdit *box) { return static_cast<int>(std::clamp(scanNumber(box->text()), 0.0, 32767.0)); };
+    if (m_printer->isEnabled() && !printer::choosePrinter(m_printer->currentText()))
+        basic::MsgBox(tr("The printer \"%1\" cannot be reached.").arg(m_printer->currentText()), {}, basic::Icon::Exclamation);
     printer::thePrinter().Copies = m_copies->value();
     state.FirstPrintPage = m_all->isChecked() ? 1 : pageOf(TXT_From);
     state.LastPrintPage = m_all->isChecked() ? state.TotalPages : pageOf(TXT_To);

@@ -2,6 +2,7 @@
 
 #include "platform/controls/form.h"
 
+class QComboBox;
 class QLineEdit;
 class QRadioButton;
 class QSpinBox;
@@ -28,6 +29,7 @@ private:
     QLineEdit *TXT_From = nullptr;
     QLineEdit *TXT_To = nullptr;
     QSpinBox *m_copies = nullptr;
+    QComboBox *m_printer = nullptr;
 };
 
 }

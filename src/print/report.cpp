@@ -23,6 +23,7 @@ void ReportStart(QString &fontName, double &fontSize, int &scaleMode, int &orien
 {
     ShowHourglass(true);
     AbandonScript();                    // of a report that failed half-way
+    printer::thePrinter().adoptPaper();
     SetPrintTarget(u"SCREEN"_s);
     if (fontName.isEmpty())
         fontName = u"Arial"_s;

@@ -199,7 +199,7 @@ TEST_F(PlayerTest, PrinterWithoutAPageIsTold)
         printer::Paper paper() const override { return {}; }
         std::unique_ptr<printer::Job> start(const printer::JobSettings &) override { return nullptr; }
     };
-    printer::setHardware([] { return std::make_shared<Broken>(); });
+    printer::setHardware([](const QString &) { return std::make_shared<Broken>(); });
     m_prompts.expect(u"There is an error communicating with the Printer"_s);
     EXPECT_FALSE(PrinterReady());
 }

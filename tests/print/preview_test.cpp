@@ -4,6 +4,7 @@
 #include "print/printfixture.h"
 
 #include <QAbstractButton>
+#include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
@@ -185,6 +186,19 @@ TEST_F(Preview, PagesDialogPrintsWhatItSets)
         }), QList<int>{4});
         ASSERT_EQ(m_jobs.documents.size(), 1u);
         EXPECT_EQ(m_jobs.documents[0]->copies, 3);
+        EXPECT_EQ(m_jobs.documents[0]->printer, u"Test printer"_s);
+        const double width = printer::thePrinter().ScaleWidth();
+        for (const QString &name : {u"Other printer"_s, u"Gone printer"_s}) {
+            if (name.startsWith(u"Gone"))
+                m_prompts.expect(u"The printer \"Gone printer\" cannot be reached."_s);
+            dialog([&](QWidget &pages) {
+                at<QComboBox>(pages, u"cboPrinter"_s).setCurrentText(name);
+                press(pages, u"CMD_OK"_s);
+            });
+            press(screen, u"cmdPrint"_s);
+            EXPECT_EQ(m_jobs.documents.back()->printer, u"Other printer"_s);
+        }
+        EXPECT_EQ(printer::thePrinter().ScaleWidth(), width);       // these pages were measured for the first one
     });
 }
 

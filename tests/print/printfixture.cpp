@@ -60,19 +60,24 @@ private:
 
 class FakeHardware : public printer::Hardware {
 public:
-    explicit FakeHardware(FakeJobs &jobs) : m_jobs(jobs) {}
-    QString name() const override { return u"Test printer"_s; }
-    printer::Paper paper() const override { return printer::withBorder({12240, 15840}); }
+    FakeHardware(FakeJobs &jobs, const QString &name) : m_jobs(jobs), m_name(name) {}
+    QString name() const override { return m_name; }
+    printer::Paper paper() const override
+    {
+        return m_name == u"Other printer" ? printer::withBorder({10000, 12000}) : printer::withBorder({12240, 15840});
+    }
     std::unique_ptr<printer::Job> start(const printer::JobSettings &settings) override
     {
         if (m_jobs.isGone)
             throw basic::Error(482, u"The printer cannot be reached."_s);
         m_jobs.documents.push_back(std::make_shared<FakeJobs::Document>());
+        m_jobs.documents.back()->printer = m_name;
         return std::make_unique<FakeJob>(settings, m_jobs.documents.back());
     }
 
 private:
     FakeJobs &m_jobs;
+    QString m_name;
 };
 
 }
@@ -137,7 +142,12 @@ PrintTest::PrintTest()
     scriptState() = ScriptState{};
     state().gProductTitle = u"Vorel Reminder"_s;
     DetectDateOrder();
-    printer::setHardware([this] { return std::make_shared<FakeHardware>(m_jobs); });
+    const auto find = [this](const QString &name) -> std::shared_ptr<printer::Hardware> {
+        if (name.startsWith(u"Gone"))
+            return nullptr;
+        return std::make_shared<FakeHardware>(m_jobs, name.isEmpty() ? u"Test printer"_s : name);
+    };
+    printer::setHardware(find, [] { return QStringList{u"Test printer"_s, u"Other printer"_s, u"Gone printer"_s}; });
     setPreviewMaker([] { return std::make_unique<FakePreview>(); });
 }
 

@@ -14,6 +14,7 @@ namespace vorel::test {
 // A printer that keeps what its jobs are given: a picture of each sheet, at 96 dots to the inch.
 struct FakeJobs {
     struct Document {
+        QString printer;
         int copies = 0;
         bool ended = false;
         std::vector<QImage> sheets;

@@ -24,10 +24,23 @@ public:
     }
 };
 
-std::function<std::shared_ptr<Hardware>()> &hardwareMaker()
+struct Machine {
+    HardwareFinder find;
+    std::function<QStringList()> names;
+};
+
+Machine &machine()
 {
-    static std::function<std::shared_ptr<Hardware>()> maker;
-    return maker;
+    static Machine one;
+    return one;
+}
+
+std::shared_ptr<Hardware> findHardware(const QString &name)
+{
+    std::shared_ptr<Hardware> found;
+    if (machine().find)
+        basic::IgnoreErrors([&] { found = machine().find(name); });
+    return found;
 }
 
 std::unique_ptr<Printer> &storedPrinter()
@@ -66,6 +79,18 @@ bool Printer::hasHardware() const
 QString Printer::DeviceName() const
 {
     return m_hardware->name();
+}
+
+void Printer::choose(std::shared_ptr<Hardware> hardware)
+{
+    m_hardware = std::move(hardware);
+    m_otherPaper = true;
+}
+
+void Printer::adoptPaper()
+{
+    if (std::exchange(m_otherPaper, false))
+        setPaper(m_hardware->paper());
 }
 
 QPainter *Printer::surface()
@@ -125,19 +150,31 @@ Printer::Redirection::~Redirection()
 Printer &thePrinter()
 {
     std::unique_ptr<Printer> &printer = storedPrinter();
-    if (!printer) {
-        std::shared_ptr<Hardware> hardware;
-        if (hardwareMaker())
-            basic::IgnoreErrors([&] { hardware = hardwareMaker()(); });
-        printer = std::make_unique<Printer>(std::move(hardware));
-    }
+    if (!printer)
+        printer = std::make_unique<Printer>(findHardware({}));
     return *printer;
 }
 
-void setHardware(std::function<std::shared_ptr<Hardware>()> hardware)
+void setHardware(HardwareFinder finder, std::function<QStringList()> names)
 {
-    hardwareMaker() = std::move(hardware);
+    machine() = {std::move(finder), std::move(names)};
     storedPrinter().reset();
+}
+
+QStringList printerNames()
+{
+    QStringList names;
+    if (machine().names)
+        basic::IgnoreErrors([&] { names = machine().names(); });
+    return names;
+}
+
+bool choosePrinter(const QString &name)
+{
+    std::shared_ptr<Hardware> found = findHardware(name);
+    if (found)
+        thePrinter().choose(std::move(found));
+    return found != nullptr || thePrinter().DeviceName() == name;
 }
 
 }

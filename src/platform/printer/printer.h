@@ -26,7 +26,7 @@ public:
 };
 using JobStarter = std::function<std::unique_ptr<Job>(const JobSettings &)>;
 
-// The machine's default printer.
+// One of the machine's printers.
 class Hardware {
 public:
     virtual ~Hardware() = default;
@@ -49,6 +49,9 @@ public:
 
     bool hasHardware() const;               // there is a printer to send a job to
     QString DeviceName() const;
+    // Jobs go to another printer from here on; pages that are measured already keep their paper until adoptPaper.
+    void choose(std::shared_ptr<Hardware> hardware);
+    void adoptPaper();
     void NewPage();                         // the sheet is fed when something is drawn on the next one, or left out at the end
     void EndDoc();
     void KillDoc();                         // the job is dropped
@@ -77,11 +80,16 @@ private:
     JobStarter m_starter;
     std::unique_ptr<Job> m_job;
     bool m_pageEnded = false;
+    bool m_otherPaper = false;
 };
 
 // The one printer of the program, made at its first use from the hardware that was set.
 Printer &thePrinter();
-// Asked once, at the first use. Empty: a machine without a printer. A change starts with a new printer.
-void setHardware(std::function<std::shared_ptr<Hardware>()> hardware);
+// What finds a printer by its name, or the default one for ""; asked at the first use. Empty: a machine without a printer.
+using HardwareFinder = std::function<std::shared_ptr<Hardware>(const QString &name)>;
+// names: of all printers. A change starts with a new printer.
+void setHardware(HardwareFinder finder, std::function<QStringList()> names = {});
+QStringList printerNames();
+bool choosePrinter(const QString &name);    // false: it is not there, and the one before stays
 
 }

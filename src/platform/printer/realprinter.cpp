@@ -93,18 +93,17 @@ private:
 
 }
 
-std::shared_ptr<Hardware> hardwareNamed(const QString &name)
+std::shared_ptr<Hardware> desktopPrinter(const QString &name)
 {
-    return QPrinterInfo::printerInfo(name).isNull() ? nullptr : std::make_shared<RealHardware>(name);
+    QString wanted = name.isEmpty() ? QPrinterInfo::defaultPrinterName() : name;
+    if (wanted.isEmpty())
+        wanted = desktopPrinterNames().value(0);
+    return QPrinterInfo::printerInfo(wanted).isNull() ? nullptr : std::make_shared<RealHardware>(wanted);
 }
 
-std::shared_ptr<Hardware> defaultHardware()
+QStringList desktopPrinterNames()
 {
-    const QString standard = QPrinterInfo::defaultPrinterName();
-    if (!standard.isEmpty())
-        return hardwareNamed(standard);
-    const QStringList names = QPrinterInfo::availablePrinterNames();
-    return names.isEmpty() ? nullptr : hardwareNamed(names.first());
+    return QPrinterInfo::availablePrinterNames();
 }
 
 }

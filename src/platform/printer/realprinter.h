@@ -4,9 +4,8 @@
 
 namespace vorel::printer {
 
-// The desktop's default printer; nullptr where there is none.
-std::shared_ptr<Hardware> defaultHardware();
-// A printer by its name; nullptr where there is none of that name.
-std::shared_ptr<Hardware> hardwareNamed(const QString &name);
+// A printer of the desktop by its name, the default one for ""; nullptr where there is none.
+std::shared_ptr<Hardware> desktopPrinter(const QString &name);
+QStringList desktopPrinterNames();
 
 }

@@ -1,0 +1,50 @@
+#include "app/caddyscreen.h"
+#include "frame/menus.h"
+#include "platform/printer/printer.h"
+#include "print/printfixture.h"
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+// The main screen's print menu and print key, over the preview without a window.
+class PrintMenu : public test::CaddyScreen {
+protected:
+    PrintMenu()
+    {
+        printer::setHardware({});
+        setPrinterProbe([] { return true; });
+        setPreviewMaker([] { return std::make_unique<test::FakePreview>(); });
+    }
+    ~PrintMenu() override
+    {
+        setPreviewMaker({});
+        setPrinterProbe({});
+        scriptState() = ScriptState{};
+    }
+};
+
+TEST_F(PrintMenu, EntryAndKeyPrintTheSectionOnShow)
+{
+    execute(u"INSERT INTO [TODO] ([TODO],[ACTIONED]) VALUES ('Paint',False)"_s);
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/22/2026#,'Gas',5)"_s);
+    execute(u"INSERT INTO [INVENTORY] ([ITEM]) VALUES ('Saw')"_s);
+    start();
+    QStringList captions;
+    test::FakePreview::whileOpen = [&](test::FakePreview &) { captions << scriptState().PreviewCaption; };
+    const struct { QString section, entry, caption; } cases[] = {
+        {u"To Do"_s, u"mnuPrintToDo"_s, u"TO DO'S as at 22/11/2026"_s},
+        {u"Bills"_s, u"mnuPrintBills"_s, u"BILLS - REPORT"_s},
+        {u"Inventory"_s, u"mnuPrintInventory"_s, u"INVENTORY as at 22/11/2026"_s}};
+    for (const auto &one : cases) {
+        screen().DisplayCategory(one.section);
+        captions.clear();
+        ASSERT_TRUE(menu(one.entry)->isEnabled()) << qPrintable(one.entry);
+        menu(one.entry)->trigger();
+        c().toolbarKeys.at(u"PRINT CURRENT CATEGORY"_s)->trigger();
+        EXPECT_EQ(captions, (QStringList{one.caption, one.caption}));
+    }
+    test::FakePreview::whileOpen = {};
+}
+
+}
