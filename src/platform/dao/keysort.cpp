@@ -144,7 +144,7 @@ void KeySort::sortRun(const Run &run)
     }
 }
 
-std::vector<qint64> KeySort::sorted()
+std::vector<qint64> KeySort::sorted(size_t most)
 {
     m_items.resize(m_rows.size());
     for (size_t i = 0; i < m_items.size(); ++i)
@@ -156,8 +156,11 @@ std::vector<qint64> KeySort::sorted()
         m_open.pop_back();
         sortRun(run);
     }
-    std::vector<qint64> keys(m_rows.size());
-    std::transform(m_items.begin(), m_items.end(), keys.begin(), [this](const Item &item) { return m_rows[item.row]; });
+    size_t end = std::min(most, m_items.size());
+    while (end > 0 && end < m_items.size() && place(m_items[end]) == place(m_items[end - 1]))
+        ++end;
+    std::vector<qint64> keys(end);
+    std::transform(m_items.begin(), m_items.begin() + static_cast<qptrdiff>(end), keys.begin(), [this](const Item &item) { return m_rows[item.row]; });
     return keys;
 }
 

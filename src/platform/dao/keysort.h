@@ -17,8 +17,8 @@ public:
     // The row at which the statement stands: its number, then its keys. False if the row has no such place (a whole number
     // beyond a Double's digits) or the rows are too many; the store has to sort them then.
     bool add(const Statement &row);
-    // The rows' numbers in order; equal ones as they came.
-    std::vector<qint64> sorted();
+    // The rows' numbers in order; equal ones as they came. Of the first `most` of them, with those level with the last.
+    std::vector<qint64> sorted(size_t most);
 
 private:
     struct Item {

@@ -131,6 +131,7 @@ private:
     void readAll();
     void load(RowWindow &window, qsizetype row) const;
     void loadRange(RowWindow &window, qsizetype count) const;
+    void loadRow(RowWindow &window, qint64 key) const;
     void loadSingly(RowWindow &window, qsizetype count) const;
     bool dense(qsizetype first, qsizetype count) const;
     void ensure(RowWindow &window, qsizetype row) const;
@@ -145,6 +146,7 @@ private:
     std::vector<qint64> matches(QStringView criteria) const;
 
     mutable Statement m_rangeStatement;
+    mutable Statement m_wantedRangeStatement;
     mutable Statement m_rowStatement;
     Statement m_insert;
     std::vector<int> m_insertColumns;

@@ -122,6 +122,7 @@ void RecordsetPrivate::describe()
     m_insert = Statement();
     m_before = Statement();
     m_rangeStatement = Statement();
+    m_wantedRangeStatement = Statement();
     m_rowStatement = Statement();
     m_places = KeyPlaces();
     m_fieldNames.fill({});
@@ -140,7 +141,7 @@ bool RecordsetPrivate::sortKeys()
         if (!order.add(statement))
             return false;
     }
-    keys = order.sorted();
+    keys = order.sorted(static_cast<size_t>(translation->top));     // -1 is beyond all
     return true;
 }
 
@@ -188,44 +189,56 @@ bool RecordsetPrivate::dense(qsizetype first, qsizetype count) const
 // Both the wanted keys and the stored rows ascend: one pass pairs them.
 void RecordsetPrivate::loadRange(RowWindow &window, qsizetype count) const
 {
-    if (!m_rangeStatement)
-        m_rangeStatement = Statement(connection().handle(), translation->rangeSql);
-    const ResetGuard reset(m_rangeStatement);
     const auto wanted = keys.begin() + window.first;
-    m_rangeStatement.bind(1, *wanted);
-    m_rangeStatement.bind(2, *(wanted + count - 1));
+    const qint64 low = *wanted;
+    const qint64 high = *(wanted + count - 1);
+    // Where many rows between are not wanted, the store passes over them by the query's own conditions.
+    const bool sparse = !translation->wantedRangeSql.isEmpty() && high - low > count + count / 8;
+    Statement &statement = sparse ? m_wantedRangeStatement : m_rangeStatement;
+    if (!statement)
+        statement = Statement(connection().handle(), sparse ? translation->wantedRangeSql : translation->rangeSql);
+    const ResetGuard reset(statement);
+    statement.bind(1, low);
+    statement.bind(2, high);
     qsizetype next = 0;
-    while (next < count && window.cells.bytes() < windowBytes && m_rangeStatement.step()) {
-        const qint64 key = m_rangeStatement.integer(0);
-        while (next < count && *(wanted + next) < key) {
+    const auto notThere = [&] {
+        // It may be there and fit the conditions no more.
+        if (sparse)
+            loadRow(window, *(wanted + next));
+        else
             window.cells.appendMissing();
-            ++next;
-        }
+        ++next;
+    };
+    while (next < count && window.cells.bytes() < windowBytes && statement.step()) {
+        const qint64 key = statement.integer(0);
+        while (next < count && *(wanted + next) < key)
+            notThere();
         if (next < count && *(wanted + next) == key) {
-            window.cells.appendRow(m_rangeStatement.get(), 1);
+            window.cells.appendRow(statement.get(), 1);
             ++next;
         }
     }
-    if (window.cells.bytes() >= windowBytes)
-        return;
-    for (; next < count; ++next)
+    while (next < count && window.cells.bytes() < windowBytes)
+        notThere();
+}
+
+void RecordsetPrivate::loadRow(RowWindow &window, qint64 key) const
+{
+    if (!m_rowStatement)
+        m_rowStatement = Statement(connection().handle(), translation->rowSql);
+    const ResetGuard reset(m_rowStatement);
+    m_rowStatement.bind(1, key);
+    if (m_rowStatement.step())
+        window.cells.appendRow(m_rowStatement.get(), 0);
+    else
         window.cells.appendMissing();
 }
 
 void RecordsetPrivate::loadSingly(RowWindow &window, qsizetype count) const
 {
-    if (!m_rowStatement)
-        m_rowStatement = Statement(connection().handle(), translation->rowSql);
     const ReadGroup group(connection().handle());
-    const ResetGuard reset(m_rowStatement);
-    for (qsizetype i = 0; i < count && window.cells.bytes() < windowBytes; ++i) {
-        m_rowStatement.bind(1, keys[static_cast<size_t>(window.first + i)]);
-        if (m_rowStatement.step())
-            window.cells.appendRow(m_rowStatement.get(), 0);
-        else
-            window.cells.appendMissing();
-        m_rowStatement.reset();
-    }
+    for (qsizetype i = 0; i < count && window.cells.bytes() < windowBytes; ++i)
+        loadRow(window, keys[static_cast<size_t>(window.first + i)]);
 }
 
 void RecordsetPrivate::load(RowWindow &window, qsizetype row) const

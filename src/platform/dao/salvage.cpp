@@ -191,7 +191,7 @@ private:
     {
         if (row.cells.size() != 5)
             return false;
-        for (const size_t text : { 0, 1, 2, 4 }) {
+        for (const size_t text : { 0U, 1U, 2U, 4U }) {
             if (row.cells[text].kind != Cell::Kind::Text)
                 return false;
         }

@@ -304,6 +304,51 @@ TEST_F(Recordsets, ManyRowsInTheOrderOfTheirTexts)
     }
 }
 
+// The first rows, with those that stand level with the last of them.
+TEST_F(Recordsets, TopTakesTiesAlong)
+{
+    m_file.Execute(u"DELETE FROM SAMPLE"_s);
+    addRows(m_file, { u"b"_s, u"a"_s, u"B "_s, u"c"_s, u"b"_s, u"a"_s, u"d"_s, u"d"_s });     // LARGE counts from 1
+    struct Case {
+        const char *query;
+        QList<int> rows;
+    };
+    for (const auto &[query, wanted] : { Case { "SELECT TOP 3 LARGE FROM SAMPLE ORDER BY NAME", { 2, 6, 1, 3, 5 } },
+                                         Case { "SELECT TOP 2 LARGE FROM SAMPLE ORDER BY NAME, LARGE DESC", { 6, 2 } },
+                                         Case { "SELECT TOP 1 LARGE FROM SAMPLE WHERE LARGE<8 ORDER BY NAME DESC", { 7 } },
+                                         Case { "SELECT TOP 3 LARGE FROM SAMPLE ORDER BY LARGE", { 1, 2, 3 } },
+                                         Case { "SELECT TOP 20 LARGE FROM SAMPLE WHERE NAME='b' ORDER BY NAME", { 1, 3, 5 } },
+                                         Case { "SELECT TOP 3 LARGE FROM SAMPLE", { 1, 2, 3 } } }) {
+        Recordset rows = m_file.OpenRecordset(QString::fromLatin1(query));
+        QList<int> found;
+        for (qsizetype row = 0; row < rows.rowTotal(); ++row)
+            found.append(rows.cell(row, 0).get<int>());
+        EXPECT_EQ(found, wanted) << query;
+        rows.FindFirst(u"LARGE=4");
+        EXPECT_EQ(rows.NoMatch(), !wanted.contains(4)) << query;
+    }
+}
+
+// Every second row wanted, one of them changed meanwhile so that it would be no more, one gone.
+TEST_F(Recordsets, ARowStaysWhereItsConditionsEnd)
+{
+    m_file.Execute(u"DELETE FROM SAMPLE"_s);
+    QStringList names;
+    for (int i = 1; i <= 400; ++i)
+        names.append(i % 2 ? u"odd"_s : u"even"_s);
+    addRows(m_file, names);
+    Recordset rows = m_file.OpenRecordset(u"SELECT NAME,LARGE FROM SAMPLE WHERE NAME='odd'"_s);
+    m_file.Execute(u"UPDATE SAMPLE SET NAME='changed' WHERE LARGE=101"_s);
+    m_file.Execute(u"DELETE FROM SAMPLE WHERE LARGE=103 OR LARGE=399"_s);
+    ASSERT_EQ(rows.rowTotal(), 200);
+    for (qsizetype row = 0; row < 200; ++row) {
+        const int large = static_cast<int>(row) * 2 + 1;
+        const bool gone = large == 103 || large == 399;
+        EXPECT_EQ(rows.cell(row, 1), gone ? Value() : Value(large));
+        EXPECT_EQ(rows.cell(row, 0), gone ? Value() : large == 101 ? Value(u"changed"_s) : Value(u"odd"_s));
+    }
+}
+
 TEST_F(Recordsets, SortAndFilterActOnTheNextRecordset)
 {
     addRows(m_file, { u"b"_s, u"c"_s, u"a"_s });

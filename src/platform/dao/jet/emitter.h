@@ -20,7 +20,7 @@ public:
     void select(const Select &select);
     // SELECT <head> FROM <the select's> WHERE ... ORDER BY ... LIMIT, without the select's own columns.
     void keys(const Select &select, const char *head);
-    // The same in no order, each with what orders it. False if no text does or not all rows are asked for.
+    // The same in no order, each with what orders it. False if the store does it as well.
     bool unsortedKeys(const Select &select, const char *head, std::vector<Translation::SortKey> &sortKeys);
     void items(const Select &select);
     void fromClause(const Select &select);

@@ -87,7 +87,7 @@ bool Emitter::unsortedKeys(const Select &select, const char *head, std::vector<T
         m_out += " WHERE ";
         condition(*select.where);
     }
-    return texts && select.top < 0;
+    return texts || (select.top >= 0 && !sortKeys.empty());
 }
 
 void Emitter::items(const Select &select)

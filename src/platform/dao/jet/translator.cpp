@@ -120,12 +120,19 @@ void emitSelect(const Select &select, Translation &result)
     Emitter sorted;
     if (sorted.unsortedKeys(select, key, result.sortKeys))
         result.sortSql = sorted.take();
+    result.top = select.top;
     Emitter columns;
     columns.items(select);
     columns.fromClause(select);
     const QByteArray body = columns.take();
     result.rowSql = "SELECT " + body + " WHERE " + key + "=?1";
     result.rangeSql = QByteArray("SELECT ") + key + ',' + body + " WHERE " + key + " BETWEEN ?1 AND ?2 ORDER BY " + key;
+    if (!select.where)
+        return;
+    Emitter wanted;
+    wanted.condition(*select.where);
+    result.wantedRangeSql = QByteArray("SELECT ") + key + ',' + body + " NOT INDEXED WHERE " + key + " BETWEEN ?1 AND ?2 AND "
+        + wanted.take() + " ORDER BY " + key;
 }
 
 void emitInsert(const Statement &statement, Emitter &out)
@@ -232,21 +239,11 @@ QByteArray translateCriteria(QStringView query, QStringView criteria, const Sche
     criteriaBinder.bindCriteria(*expr, select);
     const char *key = rowKey(*select.sources[0]->design);
     Emitter out;
-    if (select.top < 0) {
-        select.where = both(std::move(select.where), std::move(expr));
-        select.orderBy.clear();
-        out.keys(select, key);
-        return out.take();
-    }
-    out.raw("SELECT ");
-    out.raw(key);
-    out.fromClause(select);
-    out.raw(" WHERE ");
-    out.raw(key);
-    out.raw(" IN (");
+    // Of a query with TOP these are more; the caller looks for them among its rows.
+    select.where = both(std::move(select.where), std::move(expr));
+    select.orderBy.clear();
+    select.top = -1;
     out.keys(select, key);
-    out.raw(") AND ");
-    out.condition(*expr);
     return out.take();
 }
 

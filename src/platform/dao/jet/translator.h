@@ -58,16 +58,20 @@ struct Translation {
     bool keyed = false;
     QString keyTable;                   // design spelling
     QByteArray keySql;                  // SELECT rowid FROM ... WHERE ... ORDER BY ... (and LIMIT for TOP)
-    // The same rows where a text orders them, which is done sooner outside of the store: "" or SELECT rowid, <the keys of
-    // the order> FROM ... WHERE ...
+    // The same rows where a text orders them, which is done sooner outside of the store, or where TOP takes the first of
+    // them, which are more than asked for if others stand level with the last: "" or SELECT rowid, <the keys of the order>
+    // FROM ... WHERE ...
     QByteArray sortSql;
     struct SortKey {
         bool text = false;              // compares by the collation JET, else as the store itself compares
         bool descending = false;
     };
     std::vector<SortKey> sortKeys;
+    qint64 top = -1;                    // of those, -1 for all
     QByteArray rowSql;                  // SELECT <columns> FROM keyTable WHERE rowid = ?1
     QByteArray rangeSql;                // SELECT rowid, <columns> FROM keyTable WHERE rowid BETWEEN ?1 AND ?2 ORDER BY rowid
+    // rangeSql, with the query's own conditions: passes over the rows between that were never wanted. "" without any.
+    QByteArray wantedRangeSql;
     // Data definition is carried out by the caller; sql is empty and keyTable names the table.
     TableDesign created;                // CreateTable: the design asked for; AlterTable: the columns to add
     QStringList dropped;                // AlterTable: the columns to drop
@@ -85,7 +89,8 @@ struct Refinement {
 };
 Translation translate(QStringView text, const Schema &schema, const Refinement &refinement);
 
-// FindFirst's criteria over the rows of a keyed query: a statement that gives the row ids which match (in no order).
+// FindFirst's criteria over the rows of a keyed query: a statement that gives the row ids which match (in no order), among
+// them those that the query's TOP leaves out.
 // Errors are 3077 (syntax) and 3070 (unknown name). Names are the output names of the query.
 QByteArray translateCriteria(QStringView query, QStringView criteria, const Schema &schema);
 

@@ -195,7 +195,7 @@ TEST_F(Statements, Criteria)
     const Case cases[] = {
         {"SELECT * FROM Item WHERE Sold=True ORDER BY Name", "ID = 2", "2"}, {"Item", "[Name] = 'TEA'", "1,2"},
         {"Item", "Made = #2/1/2024#", "4"}, {"SELECT ID AS Key, Cost*2 AS Twice FROM Item", "Twice = 0.2 AND Key<>1", "2"},
-        {"SELECT TOP 2 * FROM Item ORDER BY ID DESC", "Cost>0", "3"}, {"SELECT * FROM Item", "[Item].[ID]=3 OR ID = 4", "3,4"},
+        {"SELECT TOP 2 * FROM Item ORDER BY ID DESC", "Cost>0", "1,2,3"}, {"SELECT * FROM Item", "[Item].[ID]=3 OR ID = 4", "3,4"},
         {"Item", "ID=9", ""}};
     for (const Case &c : cases) {
         QStringList keys;
