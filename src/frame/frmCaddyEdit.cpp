@@ -231,7 +231,7 @@ void CaddyEdit::showDetails()
     const std::vector<controls::GridColumn> &columns = grid->columns();
     for (std::size_t i = 0; i < columns.size() && row >= 0 && row < grid->rows(); ++i) {
         const QString text = grid->CellText(static_cast<int>(i), row).trimmed();
-        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0) {
+        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0 && state().gSection != u"F"_s) {
             file = text;
         } else if (columns[i].visible && columns[i].style == controls::GridColumn::Style::Text && !text.isEmpty()) {
             labels << columns[i].caption;

@@ -188,6 +188,7 @@ void CaddySections::showGrid(const Section &section)
     showSubjectColumns(section);
     m_c.SUBJECTGRID->show();
     m_c.panEditS->show();
+    m_c.showAction(u"mnuTasksToOutlook"_s, section.code == u"G"_s && m_sizes.outlookFunctions);
     m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().gNetwork);
     allowPrinting(section);
     RefreshData();

@@ -95,7 +95,6 @@ void loadSizes(GridLayout &layout)
         }
         layout.put(row.rowHeightKey, GetIniValue(iniSettings, row.rowHeightKey, QString::number(defaultRowHeight)));
     }
-    layout.subjectListRowHeight = layout.rowHeight(u"EVENTS"_s);
 }
 
 void saveSizes(const GridLayout &layout)

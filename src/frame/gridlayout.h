@@ -48,7 +48,6 @@ public:
     quint32 screenFontColour = 0;       // an index, see cboScreenFontColor
     QString setupPicture;               // "" or a file that exists
     bool outlookFunctions = false;
-    std::int16_t subjectListRowHeight = defaultRowHeight;   // of the events' drop-down; it follows the events' key
 
 private:
     struct Sizes {

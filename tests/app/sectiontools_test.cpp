@@ -130,18 +130,6 @@ TEST_F(SectionTools, AccountsGiveWayToTheSectionBefore)
     EXPECT_TRUE(m_prompts.isDone());
 }
 
-TEST_F(SectionTools, EmptyContactsTellHowToBringThemOver)
-{
-    start();
-    m_prompts.expect(u" PLEASE NOTE:"_s);
-    click(u"cmdCat(8)"_s);
-    ASSERT_EQ(m_prompts.shown().size(), 1u);
-    EXPECT_EQ(m_prompts.shown()[0].title, u"Vorel Reminder 1 - Missing Contacts"_s);
-    const QString note = m_prompts.shown()[0].text;
-    EXPECT_EQ(note.count(u'\n'), 5);
-    EXPECT_TRUE(note.startsWith(u" PLEASE NOTE:"_s) && note.contains(u"Contact Conversion Utility"_s));
-}
-
 TEST_F(SectionTools, TipsOfButtonsGiveWayToTheRow)
 {
     execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('Axe')"_s);
@@ -184,7 +172,7 @@ TEST_F(SectionTools, RowsAndHeadsTellAboutThemselves)
     EXPECT_TRUE(tipAt(days->viewport(), cell(days)).endsWith(u"\n SUBJECT: GENERAL\n EVENT: Fair"_s));
     QWidget *head = days->horizontalHeader()->viewport();
     const auto over = [&](int column) { return QPoint(days->columnViewportPosition(column) + 10, head->height() - 6); };
-    EXPECT_EQ(tipAt(head, over(dateColumn)), u" Click the DATE Heading to display the Events in either Day or Date Order"_s);
+    EXPECT_EQ(tipAt(head, over(dateColumn)), u" Click the DATE Heading to display the Events in either Day or Date Order "_s);
     EXPECT_EQ(tipAt(head, over(4)), u" Double Click Here for All Display "_s);
 }
 

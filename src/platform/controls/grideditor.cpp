@@ -16,13 +16,17 @@ QLineEdit *lineOf(QWidget *editor)
     return combo ? combo->lineEdit() : qobject_cast<QLineEdit *>(editor);
 }
 
-QComboBox *listBox(QWidget *parent, const CellEdit &edit)
+// The choices stand in rows as high as the grid's.
+QComboBox *listBox(QWidget *parent, const CellEdit &edit, int rowHeight)
 {
     auto *combo = new QComboBox(parent);
     combo->setObjectName(edit.listName);
     combo->setEditable(true);
     combo->setInsertPolicy(QComboBox::NoInsert);
     basic::Trap([&] { combo->addItems(edit.list()); });
+    const int height = std::max(rowHeight, combo->fontMetrics().height() + 2);
+    for (int i = 0; i < combo->count(); ++i)
+        combo->setItemData(i, QSize(0, height), Qt::SizeHintRole);
     return combo;
 }
 
@@ -40,13 +44,13 @@ void GridDelegate::openList() const
         combo->showPopup();
 }
 
-QWidget *GridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &, const QModelIndex &index) const
+QWidget *GridDelegate::createEditor(QWidget *parent, const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const CellEdit *edit = m_model.edit(index.column());
     if (!edit)
         return nullptr;
     const GridColumn &column = m_model.columns()[static_cast<std::size_t>(index.column())];
-    m_editor = edit->list ? static_cast<QWidget *>(listBox(parent, *edit)) : new QLineEdit(parent);
+    m_editor = edit->list ? static_cast<QWidget *>(listBox(parent, *edit, option.rect.height())) : new QLineEdit(parent);
     if (m_editor->objectName().isEmpty())
         m_editor->setObjectName(QStringLiteral("txtCell"));
     QLineEdit *line = lineOf(m_editor);
