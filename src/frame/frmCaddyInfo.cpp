@@ -41,7 +41,7 @@ QSize InfoPanel::minimumSizeHint() const
 
 int InfoPanel::overhang() const
 {
-    return fontMetrics().horizontalAdvance(text()) - contentsRect().width() + 2 * margin();
+    return fontMetrics().horizontalAdvance(text()) - contentsRect().width() + 2 * unit;
 }
 
 // Rolls only where somebody can see it.
@@ -94,7 +94,7 @@ void InfoPanel::paintEvent(QPaintEvent *)
 {
     roll();
     QPainter painter(this);
-    const QRect room = contentsRect().adjusted(margin(), 0, -margin(), 0);
+    const QRect room = contentsRect().adjusted(unit, 0, -unit, 0);
     painter.setPen(palette().color(foregroundRole()));
     if (m_timer.isActive() || m_offset > 0) {
         const int width = fontMetrics().horizontalAdvance(text());
@@ -109,6 +109,18 @@ void InfoPanel::paintEvent(QPaintEvent *)
     painter.setPen(m_warning ? QPen(QColor(0xd0, 0x28, 0x20), 2) : QPen(palette().color(QPalette::Mid), 1));
     painter.setBrush(Qt::NoBrush);
     painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
+}
+
+void SignalButton::paintEvent(QPaintEvent *)
+{
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    const QColor ground = palette().color(QPalette::Button), words = palette().color(QPalette::ButtonText);
+    painter.setBrush(isDown() ? ground.darker(115) : ground);
+    painter.setPen(QPen(hasFocus() ? words : ground.darker(140), hasFocus() ? 2 : 1));
+    painter.drawRoundedRect(QRectF(rect()).adjusted(1, 1, -1, -1), 3, 3);
+    painter.setPen(words);
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextShowMnemonic, text());
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include <QBasicTimer>
 #include <QLabel>
+#include <QPushButton>
 
 namespace vorel {
 
@@ -31,6 +32,16 @@ private:
     QString m_shown;
     int m_offset = 0;
     bool m_warning = false;
+};
+
+// A signal in the strip, in exactly the colours of its palette: a style's shading would wash a warning out.
+class SignalButton : public QPushButton {
+    Q_OBJECT
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void paintEvent(QPaintEvent *event) override;
 };
 
 }

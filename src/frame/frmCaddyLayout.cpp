@@ -287,8 +287,11 @@ void orderTabs(const CaddyControls &c)
 
 QAbstractButton *signal(const QString &name, const QString &spokenName)
 {
-    QAbstractButton *made = controls::button(name, {}, {}, spokenName);
-    made->setText({});
+    auto *made = new SignalButton;
+    made->setObjectName(name);
+    made->setAutoDefault(false);
+    made->setToolTip(spokenName);
+    made->setAccessibleName(spokenName);
     made->hide();
     return made;
 }
