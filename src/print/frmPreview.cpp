@@ -102,7 +102,7 @@ void frmPreview::buildStrip()
         {"go-first", tr("First page")}, {"go-previous", tr("Previous page")}, {"go-next", tr("Next page")}, {"go-last", tr("Last page")}};
     for (int index = 0; index < 4; ++index) {
         CMD_Move.push_back(button(u"CMD_Move(%1)"_s.arg(index), {}, QString::fromLatin1(moves[index].icon), moves[index].tip));
-        controls::on(CMD_Move.back(), &QAbstractButton::clicked, this, [this, index] { move(index); });
+        controls::on(CMD_Move.back(), &QAbstractButton::clicked, this, [this, index] { turnTo(index); });
     }
     QAbstractButton *cmdZoomOut = button(u"cmdZoomOut"_s, {}, u"zoom-out"_s, tr("Smaller"));
     QAbstractButton *cmdFit = button(u"cmdFit"_s, {}, u"zoom-fit-page"_s, tr("The whole page"));
@@ -128,9 +128,9 @@ void frmPreview::buildStrip()
     controls::on(cmdEmail, &QAbstractButton::clicked, this, [this] { cmdEmail_Click(); });
     controls::on(cmdPdf, &QAbstractButton::clicked, this, [] { SavePdf(); });
     controls::on(cmdExit, &QAbstractButton::clicked, this, [this] { Close(); });
-    controls::on(cmdZoomOut, &QAbstractButton::clicked, this, [this] { ZoomPreview(Zoom / zoomStep); });
+    controls::on(cmdZoomOut, &QAbstractButton::clicked, this, [this] { zoomTo(Zoom / zoomStep); });
     controls::on(cmdFit, &QAbstractButton::clicked, this, [this] { fitPage(); });
-    controls::on(cmdZoomIn, &QAbstractButton::clicked, this, [this] { ZoomPreview(Zoom * zoomStep); });
+    controls::on(cmdZoomIn, &QAbstractButton::clicked, this, [this] { zoomTo(Zoom * zoomStep); });
     controls::on(txtPage, &QLineEdit::textChanged, this, [](const QString &text) { MovePage(4, text); });
 }
 
@@ -141,14 +141,14 @@ void frmPreview::addKeys()
     };
     on(Qt::CTRL | Qt::Key_P, [] { PrintPages(); });
     on(Qt::CTRL | Qt::Key_S, [] { SavePdf(); });
-    on(Qt::CTRL | Qt::Key_Home, [this] { move(0); });
-    on(Qt::CTRL | Qt::Key_PageUp, [this] { move(1); });
-    on(Qt::CTRL | Qt::Key_PageDown, [this] { move(2); });
-    on(Qt::CTRL | Qt::Key_End, [this] { move(3); });
-    on(Qt::CTRL | Qt::Key_Plus, [this] { ZoomPreview(Zoom * zoomStep); });
-    on(Qt::CTRL | Qt::Key_Equal, [this] { ZoomPreview(Zoom * zoomStep); });
-    on(Qt::CTRL | Qt::Key_Minus, [this] { ZoomPreview(Zoom / zoomStep); });
-    on(Qt::CTRL | Qt::Key_0, [] { ZoomPreview(1); });
+    on(Qt::CTRL | Qt::Key_Home, [this] { turnTo(0); });
+    on(Qt::CTRL | Qt::Key_PageUp, [this] { turnTo(1); });
+    on(Qt::CTRL | Qt::Key_PageDown, [this] { turnTo(2); });
+    on(Qt::CTRL | Qt::Key_End, [this] { turnTo(3); });
+    on(Qt::CTRL | Qt::Key_Plus, [this] { zoomTo(Zoom * zoomStep); });
+    on(Qt::CTRL | Qt::Key_Equal, [this] { zoomTo(Zoom * zoomStep); });
+    on(Qt::CTRL | Qt::Key_Minus, [this] { zoomTo(Zoom / zoomStep); });
+    on(Qt::CTRL | Qt::Key_0, [this] { zoomTo(1); });
     for (QWidget *control : findChildren<QWidget *>())
         control->installEventFilter(this);
 }
@@ -251,19 +251,34 @@ void frmPreview::resizeEvent(QResizeEvent *event)
 {
     Form::resizeEvent(event);
     if (isVisible() && playerState().TotalPages > 0)
-        basic::Trap([this] { ZoomPreview(Zoom); });
+        basic::Trap([this] { zoomTo(Zoom); });
 }
 
-void frmPreview::move(int index)
+void frmPreview::turnTo(int index)
 {
     setFocus();                     // a number half typed is given up
     MovePage(index);
 }
 
+void frmPreview::zoomTo(double zoom)
+{
+    const auto middle = [](const QScrollBar *bar) { return bar->value() + bar->pageStep() / 2.0; };
+    const double across = middle(HScroll1) / m_page->width(), down = middle(VScroll1) / m_page->height();
+    const bool isAtTop = VScroll1->value() == 0, isAtLeft = HScroll1->value() == 0;
+    ZoomPreview(zoom);
+    const auto bring = [](QScrollBar *bar, double place, int length) {
+        bar->setValue(static_cast<int>(place * length - bar->pageStep() / 2.0));
+    };
+    if (!isAtLeft)
+        bring(HScroll1, across, m_page->width());
+    if (!isAtTop)
+        bring(VScroll1, down, m_page->height());
+}
+
 void frmPreview::fitPage()
 {
     const double across = 1.0 * Frame->width() / m_page->width(), down = 1.0 * Frame->height() / m_page->height();
-    ZoomPreview(Zoom * std::min(across, down) * 0.98);
+    zoomTo(Zoom * std::min(across, down) * 0.98);
 }
 
 void frmPreview::cmdSetup_Click()
@@ -287,7 +302,7 @@ bool frmPreview::turnAtEnd(int direction)
     const int target = playerState().CurrentPage + direction;
     if (!isAtEnd || target < 0 || target >= playerState().TotalPages)
         return false;
-    move(direction > 0 ? 2 : 1);
+    turnTo(direction > 0 ? 2 : 1);
     if (direction < 0)
         VScroll1->setValue(VScroll1->maximum());
     return true;
@@ -338,7 +353,7 @@ void frmPreview::wheelEvent(QWheelEvent *event)
     event->accept();
     basic::Trap([&] {
         if (event->modifiers() & Qt::ControlModifier) {
-            ZoomPreview(steps > 0 ? Zoom * zoomStep : Zoom / zoomStep);
+            zoomTo(steps > 0 ? Zoom * zoomStep : Zoom / zoomStep);
             return;
         }
         if (steps == 0 || event->modifiers() & Qt::ShiftModifier) {

@@ -40,7 +40,8 @@ protected:
 private:
     void buildStrip();
     void addKeys();
-    void move(int index);
+    void turnTo(int index);
+    void zoomTo(double zoom);           // the middle of what is shown stays in the middle
     void fitPage();
     void cmdSetup_Click();
     void cmdEmail_Click();

@@ -70,6 +70,7 @@ frmPreviewPages::frmPreviewPages(QWidget *parent) : Form(u"frmPreviewPages"_s, p
     m_printer->addItems(printer::printerNames());
     m_printer->setCurrentText(printer::thePrinter().DeviceName());
     m_printer->setEnabled(m_printer->count() > 0);
+    m_printer->setPlaceholderText(tr("No printer"));
     QAbstractButton *CMD_OK = controls::button(u"CMD_OK"_s, tr("&OK"), u"dialog-ok"_s);
     QAbstractButton *CDM_Cancel = controls::button(u"CDM_Cancel"_s, tr("&Cancel"), u"dialog-cancel"_s);
     auto *to = new QLabel(tr("&to"));

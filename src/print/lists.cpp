@@ -211,7 +211,7 @@ ListReport remindersReport(const QString &section)
         report.query = state().gSqlBills;
         ListColumn bill = wrapped(u"BILL"_s, u"BILL"_s, 15, 60);
         bill.roomPercent = 68;
-        report.columns = {date, bill, rightAligned(u"AMOUNT"_s, fieldFormat(u"AMOUNT"_s, u"currency"_s), 86),
+        report.columns = {date, bill, rightAligned(u"AMOUNT"_s, fieldFormat(u"AMOUNT"_s, u"currency"_s), 88),
                           {.heading = u"PAID"_s, .cell = yesWhenSet(u"PAID"_s), .percent = 90}};
         report.total = fieldSum(u"AMOUNT"_s);
         report.totalColumn = 2;

@@ -242,7 +242,7 @@ void ZoomPreview(double zoom)
 {
     if (!preview())
         return;
-    preview()->Zoom = std::clamp(zoom, 0.2, 5.0);
+    preview()->Zoom = std::clamp(zoom, 0.2, 2.5);
     sizePreviewPage();
     PlayScript(u"SCREEN"_s);
 }

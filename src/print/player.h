@@ -40,7 +40,7 @@ public:
 void setPreviewMaker(std::function<std::unique_ptr<PreviewScreen>()> maker);
 PreviewScreen *preview();               // the one that is open, or nullptr
 
-// True if printing can start. Without a printer false; one that has no page also tells so in a message.
+// True if pages can be composed, which they can without a printer too. A printer without a page is told in a message.
 bool PrinterReady();
 void RunPrintScript(const QString &name, const std::vector<QString> &table, const QString &target);
 // Failures: 9 for a [n] outside the table, 53 and 481 for a picture, 482 for the printer, 75 for a file.

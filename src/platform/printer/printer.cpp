@@ -98,6 +98,8 @@ QPainter *Printer::surface()
     if (!m_job) {
         const JobSettings settings{documentTitle, paper(), Orientation(), std::max(1, Copies)};
         m_job = m_starter ? m_starter(settings) : m_hardware->start(settings);
+        if (!m_job)
+            throw basic::BasicError(printerError);
         drawOn(m_job->painter(), m_job->pixelsPerTwip());
     }
     if (m_pageEnded)
