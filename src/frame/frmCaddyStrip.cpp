@@ -1,7 +1,7 @@
 #include "frame/frmCaddyStrip.h"
 
 #include "frame/frmCaddyInfo.h"
-#include "platform/basic/error.h"
+#include "utilities/hints.h"
 
 #include <QAbstractButton>
 
@@ -10,12 +10,6 @@ namespace vorel {
 using namespace Qt::StringLiterals;
 
 namespace {
-
-std::function<QString()> &hintSource()
-{
-    static std::function<QString()> source;
-    return source;
-}
 
 void colour(QAbstractButton *panel, const QColor &ground)
 {
@@ -27,17 +21,9 @@ void colour(QAbstractButton *panel, const QColor &ground)
 
 }
 
-void CaddyStrip::setHintSource(std::function<QString()> source)
-{
-    hintSource() = std::move(source);
-}
-
 void CaddyStrip::ScrollMessages()
 {
-    QString hint;
-    if (state().gTips && hintSource())
-        basic::IgnoreErrors([&hint] { hint = hintSource()(); });
-    m_c.panInfo->setText(infoLine(hint));
+    m_c.panInfo->setText(infoLine(state().gTips ? NextHint() : QString()));
 }
 
 void CaddyStrip::CheckForMessages()

@@ -4,8 +4,6 @@
 #include "frame/mainscreen.h"
 #include "reminders/messages.h"
 
-#include <functional>
-
 namespace vorel {
 
 // The strip below: the hints, the messages that wait, the backups that are due, and the Messages menu.
@@ -17,8 +15,6 @@ public:
     void CheckForMessages();
     void CheckForBackupFiles();
     void showMessages(MessageView view);            // the grid of messages: those sent, those received, or all
-    // Where the hints come from; without one the panel shows the version alone.
-    static void setHintSource(std::function<QString()> source);
 
 private:
     CaddyControls &m_c;

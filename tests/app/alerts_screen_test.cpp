@@ -146,10 +146,9 @@ TEST_F(AlertScreen, SignalsOfMessagesAndBackups)
     execute(u"INSERT INTO [MESSAGES] ([TO],[FROM],[MESSAGE],[Read]) VALUES ('Sam','Pat','Done',False)"_s);
     execute(u"INSERT INTO [FILEBACKUP] ([FILEDATE],[LASTBACKUPDATE],[BACKUPAFTERDAYS]) VALUES (#11/01/2026#,#10/01/2026#,7)"_s);
     set(u"UserName"_s, u"Pat"_s);
-    CaddyStrip::setHintSource([] { return u"Press F3"_s; });
+    m_folder.write(u"hints.txt"_s, "Press F3");
     start();
-    CaddyStrip::setHintSource({});
-    EXPECT_TRUE(text(u"panInfo"_s).startsWith(u"Press F3 ........... Vorel Reminder"));
+    EXPECT_TRUE(text(u"panInfo"_s).startsWith(u"Press F3 .......... ........... Vorel Reminder"));
     EXPECT_EQ(c().panMessages->toolTip(), u"Click to View Messages"_s);
     click(u"panBackup"_s);
     EXPECT_EQ(state().gSection, u"F"_s);
