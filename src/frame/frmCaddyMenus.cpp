@@ -61,7 +61,7 @@ void CaddyMenus::connectToolbar()
 void CaddyMenus::run(const QString &menuName)
 {
     const MenuEntry *entry = menuEntry(menuName);
-    if (!entry)
+    if (!entry || !m_screen.WriteRows())        // whatever follows reads the rows
         return;
     switch (entry->call) {
     case MenuCall::Menu:
@@ -86,7 +86,8 @@ void CaddyMenus::run(const QString &menuName)
 
 void CaddyMenus::PrintCurrent()
 {
-    PrintSectionList(printCodeFor(state().gSection));
+    if (m_screen.WriteRows())
+        PrintSectionList(printCodeFor(state().gSection));
 }
 
 void CaddyMenus::addKeys()

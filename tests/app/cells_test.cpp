@@ -100,7 +100,7 @@ TEST_F(Cells, ShoppingCountsWhatIsPicked)
     EXPECT_TRUE(qobject_cast<QComboBox *>(editor(subjects)));
     enter(subjects, 3, 1, u"2"_s, Qt::Key_Tab);
     enter(subjects, 5, 1, u"3.90"_s, Qt::Key_Tab);
-    EXPECT_EQ(u"7.8"_s, grid->CellText(6, 1));
+    EXPECT_EQ(u"7.80"_s, grid->CellText(6, 1));
     QTest::keyClick(at(subjects), Qt::Key_Space);
     EXPECT_EQ(u"SHOPPING LIST ... 11.05"_s, grid->title()) << "with the row that is being typed";
     press(subjects, 1, 0);
