@@ -331,7 +331,7 @@ void frmCalculator::showPicture()
 void ShowCalculator(QWidget *parent)
 {
     static QPointer<frmCalculator> open;
-    if (!open) {
+    if (!open || !open->isVisible()) {          // one that was closed goes only with the next event
         open = new frmCalculator(parent);
         open->setAttribute(Qt::WA_DeleteOnClose);
     }

@@ -84,6 +84,27 @@ TEST_F(Menus, HelpShowsThePageOfTheSectionOnShow)
     EXPECT_EQ(shown().count(u'\n'), 5);
 }
 
+TEST_F(Menus, TheCalculatorStandsBesideTheSectionUntilItChanges)
+{
+    start();
+    const auto open = [this] {
+        const QList<QWidget *> found = screen().findChildren<QWidget *>(u"frmCalculator"_s);
+        return std::any_of(found.begin(), found.end(), [](const QWidget *one) { return one->isVisible(); });
+    };
+    const QString before = state().gSection;
+    for (const std::function<void()> &step : std::initializer_list<std::function<void()>>{
+             [this] { menu(u"mnuCalculator"_s)->trigger(); }, [this] { click(u"cmdCalculator"_s); },
+             [this] { c().toolbarKeys.at(u"CALCULATOR"_s)->trigger(); }}) {
+        step();
+        EXPECT_TRUE(open());
+        EXPECT_FALSE(QApplication::activeModalWidget());
+        EXPECT_EQ(state().gSection, before);
+        screen().DisplayCategory(u"Books"_s);
+        EXPECT_FALSE(open());
+        screen().DisplayCategory(u"All"_s);
+    }
+}
+
 TEST_F(Menus, WaitingMessagesShowThePanel)
 {
     execute(u"INSERT INTO [Messages] ([DATE],[To],[From],[MESSAGE],[Read]) VALUES (#11/22/2026#,'User','Ann','Hello',False)"_s);

@@ -1,4 +1,5 @@
 #include "frame/ini.h"
+#include "frame/state.h"
 #include "support/scriptedprompts.h"
 #include "support/testfolder.h"
 #include "utilities/frmCalculator.h"
@@ -17,6 +18,8 @@ namespace {
 
 class CalculatorScreen : public ::testing::Test {
 protected:
+    CalculatorScreen() { state().gIniFile = folder.path(u"vorelreminder.ini"_s); }
+    ~CalculatorScreen() override { state() = State{}; }
     void SetUp() override
     {
         screen.show();
