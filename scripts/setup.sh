@@ -7,7 +7,7 @@ packages=(build-essential cmake ninja-build ccache pkg-config
           fonts-liberation breeze-icon-theme)
 case "${1:-run}" in
   run)   if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then packages+=(xvfb xauth xdotool scrot); fi ;;
-  test)  packages+=(libgtest-dev poppler-utils) ;;
+  test)  packages+=(libgtest-dev poppler-utils dbus-daemon) ;;
   bench) packages+=(libbenchmark-dev) ;;
 esac
 
