@@ -106,7 +106,8 @@ QWidget *frmCalculator::composeKeys()
 {
     m_readout->setAccessibleName(u"Display"_s);
     m_readout->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    m_readout->setFrameShape(QFrame::StyledPanel);
+    m_readout->setBackgroundRole(QPalette::Base);
+    m_readout->setAutoFillBackground(true);
     m_readout->setMargin(layout::unit);
     QFont font = m_readout->font();
     font.setPointSizeF(font.pointSizeF() * 1.7);
@@ -156,7 +157,10 @@ QWidget *frmCalculator::composePicture()
     m_picture->setFixedSize(pictureSize);
     m_picture->setAlignment(Qt::AlignCenter);
     m_picture->setWordWrap(true);
-    m_picture->setFrameShape(QFrame::StyledPanel);
+    m_picture->setBackgroundRole(QPalette::Base);
+    m_picture->setAutoFillBackground(true);
+    m_picture->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    m_picture->setLineWidth(0);
     m_picture->setCursor(Qt::PointingHandCursor);
     m_picture->setFocusPolicy(Qt::TabFocus);
     m_picture->setAccessibleName(u"Picture"_s);
@@ -296,6 +300,8 @@ bool frmCalculator::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched != m_picture)
         return Form::eventFilter(watched, event);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
+        m_picture->setLineWidth(event->type() == QEvent::FocusIn ? 2 : 0);
     const bool space = event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Space;
     const bool click = event->type() == QEvent::MouseButtonRelease
                        && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton;
