@@ -76,7 +76,7 @@ std::vector<FirstRows> collections()
                          "With Alt held down it is that of the window in front alone.\r\n"
                          "Then click into the letter and press Ctrl+V."_s}}}},
         {DataFile::Movies, u"select * from [MOVIES];",
-         {{{u"TITLE", u"THE LIGHTHOUSE KEEPER'S DAUGHTER"_s}, {u"STARS", u"Helena Marsh\r\nThomas Oakley"_s},
+         {{{u"TITLE", u"THE LAST LIGHTHOUSE"_s}, {u"STARS", u"Helena Marsh\r\nThomas Oakley"_s},
            {u"DIRECTOR", u"Ingrid Sommerfeld"_s}, {u"PRODUCER", u"Paul Winterbourne"_s}, {u"CATEGORY", u"DRAMA"_s},
            {u"COMMENTS", u"One winter, one island, and a letter that comes ten years late."_s},
            {u"FILENAME", picture(u"sample-movie.jpg"_s)}}}},
