@@ -18,6 +18,7 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddySections.cpp
   frame/frmCaddyStrip.cpp
   frame/frmCaddyTips.cpp
+  frame/frmCaddyWiring.cpp
   frame/frmColours.cpp
   frame/frmLater.cpp
   frame/frmStartup.cpp

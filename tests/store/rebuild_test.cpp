@@ -283,9 +283,9 @@ TEST_F(RebuildTest, compactingKeepsTheRowsAndGivesTheRoomBack)
 
 TEST_F(RebuildTest, theCopysName)
 {
-    EXPECT_EQ(backupNameOf(u"/home/me/.data/VOREL.MDB"_s), u"/home/me/.data/VOREL.BAK"_s);
-    EXPECT_EQ(backupNameOf(u"/home/me/VOREL.2005.MDB"_s), u"/home/me/VOREL.BAK"_s);
-    EXPECT_EQ(backupNameOf(u"/home/me/VOREL"_s), u"/home/me/VOREL.BAK"_s);
+    EXPECT_EQ(backupNameOf(u"/folder.with.points/VOREL.MDB"_s), u"/folder.with.points/VOREL.BAK"_s);
+    EXPECT_EQ(backupNameOf(u"/folder/VOREL.2005.MDB"_s), u"/folder/VOREL.BAK"_s);
+    EXPECT_EQ(backupNameOf(u"/folder/VOREL"_s), u"/folder/VOREL.BAK"_s);
 }
 
 }

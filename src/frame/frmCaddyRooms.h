@@ -1,0 +1,43 @@
+#pragma once
+
+#include "frame/frmCaddy.h"
+#include "frame/frmCaddyAlerts.h"
+#include "frame/frmCaddyCells.h"
+#include "frame/frmCaddyEdit.h"
+#include "frame/frmCaddyLayout.h"
+#include "frame/frmCaddyMenus.h"
+#include "frame/frmCaddyPainting.h"
+#include "frame/frmCaddySections.h"
+#include "frame/frmCaddyStrip.h"
+#include "frame/frmCaddyTips.h"
+
+namespace vorel {
+
+// The rooms of the main screen, in the order in which they need one another.
+struct frmCaddy::Rooms {
+    explicit Rooms(frmCaddy &screen)
+        : build(&screen, c), columns(sizes, &screen), painting(c, sizes, columns), search(c),
+          sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
+          menus(c, screen, periods, &screen), strip(c, screen), tips(c, [this] { edit.showDetails(); }, &screen),
+          alerts(c, painting, edit, &screen) {}
+
+    struct Build {
+        Build(QMainWindow *window, CaddyControls &c) { BuildCaddy(window, c); }
+    };
+    CaddyControls c;
+    GridLayout sizes;
+    Build build;
+    CaddyColumns columns;
+    CaddyPainting painting;
+    CaddySearch search;
+    CaddySections sections;
+    CaddyPeriods periods;
+    CaddyCells cells;
+    CaddyEdit edit;
+    CaddyMenus menus;
+    CaddyStrip strip;
+    CaddyTips tips;
+    CaddyAlerts alerts;
+};
+
+}

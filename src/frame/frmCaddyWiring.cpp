@@ -1,0 +1,125 @@
+#include "frame/frmCaddyRail.h"
+#include "frame/frmCaddyRooms.h"
+#include "frame/frmLater.h"
+#include "frame/rowtips.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/files.h"
+#include "platform/basic/prompts.h"
+#include "platform/controls/form.h"
+#include "platform/desktop/desktop.h"
+#include "utilities/frmCalculator.h"
+#include "utilities/frmInformation.h"
+
+#include <QLineEdit>
+
+// Which room answers which control, menu entry and key of the main screen.
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+void frmCaddy::connectGrids()
+{
+    for (ReminderGrid &one : d->c.reminders) {
+        using controls::Grid;
+        Grid *grid = one.grid;
+        grid->setToolTipProvider([this, &one](qsizetype row, int column) {
+            return row >= 0 ? rowTip(one.grid, one.code, row) : d->edit.toolTip(one, row, column);
+        });
+        controls::on(grid, &Grid::DblClick, this, [this, &one](int y) { d->edit.DblClick(one, y); });
+        controls::on(grid, &Grid::EnterKey, this, [&one] { one.panEdit->click(); });
+        controls::on(grid, &Grid::HeadClick, this, [this, grid](int column) { d->search.HeadClick(grid, column); });
+        controls::on(grid, &Grid::RowChange, this, [this, grid] {
+            if (grid == d->edit.activeGrid())
+                d->edit.showDetails();
+        });
+    }
+    controls::Grid *subjects = d->c.SUBJECTGRID;
+    controls::on(subjects, &controls::Grid::DblClick, this, [this](int y) {
+        if (y > controls::headLinesTwips)
+            d->edit.ShowEdit();
+    });
+    controls::on(subjects, &controls::Grid::EnterKey, this, [this] { d->edit.ShowEdit(); });
+    controls::on(subjects, &controls::Grid::HeadClick, this,
+                 [this, subjects](int column) { d->search.HeadClick(subjects, column); });
+    controls::on(subjects, &controls::Grid::RowChange, this, [this] { d->edit.showDetails(); });
+    controls::on(subjects, &controls::Grid::BtnClick, this, [this](int, qsizetype row) { d->edit.subjectButton(row); });
+    subjects->setToolTipProvider(
+        [this, subjects](qsizetype row, int) { return row < 0 ? QString() : rowTip(subjects, state().gSection, row); });
+    controls::on(&d->edit, &CaddyEdit::ActiveGridChanged, this, [this](const controls::Grid *grid) {
+        d->painting.MarkActive(grid);
+        d->edit.showDetails();
+    });
+}
+
+QString frmCaddy::rowTip(const controls::Grid *grid, const QString &code, qsizetype row) const
+{
+    if (!state().gTips || row >= grid->rows())
+        return {};
+    return SetToolTip(grid->dataControl()->Database(), code, static_cast<qint32>(basic::Val(grid->CellText(idColumn, row))));
+}
+
+void frmCaddy::connectButtons()
+{
+    CaddyControls &c = d->c;
+    const auto click = [this](QAbstractButton *button, std::function<void()> step) {
+        controls::on(button, &QAbstractButton::clicked, this, std::move(step));
+    };
+    for (const CategoryButton &entry : categoryButtons())
+        click(c.rail->button(entry.index), [this, index = entry.index] { cmdCat_Click(index); });
+    click(c.panNew, [this] { d->edit.panNew_Click(); });
+    click(c.appointments().panEdit, [this] { d->edit.EditAppointment(); });
+    click(c.bills().panEdit, [this] { d->edit.EditBill(); });
+    click(c.events().panEdit, [this] { d->edit.EditEvent(); });
+    click(c.panEditS, [this] { panEditS_Click(); });
+    click(c.cmdNext, [this] { d->search.next(); });
+    click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
+    click(c.panBackup, [this] { DisplayCategory(u"File Backup"_s); });
+    click(c.panAppoint, [this] { d->alerts.panAppoint_Click(); });
+    for (const auto &[name, button] : c.tools)
+        click(button, [spoken = button->accessibleName()] { ShowLater(spoken); });
+    const std::pair<QString, std::function<void()>> answered[] = {
+        {u"cmdColor"_s, [this] { cmdColor_Click(); }},
+        {u"cmdBackground"_s, [this] { cmdBackground_Click(); }},
+        {u"cmdCalendar"_s, [this] { DisplayCategory(u"Calendar"_s); }},
+        {u"cmdCalculator"_s, [this] { DisplayCategory(u"Calculator"_s); }},
+        {u"cmdInvoice"_s, [this] { d->menus.run(u"mnuInvoice"_s); }},
+        {u"cmdPopUpCloser"_s, [this] { d->alerts.cmdPopUpCloser_Click(); }},
+        {u"cmdInfo"_s, [this] { d->menus.run(u"mnuHelp"_s); }},
+    };
+    for (const auto &[name, step] : answered) {
+        c.tools.at(name)->disconnect(this);
+        click(c.tools.at(name), step);
+    }
+    controls::on(c.txtSearch, &QLineEdit::textChanged, this, [this] { d->search.textChanged(); });
+    controls::on(c.txtSearch, &QLineEdit::returnPressed, this, [this] { d->edit.editSearched(); });
+    c.txtSearch->installEventFilter(this);
+}
+
+void frmCaddy::answerMenus()
+{
+    CaddyMenus &menus = d->menus;
+    menus.answer(u"mnuExit"_s, [this] { close(); });
+    menus.answer(u"mnuQuit"_s, [this] { close(); });
+    menus.answer(u"mnuHelp"_s, [] { ShowInfoPage(state().gSection); });
+    menus.answer(u"mnuAbout"_s, [] {
+        basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)
+                          + u"\nProbably the Handiest Software you will own"_s, u"About"_s, basic::Icon::Information);
+    });
+    const std::pair<QString, MessageView> views[] = {{u"mnuMessagesSent"_s, MessageView::Sent},
+                                                     {u"mnuMessagesReceived"_s, MessageView::Received},
+                                                     {u"mnuMessagesBoth"_s, MessageView::Both}};
+    for (const auto &[name, view] : views)
+        menus.answer(name, [this, chosen = view] { d->strip.showMessages(chosen); });
+    const auto startProgram = [](const QString &name) {
+        const QString program = basic::programFolder() + u'/' + name;
+        return !basic::Dir(program).isEmpty() && desktop::ShellExecute(basic::realPath(program));
+    };
+    menus.answer(u"mnuMaintenance"_s, [this, startProgram] {
+        if (WriteRows() && startProgram(u"Chimer.exe"_s))
+            Unload();
+    });
+    d->sections.answer(u"Calculator"_s, [this] { ShowCalculator(this); });
+    d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
+}
+
+}
