@@ -2,6 +2,7 @@
 #include "frame/frmCaddyControls.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmStartup.h"
+#include "frame/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/locale.h"
@@ -11,13 +12,15 @@
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QLineEdit>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
+#include <functional>
 
 // What a user waits for over 100,000 appointments: the main screen after the start, measured from outside as whole
-// processes without the splash's pause, and the painted grids after a change of period.
+// processes without the splash's pause; the painted grids after a change of period or section; a key in the search box.
 using namespace vorel;
 using namespace Qt::StringLiterals;
 
@@ -100,6 +103,48 @@ void measureStart(const QString &folder)
     std::printf("resident at first paint: %.1f MB, %.2f of the budget of 110 MB\n", resident, resident / 110);
 }
 
+double elapsed(const std::function<void()> &step)
+{
+    QElapsedTimer timer;
+    timer.start();
+    step();
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void addContacts(int count)
+{
+    dao::Database database = dao::DBEngine::OpenDatabase(state().path(DataFile::Contacts));
+    dao::Transaction all(database);
+    dao::Recordset rows = database.OpenRecordset(u"select * from [CONTACTS]"_s);
+    for (int i = 0; i < count; ++i) {
+        rows.AddNew();
+        rows.Set(u"SORTNAME", u"NAME%1, Pat"_s.arg((i * 7919) % count, 6, 10, QChar(u'0')));
+        rows.Set(u"Invisible", false);
+        rows.Update();
+    }
+    all.Commit();
+}
+
+// The two sections take turns, so that each showing reads the rows anew.
+void measureSection(frmCaddy &screen)
+{
+    addContacts(100000);
+    std::vector<double> changes, keys;
+    controls::Grid *grid = screen.controls().SUBJECTGRID;
+    for (int run = 0; run < 7; ++run) {
+        screen.DisplayCategory(u"Books"_s);
+        QCoreApplication::processEvents();
+        changes.push_back(elapsed([&] {
+            screen.DisplayCategory(u"Contacts"_s);
+            grid->viewport()->repaint();
+            QCoreApplication::processEvents();
+        }));
+        keys.push_back(elapsed([&] { screen.controls().txtSearch->setText(u"no such name"_s); }));
+    }
+    bench::report(u"change to 100,000 contacts, painted"_s, changes, periodBudget);
+    bench::report(u"search key over 100,000 contacts, no hit"_s, keys, 50);
+}
+
 void measurePeriods(const QString &folder)
 {
     basic::setProgramFolder(folder);
@@ -120,6 +165,7 @@ void measurePeriods(const QString &folder)
         }
         bench::report(u"change of period to painted grids, "_s + menu, times, periodBudget);
     }
+    measureSection(screen);
 }
 
 }
