@@ -1,0 +1,1 @@
+list(APPEND VOREL_SCREENS media/frmDataPath.cpp media/frmShowPic.cpp)

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+// The tree of a record section as plain data.
+namespace vorel::records {
+
+enum class TreeMode { ByFirstCharacter = 1, ByCategory = 2, ByField = 3 };
+
+struct TreeLeaf { qint32 id = 0; QString text; };
+struct TreeGroup { QString text; std::vector<TreeLeaf> leaves; };
+
+// Groups and leaves in the order in which they are shown. A row with no title, or one that begins with anything but a
+// letter or a digit, has no leaf by first character. EngineError when a query fails (an apostrophe in a group's value).
+// gSection decides which column a leaf's text comes from and how it is cased.
+std::vector<TreeGroup> RecordTreeRows(TreeMode mode, const QString &databasePath, const QString &table, const QString &field);
+
+// Proper case; the letter behind the first "Mc", "Mac", "O'", "O`" and "-" is a capital too (not in Inventory).
+QString MixedCaseName(const QString &text);
+
+}

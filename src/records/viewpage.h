@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QSize>
+#include <QString>
+#include <vector>
+
+// A page of one record for the browser.
+namespace vorel::records {
+
+struct ViewBlock {
+    QString label;                      // "TITLE"
+    QString text;                       // plain; several lines are cut at CR LF
+    bool onlyIfFilled = false;          // left out while the trimmed text is empty
+    bool dashed = false;                // each line is preceded by " - "
+};
+
+struct ViewPage {
+    QString file;                       // "\Book.HTML"; lies in the program folder
+    QString heading;                    // "BOOKS"
+    QString picture;                    // path; "" or one of the two plain defaults: no picture
+    QSize pictureSize;                  // the loaded picture's, in twips
+    std::vector<ViewBlock> blocks;
+};
+
+QString ViewPageText(const ViewPage &page);         // the HTML
+// Writes the page anew and opens it with the desktop's browser. BasicError when it cannot be written.
+void ShowViewPage(const ViewPage &page);
+
+}
