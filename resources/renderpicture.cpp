@@ -1,4 +1,4 @@
-// Build tool: renders one SVG picture to a JPEG file of the drawing's own size.
+// Build tool: renders one SVG picture to a JPEG file of the drawing's own size, at a quality of 1 to 100.
 #include <QCoreApplication>
 #include <QImage>
 #include <QPainter>
@@ -10,8 +10,8 @@ int main(int argc, char **argv)
 {
     QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 3) {
-        std::fputs("usage: renderpicture DRAWING.svg PICTURE.jpg\n", stderr);
+    if (arguments.size() != 4) {
+        std::fputs("usage: renderpicture DRAWING.svg PICTURE.jpg QUALITY\n", stderr);
         return 2;
     }
     QSvgRenderer drawing(arguments[1]);
@@ -25,7 +25,7 @@ int main(int argc, char **argv)
     painter.setRenderHint(QPainter::Antialiasing);
     drawing.render(&painter);
     painter.end();
-    if (!picture.save(arguments[2], "JPG", 88)) {
+    if (!picture.save(arguments[2], "JPG", arguments[3].toInt())) {
         std::fprintf(stderr, "%s: not written\n", qPrintable(arguments[2]));
         return 1;
     }

@@ -58,7 +58,7 @@ TEST(ProgramFolder, IsDecidedInOrder)
 TEST(Resources, UsersOwnFileComesFirst)
 {
     const test::TestFolder folder;
-    EXPECT_EQ(QString(), desktop::findResource(u"\\Paper.jpg"_s));
+    EXPECT_EQ(u":/Paper.jpg"_s, desktop::findResource(u"\\Paper.jpg"_s));
     const QString mine = folder.write(u"PAPER.JPG"_s, "x");
     for (const QString &name : {u"Paper.jpg"_s, u"\\Paper.jpg"_s, u"/paper.JPG"_s})
         EXPECT_EQ(mine, desktop::findResource(name)) << name.toStdString();
