@@ -41,7 +41,7 @@ void rememberRow(const Grid &grid, const RowUpdate &update)
 QStringList subjects(controls::DataControl &data)
 {
     QStringList found;
-    dao::Recordset rows = data.Database().CreateSnapshot(u"select * from [Subjects];"_s);
+    dao::Recordset rows = data.Database().CreateSnapshot(u"SELECT [Subject] FROM [Subjects] ORDER BY [Subject]"_s);
     for (; !rows.EOF_(); rows.MoveNext())
         found << rows.Get(u"SUBJECT").text();
     return found;
@@ -238,7 +238,7 @@ void CaddyCells::openShopping()
                            {u"AMOUNT"_s},
                            {u"PICK"_s}},
                           shoppingHandlers());
-    if (m_c.dtaSubjects->Database())
+    if (m_c.dtaSubjects->Recordset())        // the file may be that of the section before
         m_shopping = FillShoppingVariables(m_c.dtaSubjects->Database());
     showShoppingTotal();
 }

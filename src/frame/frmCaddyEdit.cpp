@@ -60,13 +60,22 @@ void CaddyEdit::openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod)
     s.gRecordCode = one.code;
     s.gLastRecord = id;
     stopTimers();
+    basic::Trap([&] { showReminder(one, id, inAnyPeriod); });
+    startTimers();
+    m_screen.GetData();
+    if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.gLastRecord)))
+        one.grid->setBookmark(one.data->Recordset().Bookmark());
+}
+
+void CaddyEdit::showReminder(const ReminderGrid &one, qint32 id, bool inAnyPeriod)
+{
     frmRecord record(m_window);
     controls::DataControl &rows = record.dtaData();
     if (id == 0) {
         rows.setRecordSource(one.newRowSource);
         record.AddNewRecord({});
     } else {
-        rows.setRecordSource(s.*one.sql);
+        rows.setRecordSource(state().*one.sql);
         rows.Refresh();
         const QString criteria = u"ID = %1"_s.arg(id);
         if (!rows.FindFirst(criteria) && inAnyPeriod) {
@@ -76,10 +85,6 @@ void CaddyEdit::openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod)
         }
     }
     record.ShowModal();
-    startTimers();
-    m_screen.GetData();
-    if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.gLastRecord)))
-        one.grid->setBookmark(one.data->Recordset().Bookmark());
 }
 
 // The reminder grid that New works on: the section's own; where several are on show, the one used last.
@@ -108,7 +113,7 @@ void CaddyEdit::openSubject(qint32 id)
         else if (const Section *section = sectionByCode(state().gSection))
             ShowLater(u"The screen of a record of "_s + section->name);
     }
-    m_screen.GetData();
+    basic::Trap([this] { m_screen.GetData(); });
     m_c.txtSearch->clear();
     startTimers();
 }

@@ -31,6 +31,7 @@ signals:
 private:
     void editReminder(ReminderGrid &one);
     void openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod = false);
+    void showReminder(const ReminderGrid &one, qint32 id, bool inAnyPeriod);
     void openSubject(qint32 id);
     ReminderGrid *currentReminder() const;
     void stopTimers();

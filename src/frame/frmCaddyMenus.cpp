@@ -73,7 +73,7 @@ void CaddyMenus::run(const QString &menuName)
         m_periods.choose(entry->argument);
         return;
     case MenuCall::Print:
-        PrintSectionList(entry->argument);
+        print(entry->argument);
         return;
     case MenuCall::Action:
         if (const auto step = m_answers.find(entry->argument); step != m_answers.end())
@@ -87,7 +87,13 @@ void CaddyMenus::run(const QString &menuName)
 void CaddyMenus::PrintCurrent()
 {
     if (m_screen.WriteRows())
-        PrintSectionList(printCodeFor(state().gSection));
+        print(printCodeFor(state().gSection));
+}
+
+void CaddyMenus::print(const QString &code)
+{
+    const ReminderGrid *shown = m_c.reminder(code);
+    PrintSectionList(code, shown ? shown->data->RecordSource() : QString());
 }
 
 void CaddyMenus::addKeys()

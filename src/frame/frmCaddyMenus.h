@@ -19,6 +19,7 @@ public:
 
 private:
     void buildMenus();
+    void print(const QString &code);
     void connectToolbar();
     void addKeys();
 

@@ -189,7 +189,7 @@ void CaddySections::showGrid(const Section &section)
     m_c.SUBJECTGRID->show();
     m_c.panEditS->show();
     m_c.showAction(u"mnuTasksToOutlook"_s, section.code == u"G"_s && m_sizes.outlookFunctions);
-    m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().gNetwork);
+    m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().gNetwork && state().gFeature[u"Messages"_s]);
     allowPrinting(section);
     RefreshData();
     m_screen.DisableButtons(true);
@@ -207,7 +207,7 @@ void CaddySections::showAction(const Section &section)
     markButton(section.name);
     m_c.panSearch->hide();
     m_c.panNew->setVisible(section.code == u"IN"_s);
-    openScreen(section.name);
+    basic::Trap([&] { openScreen(section.name); });
     const Section *before = sectionByName(state().gLastCategory);
     if (!before || before->kind == SectionKind::Action)
         before = sectionByName(u"All"_s);
@@ -281,12 +281,12 @@ void CaddySections::showSubjectColumns(const Section &section)
 }
 
 // The query of a grid that is not on show is set and read later: nobody waits for rows that nobody sees.
-void CaddySections::refresh(ReminderGrid &one)
+void CaddySections::refresh(ReminderGrid &one, bool quiet)
 {
     one.data->setRecordSource(state().*one.sql);
     one.waits = one.grid->isHidden();
     if (!one.waits)
-        one.data->Refresh();
+        one.data->Refresh(quiet);
 }
 
 void CaddySections::readWaiting()
@@ -323,7 +323,7 @@ void CaddySections::RefreshData()
     if (state().gSqlAppointments.isEmpty())
         SetDayPeriod(u"Today"_s);
     for (ReminderGrid &one : m_c.reminders)
-        basic::IgnoreErrors([&] { refresh(one); });
+        basic::IgnoreErrors([&] { refresh(one, true); });
     m_search.forgetRows();
     m_screen.DisplayCaption();
 }

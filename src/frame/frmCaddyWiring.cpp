@@ -110,12 +110,8 @@ void frmCaddy::answerMenus()
                                                      {u"mnuMessagesBoth"_s, MessageView::Both}};
     for (const auto &[name, view] : views)
         menus.answer(name, [this, chosen = view] { d->strip.showMessages(chosen); });
-    const auto startProgram = [](const QString &name) {
-        const QString program = basic::programFolder() + u'/' + name;
-        return !basic::Dir(program).isEmpty() && desktop::ShellExecute(basic::realPath(program));
-    };
-    menus.answer(u"mnuMaintenance"_s, [this, startProgram] {
-        if (WriteRows() && startProgram(u"Chimer.exe"_s))
+    menus.answer(u"mnuMaintenance"_s, [this] {
+        if (HasProgram(u"Chimer.exe"_s) && WriteRows() && StartProgram(u"Chimer.exe"_s))
             Unload();
     });
     d->sections.answer(u"Calculator"_s, [this] { ShowCalculator(this); });

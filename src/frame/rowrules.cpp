@@ -99,7 +99,7 @@ bool isOverdue(const RowReader &row, const RowRule &rule)
     return basic::DateDiff(u"d", *date, basic::Date()) > limit;
 }
 
-// A single number needs no figure: "B :  555", but "B1 :  555" and "B2 :  556" for two of them.
+// A single number needs no figure: "B :  555", but "B1 :  555" and "B2 :  556" for two of them; the second keeps its own.
 QString numberLines(const RowReader &row, const RowRule &rule)
 {
     const QString first = row.text(rule.fields[1]), second = row.text(rule.fields[2]), mobile = row.text(rule.fields[3]);
@@ -110,7 +110,7 @@ QString numberLines(const RowReader &row, const RowRule &rule)
             lines << label + u" :  "_s + number;
     };
     add(both ? rule.label + u'1' : rule.label, first);
-    add(both ? rule.label + u'2' : rule.label, second);
+    add(rule.label + u'2', second);
     add(u"M/C"_s, mobile);
     return lines.join(u"\r\n"_s);
 }

@@ -20,10 +20,13 @@ PreviewPageBox::~PreviewPageBox()
 
 void PreviewPageBox::sizeToPage()
 {
+    const QSizeF pixels(m_page.Width() / printer::twipsPerPixel, m_page.Height() / printer::twipsPerPixel);
+    const QSize dots = pixels.toSize().expandedTo({1, 1});
+    if (dots == size() && m_image.size() == dots * devicePixelRatioF())
+        return;                     // what is drawn stays: a letter is sent with the picture of this page
     const bool isDrawing = m_painter.isActive();
     finish();
-    const QSizeF pixels(m_page.Width() / printer::twipsPerPixel, m_page.Height() / printer::twipsPerPixel);
-    resize(pixels.toSize().expandedTo({1, 1}));
+    resize(dots);
     m_image = QImage(size() * devicePixelRatioF(), QImage::Format_RGB32);
     m_image.fill(Qt::white);
     if (isDrawing)

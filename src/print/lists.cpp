@@ -170,7 +170,7 @@ ListReport shoppingReport(bool isBlank)
     const auto amount = [isBlank](const QString &field, const QString &format) {
         return isBlank ? Cell([](const dao::Recordset &) { return QString(); }) : fieldFormat(field, format);
     };
-    const QString money = state().gNumberFormat;
+    const QString money = u"currency"_s;
     ListColumn store = column(u"STORE"_s, 41);
     store.roomPercent = 63;
     ListReport report{.titleWord = u"SHOPPING LIST as at "_s, .size = 12, .rowLimit = 45,
@@ -192,15 +192,15 @@ Cell yesWhenSet(const QString &field)
     return [field](const dao::Recordset &rows) { return rows.Get(field) == Value(true) ? u"YES"_s : QString(); };
 }
 
-ListReport remindersReport(const QString &section)
+ListReport remindersReport(const QString &section, const QString &query)
 {
     const QString day = state().gDateShort;
     ListReport report{.isDated = false, .size = 0, .rowLimit = 55, .head = ListHead::Block,
                       .countWord = u"NUMBER OF RECORDS LISTED: "_s, .hideEmail = true, .noRows = u"No Records to Preview"_s};
+    report.query = query;
     ListColumn date{.heading = u"DATE"_s, .cell = fieldFormat(u"DATE"_s, day), .percent = 1};
     if (section == u"A") {
         report.titleWord = u"APPOINTMENTS"_s;
-        report.query = state().gSqlAppointments;
         report.orientation = 2;
         report.rowLimit = 20;
         report.columns = {date, {.heading = u"TIME"_s, .cell = fieldFormat(u"APPTIME"_s, u"hh:mm am/pm"_s), .percent = 16.5},
@@ -208,7 +208,6 @@ ListReport remindersReport(const QString &section)
                           {.heading = u"MET"_s, .cell = yesWhenSet(u"MET"_s), .percent = 93}};
     } else if (section == u"B") {
         report.titleWord = u"BILLS"_s;
-        report.query = state().gSqlBills;
         ListColumn bill = wrapped(u"BILL"_s, u"BILL"_s, 15, 60);
         bill.roomPercent = 68;
         report.columns = {date, bill, rightAligned(u"AMOUNT"_s, fieldFormat(u"AMOUNT"_s, u"currency"_s), 88),
@@ -218,7 +217,6 @@ ListReport remindersReport(const QString &section)
         report.totalFormat = u"currency"_s;
     } else {
         report.titleWord = u"EVENTS"_s;
-        report.query = state().gSqlEvents;
         report.columns = {date, wrapped(u"EVENT"_s, u"SUBJECT"_s, 15, 25), wrapped(u"DETAILS"_s, u"EVENT"_s, 32, 70)};
     }
     return report;
@@ -274,16 +272,16 @@ void PrintShoppingList()
     PrintRows(shoppingReport(isBlank), rows);
 }
 
-void PrintRemindersList(const QString &section)
+void PrintRemindersList(const QString &section, const QString &query)
 {
     if (PrinterReady())
-        PrintList(remindersReport(section));
+        PrintList(remindersReport(section, query));
 }
 
-bool PrintSectionList(const QString &code)
+bool PrintSectionList(const QString &code, const QString &remindersQuery)
 {
     if (code == u"A" || code == u"B" || code == u"E")
-        PrintRemindersList(code);
+        PrintRemindersList(code, remindersQuery);
     else if (code == u"H")
         PrintShoppingList();
     else if (code == u"J")

@@ -21,9 +21,10 @@ void PrintJournalList(const QString &name, const QString &query);    // name: wh
 void PrintShoppingList();
 void PrintHowToList();
 void PrintToDoList();
-void PrintRemindersList(const QString &section);                // "A", "B" or "E": the rows that its grid shows
+// section: "A", "B" or "E"; query: the one that its grid shows, so that the paper shows what the grid shows.
+void PrintRemindersList(const QString &section, const QString &query);
 
 // The list by the code of its section, as the print key and the print menu name it. false: there is none.
-bool PrintSectionList(const QString &code);
+bool PrintSectionList(const QString &code, const QString &remindersQuery = {});
 
 }

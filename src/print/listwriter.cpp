@@ -129,10 +129,13 @@ void ListWriter::headPage()
         PrintField(m_width / 2, u"C"_s, m_title, true);
     }
     SetCurrentY(GetCurrentY() + headGap);
-    if (m_report.isTable)
+    if (m_report.isTable) {
         headTable();
-    else
-        SetFontBold(false);
+        return;
+    }
+    SetFontBold(false);
+    if (m_report.size > 0)
+        SetFontSize(m_report.size);
 }
 
 void ListWriter::headTable()

@@ -85,8 +85,14 @@ void PageFootCheck()
     PrintRule();
     SetCurrentY(GetCurrentY() + hair);
     SetForeColor(black);
-    PrintField(5, u"L"_s, u"PAGE: %1      Dated:  %2"_s.arg(GetPageNumber()).arg(shortDate(Value(basic::Date()))), true);
-    PrintNewPage();
+    const int page = GetPageNumber();
+    PrintField(5, u"L"_s, u"PAGE: %1      Dated:  %2"_s.arg(page).arg(shortDate(Value(basic::Date()))), true);
+    if (GetPageNumber() == page) {
+        PrintNewPage();
+    } else {                        // the foot line filled the page and turned it already
+        SetCurrentX(0);
+        SetCurrentY(0);
+    }
 }
 
 void PrintPageNumber()

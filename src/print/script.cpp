@@ -81,6 +81,13 @@ void writeHeader()
     recorder::write(stars);
 }
 
+// What a report chose for its preview ends with it, also where it failed half-way.
+void forgetChoices()
+{
+    scriptState().hideEmail = false;
+    scriptState().PreviewCaption.clear();
+}
+
 // Whatever happens while the script plays, the next report starts with a new one.
 struct EndOfReport {
     ~EndOfReport()
@@ -90,8 +97,6 @@ struct EndOfReport {
         target().setCurrentX(0);
         target().setCurrentY(0);
         closeHtml();
-        scriptState().hideEmail = false;
-        scriptState().PreviewCaption.clear();
     }
 };
 
@@ -150,6 +155,7 @@ void AbandonScript()
 {
     openFiles().script.close();
     scriptState().ScriptFile = 0;
+    forgetChoices();
 }
 
 void PrintEndDoc()

@@ -27,7 +27,7 @@ ScriptState &scriptState();
 
 // Error 75 when the file cannot be made; no script is open then.
 void OpenPrintScript();
-void AbandonScript();                       // what a failed report left open is let go
+void AbandonScript();                       // what a failed report left open or chose is let go
 void SetPrintTarget(const QString &target);
 QString GetPrintTarget();                   // "PRINTER" if none was set
 void SetPreviewCaption(const QString &caption);

@@ -138,6 +138,18 @@ TEST_F(Edit, ReturnInTheSearchOpensTheHit)
     });
 }
 
+TEST_F(Edit, RefreshThatFailsIsQuietAndReadingAnewTells)
+{
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/22/2026#,'Gas',5)"_s);
+    start();
+    screen().DisplayCategory(u"Bills"_s);
+    execute(u"DROP TABLE [BILLS]"_s);
+    screen().RefreshData();
+    m_prompts.expect(u"input table or query 'BILLS'"_s);
+    screen().GetData();
+    EXPECT_TRUE(m_prompts.isDone());
+}
+
 TEST_F(Edit, SectionScreensToComeSayIt)
 {
     start();

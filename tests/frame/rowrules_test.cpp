@@ -84,6 +84,7 @@ TEST_F(RowRulesTest, cellsThatAreBuiltFromTheRow)
         {u"D"_s, {{b1, Value(u"1"_s)}, {b2, Value(u" "_s)}, {mobile, Value(u"3"_s)}}, 4, u"B :  1\r\nM/C :  3"_s},
         {u"T"_s, {{u"HOMETELEPHONENUMBER"_s, Value(u"1"_s)}, {u"HOME2TELEPHONENUMBER"_s, Value(u"2"_s)}}, 2, u"H1 :  1\r\nH2 :  2"_s},
         {u"T"_s, {{mobile, Value(u"3"_s)}}, 2, u"M/C :  3"_s},
+        {u"D"_s, {{b2, Value(u"2"_s)}}, 4, u"B2 :  2"_s},
         {u"P"_s, {{u"SORTNAME"_s, Value(u"ACME"_s)}, {u"CONTACT"_s, Value(u"Ann"_s)}}, 1, u"ACME [Ann]"_s},
         {u"X"_s, {{u"PHONENUM"_s, Value(u"\r\n'Work: 1\r\n'Pager: 2\r\n"_s)}}, 2, u"Work: 1\r\nPager: 2"_s},
         {u"C"_s, {{u"ADDRESS"_s, Value(u"1 High St\r\n   \r\nPeru"_s)}}, 2, u"1 High St\r\nPeru"_s},

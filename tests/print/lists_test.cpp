@@ -42,12 +42,28 @@ protected:
     }
     static std::function<void()> list(const QString &code)
     {
-        return [code] { EXPECT_TRUE(PrintSectionList(code)) << qPrintable(code); };
+        const QString query = code == u"A" ? state().gSqlAppointments : code == u"B" ? state().gSqlBills
+                            : code == u"E" ? state().gSqlEvents : QString();
+        return [code, query] { EXPECT_TRUE(PrintSectionList(code, query)) << qPrintable(code); };
     }
     void answerShopping(const QString &code)
     {
         if (code == u"H")
             m_prompts.expect(u"Do you want to print preview the list by Store and Item Alphabetically?"_s, basic::Answer::No);
+    }
+    static void expectShape(const QStringList &script, const QString &shape, const QString &what)
+    {
+        const QStringList figures = shape.split(u' ');
+        printer::Page page(printer::thePrinter().paper());
+        page.setOrientation(figures[0].toInt());
+        EXPECT_EQ(script.filter(u"ORIENTATION"_s).value(0), u"ORIENTATION = "_s + figures[0]) << qPrintable(what);
+        const auto row = script.indexOf(script.filter(QRegularExpression(u"PRINT.*\"Row"_s)).value(0));
+        EXPECT_EQ(parseSetting(script.mid(0, row).filter(u"FONTSIZE"_s).last()), figures[1].toDouble()) << qPrintable(what);
+        QList<double> places;
+        for (const QString &line : script.filter(QRegularExpression(u"^[LR]PRINT"_s)))
+            places << parseTextLine(line, {}).x;
+        for (const QString &percent : figures.mid(2))
+            EXPECT_TRUE(places.contains(std::floor(percent.toDouble() / 100 * page.ScaleWidth()))) << qPrintable(what + percent);
     }
     // Nothing of a script lies outside the page, and no two texts of a line cover each other.
     static void expectTidy(const QStringList &script, const QString &what)
@@ -82,6 +98,7 @@ protected:
 };
 
 struct ListCase {
+    const char *shape;      // orientation, body size, the columns' places in hundredths of the width
     QString code;
     DataFile file;
     QString insert;         // a row; "%1" is its number
@@ -95,45 +112,45 @@ static std::vector<ListCase> listCases()
 {
     using F = DataFile;
     return {
-        {u"P"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[HOMETELEPHONENUMBER],[MOBILETELEPHONENUMBER],[PRINT]) VALUES "
+        {"1 8 1 32 49 66 83", u"P"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[HOMETELEPHONENUMBER],[MOBILETELEPHONENUMBER],[PRINT]) VALUES "
          "('Row%1','9555 1','0400 2',True)"_s, 54, u"TELEPHONE NUMBERS as at 22/11/2026"_s,
          u"SURNAME/BUSINESS NAME HOME WORK FAX MOBILE/CELL"_s, u"Row001 9555 1 0400 2"_s},
-        {u"W"_s, F::DataP, u"INSERT INTO [Passwords] ([ORGANISATION],[USERNAME],[PASSWORD]) VALUES ('Row%1','ann','se\"cret')"_s, 54,
+        {"1 8 1 42 74", u"W"_s, F::DataP, u"INSERT INTO [Passwords] ([ORGANISATION],[USERNAME],[PASSWORD]) VALUES ('Row%1','ann','se\"cret')"_s, 54,
          u"PASSWORDS as at 22/11/2026"_s, u"ORGANISATION USERNAME PASSWORD"_s, u"Row001 ann se\"cret"_s},
-        {u"I"_s, F::Main, u"INSERT INTO [INVENTORY] ([ITEM],[SERIALNUM],[LOCATION],[COST],[DISPOSEDTO]) VALUES "
+        {"2 8 1 26 37 48 57 76 78 87", u"I"_s, F::Main, u"INSERT INTO [INVENTORY] ([ITEM],[SERIALNUM],[LOCATION],[COST],[DISPOSEDTO]) VALUES "
          "('Row%1','S/1','Shed',1234.5,'Bob')"_s, 27, u"INVENTORY as at 22/11/2026"_s,
          u"ITEM SERIAL# LOCATION DATE PURCHASED FROM COST DATE DISPOSED TO"_s, u"Row001 S/1 Shed $1,234.50 Bob"_s},
-        {u"F"_s, F::Main, u"INSERT INTO [FILEBACKUP] ([FILENAME],[FILEDATE],[LASTBACKUPDATE]) VALUES "
+        {"2 8 1 59 79 94 99", u"F"_s, F::Main, u"INSERT INTO [FILEBACKUP] ([FILENAME],[FILEDATE],[LASTBACKUPDATE]) VALUES "
          "('Row%1',#11/01/2026#,#11/12/2026#)"_s, 27, u"BACKUP FILES as at 22/11/2026"_s,
          u"FILE NAME FILE DATE LAST BACKUP DATE DAYS"_s, u"Row001 11/1/2026 11/12/2026 10"_s},
-        {u"K"_s, F::Books, u"INSERT INTO [BOOKS] ([TITLE],[READ],[AUTHOR],[RATING]) VALUES ('Row%1',True,'Herbert','Good')"_s, 27,
+        {"2 8 1 40 50 75 90", u"K"_s, F::Books, u"INSERT INTO [BOOKS] ([TITLE],[READ],[AUTHOR],[RATING]) VALUES ('Row%1',True,'Herbert','Good')"_s, 27,
          u"BOOKS as at 22/11/2026"_s, u"TITLE DATE READ AUTHOR PUBLISHER RATING"_s, u"Row001 True Herbert Good"_s},
-        {u"V"_s, F::Movies, u"INSERT INTO [MOVIES] ([TITLE],[STARS],[PRODUCER],[SEEN],[RATING]) VALUES "
+        {"2 8 1 30 50 65 80 90", u"V"_s, F::Movies, u"INSERT INTO [MOVIES] ([TITLE],[STARS],[PRODUCER],[SEEN],[RATING]) VALUES "
          "('Row%1','Bogart','Wallis',False,'PG')"_s, 20, u"MOVIES as at 22/11/2026"_s,
          u"TITLE STARS PRODUCER DIRECTOR SEEN RATING"_s, u"Row001 Bogart Wallis False PG"_s},
-        {u"U"_s, F::Music, u"INSERT INTO [MUSIC] ([TITLE],[ARTIST],[TYPE],[RATING]) VALUES ('Row%1','Bach','CD','Best')"_s, 27,
+        {"2 8 1 40 80 90", u"U"_s, F::Music, u"INSERT INTO [MUSIC] ([TITLE],[ARTIST],[TYPE],[RATING]) VALUES ('Row%1','Bach','CD','Best')"_s, 27,
          u"MUSIC as at 22/11/2026"_s, u"TITLE ARTIST MEDIA RATING"_s, u"Row001 Bach CD Best"_s},
-        {u"C"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[MAILINGADDRESSSTREET],[MAILINGADDRESSCITY],"
+        {"2 8 1 50", u"C"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[MAILINGADDRESSSTREET],[MAILINGADDRESSCITY],"
          "[MAILINGADDRESSCOUNTRY],[ChristmasCard]) VALUES ('Row%1','Jo','1 High St','Perth','Australia',True)"_s, 27,
          u"CHRISTMAS CARD LIST as at 22/11/2026"_s, u"NAME ADDRESS"_s, u"Row001, Jo 1 High St Perth Australia"_s},
-        {u"X"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[BUSINESSTELEPHONENUMBER],[MOBILETELEPHONENUMBER],"
+        {"1 8 1 75", u"X"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[BUSINESSTELEPHONENUMBER],[MOBILETELEPHONENUMBER],"
          "[Emergency]) VALUES ('Row%1','Jo','9111','0400',True)"_s, 47, u"EMERGENCY PHONE NUMBERS as at 22/11/2026"_s,
          u"NAME NUMBER"_s, u"Row001, Jo 9111"_s},
-        {u"N"_s, F::Notes, u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/04/2026#,'Ann','Row%1')"_s, 9,
+        {"2 8 1 15 30", u"N"_s, F::Notes, u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/04/2026#,'Ann','Row%1')"_s, 9,
          u"NOTES as at 22/11/2026"_s, u"DATE NAME NOTE"_s, u"3/4/2026 Ann Row001"_s},
-        {u"J"_s, F::DataJ, u"INSERT INTO [JOURNAL] ([DATE],[NOTESDISPLAY]) VALUES (#03/04/2026#,'Row%1')"_s, 9,
+        {"2 8 1 15", u"J"_s, F::DataJ, u"INSERT INTO [JOURNAL] ([DATE],[NOTESDISPLAY]) VALUES (#03/04/2026#,'Row%1')"_s, 9,
          u"JOURNAL OF Ann as at 22/11/2026"_s, u"DATE NOTE"_s, u"3/4/2026 Row001"_s},
-        {u"H"_s, F::Main, u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[NUMBER],[LASTCOST],[AMOUNT],[TOTAL],[PICK]) VALUES "
+        {"1 12 1 41 70 78 86 96", u"H"_s, F::Main, u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[NUMBER],[LASTCOST],[AMOUNT],[TOTAL],[PICK]) VALUES "
          "('Row%1','Corner',2,1.25,1.5,3,True)"_s, 45, u"SHOPPING LIST as at 22/11/2026"_s, u"ITEM STORE NO. LAST AMOUNT TOTAL"_s,
-         u"Row001 Corner 2 1.25 1.50 3.00"_s},
-        {u"G"_s, F::Main, u"INSERT INTO [TODO] ([TODO],[PRIORITY],[ACTIONED]) VALUES ('Row%1','1 - High',False)"_s, 45,
+         u"Row001 Corner 2 $1.25 $1.50 $3.00"_s},
+        {"1 12 1 85", u"G"_s, F::Main, u"INSERT INTO [TODO] ([TODO],[PRIORITY],[ACTIONED]) VALUES ('Row%1','1 - High',False)"_s, 45,
          u"TO DO'S as at 22/11/2026"_s, u"TODO PRIORITY"_s, u"Row001 1 - High"_s},
-        {u"A"_s, F::Main, u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET]) VALUES "
+        {"2 9 1 16.5", u"A"_s, F::Main, u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET]) VALUES "
          "(#11/23/2026#,'09:30 AM','Row%1',True)"_s, 20, u"APPOINTMENTS"_s, u"DATE TIME APPOINTMENT MET"_s,
          u"11/23/2026 09:30 am Row001 YES"_s},
-        {u"B"_s, F::Main, u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT],[PAID]) VALUES (#11/23/2026#,'Row%1',1234.5,False)"_s, 55,
+        {"1 10 1 15", u"B"_s, F::Main, u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT],[PAID]) VALUES (#11/23/2026#,'Row%1',1234.5,False)"_s, 55,
          u"BILLS"_s, u"DATE BILL AMOUNT PAID"_s, u"11/23/2026 Row001 $1,234.50"_s},
-        {u"E"_s, F::Main, u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/23/2026#,'BIRTHDAY','Row%1')"_s, 55,
+        {"1 10 1 15 32", u"E"_s, F::Main, u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/23/2026#,'BIRTHDAY','Row%1')"_s, 55,
          u"EVENTS"_s, u"DATE EVENT DETAILS"_s, u"11/23/2026 BIRTHDAY Row001"_s}};
 }
 
@@ -156,6 +173,8 @@ TEST_F(Lists, EachOneShowsItsRowsPageByPage)
         const QString space = QStringList{u"A"_s, u"B"_s, u"E"_s, u"H"_s}.contains(one.code) ? u" "_s : QString();
         EXPECT_TRUE(read[1].contains(u"NUMBER OF RECORDS LISTED:%1%2"_s.arg(space).arg(one.rowLimit + 1))) << qPrintable(read[1]);
         EXPECT_TRUE(read[1].contains(u"PAGE:2"_s));
+        answerShopping(one.code);
+        expectShape(script(list(one.code)), QString::fromLatin1(one.shape), one.code + u" at "_s);
     }
 }
 
@@ -231,7 +250,7 @@ TEST_F(Lists, TotalsAreExact)
     for (const bool byStore : {true, false}) {
         m_prompts.expect(u"by Store and Item"_s, byStore ? basic::Answer::Yes : basic::Answer::No);
         const QString page = pages(list(u"H"_s)).value(0);
-        EXPECT_TRUE(page.contains(u"NUMBER OF RECORDS LISTED: 3 9.80"_s)) << qPrintable(page);
+        EXPECT_TRUE(page.contains(u"NUMBER OF RECORDS LISTED: 3 $9.80"_s)) << qPrintable(page);
         EXPECT_EQ(page.indexOf(u"Zest"_s) < page.indexOf(u"Tea"_s), byStore);
         EXPECT_FALSE(page.contains(u"Milk"_s));
     }
@@ -295,6 +314,12 @@ TEST_F(Lists, ClosingLinesKeepOffTheEdge)
             EXPECT_GT(parseDrawnLine(rule).y2, 0) << qPrintable(rule);
     }
     EXPECT_GT(moved, 0);
+    // Neither does a text that ends on the page's last lines leave an empty sheet before them.
+    for (int words = 300; words < 460; words += 4) {
+        put(DataFile::Notes, {u"DELETE FROM [NOTES]"_s, u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/04/2026#,'Ann','"_s
+                                  + u"A word of the long note. "_s.repeated(words) + u"')"_s});
+        EXPECT_FALSE(script(list(u"N"_s)).join(u'\n').contains(u"NEWPAGE\nNEWPAGE"_s)) << words;
+    }
 }
 
 TEST_F(Lists, OtherScriptsAndRegions)

@@ -29,9 +29,12 @@ TEST_F(PrintMenu, EntryAndKeyPrintTheSectionOnShow)
     execute(u"INSERT INTO [TODO] ([TODO],[ACTIONED]) VALUES ('Paint',False)"_s);
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/22/2026#,'Gas',5)"_s);
     execute(u"INSERT INTO [INVENTORY] ([ITEM]) VALUES ('Saw')"_s);
+    execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/24/2026#,'GENERAL','In two days')"_s);
     start();
     QStringList captions;
     test::FakePreview::whileOpen = [&](test::FakePreview &) { captions << scriptState().PreviewCaption; };
+    menu(u"mnuPrintEvents"_s)->trigger();               // the grid shows this week, and so does the paper
+    EXPECT_EQ(captions, QStringList{u"EVENTS - REPORT"_s});
     const struct { QString section, entry, caption; } cases[] = {
         {u"To Do"_s, u"mnuPrintToDo"_s, u"TO DO'S as at 22/11/2026"_s},
         {u"Bills"_s, u"mnuPrintBills"_s, u"BILLS - REPORT"_s},

@@ -293,7 +293,7 @@ void DataControl::setRowWriter(std::function<bool()> writer)
     d->writer = std::move(writer);
 }
 
-void DataControl::Refresh()
+void DataControl::Refresh(bool quiet)
 {
     if (d->writer && !d->writer())
         return;
@@ -305,7 +305,8 @@ void DataControl::Refresh()
             recordset = opened.OpenRecordset(d->source, dao::dbOpenDynaset);
             dao::DBEngine::Idle(dao::dbRefreshCache);
         } catch (const basic::Error &e) {
-            d->report({e.number(), e.text()});      // the rows on show stay
+            if (!quiet)
+                d->report({e.number(), e.text()});
             return;
         }
         d->database = opened;

@@ -29,7 +29,8 @@ public:
     void setConnect(const QString &connect);            // "Access", ";pwd=..."
     void setRecordSource(const QString &sql);           // "" = no rows after the next Refresh
     const QString &RecordSource() const;
-    void Refresh();                                     // opens the query, first row current; engine errors go to Error
+    // Opens the query, first row current. When the engine refuses, the rows on show stay, and Error tells it unless quiet.
+    void Refresh(bool quiet = false);
     dao::Recordset &Recordset();                        // an open recordset or an empty handle
     dao::Database &Database();
     void setRecordset(const dao::Recordset &recordset); // shows another recordset (a sorted one), first row current

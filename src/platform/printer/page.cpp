@@ -101,12 +101,23 @@ void Page::setOrientation(int orientation)
 
 double Page::Width() const
 {
-    return m_orientation == Landscape ? m_paper.height : m_paper.width;
+    return isLying() ? m_paper.height : m_paper.width;
 }
 
 double Page::Height() const
 {
-    return m_orientation == Landscape ? m_paper.width : m_paper.height;
+    return isLying() ? m_paper.width : m_paper.height;
+}
+
+// The sheet's borders turn with it; which way it turns is the printer's own affair, so the wider of the two holds for both.
+double Page::borderX() const
+{
+    return isLying() ? std::max(m_paper.top, m_paper.bottom) : m_paper.left;
+}
+
+double Page::borderY() const
+{
+    return isLying() ? std::max(m_paper.left, m_paper.right) : m_paper.top;
 }
 
 void Page::setScaleMode(int mode)
@@ -120,12 +131,12 @@ void Page::setScaleMode(int mode)
 
 double Page::ScaleWidth() const
 {
-    return (Width() - m_paper.left - m_paper.right) / m_unitX;
+    return (Width() - borderX() - (isLying() ? borderX() : m_paper.right)) / m_unitX;
 }
 
 double Page::ScaleHeight() const
 {
-    return (Height() - m_paper.top - m_paper.bottom) / m_unitY;
+    return (Height() - borderY() - (isLying() ? borderY() : m_paper.bottom)) / m_unitY;
 }
 
 void Page::setScaleWidth(double width)
@@ -165,7 +176,10 @@ void Page::setFontUnderline(bool on)
 
 double Page::TextWidth(const QString &text) const
 {
-    return metrics().width(text) * (m_fontSize * twipsPerPoint / referencePixels) / m_unitX;
+    double widest = 0;
+    for (const QString &line : text.split(u'\n'))
+        widest = std::max(widest, metrics().width(line));
+    return widest * (m_fontSize * twipsPerPoint / referencePixels) / m_unitX;
 }
 
 double Page::TextHeight(const QString &text) const

@@ -97,6 +97,10 @@ private:
     QPen pen(quint32 colour) const;
     std::optional<quint32> modeColour(quint32 colour) const;
 
+    bool isLying() const { return m_orientation == Landscape; }
+    double borderX() const;
+    double borderY() const;
+
     Paper m_paper;
     int m_orientation = Portrait;
     int m_scaleMode = Twips;

@@ -49,7 +49,7 @@ void Page::drawOn(QPainter *painter, double pixelsPerTwip)
         return;
     painter->resetTransform();
     painter->scale(pixelsPerTwip, pixelsPerTwip);
-    painter->translate(m_paper.left, m_paper.top);
+    painter->translate(borderX(), borderY());
     painter->setRenderHints(QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
     painter->setLayoutDirection(Qt::LeftToRight);
 }
