@@ -1,15 +1,160 @@
 #include "records/recordtree.h"
 
+#include "frame/ini.h"
+#include "frame/state.h"
+#include "platform/basic/convert.h"
+#include "platform/basic/text.h"
+
 namespace vorel::records {
 
-std::vector<TreeGroup> RecordTreeRows(TreeMode, const QString &, const QString &, const QString &)
+using namespace Qt::StringLiterals;
+
+namespace {
+
+bool isInventory()
 {
-    return {};
+    return state().gSection == u"I";
+}
+
+// The sections whose records are called by their title, whatever field groups them.
+bool isCalledByTitle()
+{
+    return state().gSection == u"K" || state().gSection == u"R" || state().gSection == u"U";
+}
+
+QString bracketed(const QString &name)
+{
+    return u'[' + name + u']';
+}
+
+bool hasField(const dao::Recordset &rows, QStringView name)
+{
+    for (const dao::RecordsetField &field : rows.Fields()) {
+        if (name.compare(field.Name, Qt::CaseInsensitive) == 0)
+            return true;
+    }
+    return false;
+}
+
+class Reader {
+public:
+    Reader(const QString &databasePath, QString table, QString field, std::vector<TreeGroup> &groups)
+        : m_database(dao::DBEngine::OpenDatabase(databasePath)), m_table(std::move(table)), m_field(std::move(field)),
+          m_capitals(NamesInCapitals()), m_groups(groups)
+    {
+    }
+    ~Reader()
+    {
+        if (m_database)
+            m_database.Close();
+    }
+    Reader(const Reader &) = delete;
+    Reader &operator=(const Reader &) = delete;
+
+    void byFirstCharacter()
+    {
+        if (m_table.compare(u"INVENTORY", Qt::CaseInsensitive) != 0)
+            pass(u'0', u'9');
+        pass(u'A', u'Z');
+    }
+
+    void byCategory()
+    {
+        byValue(u"distinct(CATEGORY)"_s, u"CATEGORY"_s, m_field, m_field);
+    }
+
+    void byField()
+    {
+        const QString called = isCalledByTitle() ? u"TITLE"_s : m_field;
+        byValue(u"distinct("_s + m_field + u')', m_field, called, called);
+    }
+
+private:
+    // Titles group by the character; the inventory's things, which have no title, are called by the field.
+    void pass(char16_t first, char16_t last)
+    {
+        for (char16_t c = first; c <= last; ++c) {
+            const QString character{QChar(c)};
+            addGroup(character, u"LEFT$("_s + bracketed(m_field) + u",1)='"_s + character, m_field, u"TITLE"_s);
+        }
+    }
+
+    void byValue(const QString &what, const QString &by, const QString &ordering, const QString &called)
+    {
+        dao::Recordset values = m_database.CreateSnapshot(u"SELECT "_s + what + u" FROM "_s + bracketed(m_table) + u" WHERE "_s
+                                                          + bracketed(by) + u"<>'' ORDER BY "_s + bracketed(by) + u';');
+        for (; !values.EOF_(); values.MoveNext()) {
+            const QString value = values.Get(0).text();
+            addGroup(value, bracketed(by) + u"='"_s + value, ordering, called);
+        }
+    }
+
+    // `condition` ends within its text, which the quote closes.
+    void addGroup(const QString &text, const QString &condition, const QString &ordering, const QString &called)
+    {
+        dao::Recordset rows = m_database.OpenRecordset(u"SELECT * FROM "_s + bracketed(m_table) + u" WHERE "_s + condition
+                                                       + u"' ORDER BY "_s + bracketed(ordering) + u';');
+        if (rows.EOF_())
+            return;
+        const int id = rows.fieldIndex(u"ID");
+        const int name = rows.fieldIndex(hasField(rows, called) ? called : m_field);
+        TreeGroup group{text, {}};
+        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
+            const dao::Value key = rows.cell(row, id);
+            if (!key.isNull())      // deleted since the rows were counted
+                group.leaves.push_back({basic::CLng(key), shown(rows.cell(row, name).text())});
+        }
+        m_groups.push_back(std::move(group));
+    }
+
+    QString shown(const QString &text) const
+    {
+        return m_capitals ? text.toUpper() : MixedCaseName(text);
+    }
+
+    dao::Database m_database;
+    QString m_table, m_field;
+    bool m_capitals;
+    std::vector<TreeGroup> &m_groups;
+};
+
+}
+
+void ReadRecordTree(TreeMode mode, const QString &databasePath, const QString &table, const QString &field,
+                    std::vector<TreeGroup> &groups)
+{
+    Reader reader(databasePath, table, field, groups);
+    switch (mode) {
+    case TreeMode::ByFirstCharacter: return reader.byFirstCharacter();
+    case TreeMode::ByCategory: return reader.byCategory();
+    case TreeMode::ByField: return reader.byField();
+    }
+}
+
+std::vector<TreeGroup> RecordTreeRows(TreeMode mode, const QString &databasePath, const QString &table, const QString &field)
+{
+    std::vector<TreeGroup> groups;
+    ReadRecordTree(mode, databasePath, table, field, groups);
+    return groups;
 }
 
 QString MixedCaseName(const QString &text)
 {
-    return text;
+    QString name = basic::StrConvProper(text);
+    if (isInventory())
+        return name;
+    for (const QStringView mark : {u"Mc"_s, u"Mac"_s, u"O'"_s, u"O`"_s, u"-"_s}) {
+        const qsizetype at = name.indexOf(mark);
+        const qsizetype behind = at + mark.size();
+        if (at >= 0 && behind < name.size())
+            name[behind] = name[behind].toUpper();
+    }
+    return name;
+}
+
+bool NamesInCapitals()
+{
+    return iniBoolean(GetIniValue(iniSettings, u"ContactsUpperCase"_s, u"True"_s));
 }
 
 }

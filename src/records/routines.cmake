@@ -1,1 +1,1 @@
-list(APPEND VOREL_ROUTINES records/recordtree.cpp records/viewpage.cpp)
+list(APPEND VOREL_ROUTINES records/recordtree.cpp records/viewpage.cpp records/inventory.cpp)

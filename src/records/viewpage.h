@@ -9,7 +9,7 @@ namespace vorel::records {
 
 struct ViewBlock {
     QString label;                      // "TITLE"
-    QString text;                       // plain; several lines are cut at CR LF
+    QString text;                       // plain; each line becomes an element of its own
     bool onlyIfFilled = false;          // left out while the trimmed text is empty
     bool dashed = false;                // each line is preceded by " - "
 };
@@ -23,7 +23,8 @@ struct ViewPage {
 };
 
 QString ViewPageText(const ViewPage &page);         // the HTML
-// Writes the page anew and opens it with the desktop's browser. BasicError when it cannot be written.
+// Writes the page anew and opens it with the desktop's browser. Error 75 with the file's name in its text when the page
+// cannot be written (also when the disk is full); 53 when nothing on the desktop opens it.
 void ShowViewPage(const ViewPage &page);
 
 }

@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/basic/value.h"
+
+#include <QString>
+#include <optional>
+
+// What the inventory knows of a thing's warranty, and how its screen shows dates and amounts.
+namespace vorel::records {
+
+// The purchase date plus that many months (31 January and one month is the end of February). Nothing when the first
+// text is no date, the number at the head of the second is not above 0, or the day lies outside the calendar.
+std::optional<basic::DateTime> warrantyExpiry(const QString &purchaseDate, const QString &period);
+
+// Adds the event "Warranty Expired" with that text to the main file. false: the text has one already, whatever its
+// date. EngineError, and nothing added, when the query or the row fails (an apostrophe in the text).
+bool transferWarranty(const basic::DateTime &expiry, const QString &eventText);
+
+// In the forms that a box keeps (gDateShort, gNumberFormat); a text that is no date, or no number, stays as it is.
+QString shownDate(const QString &text);
+QString shownAmount(const QString &text);
+
+}
