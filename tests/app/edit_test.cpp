@@ -126,18 +126,6 @@ TEST_F(Edit, NewWorksOnTheGridUsedLastAndTheSearchIsEmptied)
     EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
 }
 
-TEST_F(Edit, ReturnInTheSearchOpensTheHit)
-{
-    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Gas')"_s);
-    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Water')"_s);
-    start();
-    screen().DisplayCategory(u"Bills"_s);
-    QTest::keyClicks(at(u"txtSearch"_s), u"water"_s);
-    inRecord([this] { QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Return); }, [](frmRecord &record) {
-        EXPECT_EQ(record.findChild<QLineEdit *>(u"txtBill"_s)->text(), u"Water"_s);
-    });
-}
-
 TEST_F(Edit, RefreshThatFailsIsQuietAndReadingAnewTells)
 {
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/22/2026#,'Gas',5)"_s);
@@ -148,16 +136,6 @@ TEST_F(Edit, RefreshThatFailsIsQuietAndReadingAnewTells)
     m_prompts.expect(u"input table or query 'BILLS'"_s);
     screen().GetData();
     EXPECT_TRUE(m_prompts.isDone());
-}
-
-TEST_F(Edit, SectionScreensToComeSayIt)
-{
-    start();
-    screen().DisplayCategory(u"Inventory"_s);
-    m_prompts.expect(u"is not part of this version yet"_s, Answer::Ok);
-    click(u"panEditS"_s);
-    EXPECT_TRUE(m_prompts.isDone());
-    EXPECT_EQ(state().gSection, u"I"_s);
 }
 
 }

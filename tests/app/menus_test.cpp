@@ -9,19 +9,6 @@ using test::Grid;
 
 class Menus : public test::CaddyScreen {};
 
-TEST_F(Menus, EveryEntryStandsUnderItsName)
-{
-    start();
-    for (const MenuEntry &entry : menuTable()) {
-        const QAction *action = menu(entry.objectName);
-        EXPECT_EQ(action->objectName(), entry.objectName);
-        EXPECT_EQ(action->menu() != nullptr, entry.call == MenuCall::Menu) << qPrintable(entry.objectName);
-    }
-    EXPECT_EQ(menu(u"mnuImport"_s)->text(), u"&Export/Import"_s);
-    EXPECT_EQ(menu(u"mnuFridgeCopy"_s)->text(), u"Desk/Fridge Copy"_s);
-    EXPECT_EQ(c().toolbarKeys.size(), 16u);
-}
-
 TEST_F(Menus, DisplayAndViewTurnTheSection)
 {
     start();
@@ -36,17 +23,6 @@ TEST_F(Menus, DisplayAndViewTurnTheSection)
         EXPECT_EQ(state().gSection, code) << qPrintable(name);
     }
     EXPECT_TRUE(m_prompts.shown().empty());
-}
-
-TEST_F(Menus, PeriodEntriesKeepTheSection)
-{
-    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#12/02/2026#,'Gas')"_s);
-    start();
-    screen().DisplayCategory(u"Bills"_s);
-    EXPECT_EQ(bills(), QStringList());
-    menu(u"mnuNextMonth"_s)->trigger();
-    EXPECT_EQ(bills(), QStringList{u"Gas"_s});
-    EXPECT_EQ(state().gSection, u"B"_s);
 }
 
 TEST_F(Menus, WhatComesLaterSaysSoInOneBox)
@@ -103,19 +79,6 @@ TEST_F(Menus, TheCalculatorStandsBesideTheSectionUntilItChanges)
         EXPECT_FALSE(open());
         screen().DisplayCategory(u"All"_s);
     }
-}
-
-TEST_F(Menus, WaitingMessagesShowThePanel)
-{
-    execute(u"INSERT INTO [Messages] ([DATE],[To],[From],[MESSAGE],[Read]) VALUES (#11/22/2026#,'User','Ann','Hello',False)"_s);
-    start();
-    EXPECT_TRUE(isShown(u"panMessages"_s));
-    EXPECT_EQ(at(u"panMessages"_s)->toolTip(), u"Click to View Messages"_s);
-    click(u"panMessages"_s);
-    EXPECT_EQ(state().gSection, u"M"_s);
-    execute(u"UPDATE [Messages] SET [Read]=True"_s);
-    screen().CheckForMessages();
-    EXPECT_FALSE(isShown(u"panMessages"_s));
 }
 
 TEST_F(Menus, ColourOfTheScreenIsChosenAndKept)

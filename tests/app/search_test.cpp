@@ -93,24 +93,6 @@ TEST_F(Search, SectionsSearchTheirOwnGrid)
     EXPECT_EQ(hit(u"SUBJECTGRID"_s, 1), u"Saw"_s);
 }
 
-TEST_F(Search, HeadClickSortsUpAndDown)
-{
-    appointment(u"11/22/2026"_s, u"b"_s);
-    appointment(u"11/23/2026"_s, u"c"_s);
-    appointment(u"11/24/2026"_s, u"a"_s);
-    start();
-    click(u"THIS WEEK"_s);
-    Grid *grid = at<Grid>(u"APPOINTMENTSGRID"_s);
-    emit grid->HeadClick(4);
-    EXPECT_EQ(appointments(), (QStringList{u"a"_s, u"b"_s, u"c"_s}));
-    emit grid->HeadClick(4);
-    EXPECT_EQ(appointments(), (QStringList{u"c"_s, u"b"_s, u"a"_s}));
-    emit grid->HeadClick(dateColumn);
-    EXPECT_EQ(appointments(), (QStringList{u"b"_s, u"c"_s, u"a"_s}));
-    screen().GetData();                 // the period's own order comes back
-    EXPECT_EQ(appointments(), (QStringList{u"b"_s, u"c"_s, u"a"_s}));
-}
-
 TEST_F(Search, SortWithoutAColumnAsksForOne)
 {
     appointment(u"11/22/2026"_s, u"b"_s);
@@ -127,19 +109,6 @@ TEST_F(Search, SortWithoutAColumnAsksForOne)
     screen().SortData();
     EXPECT_EQ(appointments().size(), before.size());
     EXPECT_TRUE(m_prompts.isDone());
-}
-
-TEST_F(Search, EventsTurnBetweenDateAndDayOrder)
-{
-    for (const QString &row : {u"#12/01/2026#,'first'"_s, u"#11/30/2026#,'thirtieth'"_s, u"#11/15/2026#,'fifteenth'"_s})
-        execute(u"INSERT INTO [EVENTS] ([DATE],[EVENT]) VALUES (%1)"_s.arg(row));
-    start();
-    click(u"ALL RECORDS"_s);
-    Grid *grid = at<Grid>(u"EVENTSGRID"_s);
-    emit grid->HeadClick(dateColumn);
-    EXPECT_EQ(events(), (QStringList{u"first"_s, u"fifteenth"_s, u"thirtieth"_s}));
-    emit grid->HeadClick(dateColumn);
-    EXPECT_EQ(events(), (QStringList{u"fifteenth"_s, u"thirtieth"_s, u"first"_s}));
 }
 
 }

@@ -10,10 +10,7 @@ class PickerRules : public test::MainFileTest {};
 
 TEST_F(PickerRules, MonthStandsUnderItsWeekDays)
 {
-    struct Case {
-        int year, month, start;
-        int firstCell, days;
-    };
+    struct Case { int year, month, start; int firstCell, days; };
     const Case cases[] = {
         {2026, 11, 1, 0, 30},       // 1 November 2026 is a Sunday
         {2026, 11, 2, 6, 30},

@@ -109,10 +109,7 @@ TEST_F(GridLayoutTest, coloursOfTheGrids)
 TEST_F(GridLayoutTest, rowHeightsGoToTheSectionOnShow)
 {
     const RowHeights heights{101, 102, 103, 104};
-    const struct {
-        QString code;
-        std::map<QString, std::int16_t> changed;
-    } cases[] = {
+    const struct { QString code; std::map<QString, std::int16_t> changed; } cases[] = {
         {u"All"_s, {{u"APPS"_s, 101}, {u"BILLS"_s, 102}, {u"EVENTS"_s, 103}}},
         {u"A"_s, {{u"APPS"_s, 101}}},
         {u"B"_s, {{u"BILLS"_s, 102}}},

@@ -23,15 +23,6 @@ TEST_F(IniTest, valuesComeBackOnOneLine)
     EXPECT_EQ(GetIniValue(iniFeatures, u"EnvelopeReturnAddress"_s, u"other section"_s), u"other section"_s);
 }
 
-TEST_F(IniTest, longValuesReadTheirFirst255Characters)
-{
-    const QString longValue(300, u'x');
-    PutIniValue(iniSettings, u"Key"_s, QString(longValue));
-    EXPECT_EQ(GetIniValue(iniSettings, u"Key"_s, {}).size(), 255);
-    EXPECT_TRUE(folder.read(u"vorelreminder.ini"_s).contains(longValue.toLatin1()));
-    EXPECT_EQ(GetIniValue(iniSettings, u"Missing"_s, longValue).size(), 255);
-}
-
 TEST_F(IniTest, valueThatCannotBeWrittenIsAnError)
 {
     state().gIniFile = folder.path(u"missing/folder/vorelreminder.ini"_s);
@@ -57,10 +48,7 @@ TEST_F(IniTest, booleansAndNumbersInText)
 
 TEST_F(IniTest, coloursPassThroughTheLabel)
 {
-    const struct {
-        QByteArray stored;
-        quint32 colour;
-    } cases[] = {
+    const struct { QByteArray stored; quint32 colour; } cases[] = {
         {"255", 0xFF},
         {"&HC0C0FF", 0xC0C0FF},
         {"&HFFFF&", 0xFFFF},

@@ -28,11 +28,7 @@ TEST_F(RowRulesTest, styleOfTheRow)
 {
     clock.set(QDate(2026, 11, 22));
     const Value days(std::int16_t{7}), none(std::int16_t{0});
-    const struct {
-        QString code;
-        std::map<QString, Value> fields;
-        QString style;
-    } cases[] = {
+    const struct { QString code; std::map<QString, Value> fields; QString style; } cases[] = {
         {u"C"_s, {}, u"XMAS"_s},
         {u"X"_s, {}, u"WHITE"_s},
         {u"G"_s, {{u"ACTIONED"_s, Value(true)}}, u"HILITE"_s},
@@ -73,12 +69,7 @@ TEST_F(RowRulesTest, pictureOnTheButtonOfEachSectionThatHasOne)
 TEST_F(RowRulesTest, cellsThatAreBuiltFromTheRow)
 {
     const QString b1 = u"BUSINESSTELEPHONENUMBER"_s, b2 = u"BUSINESS2TELEPHONENUMBER"_s, mobile = u"MOBILETELEPHONENUMBER"_s;
-    const struct {
-        QString code;
-        std::map<QString, Value> fields;
-        int column;
-        QString text;
-    } cases[] = {
+    const struct { QString code; std::map<QString, Value> fields; int column; QString text; } cases[] = {
         {u"D"_s, {{b1, Value(u"1"_s)}}, 4, u"B :  1"_s},
         {u"D"_s, {{b1, Value(u"1"_s)}, {b2, Value(u"2"_s)}, {mobile, Value(u"3"_s)}}, 4, u"B1 :  1\r\nB2 :  2\r\nM/C :  3"_s},
         {u"D"_s, {{b1, Value(u"1"_s)}, {b2, Value(u" "_s)}, {mobile, Value(u"3"_s)}}, 4, u"B :  1\r\nM/C :  3"_s},

@@ -13,10 +13,7 @@ using SharedTest = test::FrameTest;
 
 TEST_F(SharedTest, age)
 {
-    const struct {
-        QDate today, birth;
-        QString age;
-    } cases[] = {
+    const struct { QDate today, birth; QString age; } cases[] = {
         {{2005, 6, 15}, {2005, 6, 15}, u" 0 years 0 months 0 days "_s},
         {{2005, 6, 15}, {1980, 6, 15}, u" 25 years 0 months 0 days "_s},
         {{2005, 6, 15}, {1980, 6, 16}, u" 24 years 11 months 30 days "_s},
@@ -54,10 +51,7 @@ TEST_F(SharedTest, everyDayHasItsStarSign)
 
 TEST_F(SharedTest, money)
 {
-    const struct {
-        Value value;
-        double amount;
-    } cases[] = {
+    const struct { Value value; double amount; } cases[] = {
         {Value(), 0},
         {u""_s, 0},
         {u"$1,234.50"_s, 1234.5},
@@ -76,11 +70,7 @@ TEST_F(SharedTest, money)
 
 TEST_F(SharedTest, datesForQueries)
 {
-    const struct {
-        QString locale, text;
-        bool monthFirst;
-        QString result;
-    } cases[] = {
+    const struct { QString locale, text; bool monthFirst; QString result; } cases[] = {
         {u"en_AU"_s, {}, true, {}},
         {u"en_AU"_s, {}, false, {}},
         {u"en_AU"_s, u"3/4/2005"_s, true, u"04/03/2005"_s},
@@ -105,10 +95,7 @@ TEST_F(SharedTest, textHelpers)
 
 TEST_F(SharedTest, namesOfOperatingSystems)
 {
-    const struct {
-        int platform, major, minor;
-        QString name;
-    } cases[] = {
+    const struct { int platform, major, minor; QString name; } cases[] = {
         {1, 4, 0, u"Windows 95"_s},     {1, 4, 10, u"Windows 98"_s},  {1, 4, 90, u"Windows Mellinnium"_s},
         {1, 4, 5, u"Failed"_s},         {2, 3, 51, u"Windows NT 3.51"_s}, {2, 4, 0, u"Windows NT 4.0"_s},
         {2, 5, 0, u"Windows 2000"_s},   {2, 5, 1, u"Windows XP"_s},   {2, 6, 1, u"Failed"_s},

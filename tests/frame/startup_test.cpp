@@ -25,9 +25,7 @@ protected:
 
 TEST_F(StartupTest, dateOrderComesFromTheRegionalSettings)
 {
-    const struct {
-        QString locale, shortForm, longForm, withTime;
-    } cases[] = {
+    const struct { QString locale, shortForm, longForm, withTime; } cases[] = {
         {u"en_US"_s, u"mm/dd/yyyy"_s, u"mmm dd yyyy"_s, u"mmm dd yyyy hh:mm am/pm"_s},
         {u"en_AU"_s, u"dd/mm/yyyy"_s, u"dd mmm yyyy"_s, u"dd mmm yyyy hh:mm am/pm"_s},
         {u"en_GB"_s, u"dd/mm/yyyy"_s, u"dd mmm yyyy"_s, u"dd mmm yyyy hh:mm am/pm"_s},
@@ -206,10 +204,7 @@ TEST_F(StartupTest, daysOfTheSetupRow)
     dao::DBEngine::CreateDatabase(path, {}).Close();
     dao::Database file = dao::DBEngine::OpenDatabase(path);
     file.Execute(u"CREATE TABLE [Setup] ([DeleteAfterDays] INTEGER, [BackupAfterDays] INTEGER)"_s);
-    const struct {
-        QString deleteAfter, backupAfter;
-        int expectedDelete, expectedBackup;
-    } cases[] = {
+    const struct { QString deleteAfter, backupAfter; int expectedDelete, expectedBackup; } cases[] = {
         {{}, {}, 0, 14},                        // no row at all
         {u"30"_s, u"0"_s, 30, 14},
         {u"NULL"_s, u"NULL"_s, 0, 14},

@@ -124,12 +124,11 @@ void FakePreview::ShowModal()
         whileOpen(*this);
 }
 
-bool FakePreview::hasInk(double left, double top, double right, double bottom) const
+bool hasInk(const QImage &image, double scale, const QRectF &twips)
 {
-    const double scale = playerState().PreviewScale / 15;
-    const auto place = [&](double twips, double border) { return static_cast<int>((twips + border) * scale); };
-    for (int y = place(top, 360); y < place(bottom, 360); ++y) {
-        for (int x = place(left, 360); x < place(right, 360); ++x) {
+    const auto place = [&](double from) { return static_cast<int>((from + 360) * scale); };
+    for (int y = place(twips.top()); y < place(twips.bottom()); ++y) {
+        for (int x = place(twips.left()); x < place(twips.right()); ++x) {
             if (image.valid(x, y) && qGray(image.pixel(x, y)) < 128)
                 return true;
         }

@@ -24,6 +24,9 @@ struct FakeJobs {
     QList<int> sheetCounts() const;         // of the documents that were ended
 };
 
+// Whether a picture has ink in the field, in twips of the page, with so many pixels to a twip.
+bool hasInk(const QImage &image, double scale, const QRectF &twips);
+
 // A preview without a window, 1,200 x 800 pixels: what the user does is told beforehand.
 class FakePreview : public PreviewScreen {
 public:
@@ -40,7 +43,7 @@ public:
     void ShowModal() override;
 
     // The ink between two places of the page, in twips of the printer.
-    bool hasInk(double left, double top, double right, double bottom) const;
+    bool hasInk(const QRectF &twips) const { return test::hasInk(image, playerState().PreviewScale / 15, twips); }
     QString label;
     int pagesShown = 0;
     QImage image;

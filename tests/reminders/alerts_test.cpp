@@ -107,15 +107,7 @@ TEST_F(Alerts, LastRowWinsAndEachIsToldOnceAColour)
     EXPECT_FALSE(told(u"02:30 am"_s, u"02:20:00"_s)) << "the hour that comes twice in autumn";
     EXPECT_FALSE(told(u"02:30 am"_s, u"09:00:00"_s)) << "slept through: nothing is left of it";
     EXPECT_TRUE(told(u"09:10 am"_s, u"09:00:00"_s)) << "moved to a later time";
-}
-
-// The hour that spring takes away: its appointments warn by the wall clock as it shows.
-TEST_F(Alerts, EachMomentIsJudgedByItself)
-{
-    const AlertRule rule{true, 15, 90};
-    EXPECT_EQ(shown({row(u"02:30 am"_s)}, rule, at(u"01:59:00"_s)), "");
-    EXPECT_EQ(shown({row(u"02:30 am"_s)}, rule, at(u"03:00:00"_s)), "red -30");
-    EXPECT_EQ(shown({row(u"02:30 am"_s)}, rule, at(u"02:20:00"_s)), "green 10");
+    EXPECT_EQ(shown({row(u"02:30 am"_s)}, {true, 15, 90}, at(u"03:00:00"_s)), "red -30") << "the hour that spring takes away";
 }
 
 TEST_F(Alerts, TextsInTheUsersFormat)
@@ -171,22 +163,6 @@ TEST_F(Alerts, PopUpFile)
     EXPECT_EQ(m_folder.read(u"popapps.txt"_s), "");
     ASSERT_TRUE(QDir(m_folder.path()).remove(u"popapps.txt"_s) && QDir(m_folder.path()).mkdir(u"POPAPPS.TXT"_s));
     EXPECT_EQ(test::errorOf([] { WriteAppointsFile(); }), 75);
-}
-
-TEST_F(Alerts, SoundOnlyAsSet)
-{
-    QStringList played;
-    setSoundPlayer([&](const QString &path) { played << path; });
-    state().gIniFile = m_folder.path(u"vorelreminder.ini"_s);
-    state().gSoundFile = u"/music/gong.wav"_s;
-    SoundReminder();
-    PutIniValue(iniSettings, u"PlaySound"_s, u"False"_s);
-    SoundReminder();
-    PutIniValue(iniSettings, u"PlaySound"_s, u"True"_s);
-    state().gSoundFile.clear();
-    SoundReminder();
-    setSoundPlayer({});
-    EXPECT_EQ(played, QStringList{u"/music/gong.wav"_s});
 }
 
 }

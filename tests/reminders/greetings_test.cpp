@@ -4,9 +4,7 @@
 #include "platform/mail/mailprogram.h"
 #include "reminders/greetings.h"
 #include "store/mainfile.h"
-
-#include <QDesktopServices>
-#include <QUrl>
+#include "support/opened.h"
 
 namespace vorel {
 
@@ -15,19 +13,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Takes the letters of both ways out: by address through the desktop, and by the mail program's automation.
-class Post : public QObject, public mail::MailProgram {
-    Q_OBJECT
+class Post : public mail::MailProgram {
 public:
-    Post()
-    {
-        mail::setMailProgram(this);
-        QDesktopServices::setUrlHandler(u"mailto"_s, this, "open");
-    }
-    ~Post() override
-    {
-        mail::setMailProgram(nullptr);
-        QDesktopServices::unsetUrlHandler(u"mailto"_s);
-    }
+    Post() { mail::setMailProgram(this); }
+    ~Post() override { mail::setMailProgram(nullptr); }
     std::unique_ptr<mail::MailItem> CreateItem(int kind) override
     {
         EXPECT_EQ(kind, 0);
@@ -41,10 +30,7 @@ public:
     QString Signature() const override { return u"<P>Yours</P>"_s; }
 
     QStringList shown;                  // by automation
-    QStringList opened;                 // by address
-
-public slots:
-    void open(const QUrl &url) { opened << url.toString(QUrl::FullyEncoded); }
+    test::Opened byAddress{{u"mailto"_s}};
 };
 
 class Greetings : public test::MainFileTest {
@@ -81,7 +67,7 @@ TEST_F(Greetings, OneADayToThoseWhoAskForIt)
     add(u"11/23/1980"_s, u"BIRTHDAY"_s, u"tomorrow"_s, true, u"no@x.org"_s, u"'01/01/1900'"_s);
     EXPECT_EQ(SendBirthdayEmails(), 3);
     EXPECT_EQ(SendBirthdayEmails(), 0) << "the second run of the day";
-    EXPECT_EQ(post.opened.size(), 3);
+    EXPECT_EQ(post.byAddress.urls.size(), 3);
     EXPECT_TRUE(post.shown.isEmpty());
     EXPECT_EQ(lastDates(), (QStringList{u"11/22/2026"_s, u"11/22/2026"_s, u"11/22/2026"_s, u"11/22/2026"_s, u"01/01/1900"_s,
                                         u"01/01/1900"_s, u"01/01/1900"_s, u"01/01/1900"_s}));
@@ -103,8 +89,9 @@ TEST_F(Greetings, LongDisplayFormat)
 TEST_F(Greetings, EveryCharacterReachesTheAddress)
 {
     SendGreeting(u"Zoë & Bob? #1 50%+"_s, u"zoe+home@x.org"_s, u"BIRTHDAY"_s);
-    EXPECT_EQ(post.opened, QStringList{u"mailto:zoe%2Bhome@x.org?subject=BIRTHDAY&body=Dear%20Zo%C3%AB%20%26%20Bob%3F%20%231%2050%25%2B"
-                                       "%0D%0AHOPE%20YOU%20HAVE%20A%20VERY%20HAPPY%20BIRTHDAY"_s});
+    ASSERT_EQ(post.byAddress.urls.size(), 1);
+    EXPECT_EQ(post.byAddress.urls[0].toString(QUrl::FullyEncoded), u"mailto:zoe%2Bhome@x.org?subject=BIRTHDAY&body=Dear%20Zo%C3%AB%20%26%20Bob%3F%20%231%2050%25%2B"
+                                       "%0D%0AHOPE%20YOU%20HAVE%20A%20VERY%20HAPPY%20BIRTHDAY"_s);
 }
 
 TEST_F(Greetings, ThroughTheMailProgram)
@@ -114,9 +101,7 @@ TEST_F(Greetings, ThroughTheMailProgram)
     EXPECT_EQ(post.shown, QStringList{u"a@x.org|BIRTHDAY|Dear Tom & <Ann>\r\nHOPE YOU HAVE A VERY HAPPY BIRTHDAY|"
                                       "<P>Yours</P><BODY><DIV>Dear Tom &amp; &lt;Ann&gt; </DIV>"
                                       "<DIV>HOPE YOU HAVE A VERY HAPPY BIRTHDAY</DIV></BODY></HTML>"_s});
-    EXPECT_TRUE(post.opened.isEmpty());
+    EXPECT_TRUE(post.byAddress.urls.isEmpty());
 }
 
 }
-
-#include "greetings_test.moc"

@@ -56,19 +56,6 @@ TEST_F(RecordModes, WithoutRowsOnlyNewAndCloseAreOpen)
     EXPECT_EQ(count(u"BILLS"_s), 1);
 }
 
-TEST_F(RecordModes, NewAppointmentOpensOnItsRow)
-{
-    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#01/02/2026#,'old')"_s);
-    state().gRecordCode = u"A"_s;
-    form = std::make_unique<frmRecord>();
-    form->dtaData().setRecordSource(u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s);
-    form->AddNewRecord({});
-    form->show();
-    EXPECT_EQ(text(u"lblID1"_s), u"2"_s);
-    EXPECT_EQ(text(u"cboTime"_s), u"12:00 pm"_s);
-    EXPECT_EQ(rows(u"SELECT [TimeUpdate] FROM [APPOINTMENTS] WHERE [ID]=2"_s), QStringList{u"True"_s});
-}
-
 TEST_F(RecordModes, ReplicateAsksFirst)
 {
     execute(u"INSERT INTO [EVENTS] ([DATE],[EVENT],[SUBJECT]) VALUES (#01/02/2026#,'Fair','GENERAL')"_s);

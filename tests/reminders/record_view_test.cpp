@@ -40,12 +40,7 @@ TEST_F(RecordView, BirthdayLastsOneDayAndOffersAGreeting)
     addEvent(u"BIRTHDAY"_s, {}, {});
     const QStringList greeting{u"lblEmail1"_s, u"chkEmail"_s, u"lblCard"_s, u"chkCard"_s};
     const QStringList ticked{u"lblEmail2"_s, u"txtEmail"_s, u"cmdEmail"_s, u"lblCardBuy"_s, u"chkCardBuy"_s, u"lblCardSent"_s, u"chkCardSent"_s};
-    struct Case {
-        int id;
-        bool offered, all;
-        const char16_t *dateTo;
-        bool dateToOpen;
-    };
+    struct Case { int id; bool offered, all; const char16_t *dateTo; bool dateToOpen; };
     const Case cases[] = {{1, true, true, u"", false}, {2, false, false, u"5/12/1947", true}, {3, true, false, u"", false}};
     for (const Case &c : cases) {
         openScreen(u"E"_s, c.id);
@@ -94,21 +89,6 @@ TEST_F(RecordView, DetailsStartWithTheShortText)
     EXPECT_EQ(rows(u"SELECT [FULLEVENT] FROM [EVENTS] ORDER BY [ID]"_s), (QStringList{u"Ann"_s, u"long"_s}));
     form->dtaData().MoveNext();
     EXPECT_EQ(text(u"rtbFullDetails"_s), u"long"_s);
-}
-
-TEST_F(RecordView, FormattedDetailsStayAsTheyAreUntilTyped)
-{
-    const QString foreign = u"{\\rtf1\\ansi{\\pict 0102}a {\\b long} one\\par}"_s;
-    addEvent(u"GENERAL"_s, u"[FULLEVENT]"_s, u"'%1'"_s.arg(foreign));
-    openScreen(u"E"_s, 1);
-    EXPECT_EQ(text(u"rtbFullDetails"_s), u"a long one"_s);
-    click(u"cmdUpdate"_s);
-    EXPECT_EQ(rows(u"SELECT [FULLEVENT] FROM [EVENTS]"_s), QStringList{foreign}) << "the picture is not thrown away by a look";
-    QTest::keyClicks(at(u"rtbFullDetails"_s), u"Quite "_s);
-    click(u"cmdUpdate"_s);
-    EXPECT_EQ(text(u"rtbFullDetails"_s), u"Quite a long one"_s);
-    const QString stored = rows(u"SELECT [FULLEVENT] FROM [EVENTS]"_s).value(0);
-    EXPECT_TRUE(stored.startsWith(u"{\\rtf1"_s) && stored.contains(u"\\b long"_s)) << qPrintable(stored);
 }
 
 TEST_F(RecordView, PictureOfTheEventOrTheSections)

@@ -256,11 +256,7 @@ TEST_P(SeriesTest, weekdays)
 
 TEST_F(SeriesRowsTest, theWeekdayRuleMayMakeNothing)
 {
-    const struct {
-        const char *name, *weekNum, *weekDay;
-        bool chosen;
-        int count;
-    } cases[] = {
+    const struct { const char *name, *weekNum, *weekDay; bool chosen; int count; } cases[] = {
         {"the row's own day is another", "1st", "Mon", true, 2},
         {"no number", "", "Tue", true, 2},
         {"no day", "1st", "", true, 2},
@@ -299,9 +295,7 @@ TEST_F(SeriesRowsTest, aFailedSaveLeavesEverything)
 {
     execute(u"INSERT INTO [Appointments] ([Appointment], [Date]) VALUES ('Mum''s', #11/24/2026#);"_s);
     execute(u"INSERT INTO [Appointments] ([Appointment], [Date]) VALUES ('Gym', #11/24/2026#);"_s);
-    const struct {
-        const char *name, *text, *date, *days, *time;
-    } cases[] = {
+    const struct { const char *name, *text, *date, *days, *time; } cases[] = {
         {"a quote", "Mum's", "11/23/2026", "7", "09:00 AM"},
         {"a doubled quote", "Mum''s", "11/23/2026", "7", "09:00 AM"},
         {"quotes that would widen the query", "' OR [ID]>0 OR ''='", "11/23/2026", "7", "09:00 AM"},

@@ -103,33 +103,6 @@ TEST_F(DesignsTest, eachCreatedTableHasItsFieldsInOrder)
     }
 }
 
-TEST_F(DesignsTest, tablesTakeWhatTheirDesignsAllow)
-{
-    dao::Database database = open();
-    dao::Recordset subjects = database.OpenRecordset(u"SUBJECTS"_s);
-    const auto add = [&subjects](const QString &subject) {
-        return test::errorOf([&] {
-            subjects.AddNew();
-            subjects.Set(u"SUBJECT", subject);
-            subjects.Update();
-        });
-    };
-    EXPECT_EQ(add(u"GENERAL"_s), 0);
-    EXPECT_EQ(add(u""_s), 0);
-    EXPECT_EQ(add(u"General "_s), 3022);    // case and trailing blanks make no other subject
-    EXPECT_EQ(add(u""_s), 3022);
-    subjects.Close();
-
-    dao::Recordset rows = database.OpenRecordset(u"APPOINTMENTS"_s);
-    rows.AddNew();
-    EXPECT_EQ(test::errorOf([&] { rows.Set(u"APPOINTMENT", QString(256, u'x')); }), 3163);
-    rows.Set(u"APPOINTMENT", QString(255, u'x'));
-    EXPECT_EQ(test::shown(rows.Get(u"PeriodDays")), u"0");
-    EXPECT_TRUE(rows.Get(u"DATE").isNull());
-    rows.Update();
-    EXPECT_EQ(rows.RecordCount(), 1);
-}
-
 // A bill has no key index, and is still found and deleted by its number.
 TEST_F(DesignsTest, billsCountUpWithoutAnIndex)
 {

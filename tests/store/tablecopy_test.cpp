@@ -68,11 +68,7 @@ TEST_F(TableCopyTest, whatMakesATableCountAsChanged)
     const auto field = [](auto member, auto value) {
         return Change([=](dao::TableDef &old) { old.Fields[1].*member = value; });
     };
-    const struct {
-        const char *name;
-        Change change;
-        bool wanted;
-    } cases[] = {
+    const struct { const char *name; Change change; bool wanted; } cases[] = {
         {"nothing", [](auto &) {}, false},
         {"another order", [](auto &old) { std::swap(old.Fields[1], old.Fields[2]); }, false},
         {"another case", [](auto &old) { old.Fields[1].Name = u"Name"_s; }, false},

@@ -8,7 +8,6 @@
 
 #include <QDir>
 #include <QFile>
-#include <unistd.h>
 
 namespace vorel {
 
@@ -16,27 +15,18 @@ using namespace Qt::StringLiterals;
 
 using UpgradeTest = test::MainFileTest;
 
-TEST_F(UpgradeTest, aFreshFileIsStampedAndHasItsSetupRow)
-{
-    EXPECT_EQ(GetDatabaseVersion(path()), 290);
-    EXPECT_EQ(rows(u"SELECT * FROM [Setup];"_s), QStringList(u"Null|30|0|0|Null"_s));
-    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList(u"VOREL.MDB"_s));
-}
-
 TEST_F(UpgradeTest, aSecondStartChangesNothing)
 {
+    EXPECT_EQ(rows(u"SELECT * FROM [Setup];"_s), QStringList(u"Null|30|0|0|Null"_s));
+    EXPECT_EQ(QDir(m_folder.path()).entryList(QDir::Files), QStringList(u"VOREL.MDB"_s));
+    execute(u"DELETE * FROM [Setup];"_s);
+    UpgradeAllDatabases();
+    EXPECT_EQ(rows(u"SELECT [AdminPassword], [DeleteAfterDays] FROM [Setup];"_s), QStringList(u"0|30"_s)) << "written anew";
     execute(u"UPDATE [Setup] SET [DeleteAfterDays] = 7;"_s);
     execute(u"INSERT INTO [Appointments] ([Appointment]) VALUES ('Dentist');"_s);
     const QByteArray before = bytes();
     UpgradeAllDatabases();
     EXPECT_EQ(bytes(), before);
-}
-
-TEST_F(UpgradeTest, aMissingSetupRowIsWritten)
-{
-    execute(u"DELETE * FROM [Setup];"_s);
-    UpgradeAllDatabases();
-    EXPECT_EQ(rows(u"SELECT [AdminPassword], [DeleteAfterDays] FROM [Setup];"_s), QStringList(u"0|30"_s));
 }
 
 // What a kill during the making leaves behind must neither stand in the way nor get into the new file.
@@ -90,9 +80,8 @@ TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
         QString table;
         int rows;
     } groups[] = {
-        {DataFile::Main, u"Appointments"_s, 3}, {DataFile::Main, u"Bills"_s, 2}, {DataFile::Main, u"Events"_s, 5},
-        {DataFile::HowTo, u"HowTo"_s, 1}, {DataFile::Movies, u"MOVIES"_s, 1}, {DataFile::Books, u"BOOKS"_s, 1},
-        {DataFile::Music, u"MUSIC"_s, 1}, {DataFile::Main, u"INVENTORY"_s, 1}, {DataFile::Main, u"SHOPPING"_s, 1},
+        {DataFile::Main, u"Events"_s, 5}, {DataFile::HowTo, u"HowTo"_s, 1}, {DataFile::Movies, u"MOVIES"_s, 1}, {DataFile::Books, u"BOOKS"_s, 1},
+        {DataFile::Music, u"MUSIC"_s, 1},
         {DataFile::Recipe, u"RECIPE"_s, 1}, {DataFile::Recipe, u"INGREDIENTS"_s, 7}, {DataFile::Sports, u"GENERAL"_s, 1},
         {DataFile::Sports, u"PERSONAL"_s, 1}, {DataFile::HowTo, u"HEALTH"_s, 1}, {DataFile::HowTo, u"GENERALHEALTH"_s, 1},
         {DataFile::HowTo, u"HEALTHVISITS"_s, 1}, {DataFile::Contacts, u"Contacts"_s, 1},
@@ -120,9 +109,7 @@ TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
 TEST_F(PassTest, theRowsThatMustExist)
 {
     const QString heading = u"SELECT [InvoiceHeading],[TAXNAME1],[TAXNAME2],[Printname],[FiscalMonth] FROM [SETUP]"_s;
-    const struct {
-        QString region, month, tax;
-    } cases[] = {{u"en_US"_s, u"January"_s, u"S"_s}, {u"en_AU"_s, u"July"_s, u"G"_s}};
+    const struct { QString region, month, tax; } cases[] = {{u"en_US"_s, u"January"_s, u"S"_s}, {u"en_AU"_s, u"July"_s, u"G"_s}};
     for (const auto &[region, month, tax] : cases) {
         setRegion(region);
         QFile::remove(state().path(DataFile::Accounts));
@@ -190,6 +177,35 @@ TEST_F(PassTest, anOldMainFileTakesAllFilesThroughTheUpgrade)
     EXPECT_EQ(count(u"Appointments"_s), 0);
 }
 
+// Of a protected file the stamp is read with the password; the parameter only tells whether there is one.
+TEST_F(UpgradeTest, theVersionStamp)
+{
+    const QString plain = m_folder.path(u"PLAIN.MDB"_s), journal = state().path(DataFile::DataJ) = m_folder.path(u"DATAJ.MDB"_s);
+    SetDatabaseVersion(plain, 290);
+    EXPECT_FALSE(QFile::exists(plain));
+    for (const QString &password : {QString(), protectedConnect()})
+        dao::DBEngine::CreateDatabase(password.isEmpty() ? plain : journal, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s + password).Close();
+    for (const int version : {290, 32767, -1, 0, 17}) {
+        SetDatabaseVersion(plain, version);
+        EXPECT_EQ(GetDatabaseVersion(plain), version);
+        SetProtectedDatabaseVersion(DataFile::DataJ, journal, version);
+        EXPECT_EQ(GetProtectedDatabaseVersion(DataFile::DataJ, path()), version);
+    }
+    EXPECT_EQ(GetDatabaseVersion(journal), 0);      // without the password nothing is read
+    EXPECT_EQ(GetProtectedDatabaseVersion(DataFile::DataJ, m_folder.path(u"GONE.MDB"_s)), 0);
+    dao::Database database = dao::DBEngine::OpenDatabase(plain);
+    EXPECT_EQ(database.OpenRecordset(u"SELECT [Version] FROM [Database Info]"_s, dao::dbOpenSnapshot).rowTotal(), 1);
+    database.Execute(u"DELETE * FROM [Database Info]"_s);
+    EXPECT_EQ(GetDatabaseVersion(plain), 0);
+    SetDatabaseVersion(plain, 17);
+    EXPECT_EQ(GetDatabaseVersion(plain), 17);
+    database.Close();
+    m_folder.write(u"PLAIN.MDB"_s, "no database");
+    SetDatabaseVersion(plain, 290);
+    EXPECT_EQ(GetDatabaseVersion(plain), 0);
+    EXPECT_EQ(m_folder.read(u"PLAIN.MDB"_s), "no database");
+}
+
 TEST_F(PassTest, aFileThatFailsIsToldAndTheOthersGoOn)
 {
     test::putEmptyFiles(m_folder.path());
@@ -227,97 +243,6 @@ TEST_F(PassTest, aFolderThatTakesNoFilesIsToldOnce)
     EXPECT_TRUE(m_prompts.texts().last().endsWith(u"The file could not be made."_s));
     EXPECT_EQ(state().mainFile, MainFileAccess::None);
     EXPECT_EQ(rowsOf(DataFile::Garden, u"SELECT * FROM [Garden]"_s), QStringList());     // no main file, no samples
-}
-
-TEST_F(PassTest, withoutAMainFileTheStartGoesOn)
-{
-    test::putEmptyFiles(m_folder.path());
-    m_folder.write(u"VOREL.MDB"_s, "Dear diary, this is no database at all. " + QByteArray(5000, '.'));
-    m_prompts.expect(u"Would you like to create a new database?"_s, basic::Answer::No);
-    UpgradeAllDatabases();
-    EXPECT_EQ(state().mainFile, MainFileAccess::None);
-    EXPECT_FALSE(QFile::exists(path()));
-    UpgradeAllDatabases();
-    EXPECT_EQ(state().mainFile, MainFileAccess::Full);
-    EXPECT_EQ(GetDatabaseVersion(path()), 290);
-}
-
-TEST_F(UpgradeTest, aPlaceThatTakesNoFileIsReportedOnce)
-{
-    const QString folder = m_folder.path(u"taken"_s);
-    ASSERT_TRUE(QDir().mkpath(folder));
-    for (const QString &place : {folder, m_folder.path(u"nowhere/VOREL.MDB"_s)}) {
-        state().path(DataFile::Main) = place;
-        m_prompts.expect(place);
-        UpgradeAllDatabases();
-        EXPECT_TRUE(m_prompts.isDone()) << qPrintable(place);
-    }
-    EXPECT_TRUE(QDir(folder).isEmpty());
-}
-
-TEST_F(UpgradeTest, withoutPermissionItIsReportedOnce)
-{
-    if (geteuid() == 0)
-        GTEST_SKIP() << "root may do anything";
-    const QByteArray before = bytes();
-    QFile file(path());
-    for (const QFile::Permissions allowed : {QFile::Permissions(), QFile::Permissions(QFile::ReadOwner)}) {
-        ASSERT_TRUE(file.setPermissions(allowed));
-        m_prompts.expect(path());
-        UpgradeAllDatabases();
-        EXPECT_TRUE(m_prompts.isDone());
-    }
-    EXPECT_EQ(bytes(), before);
-
-    ASSERT_TRUE(file.remove());
-    ASSERT_TRUE(QFile::setPermissions(m_folder.path(), QFile::ReadOwner | QFile::ExeOwner));
-    m_prompts.expect(path());
-    UpgradeAllDatabases();
-    EXPECT_TRUE(m_prompts.texts().last().endsWith(u"The file could not be made."));
-    EXPECT_TRUE(QFile::setPermissions(m_folder.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner));
-    EXPECT_TRUE(QDir(m_folder.path()).isEmpty());
-}
-
-TEST_F(UpgradeTest, theVersionStamp)
-{
-    const QString plain = m_folder.path(u"PLAIN.MDB"_s);
-    EXPECT_EQ(GetDatabaseVersion(plain), 0);
-    SetDatabaseVersion(plain, 290);
-    EXPECT_FALSE(QFile::exists(plain));
-
-    dao::DBEngine::CreateDatabase(plain, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s).Close();
-    EXPECT_EQ(GetDatabaseVersion(plain), 0);
-    for (const int version : {290, 32767, -1, 0}) {
-        SetDatabaseVersion(plain, version);
-        EXPECT_EQ(GetDatabaseVersion(plain), version);
-    }
-    dao::Database database = dao::DBEngine::OpenDatabase(plain);
-    dao::Recordset stamps = database.OpenRecordset(u"SELECT COUNT(*) FROM [Database Info]"_s, dao::dbOpenSnapshot);
-    EXPECT_EQ(test::shown(stamps.Get(0)), u"1");
-    stamps.Close();
-    database.Execute(u"DELETE * FROM [Database Info]"_s);
-    EXPECT_EQ(GetDatabaseVersion(plain), 0);
-    SetDatabaseVersion(plain, 17);
-    EXPECT_EQ(GetDatabaseVersion(plain), 17);
-    database.Close();
-
-    m_folder.write(u"PLAIN.MDB"_s, "no database");
-    SetDatabaseVersion(plain, 290);
-    EXPECT_EQ(GetDatabaseVersion(plain), 0);
-    EXPECT_EQ(m_folder.read(u"PLAIN.MDB"_s), "no database");
-}
-
-// The pair for the protected files opens the file in use; its parameter only tells whether there is one.
-TEST_F(UpgradeTest, theVersionStampOfAProtectedFile)
-{
-    const QString journal = m_folder.path(u"DATAJ.MDB"_s);
-    state().path(DataFile::DataJ) = journal;
-    dao::DBEngine::CreateDatabase(journal, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s + protectedConnect()).Close();
-    SetProtectedDatabaseVersion(DataFile::DataJ, journal, 290);
-    EXPECT_EQ(GetProtectedDatabaseVersion(DataFile::DataJ, journal), 290);
-    EXPECT_EQ(GetProtectedDatabaseVersion(DataFile::DataJ, path()), 290);
-    EXPECT_EQ(GetProtectedDatabaseVersion(DataFile::DataJ, m_folder.path(u"GONE.MDB"_s)), 0);
-    EXPECT_EQ(GetDatabaseVersion(journal), 0);      // without the password nothing is read
 }
 
 }

@@ -58,30 +58,22 @@ void ScriptedPrompts::expectInput(const QString &text, const QString &typed)
 
 void ScriptedPrompts::expectFile(const QString &title, const std::optional<QString> &path)
 {
-    m_expected.push_back({Kind::File, title, {}});
-    if (path)
-        m_expected.back().answer = *path;
+    choice(Kind::File, title, path);
 }
 
 void ScriptedPrompts::expectFolder(const QString &title, const std::optional<QString> &path)
 {
-    m_expected.push_back({Kind::Folder, title, {}});
-    if (path)
-        m_expected.back().answer = *path;
+    choice(Kind::Folder, title, path);
 }
 
 void ScriptedPrompts::expectColour(const std::optional<quint32> &rgb)
 {
-    m_expected.push_back({Kind::Colour, {}, {}});
-    if (rgb)
-        m_expected.back().answer = *rgb;
+    choice(Kind::Colour, {}, rgb);
 }
 
 void ScriptedPrompts::expectFont(const std::optional<basic::FontChoice> &font)
 {
-    m_expected.push_back({Kind::Font, {}, {}});
-    if (font)
-        m_expected.back().answer = *font;
+    choice(Kind::Font, {}, font);
 }
 
 QStringList ScriptedPrompts::texts() const
@@ -127,42 +119,25 @@ QString ScriptedPrompts::input(const QString &text, const QString &title, const 
     return take(Kind::Input, text, &taken) ? std::get<QString>(taken.answer) : QString();
 }
 
-std::optional<QString> ScriptedPrompts::path(Kind kind, const QString &title)
-{
-    m_shown.push_back({title, title});
-    Expected taken;
-    if (!take(kind, title, &taken) || !std::holds_alternative<QString>(taken.answer))
-        return std::nullopt;
-    return std::get<QString>(taken.answer);
-}
-
 std::optional<QString> ScriptedPrompts::chooseFile(const basic::FileQuestion &question)
 {
     m_lastFile = question;
-    return path(Kind::File, question.title);
+    return chosen<QString>(Kind::File, question.title);
 }
 
 std::optional<QString> ScriptedPrompts::chooseFolder(const QString &title, const QString &)
 {
-    return path(Kind::Folder, title);
+    return chosen<QString>(Kind::Folder, title);
 }
 
 std::optional<quint32> ScriptedPrompts::chooseColour(quint32)
 {
-    m_shown.push_back({});
-    Expected taken;
-    if (!take(Kind::Colour, {}, &taken) || !std::holds_alternative<quint32>(taken.answer))
-        return std::nullopt;
-    return std::get<quint32>(taken.answer);
+    return chosen<quint32>(Kind::Colour, {});
 }
 
 std::optional<basic::FontChoice> ScriptedPrompts::chooseFont(const basic::FontChoice &)
 {
-    m_shown.push_back({});
-    Expected taken;
-    if (!take(Kind::Font, {}, &taken) || !std::holds_alternative<basic::FontChoice>(taken.answer))
-        return std::nullopt;
-    return std::get<basic::FontChoice>(taken.answer);
+    return chosen<basic::FontChoice>(Kind::Font, {});
 }
 
 }

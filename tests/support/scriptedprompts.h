@@ -53,7 +53,19 @@ private:
         std::variant<std::monostate, basic::Answer, QString, quint32, basic::FontChoice> answer;
     };
     bool take(Kind kind, const QString &text, Expected *taken);
-    std::optional<QString> path(Kind kind, const QString &title);
+    template <class T> void choice(Kind kind, const QString &title, const std::optional<T> &answer)
+    {
+        m_expected.push_back({kind, title, {}});
+        if (answer)
+            m_expected.back().answer = *answer;
+    }
+    template <class T> std::optional<T> chosen(Kind kind, const QString &title)
+    {
+        m_shown.push_back({title, title});
+        Expected taken;
+        const bool given = take(kind, title, &taken) && std::holds_alternative<T>(taken.answer);
+        return given ? std::optional<T>(std::get<T>(taken.answer)) : std::nullopt;
+    }
 
     std::deque<Expected> m_expected;
     std::vector<Shown> m_shown;

@@ -33,9 +33,7 @@ Calculator::Outcome press(Calculator &calculator, QChar key)
 
 TEST(CalculatorKeys, EachSequenceHasItsReadout)
 {
-    struct Case {
-        QString keys, readout;
-    };
+    struct Case { QString keys, readout; };
     const Case cases[] = {
         {u""_s, u"0"_s}, {u"007"_s, u"7"_s}, {u"12.5.0"_s, u"12.50"_s}, {u".5"_s, u"0.5"_s},
         {u"2+3="_s, u"5"_s}, {u"7-10="_s, u"-3"_s}, {u"6X7="_s, u"42"_s}, {u"1/8="_s, u"0.125"_s},
@@ -95,10 +93,7 @@ TEST(CalculatorKeys, ThePointIsTheRegions)
 
 TEST(Conversions, EachPairByItsFactorAndFormat)
 {
-    struct Case {
-        double amount;
-        QString from, to, result;
-    };
+    struct Case { double amount; QString from, to, result; };
     const Case cases[] = {
         {20, u"Celsius"_s, u"Farenheight"_s, u"64"_s}, {70, u"Farenheight"_s, u"Celsius"_s, u"21"_s},
         {100, u"Centimetres"_s, u"Feet"_s, u"3.28"_s}, {100, u"Centimetres"_s, u"Millimetres"_s, u"1000"_s},

@@ -10,11 +10,7 @@ using namespace vorel;
 TEST(Hints, EveryLineIsOneWithItsEnd)
 {
     const test::TestFolder folder;
-    struct Case {
-        const char *name;
-        QByteArray file;
-        QStringList hints;
-    };
+    struct Case { const char *name; QByteArray file; QStringList hints; };
     const Case cases[] = {
         {"line ends of all systems", "a\r\nb\nc\rd", {u"a .........."_s, u"b .........."_s, u"c .........."_s, u"d .........."_s}},
         {"the last line's end begins no other", "a\n", {u"a .........."_s}},

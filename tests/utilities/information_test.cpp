@@ -56,15 +56,6 @@ TEST_F(Information, ShowsThePageOfTheSection)
     EXPECT_FALSE(openScreen());
 }
 
-TEST_F(Information, AllOpensTheGeneralHints)
-{
-    folder.write(u"INFOALL.RTF"_s, "{\\rtf1 general}");
-    for (const QStringView code : {u"All", u"AB", u""}) {
-        ShowInfoPage(code);
-        EXPECT_EQ(u"general"_s, openScreen()->txtInfo().Text());
-    }
-}
-
 TEST_F(Information, ANoteHasItsTitleAndHeight)
 {
     QMainWindow main;

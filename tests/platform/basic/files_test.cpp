@@ -31,11 +31,7 @@ private:
 
 TEST_F(Files, AreFoundWhateverTheirCase)
 {
-    const struct {
-        QStringView asked;
-        QStringView real;
-        QStringView name;
-    } cases[] = {
+    const struct { QStringView asked; QStringView real; QStringView name; } cases[] = {
         {u"/VOREL.mdb", u"/VOREL.mdb", u"VOREL.mdb"},
         {u"/vorel.MDB", u"/VOREL.mdb", u"VOREL.mdb"},
         {u"\\vorel.mdb", u"/VOREL.mdb", u"VOREL.mdb"},
@@ -67,14 +63,6 @@ TEST_F(Files, ABackslashMayBePartOfAName)
     QFile file(root + u"/odd\\name"_s);
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     EXPECT_EQ(Dir(root + u"/odd\\name"_s), u"odd\\name"_s);
-}
-
-TEST_F(Files, ProgramFolderIsTheOneThatWasSet)
-{
-    const QString before = programFolder();
-    setProgramFolder(root);
-    EXPECT_EQ(programFolder(), root);
-    setProgramFolder(before);
 }
 
 }

@@ -1,6 +1,7 @@
 #include "platform/basic/error.h"
 #include "platform/basic/prompts.h"
 #include "support.h"
+#include "support/scriptedprompts.h"
 
 #include <stdexcept>
 
@@ -9,42 +10,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Notes what was shown and gives the answer that it was told to.
-class Recorder : public Prompts {
-public:
-    Recorder() { setPrompts(this); }
-    ~Recorder() override { setPrompts(nullptr); }
-    Recorder(const Recorder &) = delete;
-    Recorder &operator=(const Recorder &) = delete;
-
-    Answer message(const QString &text, const QString &title, Buttons buttons, Icon) override
-    {
-        shown << title + u'|' + text;
-        lastButtons = buttons;
-        return answer;
-    }
-    QString input(const QString &text, const QString &title, const QString &initial) override
-    {
-        shown << title + u'|' + text;
-        return initial + u"!"_s;
-    }
-    std::optional<QString> chooseFile(const FileQuestion &) override { return std::nullopt; }
-    std::optional<quint32> chooseColour(quint32) override { return std::nullopt; }
-    std::optional<QString> chooseFolder(const QString &, const QString &) override { return std::nullopt; }
-
-    QStringList shown;
-    Buttons lastButtons = Buttons::OkCancel;
-    Answer answer = Answer::Ok;
-};
+// What was shown, with its title.
+QStringList shownBy(const vorel::test::ScriptedPrompts &user)
+{
+    QStringList lines;
+    for (const auto &one : user.shown())
+        lines << one.title + u'|' + one.text;
+    return lines;
+}
 
 TEST(PromptsTest, WithoutAScreenNothingIsAgreedTo)
 {
     ::testing::internal::CaptureStderr();
     Prompts &silent = prompts();
-    const struct {
-        Buttons buttons;
-        Answer answer;
-    } cases[] = {
+    const struct { Buttons buttons; Answer answer; } cases[] = {
         {Buttons::Ok, Answer::Ok}, {Buttons::OkCancel, Answer::Cancel}, {Buttons::YesNo, Answer::No},
         {Buttons::YesNoCancel, Answer::Cancel}, {Buttons::RetryCancel, Answer::Cancel},
     };
@@ -62,43 +41,48 @@ TEST(PromptsTest, WithoutAScreenNothingIsAgreedTo)
 
 TEST(PromptsTest, AnEmptyTitleIsTheProducts)
 {
-    Recorder recorder;
+    vorel::test::ScriptedPrompts user;
+    user.expect(u"a"_s);
+    user.expect(u"b"_s);
+    user.expect(u"c"_s, Answer::Yes);
+    user.expect(u"d"_s, Answer::No);
+    user.expectInput(u"e"_s, u"x!"_s);
     MsgBox(u"a"_s);
     MsgBox(u"b"_s, u"Own"_s);
-    recorder.answer = Answer::Yes;
     EXPECT_TRUE(AskYesNo(u"c"_s));
-    EXPECT_EQ(recorder.lastButtons, Buttons::YesNo);
-    recorder.answer = Answer::Cancel;
     EXPECT_FALSE(AskYesNo(u"d"_s));
     const QString before = applicationTitle();
     setApplicationTitle(u"Other"_s);
     EXPECT_EQ(InputBox(u"e"_s, {}, u"x"_s), u"x!"_s);
     setApplicationTitle(before);
-    EXPECT_EQ(recorder.shown, QStringList({u"Vorel Reminder|a"_s, u"Own|b"_s, u"Vorel Reminder|c"_s,
-                                           u"Vorel Reminder|d"_s, u"Other|e"_s}));
+    EXPECT_EQ(shownBy(user), QStringList({u"Vorel Reminder|a"_s, u"Own|b"_s, u"Vorel Reminder|c"_s, u"Vorel Reminder|d"_s,
+                                          u"Other|e"_s}));
+    EXPECT_EQ(user.shown()[2].buttons, Buttons::YesNo);
 }
 
 TEST(PromptsTest, TrapShowsWhatFailed)
 {
-    Recorder recorder;
+    vorel::test::ScriptedPrompts user;
     EXPECT_TRUE(Trap([] {}));
-    EXPECT_TRUE(recorder.shown.isEmpty());
+    EXPECT_TRUE(user.shown().empty());
+    for (const QString &text : {u"Type mismatch"_s, u"Doppelt – schon da"_s, u"disk on fire"_s})
+        user.expect(text);
     EXPECT_FALSE(Trap([] { throw BasicError(13); }));
     EXPECT_FALSE(Trap([] { throw Error(3022, u"Doppelt – schon da"_s); }));
     EXPECT_FALSE(Trap([] { throw std::runtime_error("disk on fire"); }));
-    EXPECT_EQ(recorder.shown, QStringList({u"Vorel Reminder|Type mismatch"_s, u"Vorel Reminder|Doppelt – schon da"_s,
-                                           u"Vorel Reminder|disk on fire"_s}));
-    EXPECT_EQ(recorder.lastButtons, Buttons::Ok);
+    EXPECT_EQ(shownBy(user), QStringList({u"Vorel Reminder|Type mismatch"_s, u"Vorel Reminder|Doppelt – schon da"_s,
+                                          u"Vorel Reminder|disk on fire"_s}));
+    EXPECT_EQ(user.shown().back().buttons, Buttons::Ok);
 }
 
 TEST(PromptsTest, IgnoredErrorsTellTheirNumberOnly)
 {
-    Recorder recorder;
+    const vorel::test::ScriptedPrompts user;
     EXPECT_EQ(IgnoreErrors([] {}), 0);
     EXPECT_EQ(IgnoreErrors([] { throw BasicError(94); }), 94);
     EXPECT_EQ(IgnoreErrors([] { throw Error(3265, {}); }), 3265);
     EXPECT_EQ(IgnoreErrors([] { throw std::runtime_error("x"); }), -1);
-    EXPECT_TRUE(recorder.shown.isEmpty());
+    EXPECT_TRUE(user.shown().empty());
     EXPECT_THROW(IgnoreErrors([] { throw 1; }), int);
 }
 

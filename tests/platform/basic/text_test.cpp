@@ -27,11 +27,7 @@ TEST(Text, PartsOfATextStopAtItsEnds)
 
 TEST(Text, Like)
 {
-    const struct {
-        QStringView text;
-        QStringView pattern;
-        bool matches;
-    } cases[] = {
+    const struct { QStringView text; QStringView pattern; bool matches; } cases[] = {
         {u"", u"", true}, {u"", u"*", true}, {u"", u"?", false}, {u"abc", u"abc", true}, {u"abc", u"ab", false},
         {u"abc", u"*", true}, {u"abc", u"a*", true}, {u"abc", u"*c", true}, {u"abc", u"*b*", true}, {u"abc", u"*d*", false},
         {u"abc", u"a?c", true}, {u"ac", u"a?c", false}, {u"a7", u"a#", true}, {u"ab", u"a#", false}, {u"a\u0667", u"a#", false},

@@ -132,20 +132,6 @@ TEST(Grid, Keys)
     }
 }
 
-TEST(Grid, NewRowLine)
-{
-    Screen s;
-    s.grid.setAllowAddNew(true);
-    EXPECT_EQ(3, s.grid.rows());
-    EXPECT_EQ(4, s.grid.model()->rowCount());
-    s.taken();
-    QTest::mouseClick(s.area(), Qt::LeftButton, {}, s.cell(1, 3));
-    EXPECT_EQ(QStringList{u"row 3"_s}, s.taken());
-    EXPECT_EQ(u""_s, s.grid.CellText(0));
-    EXPECT_FALSE(s.grid.Bookmark().isValid());
-    EXPECT_EQ(u"Ann"_s, s.data.Recordset().Get(u"Name").text()) << "the control stays where it was";
-}
-
 TEST(Grid, DoubleClickTellsHeadsFromRows)
 {
     Screen s;
@@ -306,26 +292,6 @@ TEST(Grid, KeepsItsPlaceOverARequery)
     s.data.MoveNext();
     EXPECT_EQ(62, s.grid.rows()) << "a row that went through the control's own recordset";
     EXPECT_EQ(50, s.grid.currentRow());
-}
-
-TEST(Grid, ToolTipsOfRowsAndHeads)
-{
-    Screen s;
-    QList<qsizetype> asked;
-    s.grid.setToolTipProvider([&](qsizetype row) {
-        asked.append(row);
-        return QString();
-    });
-    s.grid.setTitle(u"PEOPLE"_s);
-    const auto hover = [](QWidget *target, QPoint where) {
-        QHelpEvent event(QEvent::ToolTip, where, target->mapToGlobal(where));
-        QCoreApplication::sendEvent(target, &event);
-    };
-    hover(s.area(), s.cell(1, 2));
-    hover(s.grid.horizontalHeader()->viewport(), {50, 30});
-    hover(s.grid.findChild<QWidget *>(u"title"_s), {50, 3});
-    hover(s.area(), {50, s.area()->height() - 2});
-    EXPECT_EQ((QList<qsizetype>{2, -1, -1}), asked);
 }
 
 TEST(Grid, MayOutliveItsControl)

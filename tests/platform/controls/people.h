@@ -14,23 +14,14 @@ public:
         dao::Database database = dao::DBEngine::CreateDatabase(file(), u";LANGID=0x0409;CP=1252;COUNTRY=0"_s);
         dao::TableDef design;
         design.Name = u"People"_s;
-        const auto field = [&](const QString &name, dao::DataType type, int size, int attributes = 0, bool empty = false) {
-            dao::FieldDef made;
-            made.Name = name;
-            made.Type = type;
-            made.Size = size;
-            made.Attributes = attributes;
-            made.AllowZeroLength = empty;
-            design.Fields.push_back(made);
-        };
-        field(u"ID"_s, dao::dbLong, 4, dao::dbAutoIncrField);
-        field(u"Name"_s, dao::dbText, 20);
-        field(u"Email"_s, dao::dbText, 20, 0, true);        // takes an empty text
-        field(u"Notes"_s, dao::dbMemo, 0);
-        field(u"Owed"_s, dao::dbCurrency, 8);
-        field(u"Born"_s, dao::dbDate, 8);
-        field(u"Friend"_s, dao::dbBoolean, 1);
-        field(u"Age"_s, dao::dbInteger, 2);
+        design.Fields = {{.Name = u"ID"_s, .Type = dao::dbLong, .Size = 4, .Attributes = dao::dbAutoIncrField},
+                         {.Name = u"Name"_s, .Type = dao::dbText, .Size = 20},
+                         {.Name = u"Email"_s, .Type = dao::dbText, .Size = 20, .AllowZeroLength = true},
+                         {.Name = u"Notes"_s, .Type = dao::dbMemo},
+                         {.Name = u"Owed"_s, .Type = dao::dbCurrency, .Size = 8},
+                         {.Name = u"Born"_s, .Type = dao::dbDate, .Size = 8},
+                         {.Name = u"Friend"_s, .Type = dao::dbBoolean, .Size = 1},
+                         {.Name = u"Age"_s, .Type = dao::dbInteger, .Size = 2}};
         design.Indexes = {{u"PrimaryKey"_s, {u"ID"_s}, true, true, true}, {u"ByName"_s, {u"Name"_s}, false, true, false}};
         database.AppendTable(design);
         for (const QString &name : {u"Ann"_s, u"Bob"_s, u"Cid"_s})

@@ -63,16 +63,6 @@ TEST(ScreenPrompts, MessageOffersItsButtonsAndGivesTheAnswer)
     }
 }
 
-TEST(ScreenPrompts, EmptyTitleIsTheProducts)
-{
-    const QString before = basic::applicationTitle();
-    basic::setApplicationTitle(u"The Product"_s);
-    controls::ScreenPrompts prompts;
-    onNextDialog<QMessageBox>(u"MsgBox"_s, [](QMessageBox &box) { EXPECT_EQ(u"The Product"_s, box.windowTitle()); });
-    prompts.message(u"x"_s, {}, Buttons::Ok, Icon::None);
-    basic::setApplicationTitle(before);
-}
-
 TEST(ScreenPrompts, InputGivesTheTextOrNothing)
 {
     controls::ScreenPrompts prompts;

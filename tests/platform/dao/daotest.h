@@ -82,17 +82,38 @@ inline TableDef sample(const QString &name = u"SAMPLE"_s)
              .Indexes = { primaryKey() } };
 }
 
+// One with a unique index.
+inline TableDef subjects()
+{
+    return { .Name = u"SUBJECTS"_s, .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
+             .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } }, .Helpers = { u"SUBJECT"_s } };
+}
+
+using Values = std::initializer_list<std::pair<QStringView, Value>>;
+inline void set(Recordset &rows, Values values)
+{
+    for (const auto &[name, value] : values)
+        rows.Set(name, value);
+    rows.Update();
+}
+inline void add(Recordset &rows, Values values = {})
+{
+    rows.AddNew();
+    set(rows, values);
+}
+inline void edit(Recordset &rows, Values values)
+{
+    rows.Edit();
+    set(rows, values);
+}
+
 // A file with the sample table and rows whose NAME is given and whose LARGE is the row's number from 1.
 inline void addRows(Database &database, const QStringList &names)
 {
     Transaction all(database);
     Recordset rows = database.OpenRecordset(u"SAMPLE"_s);
-    for (qsizetype i = 0; i < names.size(); ++i) {
-        rows.AddNew();
-        rows.Set(u"NAME", names[i]);
-        rows.Set(u"LARGE", static_cast<int>(i) + 1);
-        rows.Update();
-    }
+    for (qsizetype i = 0; i < names.size(); ++i)
+        add(rows, { { u"NAME", names[i] }, { u"LARGE", static_cast<int>(i) + 1 } });
     rows.Close();
     all.Commit();
 }

@@ -21,12 +21,8 @@ TEST_F(Designs, ReadBackAsAppendedFieldByFieldInOrder)
                                  { .Name = u"WHEN"_s, .Type = dbDate, .Size = 8, .DefaultValue = u"Date()"_s } },
                      .Indexes = { { u"Both"_s, { u"Key Field"_s, u"PRICE"_s }, false, true, true },
                                   { u"Plain one"_s, { u"WHEN"_s }, false, false, false } } };
-    TableDef subjects = { .Name = u"SUBJECTS"_s,
-                          .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
-                          .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } },
-                          .Helpers = { u"SUBJECT"_s } };
     TableDef noIndex = { .Name = u"TODO"_s, .Fields = { counter(u"ID"_s), text(u"TASK"_s, 255) } };
-    const std::vector<TableDef> wanted = { sample(), odd, subjects, noIndex };
+    const std::vector<TableDef> wanted = { sample(), odd, subjects(), noIndex };
     {
         Database file = create();
         for (const TableDef &design : wanted)
@@ -53,9 +49,7 @@ TEST_F(Designs, OtherToolsReadTheTypesAndWriteTheFile)
 {
     Database file = create();
     file.AppendTable(sample());
-    TableDef subjects = { .Name = u"SUBJECTS"_s, .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
-                          .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } } };
-    file.AppendTable(subjects);
+    file.AppendTable(subjects());
     QProcess tool;
     const auto run = [&](const QString &sql) {
         tool.start(u"sqlite3"_s, { path(), sql });
@@ -82,10 +76,8 @@ TEST_F(Designs, OtherToolsReadTheTypesAndWriteTheFile)
     }
     rows.Set(u"SUBJECT", u" birthday"_s);
     EXPECT_EQ(errorOf([&] { rows.Update(); }), 0);
-    for (int i = 0; i < 2; ++i) {
-        rows.AddNew();
-        rows.Update();
-    }
+    for (int i = 0; i < 2; ++i)
+        add(rows);
     EXPECT_EQ(rows.rowTotal(), 6);
 }
 
@@ -125,9 +117,7 @@ TEST_F(Designs, ForeignFilesAreReadByAffinity)
 TEST_F(Designs, RenamingAndReplacingATableKeepsRowsAndIndexNames)
 {
     Database file = create();
-    TableDef subjects = { .Name = u"SUBJECTS"_s, .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
-                          .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } },
-                          .Helpers = { u"SUBJECT"_s } };
+    const TableDef subjects = test::subjects();
     file.AppendTable(subjects);
     file.Execute(u"INSERT INTO SUBJECTS (SUBJECT) VALUES ('Party')"_s);
     file.RenameTable(u"subjects", u"SUBJECTS$$"_s);

@@ -159,9 +159,7 @@ TEST_F(Files, AReplacedFileIsNoticed)
         SCOPED_TRACE(password.toStdString());
         filled(u"A.MDB"_s, password);
         Database other = create(u"B.MDB"_s, password);
-        TableDef design = sample();
-        design.Name = u"OTHER"_s;
-        other.AppendTable(design);
+        other.AppendTable(sample(u"OTHER"_s));
         other.Close();
         const auto open = [&] { return DBEngine::OpenDatabase(path(u"A.MDB"_s), false, false, password); };
         const QByteArray before = contentOf(path(u"A.MDB"_s));
@@ -190,9 +188,7 @@ TEST_F(Files, CompactionKeepsEverythingInFewerBytes)
         SCOPED_TRACE(password.toStdString());
         filled(u"A.MDB"_s, password);
         Database file = DBEngine::OpenDatabase(path(u"A.MDB"_s), false, false, password);
-        TableDef subjects = { .Name = u"SUBJECTS"_s, .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
-                              .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } } };
-        file.AppendTable(subjects);
+        file.AppendTable(subjects());
         file.Execute(u"INSERT INTO SUBJECTS (SUBJECT) VALUES ('One')"_s);
         file.Execute(u"DELETE FROM SAMPLE WHERE LARGE > 300"_s);
         file.Close();
@@ -201,7 +197,7 @@ TEST_F(Files, CompactionKeepsEverythingInFewerBytes)
         EXPECT_EQ(contentOf(path(u"B.MDB"_s)).contains("row 299"), password.isEmpty());
         Database compacted = DBEngine::OpenDatabase(path(u"B.MDB"_s), false, false, password);
         EXPECT_EQ(compacted.TableDefs().size(), 2u);
-        EXPECT_EQ(compacted.TableDefByName(u"SUBJECTS").Indexes, subjects.Indexes);
+        EXPECT_EQ(compacted.TableDefByName(u"SUBJECTS").Indexes, subjects().Indexes);
         EXPECT_EQ(compacted.TableDefByName(u"SAMPLE").Fields, sample().Fields);
         Recordset rows = compacted.OpenRecordset(u"SAMPLE"_s);
         EXPECT_EQ(rows.rowTotal(), 300);

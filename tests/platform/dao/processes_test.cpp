@@ -11,6 +11,7 @@ namespace vorel::dao::test {
 namespace {
 
 const char *const jobVariable = "VOREL_DAO_CHILD";
+const QString update = u"UPDATE SAMPLE SET NAME='other' WHERE ID=1"_s;
 
 void say(const QString &word)
 {
@@ -29,7 +30,7 @@ void holdTransaction(const QString &path)
 {
     Database file = DBEngine::OpenDatabase(path);
     Transaction all(file);
-    file.Execute(u"UPDATE SAMPLE SET NAME='other' WHERE ID=1"_s);
+    file.Execute(update);
     say(u"ready"_s);
     waitForWord();
     all.Commit();
@@ -42,11 +43,8 @@ void writeUntilKilled(const QString &path)
     Transaction all(file);
     file.Execute(u"DELETE FROM SAMPLE"_s);
     Recordset rows = file.OpenRecordset(u"SAMPLE"_s);
-    for (int i = 0; i < 300; ++i) {
-        rows.AddNew();
-        rows.Set(u"NOTE", QString(50000, u'x'));
-        rows.Update();
-    }
+    for (int i = 0; i < 300; ++i)
+        add(rows, { { u"NOTE", QString(50000, u'x') } });
     say(u"ready"_s);
     waitForWord();
 }
@@ -74,15 +72,7 @@ void fillTheDisk(const QString &path)
 void runJob(const QStringList &job)
 {
     const QString path = job.value(1);
-    if (job[0] == u"update") {
-        DBEngine::OpenDatabase(path).Execute(u"UPDATE SAMPLE SET NAME='other' WHERE ID=1"_s);
-    } else if (job[0] == u"add") {
-        DBEngine::OpenDatabase(path).Execute(u"INSERT INTO SAMPLE (NAME) VALUES ('theirs')"_s);
-    } else if (job[0] == u"delete") {
-        DBEngine::OpenDatabase(path).Execute(u"DELETE FROM SAMPLE WHERE ID=2"_s);
-    } else if (job[0] == u"design") {
-        DBEngine::OpenDatabase(path).Execute(u"CREATE TABLE MORE (A LONG)"_s);
-    } else if (job[0] == u"hold") {
+    if (job[0] == u"hold") {
         holdTransaction(path);
     } else if (job[0] == u"open") {
         DBEngine::SetLockWait(50);
@@ -91,6 +81,8 @@ void runJob(const QStringList &job)
         writeUntilKilled(path);
     } else if (job[0] == u"full") {
         fillTheDisk(path);
+    } else {
+        DBEngine::OpenDatabase(path).Execute(job[0]);
     }
 }
 
@@ -113,6 +105,7 @@ protected:
     }
     void TearDown() override { DBEngine::SetLockWait(5000); }
 
+    // An SQL statement, or one of the jobs above.
     void start(QProcess &process, const QString &job, const QString &file = u"DATA.MDB"_s, const QString &connect = {})
     {
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -150,9 +143,9 @@ TEST_F(Processes, ChangesOfOthersAreSeen)
     Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
     EXPECT_EQ(rows.Get(u"NAME"), Value(u"a"_s));
     EXPECT_EQ(rows.cell(1, 1), Value(u"b"_s));
-    run(u"update"_s);
-    run(u"delete"_s);
-    run(u"design"_s);
+    run(update);
+    run(u"DELETE FROM SAMPLE WHERE ID=2"_s);
+    run(u"CREATE TABLE MORE (A LONG)"_s);
     DBEngine::Idle(dbRefreshCache);
     EXPECT_EQ(rows.Get(u"NAME"), Value(u"other"_s));
     EXPECT_EQ(rows.cell(1, 1), Value());
@@ -170,15 +163,13 @@ TEST_F(Processes, ARowChangedSinceEditIsNotOverwritten)
     Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
     rows.Edit();
     rows.Set(u"LARGE", 99);
-    run(u"update"_s);
+    run(update);
     EXPECT_EQ(errorOf([&] { rows.Update(); }), 3197);
     EXPECT_TRUE(rows.editPending());
     rows.CancelUpdate();
     EXPECT_EQ(rows.Get(u"NAME"), Value(u"other"_s));
     EXPECT_EQ(rows.Get(u"LARGE"), Value(1));
-    rows.Edit();
-    rows.Set(u"LARGE", 99);
-    rows.Update();
+    edit(rows, { { u"LARGE", 99 } });
     EXPECT_EQ(rows.Get(u"LARGE"), Value(99));
 }
 
@@ -188,7 +179,7 @@ TEST_F(Processes, ANumberTakenMeanwhileIsReplaced)
     rows.AddNew();
     EXPECT_EQ(rows.Get(u"ID"), Value(4));
     rows.Set(u"NAME", u"ours"_s);
-    run(u"add"_s);
+    run(u"INSERT INTO SAMPLE (NAME) VALUES ('theirs')"_s);
     rows.Update();
     rows.setBookmark(rows.LastModified());
     EXPECT_EQ(rows.Get(u"ID"), Value(5));

@@ -23,10 +23,7 @@ protected:
 TEST_F(Recordsets, ValuesComeBackAsTheyWereStored)
 {
     const basic::DateTime moment = basic::DateTime::fromParts(2004, 2, 29, 23, 59, 58);
-    struct Case {
-        QString name;
-        Value value;
-    };
+    struct Case { QString name; Value value; };
     const std::vector<Case> cases = {
         { u"NAME"_s, u"007"_s }, { u"NAME"_s, u" blanks  "_s }, { u"NAME"_s, u""_s }, { u"NAME"_s, u"O'Neil \"é漢\U0001F600"_s },
         { u"NAME"_s, Value() }, { u"DAY"_s, moment }, { u"DAY"_s, basic::DateTime(0.5) },
@@ -40,11 +37,8 @@ TEST_F(Recordsets, ValuesComeBackAsTheyWereStored)
         { u"PICTURE"_s, QByteArray(3000000, 'p') },
     };
     Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
-    for (const Case &one : cases) {
-        rows.AddNew();
-        rows.Set(one.name, one.value);
-        rows.Update();
-    }
+    for (const Case &one : cases)
+        add(rows, { { one.name, one.value } });
     rows.Close();
     m_file.Close();
     DBEngine::Forget(path());
@@ -59,12 +53,7 @@ TEST_F(Recordsets, ValuesComeBackAsTheyWereStored)
 
 TEST_F(Recordsets, AssignmentConvertsOrRefuses)
 {
-    struct Case {
-        QString name;
-        Value value;
-        int error;
-        Value stored;
-    };
+    struct Case { QString name; Value value; int error; Value stored; };
     const std::vector<Case> cases = {
         { u"NAME"_s, QString(20, u'x'), 0, QString(20, u'x') },
         { u"NAME"_s, QString(21, u'x'), 3163, {} },
@@ -272,20 +261,11 @@ TEST_F(Recordsets, ManyRowsInTheOrderOfTheirTexts)
     Transaction all(m_file);
     Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
     constexpr int count = 3000;
-    for (int i = 0; i < count; ++i) {
-        rows.AddNew();
-        rows.Set(u"NAME", names[static_cast<size_t>(i * 7 % 10)]);
-        rows.Set(u"LARGE", (i * 13) % 5 - 2);
-        rows.Set(u"SMALL", i);
-        rows.Update();
-    }
+    for (int i = 0; i < count; ++i)
+        add(rows, { { u"NAME", names[static_cast<size_t>(i * 7 % 10)] }, { u"LARGE", (i * 13) % 5 - 2 }, { u"SMALL", i } });
     rows.Close();
     all.Commit();
-    struct Case {
-        const char *order;
-        int byName, byLarge;        // 1 ascending, -1 descending
-        bool largeFirst;
-    };
+    struct Case { const char *order; int byName, byLarge /* 1 ascending, -1 descending */; bool largeFirst; };
     for (const Case &one : { Case { "NAME", 1, 0, false }, Case { "NAME DESC", -1, 0, false }, Case { "NAME, LARGE DESC", 1, -1, false },
                              Case { "LARGE, NAME DESC", -1, 1, true }, Case { "[LARGE] DESC, 'x', 1", 1, -1, true } }) {
         SCOPED_TRACE(one.order);
@@ -373,12 +353,7 @@ TEST_F(Recordsets, SortAndFilterActOnTheNextRecordset)
 TEST_F(Recordsets, KindsThatCannotChange)
 {
     addRows(m_file, { u"a"_s, u"a"_s, u"b"_s });
-    struct Case {
-        QString source;
-        RecordsetType type;
-        qsizetype rows;
-        int error;
-    };
+    struct Case { QString source; RecordsetType type; qsizetype rows; int error; };
     const std::vector<Case> cases = {
         { u"SELECT * FROM SAMPLE"_s, dbOpenSnapshot, 3, 3251 },
         { u"SELECT DISTINCT NAME FROM SAMPLE"_s, dbOpenDynaset, 2, 3027 },
@@ -411,13 +386,8 @@ TEST_F(Recordsets, KindsThatCannotChange)
 
 TEST_F(Recordsets, WindowsFollowTheirPlaceInALargeSet)
 {
-    {
-        QStringList many;
-        for (int i = 0; i < 3000; ++i)
-            many.append(QString::number(i));
-        addRows(m_file, many);
-        m_file.Execute(u"DELETE FROM SAMPLE WHERE LARGE MOD 7 = 0 OR LARGE BETWEEN 900 AND 1400"_s);
-    }
+    addRows(m_file, QStringList(3000, u"x"_s));
+    m_file.Execute(u"DELETE FROM SAMPLE WHERE LARGE MOD 7 = 0 OR LARGE BETWEEN 900 AND 1400"_s);
     for (const QString &source : { u"SELECT * FROM SAMPLE"_s, u"SELECT * FROM SAMPLE ORDER BY LARGE DESC"_s,
                                    u"SELECT * FROM SAMPLE WHERE LARGE MOD 5 = 1"_s }) {
         SCOPED_TRACE(source.toStdString());

@@ -17,13 +17,6 @@ namespace {
 constexpr int sampleRows = 2000;
 constexpr int subjectRows = 600;
 constexpr qsizetype page = 4096;
-
-TableDef subjects()
-{
-    return { .Name = u"SUBJECTS"_s, .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
-             .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } }, .Helpers = { u"SUBJECT"_s } };
-}
-
 QString nameOf(int row) { return u"row-%1-end"_s.arg(row, 4, 10, QChar(u'0')); }
 QString subjectOf(int row) { return u"sub-%1-end"_s.arg(row, 4, 10, QChar(u'0')); }
 
@@ -50,11 +43,8 @@ protected:
         }
         samples.Close();
         Recordset words = file.OpenRecordset(u"SUBJECTS"_s);
-        for (int i = 0; i < std::min(rows, subjectRows); ++i) {
-            words.AddNew();
-            words.Set(u"SUBJECT", subjectOf(i));
-            words.Update();
-        }
+        for (int i = 0; i < std::min(rows, subjectRows); ++i)
+            add(words, { { u"SUBJECT", subjectOf(i) } });
         words.Close();
         all.Commit();
         file.Close();
@@ -103,11 +93,7 @@ static QByteArray leavesOf(const QByteArray &content)
 }
 static void zero(QByteArray &content, qsizetype number) { content.replace((number - 1) * page, page, QByteArray(page, '\0')); }
 
-struct PlainCase {
-    const char *what;
-    Pages damage;
-    bool allRows;
-};
+struct PlainCase { const char *what; Pages damage; bool allRows; };
 
 static std::vector<PlainCase> cases()
 {
@@ -150,16 +136,16 @@ TEST_F(Repair, EveryRowOnASoundPageIsSaved)
         QByteArray content = good;
         one.damage(content);
         ASSERT_NE(content, good);
-        std::set<std::string> names, words;
         const QByteArray whole = leavesOf(content);
-        for (int i = 0; i < sampleRows; ++i) {
-            if (whole.contains(nameOf(i).toLatin1()))
-                names.insert(nameOf(i).toStdString());
-        }
-        for (int i = 0; i < subjectRows; ++i) {
-            if (whole.contains(subjectOf(i).toLatin1()))
-                words.insert(subjectOf(i).toStdString());
-        }
+        const auto standingIn = [&whole](int count, QString (*text)(int)) {
+            std::set<std::string> found;
+            for (int i = 0; i < count; ++i) {
+                if (whole.contains(text(i).toLatin1()))
+                    found.insert(text(i).toStdString());
+            }
+            return found;
+        };
+        const std::set<std::string> names = standingIn(sampleRows, nameOf), words = standingIn(subjectRows, subjectOf);
         EXPECT_EQ(names.size() + words.size() == sampleRows + subjectRows, one.allRows);
         damage(content);
         DBEngine::RepairDatabase(path());
@@ -240,11 +226,7 @@ TEST_F(Repair, AProtectedFile)
     constexpr qsizetype locked = 1024;
     DBEngine::RepairDatabase(path(), protectedConnect);
     EXPECT_EQ(contentOf(path()), good);
-    struct Case {
-        const char *what;
-        Pages damage;
-        size_t fewest;
-    };
+    struct Case { const char *what; Pages damage; size_t fewest; };
     const qsizetype middle = good.size() / locked / 3;
     const std::vector<Case> cases = {
         { "a page zeroed", [=](QByteArray &c) { c.replace(middle * locked, locked, QByteArray(locked, '\0')); }, 1900 },

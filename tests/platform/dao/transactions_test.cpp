@@ -21,9 +21,7 @@ TEST_F(Transactions, RolledBackUnlessCommitted)
     {
         Transaction all(m_file);
         add(m_file);
-        rows.Edit();
-        rows.Set(u"NAME", u"changed"_s);
-        rows.Update();
+        edit(rows, { { u"NAME", u"changed"_s } });
         rows.AddNew();
         rows.Update();
         EXPECT_EQ(count(), 4);

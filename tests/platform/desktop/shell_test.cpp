@@ -1,8 +1,7 @@
 #include "platform/desktop/desktop.h"
+#include "support/opened.h"
 #include "support/testfolder.h"
 
-#include <QDesktopServices>
-#include <QUrl>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -10,28 +9,7 @@ using namespace vorel;
 
 namespace {
 
-// Stands for the desktop: keeps the addresses it was to open.
-class Desktop : public QObject {
-    Q_OBJECT
-public:
-    Desktop()
-    {
-        for (const QString &scheme : m_schemes)
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-    ~Desktop() override
-    {
-        for (const QString &scheme : m_schemes)
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl &url) { opened.append(url); }
-
-private:
-    const QStringList m_schemes {u"http"_s, u"https"_s, u"mailto"_s, u"file"_s};
-};
+const QStringList schemes {u"http"_s, u"https"_s, u"mailto"_s, u"file"_s};
 
 }
 
@@ -50,19 +28,19 @@ TEST(ShellExecute, AddressesAndDocumentsGoToTheDesktop)
         {folder.path(), QUrl::fromLocalFile(folder.path())},
     };
     for (const Case &c : cases) {
-        Desktop desktop;
+        test::Opened desktop(schemes);
         EXPECT_TRUE(desktop::ShellExecute(c.target)) << c.target.toStdString();
-        EXPECT_EQ(QList{c.opened}, desktop.opened) << c.target.toStdString();
+        EXPECT_EQ(QList{c.opened}, desktop.urls) << c.target.toStdString();
     }
 }
 
 TEST(ShellExecute, NothingToStart)
 {
     const test::TestFolder folder;
-    Desktop desktop;
+    test::Opened desktop(schemes);
     for (const QString &target : {u""_s, u"  "_s, u"no-such-program-here"_s, folder.path(u"missing.doc"_s), u"\\missing\\x.exe"_s})
         EXPECT_FALSE(desktop::ShellExecute(target)) << target.toStdString();
-    EXPECT_TRUE(desktop.opened.isEmpty());
+    EXPECT_TRUE(desktop.urls.isEmpty());
 }
 
 TEST(ShellExecute, StartsAProgramWithItsArguments)
@@ -77,5 +55,3 @@ TEST(ShellExecute, StartsAProgramWithItsArguments)
     ASSERT_TRUE(answer.open(QIODevice::ReadOnly));         // waits for the program
     EXPECT_EQ("one two|" + QFileInfo(folder.path()).fileName().toUtf8() + "\n", answer.readAll());
 }
-
-#include "shell_test.moc"

@@ -1,37 +1,12 @@
 #include "platform/basic/error.h"
 #include "platform/mail/mailprogram.h"
+#include "support/opened.h"
 #include "support/testfolder.h"
-
-#include <QDesktopServices>
-#include <QUrl>
 
 using namespace Qt::StringLiterals;
 using namespace vorel;
 
 namespace {
-
-// Stands for the desktop's programs.
-class Desktop : public QObject {
-    Q_OBJECT
-public:
-    explicit Desktop(const QStringList &schemes) : m_schemes(schemes)
-    {
-        for (const QString &scheme : m_schemes)
-            QDesktopServices::setUrlHandler(scheme, this, "open");
-    }
-    ~Desktop() override
-    {
-        for (const QString &scheme : m_schemes)
-            QDesktopServices::unsetUrlHandler(scheme);
-    }
-    QList<QUrl> opened;
-
-public slots:
-    void open(const QUrl &url) { opened.append(url); }
-
-private:
-    QStringList m_schemes;
-};
 
 void display(const QString &to)
 {
@@ -77,11 +52,11 @@ TEST(MailProgram, HandsTheLetterToTheDesktop)
 {
     const test::TestFolder folder;
     {
-        Desktop desktop({u"file"_s, u"mailto"_s});
+        test::Opened desktop({u"file"_s, u"mailto"_s});
         for (int i = 0; i < 25; ++i)
             display(u"ann@x.org"_s);
-        ASSERT_EQ(desktop.opened.size(), 25);
-        const QString file = desktop.opened.last().toLocalFile();
+        ASSERT_EQ(desktop.urls.size(), 25);
+        const QString file = desktop.urls.last().toLocalFile();
         EXPECT_TRUE(file.endsWith(u"/letter000025.eml")) << file.toStdString();
         EXPECT_TRUE(QFile::exists(file));
         EXPECT_LE(QDir(folder.path(u"Letters"_s)).entryList(QDir::Files).size(), 20) << "old ones go";
@@ -94,9 +69,7 @@ TEST(MailProgram, WithoutAFolderByAddress)
 {
     const test::TestFolder folder;
     folder.write(u"Letters"_s, "a file is in the way");
-    Desktop desktop({u"file"_s, u"mailto"_s});
+    test::Opened desktop({u"file"_s, u"mailto"_s});
     display(u"ann@x.org"_s);
-    EXPECT_EQ(desktop.opened, QList{QUrl(u"mailto:ann@x.org?subject=Hello&body=Plain"_s)});
+    EXPECT_EQ(desktop.urls, QList{QUrl(u"mailto:ann@x.org?subject=Hello&body=Plain"_s)});
 }
-
-#include "mailprogram_test.moc"

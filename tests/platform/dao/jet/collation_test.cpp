@@ -42,27 +42,13 @@ TEST(Collation, OrdersAndEquals)
     }
 }
 
-TEST(Collation, IsATotalOrder)
-{
-    const std::string texts[] = {"", " ", "-", "'", "a", "A ", "a-", "-a", "a'", "\u00e1", "\u00e1-", "a\u0301b", "ab", "\xff", "a\xff",
-                                 "1", "_", "\u00df", "ss", "\u00e6", "z", "\u4e2d", "\U0001f600"};
-    for (const std::string &a : texts) {
-        for (const std::string &b : texts) {
-            for (const std::string &c : texts) {
-                if (compareText(a, b) <= 0 && compareText(b, c) <= 0) {
-                    EXPECT_LE(compareText(a, c), 0) << a << '|' << b << '|' << c;
-                }
-            }
-        }
-    }
-}
-
-// Bytes that compare like the texts themselves, whatever these hold.
+// Bytes that compare like the texts themselves, whatever these hold: so these have one order.
 TEST(Collation, SortKeysKeepTheOrder)
 {
     std::mt19937 chance(7);
     const std::u32string letters = U"aAbBzZ  --''09_.\u00e9\u00c9e\u0301\u00e0\u00df\u0130\u017f\u0178\u212a\u1e9e\u0436\u4e2d\U0001f600\u0308";
-    std::vector<std::string> texts = {"", std::string("\0", 1), std::string("a\0", 2), std::string("a\0b", 3), "\xff", "\xc3", "a\xc3(", "\xc0\x80"};
+    std::vector<std::string> texts = {"", std::string("\0", 1), std::string("a\0", 2), std::string("a\0b", 3), "\xff", "\xc3", "a\xc3(",
+                                      "\xc0\x80", " ", "-", "'", "A ", "a-", "-a", "a'", "\u00e1-", "a\u0301b", "a\xff", "1", "ss", "\u00e6"};
     for (int i = 0; i < 700; ++i) {
         std::u32string text;
         for (auto left = chance() % 7; left > 0; --left) {
