@@ -182,6 +182,16 @@ void frmCaddy::CheckForBackupFiles() { d->strip.CheckForBackupFiles(); }
 void frmCaddy::CheckAppointments() { d->alerts.CheckAppointments(); }
 void frmCaddy::ScrollMessages() { d->strip.ScrollMessages(); }
 void frmCaddy::UpdateRowHeight() { d->sections.UpdateRowHeight(); }
+void frmCaddy::HoldTimer(bool hold)
+{
+    if (hold) {
+        m_held = d->c.Timer2->isActive();
+        d->c.Timer2->stop();
+    } else if (std::exchange(m_held, false)) {
+        d->c.Timer2->start();
+    }
+}
+
 bool frmCaddy::WriteRows() { return d->cells.WriteRows(); }
 void frmCaddy::SortData() { d->search.SortData(state().gSection); }
 

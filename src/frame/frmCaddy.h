@@ -36,6 +36,7 @@ public:
     void CheckAppointments();
     void ScrollMessages();
     void UpdateRowHeight() override;
+    void HoldTimer(bool hold) override;
     bool WriteRows() override;
     // Sorts the section on show, by a column that is asked for where none was clicked.
     void SortData();
@@ -71,6 +72,7 @@ private:
     struct Rooms;
     std::unique_ptr<Rooms> d;
     bool m_unloaded = false;
+    bool m_held = false;                // Timer2 waits, and went before
 };
 
 }

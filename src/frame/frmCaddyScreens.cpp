@@ -1,5 +1,9 @@
 #include "frame/frmCaddyScreens.h"
 
+#include "records/frmBooks.h"
+#include "records/frmInventory.h"
+#include "records/frmMovies.h"
+#include "records/frmMusic.h"
 #include "reminders/frmMessage.h"
 
 namespace vorel {
@@ -11,11 +15,11 @@ const std::vector<RecordScreen> &recordScreens()
     static const std::vector<RecordScreen> table = {
         {{u"F"_s}, u"F"_s, u"frmBackup"_s},
         {{u"M"_s}, u"M"_s, u"frmMessage"_s, openRecordScreen<frmMessage>},
-        {{u"I"_s}, u"I"_s, u"frmInventory"_s},
-        {{u"K"_s}, u"K"_s, u"frmBooks"_s},
+        {{u"I"_s}, u"I"_s, u"frmInventory"_s, openRecordScreen<frmInventory>},
+        {{u"K"_s}, u"K"_s, u"frmBooks"_s, openRecordScreen<frmBooks>},
         {{u"MV"_s}, u"MV"_s, u"frmVehicle"_s},
-        {{u"U"_s}, u"U"_s, u"frmMusic"_s},
-        {{u"V"_s}, u"V"_s, u"frmMovies"_s},
+        {{u"U"_s}, u"U"_s, u"frmMusic"_s, openRecordScreen<frmMusic>},
+        {{u"V"_s}, u"V"_s, u"frmMovies"_s, openRecordScreen<frmMovies>},
         {{u"W"_s}, u"W"_s, u"frmPasswords"_s},
         {{u"N"_s}, u"N"_s, u"frmNotes"_s},
         {{u"J"_s}, u"J"_s, u"frmNotes"_s},

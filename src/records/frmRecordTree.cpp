@@ -76,15 +76,15 @@ public:
         return isGroup(index) ? groupData(index, role) : leafData(index, role);
     }
 
-    void setLook(const QFont &font, const QPalette &palette)
+    void setLook(const QWidget &view)
     {
-        m_bold = font;
+        m_bold = view.font();
         m_bold.setBold(true);
         // Red, and on a dark ground a lighter tint that reads well there.
-        const bool dark = controls::blackOrWhiteOn(palette.color(QPalette::Base)) == Qt::white;
+        const bool dark = controls::blackOrWhiteOn(view.palette().color(QPalette::Base)) == Qt::white;
         m_red = dark ? controls::blend(Qt::red, Qt::white, 0.4) : QColor(Qt::red);
-        m_folder = QIcon::fromTheme(u"folder"_s);
-        m_sheet = QIcon::fromTheme(u"text-x-generic"_s);
+        m_folder = QIcon::fromTheme(u"folder"_s, view.style()->standardIcon(QStyle::SP_DirIcon));
+        m_sheet = QIcon::fromTheme(u"text-x-generic"_s, view.style()->standardIcon(QStyle::SP_FileIcon));
     }
 
 private:
@@ -129,7 +129,7 @@ RecordTree::RecordTree(QWidget *parent) : QTreeView(parent), m_model(new RecordT
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setEditTriggers(NoEditTriggers);
-    m_model->setLook(font(), palette());
+    m_model->setLook(*this);
     setModel(m_model);
     connect(this, &QAbstractItemView::pressed, this, [this] { m_pressed = true; });
 }
@@ -214,7 +214,7 @@ void RecordTree::mouseReleaseEvent(QMouseEvent *event)
 void RecordTree::changeEvent(QEvent *event)
 {
     if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange)
-        m_model->setLook(font(), palette());
+        m_model->setLook(*this);
     QTreeView::changeEvent(event);
 }
 

@@ -5,11 +5,15 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/text.h"
 
+#include <numeric>
+
 namespace vorel::records {
 
 using namespace Qt::StringLiterals;
 
 namespace {
+
+constexpr qsizetype manyGroups = 16;
 
 bool isInventory()
 {
@@ -39,17 +43,10 @@ bool hasField(const dao::Recordset &rows, QStringView name)
 class Reader {
 public:
     Reader(const QString &databasePath, QString table, QString field, std::vector<TreeGroup> &groups)
-        : m_database(dao::DBEngine::OpenDatabase(databasePath)), m_table(std::move(table)), m_field(std::move(field)),
+        : m_database(dao::DBEngine::OpenDatabase(databasePath)), m_reads(m_database), m_table(std::move(table)), m_field(std::move(field)),
           m_capitals(NamesInCapitals()), m_groups(groups)
     {
     }
-    ~Reader()
-    {
-        if (m_database)
-            m_database.Close();
-    }
-    Reader(const Reader &) = delete;
-    Reader &operator=(const Reader &) = delete;
 
     void byFirstCharacter()
     {
@@ -79,27 +76,58 @@ private:
         }
     }
 
+    // A query for each value passes over the whole table each time. Where the values are many, one reading in their order
+    // gives the same groups; the value with an apostrophe still goes its own way, for its query fails.
     void byValue(const QString &what, const QString &by, const QString &ordering, const QString &called)
     {
-        dao::Recordset values = m_database.CreateSnapshot(u"SELECT "_s + what + u" FROM "_s + bracketed(m_table) + u" WHERE "_s
-                                                          + bracketed(by) + u"<>'' ORDER BY "_s + bracketed(by) + u';');
-        for (; !values.EOF_(); values.MoveNext()) {
-            const QString value = values.Get(0).text();
-            addGroup(value, bracketed(by) + u"='"_s + value, ordering, called);
+        const QString filled = from() + bracketed(by) + u"<>''"_s;
+        const dao::Recordset values = m_database.CreateSnapshot(u"SELECT "_s + what + filled + u" ORDER BY "_s + bracketed(by) + u';');
+        std::vector<qsizetype> sizes;
+        dao::Recordset sorted;
+        if (values.rowTotal() > manyGroups) {
+            sizes = groupSizes(filled, by, values.rowTotal());
+            sorted = m_database.OpenRecordset(u"SELECT *"_s + filled + u" ORDER BY "_s + bracketed(by) + u',' + bracketed(ordering) + u';');
+        }
+        const bool inOneReading = sorted && std::accumulate(sizes.begin(), sizes.end(), qsizetype{0}) == sorted.rowTotal();
+        for (qsizetype row = 0, first = 0; row < values.rowTotal(); ++row) {
+            const QString value = values.cell(row, 0).text();
+            if (inOneReading && !value.contains(u'\'')) {
+                addLeaves(value, sorted, first, sizes[static_cast<std::size_t>(row)], called);
+            } else {
+                addGroup(value, bracketed(by) + u"='"_s + value, ordering, called);
+            }
+            if (inOneReading)
+                first += sizes[static_cast<std::size_t>(row)];
         }
     }
+
+    // Of the groups in their order; none if they are not the ones that were counted on.
+    std::vector<qsizetype> groupSizes(const QString &filled, const QString &by, qsizetype expected)
+    {
+        const dao::Recordset counts = m_database.CreateSnapshot(u"SELECT COUNT(*)"_s + filled + u" GROUP BY "_s + bracketed(by) + u" ORDER BY "_s
+                                                                + bracketed(by) + u';');
+        std::vector<qsizetype> sizes;
+        for (qsizetype row = 0; counts.rowTotal() == expected && row < expected; ++row)
+            sizes.push_back(basic::CLng(counts.cell(row, 0)));
+        return sizes;
+    }
+
+    QString from() const { return u" FROM "_s + bracketed(m_table) + u" WHERE "_s; }
 
     // `condition` ends within its text, which the quote closes.
     void addGroup(const QString &text, const QString &condition, const QString &ordering, const QString &called)
     {
-        dao::Recordset rows = m_database.OpenRecordset(u"SELECT * FROM "_s + bracketed(m_table) + u" WHERE "_s + condition
-                                                       + u"' ORDER BY "_s + bracketed(ordering) + u';');
-        if (rows.EOF_())
-            return;
+        const dao::Recordset rows = m_database.OpenRecordset(u"SELECT *"_s + from() + condition + u"' ORDER BY "_s + bracketed(ordering) + u';');
+        if (rows.rowTotal() > 0)
+            addLeaves(text, rows, 0, rows.rowTotal(), called);
+    }
+
+    void addLeaves(const QString &text, const dao::Recordset &rows, qsizetype first, qsizetype count, const QString &called)
+    {
         const int id = rows.fieldIndex(u"ID");
         const int name = rows.fieldIndex(hasField(rows, called) ? called : m_field);
         TreeGroup group{text, {}};
-        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
+        for (qsizetype row = first; row < first + count; ++row) {
             const dao::Value key = rows.cell(row, id);
             if (!key.isNull())      // deleted since the rows were counted
                 group.leaves.push_back({basic::CLng(key), shown(rows.cell(row, name).text())});
@@ -113,6 +141,7 @@ private:
     }
 
     dao::Database m_database;
+    dao::ManyReads m_reads;
     QString m_table, m_field;
     bool m_capitals;
     std::vector<TreeGroup> &m_groups;

@@ -195,7 +195,6 @@ void frmMessage::cmdUpdate_Click()
 {
     if (!m_data->hasRows() || !m_data->UpdateRecord())
         return;
-    m_refused = false;
     FillLists();
     dao::DBEngine::Idle(dao::dbRefreshCache);
     lblState->setText(u"Saved"_s);
@@ -238,16 +237,7 @@ void frmMessage::cmdDelete_Click()
 // Every road out writes what was typed; what cannot be saved keeps the screen open, once.
 bool frmMessage::QueryUnload()
 {
-    if (m_data->UpdateRecord())
-        return true;
-    if (!m_refused) {
-        m_refused = true;
-        return false;
-    }
-    if (!basic::AskYesNo(u"Leave without saving the changes?"_s))
-        return false;
-    m_data->revert();
-    return true;
+    return m_data->Leave();
 }
 
 void frmMessage::Unload()

@@ -50,7 +50,6 @@ private:
     QCheckBox *chkRead, *chkDelete;
     QLabel *lblState;                           // what became of the message
     QAbstractButton *cmdNew, *cmdDelete, *cmdSend, *cmdUpdate, *cmdClose;
-    bool m_refused = false;                     // the last attempt to leave could not save
 };
 
 }

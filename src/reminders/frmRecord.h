@@ -123,7 +123,6 @@ private:
     QButtonGroup *m_options = nullptr;
     QString m_calcBox;                                  // the date box that cmdCalc serves
     bool m_showing = false;                             // a row is being shown: changes are not the user's
-    bool m_refused = false;                             // the last attempt to leave could not save
 };
 
 }

@@ -4,36 +4,18 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
+#include "platform/controls/elidedlabel.h"
 #include "utilities/frmInformationFormat.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPainter>
 #include <QRegularExpressionValidator>
 
 namespace vorel {
 
 using namespace Qt::StringLiterals;
-
-namespace {
-
-// Holds the whole text and shows what fits: of a path both ends.
-class ElidedLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-
-protected:
-    void paintEvent(QPaintEvent *) override
-    {
-        QPainter painter(this);
-        painter.setPen(palette().color(foregroundRole()));
-        painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
-    }
-};
-
-}
 
 // The order is the order on the screen and of the Tab key.
 const std::vector<frmRecord::FieldRow> &frmRecord::fieldTable()
@@ -118,7 +100,7 @@ QWidget *frmRecord::createField(const FieldRow &row)
         return made;
     }
     case Kind::Caption: {
-        auto *made = row.control == u"lblFilename" ? new ElidedLabel(this) : new QLabel(this);
+        auto *made = row.control == u"lblFilename" ? new controls::ElidedLabel(this) : new QLabel(this);
         made->setTextFormat(Qt::PlainText);
         return made;
     }

@@ -49,7 +49,6 @@ QPixmap readPicture(const QString &path, QSize room)
 void frmRecord::dtaData_Reposition()
 {
     m_showing = true;
-    m_refused = false;
     const bool rows = m_data->hasRows();
     state().gLastRecord = static_cast<qint32>(record::number(text(u"lblID1"_s)));
     if (rows && text(u"lblDay"_s).isEmpty())

@@ -57,7 +57,6 @@ void frmRecord::cmdUpdate_Click()
     const QString details = text(u"rtbFullDetails"_s);
     if (!m_data->UpdateRecord())
         return;
-    m_refused = false;
     // The save showed the row as it is stored; what the view had put in place of empty fields is part of it now.
     correctDate();
     if (text(u"rtbFullDetails"_s).isEmpty())
@@ -120,16 +119,7 @@ bool frmRecord::QueryUnload()
 {
     if (m_data->isDirty())
         txtDate_LostFocus();
-    if (m_data->UpdateRecord())
-        return true;
-    if (!m_refused) {
-        m_refused = true;
-        return false;
-    }
-    if (!basic::AskYesNo(u"Leave without saving the changes?"_s))
-        return false;
-    m_data->revert();
-    return true;
+    return m_data->Leave();
 }
 
 }

@@ -62,7 +62,10 @@ struct DataControl::Private {
     dao::Bookmark shown;                    // the row that the widgets hold
     std::vector<Binding> bindings;
     std::function<bool()> writer;
+    std::function<void()> undo;
     bool dropping = false;
+    bool movesAsk = false;
+    bool refused = false;                   // the last attempt to leave this row could not save it
 
     enum class Written { Done, Gone, Refused };
     struct Failure {
@@ -228,7 +231,7 @@ struct DataControl::Private {
     bool move(const std::function<bool()> &step)
     {
         const QPointer<DataControl> alive(q);
-        if (!q->UpdateRecord() || !alive)
+        if (!(movesAsk ? q->Leave() : q->UpdateRecord()) || !alive)
             return false;
         if (!q->hasRows()) {
             if (shown.isValid())
@@ -288,9 +291,15 @@ const QString &DataControl::RecordSource() const
     return d->source;
 }
 
-void DataControl::setRowWriter(std::function<bool()> writer)
+void DataControl::setRowWriter(std::function<bool()> writer, std::function<void()> undo)
 {
     d->writer = std::move(writer);
+    d->undo = std::move(undo);
+}
+
+void DataControl::setMovesAsk(bool on)
+{
+    d->movesAsk = on;
 }
 
 void DataControl::Refresh(bool quiet)
@@ -376,8 +385,10 @@ bool DataControl::UpdateRecord()
         return false;
     Private::Failure failure;
     const Private::Written result = d->write(&failure);
-    if (result == Private::Written::Done)
+    if (result == Private::Written::Done) {
+        d->refused = false;
         return true;
+    }
     if (result == Private::Written::Gone && failure.number == 0) {
         d->settle();
         return true;
@@ -388,6 +399,21 @@ bool DataControl::UpdateRecord()
     if (alive)
         d->report(failure);
     return false;
+}
+
+bool DataControl::Leave()
+{
+    const bool again = std::exchange(d->refused, true);
+    const QPointer<DataControl> alive(this);
+    if (UpdateRecord()) {
+        d->refused = false;
+        return true;
+    }
+    if (!alive || !again || !d->refused || !basic::AskYesNo(u"Leave without saving the changes?"_s) || !alive)
+        return false;
+    revert();
+    d->refused = false;
+    return true;
 }
 
 void DataControl::ShowRow()
@@ -401,6 +427,7 @@ void DataControl::ShowRow()
         }
     }
     d->shown = row;
+    d->refused = false;
     const int failed = basic::IgnoreErrors([&] { d->fillAll(row.isValid()); });
     if (failed == errDeleted && !d->dropping) {     // deleted elsewhere: the next row takes its place
         d->dropping = true;
@@ -422,6 +449,8 @@ bool DataControl::isDirty() const
 
 void DataControl::revert()
 {
+    if (d->undo)
+        d->undo();
     basic::IgnoreErrors([&] { d->fillAll(d->shown.isValid()); });
 }
 

@@ -48,7 +48,12 @@ public:
     void ShowRow();                                     // fills the widgets from the current row, then emits Reposition
     // For a control that collects changes of the current row itself (a grid): writes them, false if they were refused.
     // Asked before the row is left by any move, Refresh or setRecordset; those stay where they are if it says no.
-    void setRowWriter(std::function<bool()> writer);
+    // revert runs `undo`, which drops what the writer would write.
+    void setRowWriter(std::function<bool()> writer, std::function<void()> undo = {});
+    // The road away from the row for whoever has no move of his own (a screen that closes): UpdateRecord. Where the same
+    // typing is refused a second time, the user is asked whether it may be dropped. false: stay.
+    bool Leave();
+    void setMovesAsk(bool on);                          // every move goes that road too
     bool isDirty() const;
     void revert();                                      // back to the stored values
     void takeAsShown(QWidget *widget);                  // what code put into the widget on showing the row is no typing

@@ -164,6 +164,7 @@ public:
 private:
     friend class DatabasePrivate;
     friend class Transaction;
+    friend class ManyReads;
     friend struct DatabaseAccess;
     explicit Database(std::shared_ptr<DatabasePrivate> p) : d(std::move(p)) {}
     std::shared_ptr<DatabasePrivate> d;
@@ -180,6 +181,17 @@ public:
 private:
     struct State;
     std::unique_ptr<State> m_state;
+};
+
+// While one lives, pages that were read are kept: for a routine that asks many queries of one table.
+class ManyReads {
+public:
+    explicit ManyReads(Database &database);
+    ~ManyReads();
+    ManyReads(const ManyReads &) = delete;
+    ManyReads &operator=(const ManyReads &) = delete;
+private:
+    std::shared_ptr<DatabasePrivate> m_database;
 };
 
 namespace DBEngine {

@@ -194,4 +194,17 @@ void Database::DeleteQuery(const QString &name)
     file.schemaChanged();
 }
 
+ManyReads::ManyReads(Database &database) : m_database(database.d)
+{
+    if (!m_database)
+        throw EngineError(3420);
+    m_database->connection().useLargeCache(true);
+}
+
+ManyReads::~ManyReads()
+{
+    if (m_database->isOpen())
+        m_database->connection().useLargeCache(false);
+}
+
 }

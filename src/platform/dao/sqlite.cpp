@@ -48,6 +48,8 @@ void throwStoreError(int code, const QString &text, const QString &path, int sys
     case SQLITE_LOCKED:
         throw EngineError(3218);
     case SQLITE_READONLY:
+        if (code == SQLITE_READONLY_DBMOVED)        // what it would write to has no name any more, or stands elsewhere
+            throw EngineError(3024, name);
         throw EngineError(3027);
     case SQLITE_CONSTRAINT:
         throwConstraint(code, text);

@@ -1,0 +1,99 @@
+#include "frame/state.h"
+#include "platform/controls/datacontrol.h"
+#include "records/frmRecordTree.h"
+#include "store/designs.h"
+#include "store/rebuild.h"
+#include "store/upgrade.h"
+#include "testdata.h"
+
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QTemporaryDir>
+#include <functional>
+
+// What the user of a large collection waits for: the tree of 10,000 books, read, shown and painted.
+using namespace vorel;
+using namespace Qt::StringLiterals;
+using records::TreeMode;
+
+namespace {
+
+constexpr int books = 10000;
+constexpr double treeBudget = 150;
+
+// Titles of some words that begin with all letters and digits, a page of comments each, as many collections have them.
+void makeBooks(const QString &path)
+{
+    UpgradeDatabase(DataFile::Books, path, store::currentVersion);
+    dao::Database database = dao::DBEngine::OpenDatabase(path);
+    dao::Transaction all(database);
+    dao::Recordset rows = database.OpenRecordset(u"select * from [BOOKS]"_s);
+    const QString starts = u"ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789"_s;
+    const QString comments = u"A long winter, an old house and a letter. "_s.repeated(20);
+    for (int i = 0; i < books; ++i) {
+        rows.AddNew();
+        rows.Set(u"TITLE", starts[i % starts.size()] + u" book of the year number %1"_s.arg((i * 7919) % books, 5, 10, QChar(u'0')));
+        rows.Set(u"AUTHOR", u"Author %1"_s.arg(i % 1500));
+        rows.Set(u"CATEGORY", u"Category %1"_s.arg(i % 40));
+        rows.Set(u"COMMENTS", comments);
+        rows.Update();
+    }
+    all.Commit();
+}
+
+std::vector<double> timesOf(const std::function<void()> &step)
+{
+    std::vector<double> times;
+    for (int run = 0; run < 9; ++run) {
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    return times;
+}
+
+}
+
+int main(int argc, char **argv)
+{
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    const QTemporaryDir folder;
+    bench::makeMainFile(folder.filePath(u"VOREL.MDB"_s));
+    state().gIniFile = folder.filePath(u"vorelreminder.ini"_s);
+    state().gSection = u"K"_s;
+    const QString path = folder.filePath(u"BOOKS.MDB"_s);
+    makeBooks(path);
+
+    struct Mode { QString name; TreeMode mode; QString field; };
+    const Mode modes[] = {{u"by first character"_s, TreeMode::ByFirstCharacter, u"TITLE"_s},
+                          {u"by category"_s, TreeMode::ByCategory, u"TITLE"_s},
+                          {u"by 1,500 authors"_s, TreeMode::ByField, u"AUTHOR"_s}};
+    RecordTree tree;
+    tree.resize(300, 600);
+    tree.show();
+    for (const Mode &mode : modes) {
+        bench::report(u"10,000 titles "_s + mode.name + u", rows alone"_s,
+                      timesOf([&] { records::RecordTreeRows(mode.mode, path, u"BOOKS"_s, mode.field); }), treeBudget);
+        bench::report(u"tree of 10,000 titles "_s + mode.name + u", painted"_s, timesOf([&] {
+                          FillRecordTree(tree, mode.mode, path, u"BOOKS"_s, mode.field);
+                          SelectTreeNode(tree, u"5000"_s);
+                          tree.viewport()->repaint();
+                      }), treeBudget);
+    }
+    bench::report(u"rows of 10,000 books and their tree, opened"_s, timesOf([&] {
+                      RecordTree opened;
+                      opened.resize(300, 600);
+                      controls::DataControl data;
+                      data.setDatabaseName(path);
+                      data.setRecordSource(u"SELECT * FROM [BOOKS] ORDER BY [Title]"_s);
+                      data.Refresh();
+                      FillRecordTree(opened, TreeMode::ByFirstCharacter, path, u"BOOKS"_s, u"TITLE"_s);
+                      SelectTreeNode(opened, data.Recordset().Get(u"ID").text());
+                      opened.show();
+                      opened.repaint();
+                  }), 250);
+    bench::report(u"row change with its node in the tree"_s, timesOf([&] { SelectTreeNode(tree, u"9999"_s); SelectTreeNode(tree, u"1"_s); }), 10);
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QLabel>
+
+namespace vorel::controls {
+
+// Holds the whole text and shows what fits: of a path both ends. A long text widens nothing; it is told by the tool tip.
+class ElidedLabel : public QLabel {
+public:
+    explicit ElidedLabel(QWidget *parent = nullptr);
+
+protected:
+    bool event(QEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+};
+
+}

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "records/frmSection.h"
+
+namespace vorel {
+
+class frmBooks : public frmSection {
+    Q_OBJECT
+public:
+    explicit frmBooks(QWidget *parent = nullptr) : frmSection(records::booksSection(), parent) { Load(); }
+};
+
+}

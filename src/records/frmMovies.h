@@ -1,0 +1,16 @@
+#pragma once
+
+#include "records/frmSection.h"
+
+namespace vorel {
+
+class frmMovies : public frmSection {
+    Q_OBJECT
+public:
+    explicit frmMovies(QWidget *parent = nullptr) : frmSection(records::moviesSection(), parent) { Load(); }
+
+protected:
+    void afterSave() override { ShowPic(); }
+};
+
+}

@@ -1,0 +1,147 @@
+#include "records/sectionscreen.h"
+
+#include "platform/controls/grid.h"
+
+#include <QApplication>
+#include <QFile>
+
+// The roads away from a row: all of them write it, none of them loses what was typed.
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+class Leave : public test::SectionScreen {
+protected:
+    Leave()
+    {
+        run(DataFile::Books, {u"INSERT INTO [BOOKS] (TITLE,AUTHOR,CATEGORY) VALUES('Dune','Herbert','Novel')"_s,
+                              u"INSERT INTO [BOOKS] (TITLE,AUTHOR,CATEGORY) VALUES('Emma','Austen','Novel')"_s});
+        openScreen<frmBooks>(u"K"_s);
+    }
+    void openDune()
+    {
+        openScreen<frmBooks>(u"K"_s);
+        form->dtaData().FindFirst(u"ID=1"_s);
+        form->activateWindow();
+        QCoreApplication::processEvents();
+    }
+    void leaveBy(const QString &road)
+    {
+        if (road == u"tree")
+            clickNode(u"Emma"_s);
+        else if (road == u"next")
+            QTest::mouseClick(form->findChild<QAbstractButton *>(u"next"_s), Qt::LeftButton);
+        else if (road == u"key")
+            QTest::keyClick(at(u"txtTitle"_s), Qt::Key_Right, Qt::AltModifier);
+        else if (road == u"new")
+            click(u"cmdNew"_s);
+        else if (road == u"close")
+            click(u"cmdClose"_s);
+        else if (road == u"escape")
+            QTest::keyClick(form.get(), Qt::Key_Escape);
+        else
+            QApplication::closeAllWindows();
+    }
+    static QStringList stored() { return read(DataFile::Books, u"select [AUTHOR] from [BOOKS] where [ID]=1"_s); }
+};
+
+const QStringList roads{u"tree"_s, u"next"_s, u"key"_s, u"new"_s, u"close"_s, u"escape"_s, u"end"_s};
+
+}
+
+TEST_F(Leave, EveryRoadWritesTheRow)
+{
+    for (const QString &road : roads) {
+        SCOPED_TRACE(qPrintable(road));
+        openDune();
+        type(u"txtAuthor"_s, u"by "_s + road);
+        leaveBy(road);
+        EXPECT_EQ(stored(), QStringList{u"by "_s + road});
+    }
+}
+
+// What the field cannot hold is refused: the first attempt says why and stays, the second one asks.
+TEST_F(Leave, ARefusedRowIsKeptUntilTheUserLetsItGo)
+{
+    const QString tooLong(101, u'x');
+    for (const QString &road : roads) {
+        SCOPED_TRACE(qPrintable(road));
+        openDune();
+        type(u"txtAuthor"_s, tooLong);
+        user.expect(u"too small"_s);
+        leaveBy(road);
+        EXPECT_TRUE(user.isDone() && form->isVisible());
+        EXPECT_EQ(text(u"txtAuthor"_s), tooLong);
+        EXPECT_EQ(text(u"lblIDNum"_s), u"1"_s);
+        EXPECT_EQ(selectedNode(), u"Dune"_s);
+        user.expect(u"too small"_s);
+        user.expect(u"Leave without saving the changes?"_s, basic::Answer::No);
+        leaveBy(road);
+        EXPECT_EQ(text(u"txtAuthor"_s), tooLong);
+        user.expect(u"too small"_s);
+        user.expect(u"Leave without saving the changes?"_s, basic::Answer::Yes);
+        leaveBy(road);
+        EXPECT_TRUE(user.isDone());
+        EXPECT_TRUE(!form->isVisible() || text(u"lblIDNum"_s) != u"1"_s);
+        EXPECT_EQ(stored(), QStringList{u"Herbert"_s});
+    }
+}
+
+TEST_F(Leave, AFileThatHasGoneIsToldAndTheTypingStays)
+{
+    ASSERT_TRUE(QFile::remove(state().path(DataFile::Books)));
+    type(u"txtAuthor"_s, u"Frank Herbert"_s);
+    for (const QString &step : {u"cmdUpdate"_s, u"cmdCategory"_s}) {
+        user.expect(u"BOOKS.MDB"_s);
+        click(step);
+        EXPECT_EQ(text(u"txtAuthor"_s), u"Frank Herbert"_s);
+    }
+    user.expect(u"BOOKS.MDB"_s);
+    click(u"cmdClose"_s);
+    EXPECT_TRUE(user.isDone() && form->isVisible());
+    EXPECT_EQ(text(u"txtAuthor"_s), u"Frank Herbert"_s);
+    EXPECT_FALSE(QFile::exists(state().path(DataFile::Books)));
+}
+
+// Nothing turns the apostrophe of a category: the tree tells the engine's error, no row is lost, and the screen goes on.
+TEST_F(Leave, AnApostropheInACategoryIsTheTreesErrorAlone)
+{
+    type(u"cboCategory"_s, u"Children's"_s);
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(read(DataFile::Books, u"select [CATEGORY] from [BOOKS] where [ID]=1"_s), (QStringList{u"Children's"_s}));
+    user.expect(u"Syntax error"_s);
+    click(u"cmdCategory"_s);
+    EXPECT_TRUE(user.isDone());
+    EXPECT_EQ(text(u"txtTitle"_s), u"Dune"_s);
+    click(u"cmdAll"_s);
+    EXPECT_EQ(nodes(), (QStringList{u"D: Dune"_s, u"E: Emma"_s}));
+    EXPECT_EQ(read(DataFile::Books, u"select [ID] from [BOOKS]"_s).size(), 2);
+}
+
+// A track that is being typed is part of its row.
+TEST_F(Leave, ATrackIsWrittenWithItsTitleAndCarriesItsKey)
+{
+    run(DataFile::Music, {u"INSERT INTO [MUSIC] (TITLE,ARTIST) VALUES('Evenings','Willow')"_s,
+                          u"INSERT INTO [MUSIC] (TITLE,ARTIST) VALUES('Mornings','Willow')"_s});
+    openScreen<frmMusic>(u"U"_s);
+    auto *grid = at<controls::Grid>(u"grdTracks"_s);
+    bringUp(grid);
+    const auto typeTrack = [grid](const QString &words) {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);        // the editor before this one
+        grid->EditNewRow();
+        auto *editor = grid->viewport()->findChild<QLineEdit *>();
+        ASSERT_TRUE(editor);
+        QTest::keyClicks(editor, words);
+    };
+    typeTrack(u"By the bridge"_s);
+    clickNode(u"Mornings"_s);
+    EXPECT_EQ(grid->rows(), 0);
+    typeTrack(u"Dew"_s);
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(read(DataFile::Music, u"select [ID],[TRACK] from [TRACKS]"_s), (QStringList{u"1|By the bridge"_s, u"2|Dew"_s}));
+    EXPECT_EQ(text(u"txtTitle"_s), u"Mornings"_s);
+}
+
+}

@@ -1,0 +1,143 @@
+#pragma once
+
+#include "frame/ini.h"
+#include "records/frmBooks.h"
+#include "records/frmInventory.h"
+#include "records/frmMovies.h"
+#include "records/frmMusic.h"
+#include "store/mainfile.h"
+
+#include <QAbstractItemModel>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTabBar>
+#include <QTest>
+#include <QTreeView>
+
+// A failing comparison tells its texts, not their bytes.
+inline void PrintTo(const QString &text, std::ostream *out) { *out << qPrintable(text); }
+inline void PrintTo(const QStringList &texts, std::ostream *out) { *out << qPrintable(texts.join(QStringLiteral(" / "))); }
+
+namespace vorel::test {
+
+// A real screen of a section over real files, driven by its controls' names.
+class SectionScreen : public MainFileTest {
+protected:
+    SectionScreen()
+    {
+        putEmptyFiles(m_folder.path());
+        state().gIniFile = m_folder.path(u"test.ini"_s);
+        state().gUserName = u"Rosemary"_s;
+        state().gDateShort = u"mm/dd/yyyy"_s;
+        PutIniValue(iniSettings, u"ContactsUpperCase"_s, u"False"_s);
+        for (const auto &[file, name] : {std::pair{DataFile::Books, u"BOOKS.MDB"_s}, {DataFile::Movies, u"MOVIES.MDB"_s},
+                                         {DataFile::Music, u"MUSIC.MDB"_s}})
+            state().path(file) = m_folder.path(name);
+    }
+    ~SectionScreen() override { form.reset(); }
+
+    template <class Screen> void openScreen(const QString &letter)
+    {
+        state().gSection = letter;
+        form = std::make_unique<Screen>();
+        form->show();
+    }
+
+    static void run(DataFile file, const QStringList &statements)
+    {
+        dao::Database database = dao::DBEngine::OpenDatabase(state().path(file));
+        for (const QString &sql : statements)
+            database.Execute(sql);
+    }
+    // The rows of a query, each with its fields parted by "|".
+    static QStringList read(DataFile file, const QString &sql)
+    {
+        dao::Database database = dao::DBEngine::OpenDatabase(state().path(file));
+        dao::Recordset set = database.OpenRecordset(sql, dao::dbOpenSnapshot);
+        QStringList lines;
+        for (; !set.EOF_(); set.MoveNext()) {
+            QStringList cells;
+            for (int column = 0; column < static_cast<int>(set.Fields().size()); ++column)
+                cells << shown(set.Get(column));
+            lines << cells.join(u'|');
+        }
+        return lines;
+    }
+
+    template <class W = QWidget> W *at(const QString &name)
+    {
+        W *found = form->findChild<W *>(name);
+        EXPECT_TRUE(found) << qPrintable(name);
+        return found;
+    }
+    QString text(const QString &name)
+    {
+        QWidget *widget = at(name);
+        if (auto *combo = qobject_cast<QComboBox *>(widget))
+            return combo->currentText();
+        if (auto *lines = qobject_cast<QPlainTextEdit *>(widget))
+            return lines->toPlainText();
+        if (auto *rich = qobject_cast<QTextEdit *>(widget))
+            return rich->toPlainText();
+        return widget->property("text").toString();
+    }
+    // As a user does: the panel is brought up first.
+    void bringUp(QWidget *widget)
+    {
+        auto *tabs = at<QTabBar>(u"TabStrip1"_s);
+        for (int tab = 0; tab < tabs->count() && !widget->isVisible(); ++tab)
+            tabs->setCurrentIndex(tab);
+    }
+    void click(const QString &name)
+    {
+        auto *button = at<QAbstractButton>(name);
+        bringUp(button);
+        ASSERT_TRUE(button->isVisible() && button->isEnabled()) << qPrintable(name);
+        QTest::mouseClick(button, Qt::LeftButton, {}, qobject_cast<QPushButton *>(button) ? QPoint() : QPoint(8, button->height() / 2));
+    }
+    void type(const QString &name, const QString &words)
+    {
+        QWidget *widget = at(name);
+        bringUp(widget);
+        ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << qPrintable(name);
+        if (auto *combo = qobject_cast<QComboBox *>(widget))
+            widget = combo->lineEdit();
+        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+        QTest::keyClick(widget, Qt::Key_Delete);
+        QTest::keyClicks(widget, words);
+    }
+    // "D: DUNE, DUBLINERS" for each group of the tree.
+    QStringList nodes()
+    {
+        const QAbstractItemModel *model = at<QTreeView>(u"TreeView"_s)->model();
+        QStringList groups;
+        for (int row = 0; row < model->rowCount(); ++row) {
+            const QModelIndex group = model->index(row, 0);
+            QStringList leaves;
+            for (int leaf = 0; leaf < model->rowCount(group); ++leaf)
+                leaves << model->index(leaf, 0, group).data().toString();
+            groups << group.data().toString() + u": "_s + leaves.join(u", "_s);
+        }
+        return groups;
+    }
+    QString selectedNode() { return at<QTreeView>(u"TreeView"_s)->currentIndex().data().toString(); }
+    void clickNode(const QString &words)
+    {
+        auto *tree = at<QTreeView>(u"TreeView"_s);
+        tree->expandAll();
+        const QModelIndexList found = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole, words, 1,
+                                                           Qt::MatchExactly | Qt::MatchRecursive);
+        ASSERT_FALSE(found.isEmpty()) << qPrintable(words);
+        tree->scrollTo(found.first());
+        QTest::mouseClick(tree->viewport(), Qt::LeftButton, {}, tree->visualRect(found.first()).center());
+    }
+
+    ScriptedPrompts &user = m_prompts;
+    std::unique_ptr<frmSection> form;
+};
+
+}
