@@ -7,15 +7,12 @@
 #include "platform/basic/locale.h"
 #include "reminders/frmRecord.h"
 #include "store/mainfile.h"
+#include "support/screens.h"
 
-#include <QAbstractButton>
 #include <QAction>
-#include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QTest>
-#include <QTimer>
 
 namespace vorel::test {
 
@@ -74,21 +71,10 @@ protected:
         database.Close();
     }
 
-    template <class W = QWidget> W *at(const QString &name)
-    {
-        W *found = screen().findChild<W *>(name);
-        if (!found)
-            ADD_FAILURE() << "no control " << qPrintable(name);
-        return found;
-    }
+    template <class W = QWidget> W *at(const QString &name) { return control<W>(screen(), name); }
     QString text(const QString &name) { return at(name)->property("text").toString(); }
     bool isShown(const QString &name) { return at(name)->isVisible(); }
-    void click(const QString &name)
-    {
-        auto *button = at<QAbstractButton>(name);
-        ASSERT_TRUE(button->isVisible() && button->isEnabled()) << qPrintable(name);
-        QTest::mouseClick(button, Qt::LeftButton);
-    }
+    void click(const QString &name) { test::click(screen(), name); }
     QAction *menu(const QString &name)
     {
         const auto found = c().actions.find(name);
@@ -118,25 +104,10 @@ protected:
         ASSERT_EQ(found->currentRow(), row);
     }
 
-    // Opens the record screen by the step and works on it while it is modal; it is closed afterwards if the work has
-    // not closed it.
-    void inRecord(const std::function<void()> &open, const std::function<void(frmRecord &)> &work)
+    // Works on the record screen that the step opens.
+    static void inRecord(const std::function<void()> &open, const std::function<void(frmRecord &)> &work)
     {
-        bool worked = false;
-        QTimer::singleShot(0, qApp, [&] {
-            auto *record = qobject_cast<frmRecord *>(QApplication::activeModalWidget());
-            if (!record) {
-                ADD_FAILURE() << "the record screen did not open";
-                return;
-            }
-            worked = true;
-            work(*record);
-            if (record->isVisible())
-                record->Close();
-        });
-        open();
-        QCoreApplication::processEvents();
-        EXPECT_TRUE(worked);
+        inModal<frmRecord>(open, work);
     }
     static void type(QWidget &form, const QString &name, const QString &words)
     {
@@ -145,11 +116,12 @@ protected:
         box->selectAll();
         QTest::keyClicks(box, words);
     }
-    static void press(QWidget &form, const QString &name)
+    static void press(const QWidget &form, const QString &name) { test::click(form, name); }
+    // The program from its start, on a section.
+    void startOn(const QString &section)
     {
-        auto *button = form.findChild<QAbstractButton *>(name);
-        ASSERT_TRUE(button && button->isVisible() && button->isEnabled()) << qPrintable(name);
-        button->click();
+        start();
+        screen().DisplayCategory(section);
     }
 
     bool m_firstRun = false;        // the program itself makes the files, with sample rows

@@ -114,7 +114,8 @@ TEST_F(Cells, ShoppingCountsWhatIsPicked)
     EXPECT_EQ(u"SHOPPING LIST ... 7.80"_s, grid->title());
     click(u"panEditS"_s);
     EXPECT_EQ(u"SHOPPING LIST ... 0.00"_s, grid->title());
-    EXPECT_EQ((QStringList{u"False"_s, u"False"_s}), stored(u"SELECT [PICK] FROM [SHOPPING]"_s));
+    EXPECT_EQ((QStringList{u"False"_s, u"3.25"_s, u"False"_s, u"7.8"_s}),
+              stored(u"SELECT [PICK],[TOTAL] FROM [SHOPPING] ORDER BY [ID]"_s));
     show(u"To Do"_s);
     EXPECT_EQ(u"Edit"_s, text(u"panEditS"_s));
     EXPECT_EQ(u"To Do's"_s, grid->title());
@@ -199,18 +200,14 @@ TEST_F(Cells, DateButtonOpensThePickerOnTheCell)
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Gas')"_s);
     show(u"Bills"_s);
     Grid *grid = at<Grid>(u"BILLSGRID"_s);
-    bool seen = false;
-    QTimer::singleShot(0, qApp, [&] {
-        auto *picker = qobject_cast<frmCalendarDrop *>(QApplication::activeModalWidget());
-        ASSERT_TRUE(picker);
-        seen = true;
-        EXPECT_EQ(22, picker->selectedDate().day());
-        QTest::keyClick(picker, Qt::Key_Right);
-        picker->findChild<QAbstractButton *>(u"cmdApply"_s)->click();
-    });
     const QRect place = grid->visualRect(grid->model()->index(0, 1));
-    QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, {place.right() - 8, place.center().y()});
-    EXPECT_TRUE(seen);
+    test::inModal<frmCalendarDrop>(
+        [&] { QTest::mouseClick(grid->viewport(), Qt::LeftButton, {}, {place.right() - 8, place.center().y()}); },
+        [](frmCalendarDrop &picker) {
+            EXPECT_EQ(22, picker.selectedDate().day());
+            QTest::keyClick(&picker, Qt::Key_Right);
+            test::click(picker, u"cmdApply"_s);
+        });
     QTest::keyClick(grid, Qt::Key_Return);
     EXPECT_EQ((QStringList{u"23"_s, u"Mon"_s}), stored(u"SELECT DAY([DATE]),[DAY] FROM [BILLS]"_s));
 }

@@ -40,8 +40,7 @@ TEST_F(Edit, RepeatingBillIsSeenInEachPeriodChangedAndDeleted)
     EXPECT_EQ(bills().value(0), u"RENT"_s);
     EXPECT_EQ(column(u"BILLSGRID"_s, 4).value(0), u"900.00"_s);
 
-    start();
-    screen().DisplayCategory(u"Bills"_s);
+    startOn(u"Bills"_s);
     click(u"NEXT YEAR"_s);
     EXPECT_EQ(bills().size(), 12);
     click(u"THIS WEEK"_s);
@@ -67,8 +66,7 @@ TEST_F(Edit, RepeatingBillIsSeenInEachPeriodChangedAndDeleted)
 
 TEST_F(Edit, NoLeavesNothingBehind)
 {
-    start();
-    screen().DisplayCategory(u"Appointments"_s);
+    startOn(u"Appointments"_s);
     m_prompts.expect(u"Create a New Blank Record?"_s, Answer::No);
     click(u"panNew"_s);
     click(u"ALL RECORDS"_s);
@@ -102,8 +100,7 @@ TEST_F(Edit, EachGridOpensItsOwnRecord)
 
 TEST_F(Edit, EmptyGridOpensOnANewRow)
 {
-    start();
-    screen().DisplayCategory(u"Appointments"_s);
+    startOn(u"Appointments"_s);
     inRecord([this] { click(u"panEditA"_s); }, [](frmRecord &record) {
         type(record, u"txtAppointment"_s, u"fresh"_s);
         press(record, u"cmdUpdate"_s);
@@ -114,8 +111,7 @@ TEST_F(Edit, EmptyGridOpensOnANewRow)
 
 TEST_F(Edit, NewWorksOnTheGridUsedLastAndTheSearchIsEmptied)
 {
-    start();
-    screen().DisplayCategory(u"All"_s);
+    startOn(u"All"_s);
     screen().activateWindow();
     at(u"EVENTSGRID"_s)->setFocus();
     at<QLineEdit>(u"txtSearch"_s)->setText(u"x"_s);

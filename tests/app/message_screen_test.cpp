@@ -24,23 +24,7 @@ protected:
     }
     void inMessage(const QString &button, const std::function<void(frmMessage &)> &work)
     {
-        bool worked = false;
-        // The way to the screen lets events run before it is up.
-        QTimer visitor;
-        QObject::connect(&visitor, &QTimer::timeout, &visitor, [&] {
-            auto *form = qobject_cast<frmMessage *>(QApplication::activeModalWidget());
-            if (!form)
-                return;
-            visitor.stop();
-            worked = true;
-            work(*form);
-            if (form->isVisible())
-                form->Close();
-        });
-        visitor.start(1);
-        click(button);
-        visitor.stop();
-        EXPECT_TRUE(worked);
+        inModal<frmMessage>([&] { click(button); }, work);
     }
     QStringList stored()
     {
@@ -51,7 +35,6 @@ protected:
             lines << QStringList{set.Get(0).text(), set.Get(1).text(), set.Get(2).text(), set.Get(3).text()}.join(u'|');
         return lines;
     }
-    template <class W> static W *in(frmMessage &form, const QString &name) { return form.findChild<W *>(name); }
 };
 
 }
@@ -60,12 +43,12 @@ TEST_F(MessageScreen, ShowsTheRowAndClosingWrites)
 {
     ASSERT_TRUE(isShown(u"panMessages"_s));
     inMessage(u"panEditS"_s, [&](frmMessage &form) {
-        EXPECT_EQ(in<QComboBox>(form, u"cboName"_s)->currentText(), u"Pat"_s);
-        EXPECT_EQ(in<QComboBox>(form, u"cboFrom"_s)->currentText(), u"Sam"_s);
-        EXPECT_EQ(in<QLineEdit>(form, u"txtDate"_s)->text(), u"11/20/2026 03:04 P"_s);
-        EXPECT_EQ(in<QComboBox>(form, u"cboName"_s)->findText(u"Sam"_s, Qt::MatchExactly) >= 0, true);
-        QTest::keyClicks(in<QPlainTextEdit>(form, u"txtMessage"_s), u"Now: "_s);
-        in<QCheckBox>(form, u"chkRead"_s)->click();
+        EXPECT_EQ(control<QComboBox>(form, u"cboName"_s)->currentText(), u"Pat"_s);
+        EXPECT_EQ(control<QComboBox>(form, u"cboFrom"_s)->currentText(), u"Sam"_s);
+        EXPECT_EQ(control<QLineEdit>(form, u"txtDate"_s)->text(), u"11/20/2026 03:04 P"_s);
+        EXPECT_EQ(control<QComboBox>(form, u"cboName"_s)->findText(u"Sam"_s, Qt::MatchExactly) >= 0, true);
+        QTest::keyClicks(control<QPlainTextEdit>(form, u"txtMessage"_s), u"Now: "_s);
+        control<QCheckBox>(form, u"chkRead"_s)->click();
     });
     EXPECT_EQ(stored().first(), u"Sam|Pat|Now: Call|True"_s);
     EXPECT_FALSE(isShown(u"panMessages"_s)) << "read: the signal goes";
@@ -75,14 +58,14 @@ TEST_F(MessageScreen, NewOneIsSentAndWaitsForItsReader)
 {
     m_prompts.expect(u"Create a New Blank Record?"_s, basic::Answer::Yes);
     inMessage(u"panNew"_s, [&](frmMessage &form) {
-        EXPECT_EQ(in<QComboBox>(form, u"cboFrom"_s)->currentText(), u"Pat"_s);
-        EXPECT_EQ(in<QLineEdit>(form, u"txtDate"_s)->text(), u"11/22/2026 12:00 P"_s);
+        EXPECT_EQ(control<QComboBox>(form, u"cboFrom"_s)->currentText(), u"Pat"_s);
+        EXPECT_EQ(control<QLineEdit>(form, u"txtDate"_s)->text(), u"11/22/2026 12:00 P"_s);
         m_prompts.expect(u"Please say who the Message is for"_s);
         press(form, u"cmdSend"_s);
-        in<QComboBox>(form, u"cboName"_s)->setEditText(u"Sam"_s);
-        QTest::keyClicks(in<QPlainTextEdit>(form, u"txtMessage"_s), u"It's \"done\""_s);
+        control<QComboBox>(form, u"cboName"_s)->setEditText(u"Sam"_s);
+        QTest::keyClicks(control<QPlainTextEdit>(form, u"txtMessage"_s), u"It's \"done\""_s);
         press(form, u"cmdSend"_s);
-        EXPECT_EQ(in<QLabel>(form, u"lblState"_s)->text(), u"Left for Sam"_s);
+        EXPECT_EQ(control<QLabel>(form, u"lblState"_s)->text(), u"Left for Sam"_s);
         EXPECT_EQ(stored().last(), u"Pat|Sam|It's \"done\"|False"_s);
     });
     state().gUserName = u"Sam"_s;
@@ -96,15 +79,15 @@ TEST_F(MessageScreen, DeleteAsksAndStandsOnTheNextRow)
         m_prompts.expect(u"Do you want to Delete this Record ?"_s, basic::Answer::No);
         press(form, u"cmdDelete"_s);
         EXPECT_EQ(stored().size(), 2);
-        in<QPlainTextEdit>(form, u"txtMessage"_s)->setPlainText(u"goes with the row"_s);
+        control<QPlainTextEdit>(form, u"txtMessage"_s)->setPlainText(u"goes with the row"_s);
         m_prompts.expect(u"Do you want to Delete this Record ?"_s, basic::Answer::Yes);
         press(form, u"cmdDelete"_s);
         EXPECT_EQ(m_prompts.shown().back().title, u"Question?"_s);
-        EXPECT_EQ(in<QPlainTextEdit>(form, u"txtMessage"_s)->toPlainText(), u"Done"_s);
+        EXPECT_EQ(control<QPlainTextEdit>(form, u"txtMessage"_s)->toPlainText(), u"Done"_s);
         m_prompts.expect(u"Do you want to Delete this Record ?"_s, basic::Answer::Yes);
         press(form, u"cmdDelete"_s);
         for (const QString &name : {u"cmdDelete"_s, u"cmdUpdate"_s, u"cmdSend"_s, u"cboName"_s, u"txtMessage"_s})
-            EXPECT_FALSE(in<QWidget>(form, name)->isEnabled()) << qPrintable(name);
+            EXPECT_FALSE(control<QWidget>(form, name)->isEnabled()) << qPrintable(name);
     });
     EXPECT_TRUE(stored().isEmpty());
 }

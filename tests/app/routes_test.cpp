@@ -46,8 +46,7 @@ TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
 {
     for (const auto &item : {u"Camera"_s, u"Desk"_s, u"Lamp"_s})
         execute(u"INSERT INTO [INVENTORY] ([ITEM]) VALUES ('%1')"_s.arg(item));
-    start();
-    screen().DisplayCategory(u"Inventory"_s);
+    startOn(u"Inventory"_s);
     at<QLineEdit>(u"txtSearch"_s)->setText(u"desk"_s);
     EXPECT_EQ(1, at<Grid>(u"SUBJECTGRID"_s)->currentRow());
     execute(u"UPDATE [INVENTORY] SET [LOCATION]='attic' WHERE [ITEM]='Desk'"_s);
@@ -62,8 +61,7 @@ TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
 TEST_F(Routes, DoubleClickTurnsTheSectionInTheHeadsAndOpensTheRowBelow)
 {
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/22/2026#,'All Day','one',True)"_s);
-    start();
-    screen().DisplayCategory(u"All"_s);
+    startOn(u"All"_s);
     Grid *grid = at<Grid>(u"APPOINTMENTSGRID"_s);
     QWidget *heads = grid->horizontalHeader()->viewport();
     const auto tip = [&](int column) {
@@ -87,8 +85,7 @@ TEST_F(Routes, HeadsSortAndEventsTurnBetweenTheirTwoOrders)
 {
     for (const auto &row : {u"#11/24/2026#,'B','x'"_s, u"#11/23/2026#,'C','y'"_s, u"#11/23/2027#,'A','z'"_s})
         execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (%1)"_s.arg(row));
-    start();
-    screen().DisplayCategory(u"Events"_s);
+    startOn(u"Events"_s);
     click(u"ALL RECORDS"_s);
     const QString grid = u"EVENTSGRID"_s;
     const auto subjects = [&] { return column(grid, 3).join(QString()); };

@@ -68,8 +68,7 @@ TEST_F(Search, NextGoesOnAndRoundAgain)
 TEST_F(Search, TextThatWasMissedIsFoundOnceItIsThere)
 {
     appointment(u"11/22/2026"_s, u"Swim"_s);
-    start();
-    screen().DisplayCategory(u"Appointments"_s);
+    startOn(u"Appointments"_s);
     look(u"run"_s);
     appointment(u"11/22/2026"_s, u"A run"_s);
     click(u"TODAY"_s);
@@ -83,8 +82,7 @@ TEST_F(Search, SectionsSearchTheirOwnGrid)
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Water')"_s);
     execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('Axe')"_s);
     execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('Saw')"_s);
-    start();
-    screen().DisplayCategory(u"Bills"_s);
+    startOn(u"Bills"_s);
     look(u"wat"_s);
     EXPECT_EQ(hit(u"BILLSGRID"_s, 3), u"Water"_s);
     screen().DisplayCategory(u"Inventory"_s);
@@ -97,8 +95,7 @@ TEST_F(Search, SortWithoutAColumnAsksForOne)
 {
     appointment(u"11/22/2026"_s, u"b"_s);
     appointment(u"11/22/2026"_s, u"a"_s);
-    start();
-    screen().DisplayCategory(u"Appointments"_s);
+    startOn(u"Appointments"_s);
     m_prompts.expectInput(u"Enter Sort Column:"_s, {});
     screen().SortData();
     const QStringList before = appointments();

@@ -128,8 +128,7 @@ TEST_F(Sections, ReturnKeepsTheRecordLastWorkedOn)
 {
     for (const QString &item : {u"Axe"_s, u"Saw"_s, u"Vice"_s})
         execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('%1')"_s.arg(item));
-    start();
-    screen().DisplayCategory(u"Inventory"_s);
+    startOn(u"Inventory"_s);
     state().gLastRecord = 2;
     screen().GetData();
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->CellText(1), u"Saw"_s);

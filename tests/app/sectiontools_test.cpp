@@ -74,8 +74,7 @@ TEST_F(SectionTools, EachSectionAllowsItsOwnPrinting)
 
 TEST_F(SectionTools, GuardedSectionsStayClosedWithoutThePassword)
 {
-    start();
-    screen().DisplayCategory(u"Bills"_s);
+    startOn(u"Bills"_s);
     int asked = 0;
     bool right = false;
     adminPassword() = [&] {
@@ -102,8 +101,7 @@ TEST_F(SectionTools, GuardedSectionsStayClosedWithoutThePassword)
 
 TEST_F(SectionTools, AccountsGiveWayToTheSectionBefore)
 {
-    start();
-    screen().DisplayCategory(u"Inventory"_s);
+    startOn(u"Inventory"_s);
     for (const QString &name : {u"Expenses"_s, u"Income"_s}) {
         m_prompts.expect(name);
         screen().DisplayCategory(name);
@@ -119,8 +117,7 @@ TEST_F(SectionTools, AccountsGiveWayToTheSectionBefore)
 TEST_F(SectionTools, TipsOfButtonsGiveWayToTheRow)
 {
     execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('Axe')"_s);
-    start();
-    screen().DisplayCategory(u"Inventory"_s);
+    startOn(u"Inventory"_s);
     const QString row = details();
     EXPECT_TRUE(row.contains(u"Axe"_s));
     const std::pair<QString, QString> cases[] = {
@@ -145,8 +142,7 @@ TEST_F(SectionTools, RowsAndHeadsTellAboutThemselves)
 {
     execute(u"INSERT INTO [Inventory] ([Item],[Make]) VALUES ('Axe','Stone & Son')"_s);
     execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/22/2026#,'GENERAL','Fair')"_s);
-    start();
-    screen().DisplayCategory(u"Inventory"_s);
+    startOn(u"Inventory"_s);
     Grid *subjects = at<Grid>(u"SUBJECTGRID"_s);
     const auto cell = [](Grid *grid) { return grid->visualRect(grid->model()->index(0, 1)).center(); };
     state().gTips = false;

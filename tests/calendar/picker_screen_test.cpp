@@ -1,13 +1,10 @@
 #include "calendar/frmCalendarDrop.h"
 #include "store/mainfile.h"
+#include "support/screens.h"
 
-#include <QAbstractButton>
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
-#include <QTest>
-#include <QTimer>
 
 namespace vorel {
 
@@ -18,25 +15,13 @@ protected:
     // What a user does once the picker is open.
     bool pick(const std::function<void(frmCalendarDrop &)> &user, const QString &code = u"X"_s)
     {
-        bool seen = false;
-        QTimer::singleShot(0, qApp, [&] {
-            auto *picker = qobject_cast<frmCalendarDrop *>(QApplication::activeModalWidget());
-            if (!picker)
-                return;
-            seen = true;
-            user(*picker);
-            if (picker->isVisible())        // a picker left open would hang the test
-                picker->Close();
-        });
-        const bool applied = OpenDatePicker(&box, code);
-        EXPECT_TRUE(seen);
+        bool applied = false;
+        test::inModal<frmCalendarDrop>([&] { applied = OpenDatePicker(&box, code); }, user);
         return applied;
     }
     template <class W = QAbstractButton> static W *at(frmCalendarDrop &picker, const QString &name)
     {
-        W *found = picker.findChild<W *>(name);
-        EXPECT_TRUE(found) << qPrintable(name);
-        return found;
+        return test::control<W>(picker, name);
     }
     static void click(frmCalendarDrop &picker, const QString &name) { QTest::mouseClick(at(picker, name), Qt::LeftButton); }
 
@@ -163,13 +148,10 @@ TEST_F(PickerScreen, CodeStandsForItsBox)
     QLineEdit dateTo(&screen), other(&screen);
     dateTo.setObjectName(u"txtDateTo"_s);
     dateTo.setText(u"12/25/2026"_s);
-    QTimer::singleShot(0, qApp, [] {
-        auto *picker = qobject_cast<frmCalendarDrop *>(QApplication::activeModalWidget());
-        ASSERT_TRUE(picker);
-        QTest::keyClick(picker->focusWidget(), Qt::Key_Right);
-        click(*picker, u"cmdApply"_s);
+    test::inModal<frmCalendarDrop>([&] { EXPECT_TRUE(OpenDatePicker(&other, u"R2"_s)); }, [](frmCalendarDrop &picker) {
+        QTest::keyClick(picker.focusWidget(), Qt::Key_Right);
+        click(picker, u"cmdApply"_s);
     });
-    EXPECT_TRUE(OpenDatePicker(&other, u"R2"_s));
     EXPECT_EQ(dateTo.text(), u"12/26/2026"_s);
     EXPECT_EQ(other.text(), QString());
 }

@@ -12,7 +12,8 @@ TEST_F(PeriodRowsTest, yearlyEventsOfEachPeriod)
 {
     for (const char *row : {"#02/29/1980#,'BIRTHDAY','Leap',0", "#12/28/1947#,'BIRTHDAY','December',0",
                             "#01/01/1950#,'BIRTHDAY','January',0", "#06/15/2030#,'BIRTHDAY','Future',0",
-                            "#06/15/1999#,'HOLIDAY','Holiday',0", "#06/15/1999#,'OTHER','Yearly',-1", "#06/15/1999#,'OTHER','Once',0"})
+                            "#06/15/1999#,'HOLIDAY','Holiday',0", "#06/15/1999#,'OTHER','Yearly',-1",
+                            "#06/15/1999#,'OTHER','Once',0"})
         execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT],[RECURRING]) VALUES (%1);"_s.arg(QLatin1String(row)));
     const auto day = [] { SetDayPeriod(u"Today"_s); };
     const struct { QDate today; void (*set)(); QString events; } cases[] = {

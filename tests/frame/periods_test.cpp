@@ -6,7 +6,10 @@ using namespace Qt::StringLiterals;
 
 namespace vorel {
 
-using PeriodsTest = test::FrameTest;
+class PeriodsTest : public test::FrameTest {
+protected:
+    static QString period() { return state().gPeriodStart + u'-' + state().gPeriodEnd; }
+};
 
 TEST_F(PeriodsTest, weeksMonthsAndYears)
 {
@@ -42,8 +45,7 @@ TEST_F(PeriodsTest, weeksMonthsAndYears)
         clock.set(c.today);
         state().gWeekStartDay = c.weekStart;
         c.set();
-        EXPECT_EQ(state().gPeriodStart, c.start);
-        EXPECT_EQ(state().gPeriodEnd, c.end);
+        EXPECT_EQ(period(), c.start + u'-' + c.end);
         EXPECT_NE(state().gWeekStartDay, 0);
     }
 }
@@ -60,16 +62,14 @@ TEST_F(PeriodsTest, periodTextFollowsTheMachineButQueriesAndYearsDoNot)
         SCOPED_TRACE(c.locale.toStdString());
         use(c.locale);
         SetThisWeek();
-        EXPECT_EQ(state().gPeriodStart, c.weekStart);
-        EXPECT_EQ(state().gPeriodEnd, c.weekEnd);
+        EXPECT_EQ(period(), c.weekStart + u'-' + c.weekEnd);
         EXPECT_TRUE(state().gSqlBills.contains(u"between #06/12/2005# and #06/18/2005#"_s)) << state().gSqlBills;
 
         SetThisYear();
         EXPECT_EQ(state().gPeriodEnd, u"31/12/2005"_s);
         EXPECT_TRUE(state().gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().gSqlBills;
         periodCaption();
-        EXPECT_EQ(state().gPeriodStart, u"01/01/2005"_s);
-        EXPECT_EQ(state().gPeriodEnd, c.yearEndShown);
+        EXPECT_EQ(period(), u"01/01/2005-"_s + c.yearEndShown);
         BuildPeriodQueries();
         EXPECT_TRUE(state().gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().gSqlBills;
     }
@@ -104,8 +104,7 @@ TEST_F(PeriodsTest, dayQueries)
     clock.set({2005, 2, 28});
     SetDayPeriod(u"Tomorrow"_s);
     const State &s = state();
-    EXPECT_EQ(s.gPeriodStart, u"01/03/2005"_s);
-    EXPECT_EQ(s.gPeriodEnd, s.gPeriodStart);
+    EXPECT_EQ(period(), u"01/03/2005-01/03/2005"_s);
     EXPECT_EQ(s.gSqlAppointments, u"select * from APPOINTMENTS where [DATE]=#03/01/2005# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s);
     EXPECT_EQ(s.gSqlBills, u"select * from BILLS where [DATE]=#03/01/2005# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s);
     EXPECT_EQ(s.gSqlEvents, u"select * from EVENTS where [DATE]=#03/01/2005#"
@@ -129,8 +128,7 @@ TEST_F(PeriodsTest, dayPeriods)
     };
     for (const auto &c : cases) {
         SetDayPeriod(c.name);
-        EXPECT_EQ(state().gPeriodStart, c.start) << c.name;
-        EXPECT_EQ(state().gPeriodEnd, c.start) << c.name;
+        EXPECT_EQ(period(), c.start + u'-' + c.start) << c.name;
         EXPECT_EQ(state().gTodayYear, c.year) << c.name;
     }
     EXPECT_TRUE(state().gSqlBills.contains(u"#01/02/2005#"_s));
@@ -140,8 +138,7 @@ TEST_F(PeriodsTest, allRecordsFilterNothing)
 {
     SetThisWeek();
     SetAllRecords();
-    EXPECT_EQ(state().gPeriodStart, QString());
-    EXPECT_EQ(state().gPeriodEnd, QString());
+    EXPECT_EQ(period(), u"-"_s);
     EXPECT_EQ(state().gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s);
     EXPECT_EQ(state().gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s);
     EXPECT_EQ(state().gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s);

@@ -25,12 +25,12 @@ protected:
 
 TEST_F(RowTipsTest, fieldsWithTheirLabelsAndFormats)
 {
-    m_db.Execute(u"CREATE TABLE [APPOINTMENTS] ([ID] LONG, [DATE] DATETIME, [APPTIME] TEXT(255), [APPOINTMENT] TEXT(255))"_s);
+    m_db.Execute(u"CREATE TABLE [APPOINTMENTS] ([ID] LONG, [DATE] DATETIME, [APPTIME] TEXT(50), [APPOINTMENT] TEXT(50))"_s);
     m_db.Execute(u"INSERT INTO [APPOINTMENTS] VALUES (1,#11/22/2026#,'09:00 Am','Dentist')"_s);
     m_db.Execute(u"INSERT INTO [APPOINTMENTS] VALUES (2,#01/01/1900#,' ','Some day')"_s);
     EXPECT_EQ(tip(u"A"_s, 1), u" DATE: Sunday 22/11/2026\n TIME: 09:00 Am\n APPOINTMENT: Dentist"_s);
     EXPECT_EQ(tip(u"A"_s, 2), u" APPOINTMENT: Some day"_s);
-    m_db.Execute(u"CREATE TABLE [BILLS] ([ID] LONG, [BILL] TEXT(255), [AMOUNT] CURRENCY)"_s);        // an old file's fewer fields
+    m_db.Execute(u"CREATE TABLE [BILLS] ([ID] LONG, [BILL] TEXT(50), [AMOUNT] CURRENCY)"_s);   // an old file's fewer fields
     m_db.Execute(u"INSERT INTO [BILLS] VALUES (1,'Gas',12.5)"_s);
     m_db.Execute(u"INSERT INTO [BILLS] VALUES (2,'Water',0)"_s);
     EXPECT_EQ(tip(u"B"_s, 1), u" BILL: Gas\n AMOUNT: 12.50"_s);
@@ -41,10 +41,12 @@ TEST_F(RowTipsTest, fieldsWithTheirLabelsAndFormats)
 
 TEST_F(RowTipsTest, contactsOfAllFiveLists)
 {
-    m_db.Execute(u"CREATE TABLE [CONTACTS] ([ID] LONG, [SORTNAME] TEXT(255), [HomeAddressStreet] TEXT(255), [HomeAddressCity] TEXT(255),"
-                 " [HomeAddressPostalCode] TEXT(255), [MobileTelephoneNumber] TEXT(255), [Birthday] TEXT(255), [Webpage] TEXT(255))"_s);
+    m_db.Execute(u"CREATE TABLE [CONTACTS] ([ID] LONG, [SORTNAME] TEXT(50), [HomeAddressStreet] TEXT(50), "
+                 "[HomeAddressCity] TEXT(50), [HomeAddressPostalCode] TEXT(50), [MobileTelephoneNumber] TEXT(50), "
+                 "[Birthday] TEXT(50), [Webpage] TEXT(50))"_s);
     const auto add = [this](int id, const QString &birthday) {
-        m_db.Execute(u"INSERT INTO [CONTACTS] VALUES (%1,'MILLER, Ann','1 High St','York',Null,'040','%2',' ')"_s.arg(id).arg(birthday));
+        m_db.Execute(u"INSERT INTO [CONTACTS] VALUES (%1,'MILLER, Ann','1 High St','York',Null,'040','%2',' ')"_s
+                         .arg(id).arg(birthday));
     };
     add(1, u"04/03/1947"_s);
     const QString most = u"MILLER, Ann\n1 High St\nYork\nMOBILE: 040"_s;

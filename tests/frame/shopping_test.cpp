@@ -43,27 +43,6 @@ TEST_F(Shopping, WhatIsPickedAddsUpAndEachStoreIsListedOnce)
     EXPECT_DOUBLE_EQ(13.25, TotalShopping(list));
 }
 
-TEST_F(Shopping, ClearingTakesTheChecksAlone)
-{
-    const auto clear = [this](ShoppingVariables &list) {
-        dao::Recordset rows = database.OpenRecordset(u"SELECT [ID],[ITEM],[PICK] FROM [SHOPPING] ORDER BY [ITEM]"_s);
-        ClearShoppingChecks(database, rows, list);
-        return rows;
-    };
-    ShoppingVariables none;
-    clear(none);                                            // no rows: nothing to do
-    add(u"Tea"_s, u"Market"_s, 7.8, true);
-    add(u"Rice"_s, u""_s, 2.5, true);
-    ShoppingVariables list = FillShoppingVariables(database);
-    const dao::Recordset rows = clear(list);
-    EXPECT_EQ(u"Rice"_s, rows.Get(u"ITEM").text()) << "on the first row";
-    EXPECT_EQ(0, TotalShopping(list));
-    const ShoppingVariables stored = FillShoppingVariables(database);
-    EXPECT_EQ(0, TotalShopping(stored));
-    EXPECT_EQ(2u, stored.TOTAL.size());
-    EXPECT_DOUBLE_EQ(7.8, stored.TOTAL.at(1));
-}
-
 TEST_F(Shopping, DuplicateIsTheTextAsTyped)
 {
     add(u"Tea"_s, {}, 0, false);

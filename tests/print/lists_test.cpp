@@ -341,10 +341,6 @@ TEST_F(Lists, FileThatIsMissingIsToldAndTheNextListPrints)
     EXPECT_NE(test::errorOf(list(u"K"_s)), 0);
     put(DataFile::Main, {u"INSERT INTO [TODO] ([TODO],[ACTIONED]) VALUES ('Go on',False)"_s});
     EXPECT_EQ(previewed(list(u"G"_s)), 1);
-    QFile::remove(state().path(DataFile::DataP));       // then the main file's table serves
-    m_prompts.expect(u"No Records"_s);
-    put(DataFile::Main, {u"CREATE TABLE [Passwords] ([Organisation] TEXT(255))"_s});
-    EXPECT_EQ(previewed(list(u"W"_s)), 0);
 }
 
 }

@@ -237,7 +237,8 @@ TEST_F(PlayerTest, PicturesAreNotScaledOnTheScreen)
         const double scale = playerState().PreviewScale;
         EXPECT_GT(scale, 1.2);
         const auto isDark = [&](double x, double y) {
-            return qGray(screen.image.pixel(static_cast<int>((x + 360 * scale) / 15), static_cast<int>((y + 360 * scale) / 15))) < 128;
+            const QPointF place = (QPointF(x, y) + QPointF(360, 360) * scale) / 15;
+            return qGray(screen.image.pixel(static_cast<int>(place.x()), static_cast<int>(place.y()))) < 128;
         };
         EXPECT_TRUE(isDark(3030, 1530) && isDark(4470, 2970));
         EXPECT_FALSE(isDark(2970, 1530) || isDark(4530, 2970));

@@ -2,15 +2,14 @@
 
 #include "platform/basic/error.h"
 #include "print/printfixture.h"
+#include "support/screens.h"
 
-#include <QAbstractButton>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QScrollBar>
 #include <QSpinBox>
-#include <QTest>
-#include <QTimer>
 
 namespace vorel {
 
@@ -43,34 +42,9 @@ protected:
         EXPECT_EQ(preview(), nullptr);
         EXPECT_FALSE(QFile::exists(scriptPath()));
     }
-    template <class W> static W &at(QWidget &screen, const QString &name)
-    {
-        W *found = screen.findChild<W *>(name);
-        if (!found)
-            throw basic::Error(1, u"no control "_s + name);
-        return *found;
-    }
-    static void press(QWidget &screen, const QString &name)
-    {
-        auto &button = at<QAbstractButton>(screen, name);
-        EXPECT_TRUE(button.isVisible() && button.isEnabled()) << qPrintable(name);
-        QTest::mouseClick(&button, Qt::LeftButton);
-    }
+    template <class W> static W &at(QWidget &screen, const QString &name) { return *test::control<W>(screen, name); }
+    static void press(QWidget &screen, const QString &name) { test::click(screen, name); }
     static QString label(QWidget &screen) { return at<QLabel>(screen, u"LBL_Page"_s).text(); }
-    // While the modal window that the step opens stands.
-    static void inWindow(const std::function<void()> &step, const std::function<void(QWidget &)> &work)
-    {
-        QTimer::singleShot(0, qApp, [&] {
-            QWidget *window = QApplication::activeModalWidget();
-            ASSERT_TRUE(window && window->objectName() == u"frmPreviewPages");
-            window->activateWindow();
-            QCoreApplication::processEvents();
-            work(*window);
-            if (window->isVisible())
-                window->close();
-        });
-        step();
-    }
 };
 
 TEST_F(Preview, ButtonsAndBoxTurnThePages)
@@ -156,7 +130,12 @@ TEST_F(Preview, PagesDialogPrintsWhatItSets)
     open(1, [this](frmPreview &screen) {
         const auto dialog = [&](const std::function<void(QWidget &)> &work) {
             m_jobs.documents.clear();
-            inWindow([&] { press(screen, u"cmdSetup"_s); }, work);
+            test::inModal<QDialog>([&] { press(screen, u"cmdSetup"_s); }, [&work](QDialog &pages) {
+                ASSERT_EQ(pages.objectName(), u"frmPreviewPages"_s);
+                pages.activateWindow();
+                QCoreApplication::processEvents();
+                work(pages);
+            });
             return m_jobs.sheetCounts();
         };
         EXPECT_EQ(dialog([](QWidget &pages) { press(pages, u"CDM_Cancel"_s); }), QList<int>{});

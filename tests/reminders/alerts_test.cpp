@@ -107,7 +107,7 @@ TEST_F(Alerts, LastRowWinsAndEachIsToldOnceAColour)
     EXPECT_FALSE(told(u"02:30 am"_s, u"02:20:00"_s)) << "the hour that comes twice in autumn";
     EXPECT_FALSE(told(u"02:30 am"_s, u"09:00:00"_s)) << "slept through: nothing is left of it";
     EXPECT_TRUE(told(u"09:10 am"_s, u"09:00:00"_s)) << "moved to a later time";
-    EXPECT_EQ(shown({row(u"02:30 am"_s)}, {true, 15, 90}, at(u"03:00:00"_s)), "red -30") << "the hour that spring takes away";
+    EXPECT_EQ(shown({row(u"02:30 am"_s)}, {true, 15, 90}, at(u"03:00:00"_s)), "red -30") << "the hour that spring lacks";
 }
 
 TEST_F(Alerts, TextsInTheUsersFormat)

@@ -90,8 +90,9 @@ TEST_F(Greetings, EveryCharacterReachesTheAddress)
 {
     SendGreeting(u"Zoë & Bob? #1 50%+"_s, u"zoe+home@x.org"_s, u"BIRTHDAY"_s);
     ASSERT_EQ(post.byAddress.urls.size(), 1);
-    EXPECT_EQ(post.byAddress.urls[0].toString(QUrl::FullyEncoded), u"mailto:zoe%2Bhome@x.org?subject=BIRTHDAY&body=Dear%20Zo%C3%AB%20%26%20Bob%3F%20%231%2050%25%2B"
-                                       "%0D%0AHOPE%20YOU%20HAVE%20A%20VERY%20HAPPY%20BIRTHDAY"_s);
+    EXPECT_EQ(post.byAddress.urls[0].toString(QUrl::FullyEncoded),
+              u"mailto:zoe%2Bhome@x.org?subject=BIRTHDAY&body=Dear%20Zo%C3%AB%20%26%20Bob%3F%20%231%2050%25%2B"
+              "%0D%0AHOPE%20YOU%20HAVE%20A%20VERY%20HAPPY%20BIRTHDAY"_s);
 }
 
 TEST_F(Greetings, ThroughTheMailProgram)

@@ -32,7 +32,8 @@ TEST_F(RecordRules, PanelIsSetBackFromTheFields)
         {u"12"_s, u"7"_s, u"2nd"_s, u""_s, {true, 2, u"7"_s}},
     };
     for (const auto &c : cases)
-        EXPECT_EQ(frequencyOf(c.months, c.days, c.weekNum, c.weekDay), c.expected) << qPrintable(c.months + c.days + c.weekNum + c.weekDay);
+        EXPECT_EQ(frequencyOf(c.months, c.days, c.weekNum, c.weekDay), c.expected)
+            << qPrintable(c.months + u'/' + c.days + u'/' + c.weekNum + u'/' + c.weekDay);
 }
 
 TEST_F(RecordRules, OptionsLeadToTheNextDate)

@@ -34,12 +34,17 @@ TEST_F(RecordSave, TypedFieldsAreStored)
 TEST_F(RecordSave, WeekDayAndFullDetailsAreStoredAtOnce)
 {
     execute(u"INSERT INTO [EVENTS] ([DATE],[EVENT]) VALUES (#11/22/2026#,'Fair')"_s);
+    execute(u"INSERT INTO [EVENTS] ([DATE],[EVENT],[SUBJECT],[FULLEVENT]) VALUES (#11/22/2026#,'Show','GENERAL','long')"_s);
     openScreen(u"E"_s, 1);
+    EXPECT_EQ(text(u"rtbFullDetails"_s), u"Fair"_s);
     type(u"cboSubject"_s, u"GENERAL"_s);
     click(u"cmdUpdate"_s);
-    EXPECT_EQ(text(u"lblDay"_s), u"Sun"_s);
-    EXPECT_EQ(text(u"rtbFullDetails"_s), u"Fair"_s);
-    EXPECT_EQ(rows(u"SELECT [DAY],[SUBJECT],[FULLEVENT] FROM [EVENTS]"_s), QStringList{u"Sun|GENERAL|Fair"_s});
+    EXPECT_EQ(text(u"lblDay"_s) + text(u"rtbFullDetails"_s), u"SunFair"_s);
+    form->dtaData().MoveNext();
+    EXPECT_EQ(text(u"lblCategory"_s) + text(u"rtbFullDetails"_s), u"GENERALlong"_s);
+    EXPECT_EQ(rows(u"SELECT [SUBJECT],[FULLEVENT] FROM [EVENTS] ORDER BY [ID]"_s),
+              (QStringList{u"GENERAL|Fair"_s, u"GENERAL|long"_s}));
+    EXPECT_EQ(rows(u"SELECT [DAY] FROM [EVENTS] WHERE [ID]=1"_s), QStringList{u"Sun"_s});
 }
 
 TEST_F(RecordSave, EmptyDateStoresToday)

@@ -78,19 +78,6 @@ TEST_F(RecordView, DoubleClickFetchesTheContactsAddress)
     EXPECT_EQ(text(u"txtEmail"_s), QString());
 }
 
-TEST_F(RecordView, DetailsStartWithTheShortText)
-{
-    addEvent(u"GENERAL"_s, {}, {});
-    addEvent(u"GENERAL"_s, u"[FULLEVENT]"_s, u"'long'"_s);
-    openScreen(u"E"_s, 1);
-    EXPECT_EQ(text(u"rtbFullDetails"_s), u"Ann"_s);
-    EXPECT_EQ(text(u"lblCategory"_s), u"GENERAL"_s);
-    click(u"cmdUpdate"_s);
-    EXPECT_EQ(rows(u"SELECT [FULLEVENT] FROM [EVENTS] ORDER BY [ID]"_s), (QStringList{u"Ann"_s, u"long"_s}));
-    form->dtaData().MoveNext();
-    EXPECT_EQ(text(u"rtbFullDetails"_s), u"long"_s);
-}
-
 TEST_F(RecordView, PictureOfTheEventOrTheSections)
 {
     QImage red(40, 20, QImage::Format_RGB32);

@@ -2,9 +2,9 @@
 
 #include "reminders/frmRecord.h"
 #include "store/mainfile.h"
+#include "support/screens.h"
 #include "support/scriptedprompts.h"
 
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
@@ -12,7 +12,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
 #include <QTextEdit>
 
 namespace vorel::test {
@@ -36,12 +35,7 @@ protected:
         return *form;
     }
 
-    template <class W = QWidget> W *at(const QString &name)
-    {
-        W *found = form->findChild<W *>(name);
-        EXPECT_TRUE(found) << qPrintable(name);
-        return found;
-    }
+    template <class W = QWidget> W *at(const QString &name) { return control<W>(*form, name); }
     bool isShown(const QString &name) { return at(name)->isVisible(); }
     QString text(const QString &name)
     {
@@ -52,12 +46,7 @@ protected:
             return rich->toPlainText();
         return widget->property("text").toString();
     }
-    void click(const QString &name)
-    {
-        auto *button = at<QAbstractButton>(name);
-        ASSERT_TRUE(button->isVisible() && button->isEnabled()) << qPrintable(name);
-        QTest::mouseClick(button, Qt::LeftButton, {}, qobject_cast<QPushButton *>(button) ? QPoint() : QPoint(8, button->height() / 2));
-    }
+    void click(const QString &name) { test::click(*form, name); }
     // Replaces the text as a user does.
     void type(const QString &name, const QString &words)
     {

@@ -200,22 +200,6 @@ TEST_F(SeriesRowsTest, theTextAloneTellsTheSeries)
     EXPECT_EQ(bytes(), before);
 }
 
-// A save from another day of the series starts it anew there.
-TEST_F(SeriesRowsTest, anotherSaveRebuildsTheSeries)
-{
-    SeriesFields fields = fieldsOn(u"2026-11-23"_s);
-    fields.periodDays = u"7"_s;
-    saveRow(fields, u"2026-11-23"_s);
-    CreateSeries(fields);
-    const QStringList once = dates(fields);
-    CreateSeries(fields);
-    EXPECT_EQ(dates(fields), once);
-
-    fields.date = u"12/07/2026"_s;
-    CreateSeries(fields);
-    EXPECT_EQ(dates(fields), once.mid(2));
-}
-
 // The day that the rule names in a month, by the calendar.
 static QDate nthWeekday(int year, int month, int nth, Qt::DayOfWeek weekday)
 {

@@ -80,8 +80,8 @@ TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
         QString table;
         int rows;
     } groups[] = {
-        {DataFile::Main, u"Events"_s, 5}, {DataFile::HowTo, u"HowTo"_s, 1}, {DataFile::Movies, u"MOVIES"_s, 1}, {DataFile::Books, u"BOOKS"_s, 1},
-        {DataFile::Music, u"MUSIC"_s, 1},
+        {DataFile::Main, u"Events"_s, 5}, {DataFile::HowTo, u"HowTo"_s, 1}, {DataFile::Movies, u"MOVIES"_s, 1},
+        {DataFile::Books, u"BOOKS"_s, 1}, {DataFile::Music, u"MUSIC"_s, 1},
         {DataFile::Recipe, u"RECIPE"_s, 1}, {DataFile::Recipe, u"INGREDIENTS"_s, 7}, {DataFile::Sports, u"GENERAL"_s, 1},
         {DataFile::Sports, u"PERSONAL"_s, 1}, {DataFile::HowTo, u"HEALTH"_s, 1}, {DataFile::HowTo, u"GENERALHEALTH"_s, 1},
         {DataFile::HowTo, u"HEALTHVISITS"_s, 1}, {DataFile::Contacts, u"Contacts"_s, 1},
@@ -109,7 +109,8 @@ TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
 TEST_F(PassTest, theRowsThatMustExist)
 {
     const QString heading = u"SELECT [InvoiceHeading],[TAXNAME1],[TAXNAME2],[Printname],[FiscalMonth] FROM [SETUP]"_s;
-    const struct { QString region, month, tax; } cases[] = {{u"en_US"_s, u"January"_s, u"S"_s}, {u"en_AU"_s, u"July"_s, u"G"_s}};
+    const struct { QString region, month, tax; } cases[] = {
+        {u"en_US"_s, u"January"_s, u"S"_s}, {u"en_AU"_s, u"July"_s, u"G"_s}};
     for (const auto &[region, month, tax] : cases) {
         setRegion(region);
         QFile::remove(state().path(DataFile::Accounts));
@@ -180,11 +181,13 @@ TEST_F(PassTest, anOldMainFileTakesAllFilesThroughTheUpgrade)
 // Of a protected file the stamp is read with the password; the parameter only tells whether there is one.
 TEST_F(UpgradeTest, theVersionStamp)
 {
-    const QString plain = m_folder.path(u"PLAIN.MDB"_s), journal = state().path(DataFile::DataJ) = m_folder.path(u"DATAJ.MDB"_s);
+    const QString plain = m_folder.path(u"PLAIN.MDB"_s), journal = m_folder.path(u"DATAJ.MDB"_s);
+    state().path(DataFile::DataJ) = journal;
     SetDatabaseVersion(plain, 290);
     EXPECT_FALSE(QFile::exists(plain));
-    for (const QString &password : {QString(), protectedConnect()})
-        dao::DBEngine::CreateDatabase(password.isEmpty() ? plain : journal, u";LANGID=0x0409;CP=1252;COUNTRY=0"_s + password).Close();
+    const QString locale = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
+    dao::DBEngine::CreateDatabase(plain, locale).Close();
+    dao::DBEngine::CreateDatabase(journal, locale + protectedConnect()).Close();
     for (const int version : {290, 32767, -1, 0, 17}) {
         SetDatabaseVersion(plain, version);
         EXPECT_EQ(GetDatabaseVersion(plain), version);

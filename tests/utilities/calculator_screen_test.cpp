@@ -1,5 +1,6 @@
 #include "frame/ini.h"
 #include "frame/state.h"
+#include "support/screens.h"
 #include "support/scriptedprompts.h"
 #include "support/testfolder.h"
 #include "utilities/frmCalculator.h"
@@ -8,8 +9,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 
 using namespace Qt::StringLiterals;
 using namespace vorel;
@@ -26,14 +25,9 @@ protected:
         screen.activateWindow();
         ASSERT_TRUE(QTest::qWaitForWindowActive(&screen));
     }
-    template <class W> W *at(const QString &name)
-    {
-        W *found = screen.findChild<W *>(name);
-        EXPECT_TRUE(found) << qPrintable(name);
-        return found;
-    }
+    template <class W> W *at(const QString &name) { return test::control<W>(screen, name); }
     QString label(const QString &name) { return at<QLabel>(name)->text(); }
-    void click(const QString &name) { QTest::mouseClick(at<QPushButton>(name), Qt::LeftButton); }
+    void click(const QString &name) { test::click(screen, name); }
     void choose(const QString &list, const QString &unit)
     {
         auto *units = at<QListWidget>(list);

@@ -1,4 +1,5 @@
 #include "platform/controls/prompts.h"
+#include "support/screens.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -15,26 +16,6 @@ using basic::Answer;
 using basic::Buttons;
 using basic::Icon;
 
-namespace {
-
-// Runs on the next modal dialog and sees to it that the dialog ends, so that a fault fails and does not hang.
-template <class Dialog>
-void onNextDialog(const QString &name, std::function<void(Dialog &)> act)
-{
-    QTimer::singleShot(0, qApp, [name, act] {
-        auto *dialog = qobject_cast<Dialog *>(QApplication::activeModalWidget());
-        EXPECT_TRUE(dialog) << "no dialog";
-        if (!dialog)
-            return;
-        EXPECT_EQ(name, dialog->objectName());
-        act(*dialog);
-        if (dialog->isVisible())
-            dialog->close();
-    });
-}
-
-}
-
 TEST(ScreenPrompts, MessageOffersItsButtonsAndGivesTheAnswer)
 {
     controls::ScreenPrompts prompts;
@@ -49,32 +30,37 @@ TEST(ScreenPrompts, MessageOffersItsButtonsAndGivesTheAnswer)
         {Buttons::RetryCancel, QMessageBox::Retry, Answer::Retry, Answer::Cancel},
     };
     for (const Case &c : cases) {
-        onNextDialog<QMessageBox>(u"MsgBox"_s, [&](QMessageBox &box) {
+        const auto press = [&](QMessageBox &box) {
+            EXPECT_EQ(u"MsgBox"_s, box.objectName());
             EXPECT_EQ(u"<b>Sure</b>?"_s, box.text());
             EXPECT_EQ(Qt::PlainText, box.textFormat());
             EXPECT_EQ(u"Question?"_s, box.windowTitle());
             EXPECT_EQ(QMessageBox::Question, box.icon());
             ASSERT_TRUE(box.button(c.press));
             QTest::mouseClick(box.button(c.press), Qt::LeftButton);
-        });
-        EXPECT_EQ(c.answer, prompts.message(u"<b>Sure</b>?"_s, u"Question?"_s, c.buttons, Icon::Question));
-        onNextDialog<QMessageBox>(u"MsgBox"_s, [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); });
-        EXPECT_EQ(c.onEsc, prompts.message(u"?"_s, {}, c.buttons, Icon::None));
+        };
+        test::inModal<QMessageBox>(
+            [&] { EXPECT_EQ(c.answer, prompts.message(u"<b>Sure</b>?"_s, u"Question?"_s, c.buttons, Icon::Question)); },
+            press);
+        test::inModal<QMessageBox>([&] { EXPECT_EQ(c.onEsc, prompts.message(u"?"_s, {}, c.buttons, Icon::None)); },
+                                   [](QMessageBox &box) { QTest::keyClick(&box, Qt::Key_Escape); });
     }
 }
 
 TEST(ScreenPrompts, InputGivesTheTextOrNothing)
 {
     controls::ScreenPrompts prompts;
-    onNextDialog<QInputDialog>(u"InputBox"_s, [](QInputDialog &box) {
+    const auto typeIn = [](QInputDialog &box) {
+        EXPECT_EQ(u"InputBox"_s, box.objectName());
         EXPECT_EQ(u"Enter Sort Column:"_s, box.labelText());
         EXPECT_EQ(u"Title"_s, box.textValue());
         box.setTextValue(u"Author"_s);
         box.accept();
-    });
-    EXPECT_EQ(u"Author"_s, prompts.input(u"Enter Sort Column:"_s, {}, u"Title"_s));
-    onNextDialog<QInputDialog>(u"InputBox"_s, [](QInputDialog &box) { box.reject(); });
-    EXPECT_EQ(u""_s, prompts.input(u"x"_s, {}, u"Title"_s));
+    };
+    test::inModal<QInputDialog>([&] { EXPECT_EQ(u"Author"_s, prompts.input(u"Enter Sort Column:"_s, {}, u"Title"_s)); },
+                                typeIn);
+    test::inModal<QInputDialog>([&] { EXPECT_EQ(u""_s, prompts.input(u"x"_s, {}, u"Title"_s)); },
+                                [](QInputDialog &box) { box.reject(); });
 }
 
 TEST(ScreenPrompts, BoxMayLoseItsParentWhileItIsOpen)

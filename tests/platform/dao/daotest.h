@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QFile>
 #include <QTemporaryDir>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace vorel::dao::test {
 
@@ -24,6 +26,20 @@ template <class Step> int errorOf(const Step &step)
         return error.number();
     }
     return 0;
+}
+
+// A privileged user may do everything, so the test steps down for as long.
+class SteppedDown {
+public:
+    SteppedDown() { EXPECT_TRUE(!m_privileged || ::seteuid(65534) == 0); }
+    ~SteppedDown() { EXPECT_TRUE(!m_privileged || ::seteuid(0) == 0); }
+
+private:
+    const bool m_privileged = ::geteuid() == 0;
+};
+inline void setMode(const QString &what, mode_t bits)
+{
+    ASSERT_EQ(::chmod(what.toLocal8Bit().constData(), bits), 0);
 }
 
 class DaoTest : public ::testing::Test {
@@ -86,7 +102,8 @@ inline TableDef sample(const QString &name = u"SAMPLE"_s)
 inline TableDef subjects()
 {
     return { .Name = u"SUBJECTS"_s, .Fields = { counter(u"ID"_s), text(u"SUBJECT"_s, 20) },
-             .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } }, .Helpers = { u"SUBJECT"_s } };
+             .Indexes = { primaryKey(), { u"SUBJECT"_s, { u"SUBJECT"_s }, false, true, false } },
+             .Helpers = { u"SUBJECT"_s } };
 }
 
 using Values = std::initializer_list<std::pair<QStringView, Value>>;

@@ -3,8 +3,6 @@
 #include <QFileInfo>
 #include <QProcess>
 #include <functional>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace vorel::dao::test {
 
@@ -86,14 +84,10 @@ TEST_F(Files, PlacesThatHoldNoFile)
 TEST_F(Files, AFileWithoutPermission)
 {
     filled();
-    ASSERT_EQ(::chmod(folder().toLocal8Bit().constData(), 0755), 0);
-    ASSERT_EQ(::chmod(path().toLocal8Bit().constData(), 0444), 0);
-    // A privileged user may do everything, so the test steps down for as long.
-    const bool privileged = ::geteuid() == 0;
-    const auto step = [&](uid_t user) { ASSERT_TRUE(!privileged || ::seteuid(user) == 0); };
-    constexpr uid_t nobody = 65534;
-    step(nobody);
+    setMode(folder(), 0755);
+    setMode(path(), 0444);
     {
+        const SteppedDown user;
         Database file = DBEngine::OpenDatabase(path());
         Recordset rows = file.OpenRecordset(u"SAMPLE"_s);
         EXPECT_EQ(rows.Get(u"NAME"), Value(u"row 0"_s));
@@ -103,11 +97,9 @@ TEST_F(Files, AFileWithoutPermission)
         EXPECT_EQ(errorOf([&] { file.DeleteTable(u"SAMPLE"); }), 3027);
     }
     DBEngine::Forget(path());
-    step(0);
-    ASSERT_EQ(::chmod(path().toLocal8Bit().constData(), 0), 0);
-    step(nobody);
+    setMode(path(), 0);
+    const SteppedDown user;
     EXPECT_EQ(errorOf([&] { DBEngine::OpenDatabase(path()); }), 3051);
-    step(0);
 }
 
 TEST_F(Files, AReadOnlyHandleBesideAWritingOne)

@@ -1,9 +1,8 @@
 #include "daotest.h"
+#include "support/fulldisk.h"
 
 #include <QProcess>
-#include <csignal>
 #include <cstdio>
-#include <sys/resource.h>
 
 // Several processes on one file. The other process is this program, started for one job.
 namespace vorel::dao::test {
@@ -53,9 +52,7 @@ void fillTheDisk(const QString &path)
 {
     Database file = DBEngine::OpenDatabase(path);
     Recordset rows = file.OpenRecordset(u"SAMPLE"_s);
-    std::signal(SIGXFSZ, SIG_IGN);
-    const rlimit limit = { 256 * 1024, 256 * 1024 };
-    setrlimit(RLIMIT_FSIZE, &limit);
+    const vorel::test::FullDisk full(256 * 1024);
     rows.AddNew();
     rows.Set(u"NOTE", QString(900000, u'x'));
     try {

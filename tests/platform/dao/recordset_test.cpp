@@ -127,27 +127,23 @@ TEST_F(Recordsets, CountsTheRowsVisited)
 
     addRows(m_file, { u"a"_s, u"b"_s, u"c"_s });
     rows.Requery();
-    EXPECT_FALSE(rows.BOF() || rows.EOF_());
-    EXPECT_EQ(rows.RecordCount(), 1);
-    EXPECT_EQ(rows.AbsolutePosition(), 0);
-    rows.MoveNext();
-    EXPECT_EQ(rows.RecordCount(), 2);
-    rows.MovePrevious();
-    EXPECT_EQ(rows.RecordCount(), 2);
-    rows.MovePrevious();
-    EXPECT_TRUE(rows.BOF());
-    EXPECT_EQ(rows.AbsolutePosition(), -1);
-    EXPECT_EQ(errorOf([&] { rows.MovePrevious(); }), 3021);
-    rows.MoveNext();
-    EXPECT_EQ(rows.Get(u"NAME"), Value(u"a"_s));
-    rows.MoveLast();
-    EXPECT_EQ(rows.RecordCount(), 3);
-    rows.MoveNext();
-    EXPECT_TRUE(rows.EOF_());
-    EXPECT_EQ(errorOf([&] { rows.Get(u"NAME"); }), 3021);
-    EXPECT_EQ(errorOf([&] { rows.MoveNext(); }), 3021);
-    rows.MovePrevious();
-    EXPECT_EQ(rows.Get(u"NAME"), Value(u"c"_s));
+    // After each move its error, or the rows visited, the place and the name there.
+    const struct { void (Recordset::*move)(); QString seen; } steps[] = {
+        { &Recordset::MoveFirst, u"1 0 a"_s },      { &Recordset::MoveNext, u"2 1 b"_s },
+        { &Recordset::MovePrevious, u"2 0 a"_s },   { &Recordset::MovePrevious, u"BOF"_s },
+        { &Recordset::MovePrevious, u"3021"_s },    { &Recordset::MoveNext, u"2 0 a"_s },
+        { &Recordset::MoveLast, u"3 2 c"_s },       { &Recordset::MoveNext, u"EOF"_s },
+        { &Recordset::MoveNext, u"3021"_s },        { &Recordset::MovePrevious, u"3 2 c"_s },
+    };
+    for (const auto &step : steps) {
+        const int error = errorOf([&] { (rows.*step.move)(); });
+        const QString outside = rows.BOF() ? u"BOF"_s : rows.EOF_() ? u"EOF"_s : QString();
+        EXPECT_EQ(!outside.isEmpty(), errorOf([&] { rows.Get(u"NAME"); }) == 3021);
+        EXPECT_EQ(rows.AbsolutePosition() == -1, !outside.isEmpty());
+        const QString seen = error != 0 ? QString::number(error) : !outside.isEmpty() ? outside
+            : u"%1 %2 %3"_s.arg(rows.RecordCount()).arg(rows.AbsolutePosition()).arg(rows.Get(u"NAME").text());
+        EXPECT_EQ(seen, step.seen) << seen.toStdString();
+    }
 }
 
 TEST_F(Recordsets, AddNewKeepsTheCurrentRowAndAppends)

@@ -1,14 +1,11 @@
 #include "daotest.h"
+#include "support/fulldisk.h"
 
 #include <QDir>
 #include <QFileInfo>
-#include <csignal>
 #include <functional>
 #include <random>
 #include <set>
-#include <sys/resource.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace vorel::dao::test {
 
@@ -302,16 +299,11 @@ TEST_F(Repair, NoPlaceForTheNewFile)
     const QByteArray good = content;
     zero(content, pageWith(content, nameOf(1000)));
     damage(content);
-    std::signal(SIGXFSZ, SIG_IGN);
-    rlimit limit = {};
-    getrlimit(RLIMIT_FSIZE, &limit);
-    const rlimit small = { 100 * 1024, limit.rlim_max };
-    setrlimit(RLIMIT_FSIZE, &small);
-    const int repairing = errorOf([&] { DBEngine::RepairDatabase(path()); });
-    const int compacting = errorOf([&] { DBEngine::CompactDatabase(path(u"SOUND.MDB"_s), path(u"NEW.MDB"_s)); });
-    setrlimit(RLIMIT_FSIZE, &limit);
-    EXPECT_EQ(repairing, 3026);
-    EXPECT_EQ(compacting, 3026);
+    {
+        const vorel::test::FullDisk full(100 * 1024);
+        EXPECT_EQ(errorOf([&] { DBEngine::RepairDatabase(path()); }), 3026);
+        EXPECT_EQ(errorOf([&] { DBEngine::CompactDatabase(path(u"SOUND.MDB"_s), path(u"NEW.MDB"_s)); }), 3026);
+    }
     EXPECT_EQ(contentOf(path()), content);
     EXPECT_EQ(contentOf(path(u"SOUND.MDB"_s)), good);
     EXPECT_EQ(standing(), (QStringList { u"DATA.MDB"_s, u"SOUND.MDB"_s }));
@@ -322,23 +314,20 @@ TEST_F(Repair, NoPermission)
     QByteArray content = filled();
     const QByteArray good = content;
     zero(content, pageWith(content, nameOf(1000)));
-    const bool privileged = ::geteuid() == 0;
-    const auto step = [&](uid_t user) { ASSERT_TRUE(!privileged || ::seteuid(user) == 0); };
-    constexpr uid_t nobody = 65534;
-    const auto mode = [&](const QString &what, mode_t bits) { ASSERT_EQ(::chmod(what.toLocal8Bit().constData(), bits), 0); };
     for (const auto &[fileBits, folderBits] : { std::pair<mode_t, mode_t>(0444, 0777), std::pair<mode_t, mode_t>(0666, 0555) }) {
         for (const bool sound : { true, false }) {
             damage(sound ? good : content);
-            mode(path(), fileBits);
-            mode(folder(), folderBits);
-            step(nobody);
-            EXPECT_EQ(errorOf([&] { DBEngine::RepairDatabase(path()); }), sound ? 0 : 3051) << fileBits;
-            if (sound && folderBits == 0555) {
-                EXPECT_EQ(errorOf([&] { DBEngine::CompactDatabase(path(), path(u"NEW.MDB"_s)); }), 3051);
+            setMode(path(), fileBits);
+            setMode(folder(), folderBits);
+            {
+                const SteppedDown user;
+                EXPECT_EQ(errorOf([&] { DBEngine::RepairDatabase(path()); }), sound ? 0 : 3051) << fileBits;
+                if (sound && folderBits == 0555) {
+                    EXPECT_EQ(errorOf([&] { DBEngine::CompactDatabase(path(), path(u"NEW.MDB"_s)); }), 3051);
+                }
+                DBEngine::Forget(path());
             }
-            DBEngine::Forget(path());
-            step(0);
-            mode(folder(), 0777);
+            setMode(folder(), 0777);
             EXPECT_EQ(contentOf(path()), sound ? good : content);
             EXPECT_EQ(standing(), QStringList { u"DATA.MDB"_s });
         }

@@ -1,8 +1,7 @@
 #include "platform/desktop/profile.h"
+#include "support/fulldisk.h"
 #include "support/testfolder.h"
 
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -11,28 +10,6 @@ using desktop::GetPrivateProfileString;
 using desktop::WritePrivateProfileString;
 
 namespace {
-
-// The file can take no more bytes while one lives: what a full disk does to a write.
-class FullDisk {
-public:
-    explicit FullDisk(rlim_t bytes)
-    {
-        m_handler = std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &m_before);
-        rlimit tight = m_before;
-        tight.rlim_cur = bytes;
-        ::setrlimit(RLIMIT_FSIZE, &tight);
-    }
-    ~FullDisk()
-    {
-        ::setrlimit(RLIMIT_FSIZE, &m_before);
-        std::signal(SIGXFSZ, m_handler);
-    }
-
-private:
-    rlimit m_before {};
-    void (*m_handler)(int) = nullptr;
-};
 
 struct Reading {
     const char *name;
@@ -168,7 +145,7 @@ TEST(Profile, FailedWriteLeavesTheOldFile)
     const QByteArray before = "[S]\nA=1\n";
     const QString file = folder.write(u"a.ini"_s, before);
     {
-        const FullDisk full(4);
+        const test::FullDisk full(4);
         EXPECT_FALSE(WritePrivateProfileString(u"S"_s, u"A"_s, u"a longer value"_s, file));
     }
     EXPECT_EQ(before, folder.read(u"a.ini"_s));

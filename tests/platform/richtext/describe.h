@@ -15,16 +15,14 @@ inline QString describe(const QTextCharFormat &format)
         words << family;
     if (format.fontPointSize() > 0)
         words << u"fs%1"_s.arg(qRound(format.fontPointSize() * 2));
-    if (format.fontWeight() >= QFont::DemiBold)
-        words << u"b"_s;
-    if (format.fontItalic())
-        words << u"i"_s;
-    if (format.fontUnderline())
-        words << u"ul"_s;
-    if (format.fontStrikeOut())
-        words << u"strike"_s;
-    if (format.verticalAlignment() != QTextCharFormat::AlignNormal)
-        words << (format.verticalAlignment() == QTextCharFormat::AlignSuperScript ? u"super"_s : u"sub"_s);
+    const std::pair<bool, QString> marks[] = {
+        {format.fontWeight() >= QFont::DemiBold, u"b"_s}, {format.fontItalic(), u"i"_s}, {format.fontUnderline(), u"ul"_s},
+        {format.fontStrikeOut(), u"strike"_s}, {format.verticalAlignment() == QTextCharFormat::AlignSuperScript, u"super"_s},
+        {format.verticalAlignment() == QTextCharFormat::AlignSubScript, u"sub"_s}};
+    for (const auto &[stands, mark] : marks) {
+        if (stands)
+            words << mark;
+    }
     if (format.hasProperty(QTextFormat::ForegroundBrush))
         words << format.foreground().color().name();
     if (format.hasProperty(QTextFormat::BackgroundBrush))
@@ -40,12 +38,10 @@ inline QString describe(const QTextBlockFormat &format)
         if (pixels != 0)
             words << name + QString::number(qRound(pixels * 15));
     };
-    if (format.alignment() & Qt::AlignRight)
-        words << u"r"_s;
-    if (format.alignment() & Qt::AlignHCenter)
-        words << u"c"_s;
-    if (format.alignment() & Qt::AlignJustify)
-        words << u"j"_s;
+    for (const auto &[side, mark] : {std::pair{Qt::AlignRight, u'r'}, {Qt::AlignHCenter, u'c'}, {Qt::AlignJustify, u'j'}}) {
+        if (format.alignment() & side)
+            words << QString(mark);
+    }
     length(u"li"_s, format.leftMargin());
     length(u"ri"_s, format.rightMargin());
     length(u"fi"_s, format.textIndent());

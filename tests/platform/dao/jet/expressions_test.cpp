@@ -46,7 +46,8 @@ TEST_F(Expressions, NullLogic)
            {"IsNull(T)", "0"}, {"T <> Null", "-1"}, {"Null <> T", "<null>"}, {"N <> Null", "0"}, {"I Between 1 And Null", "<null>"},
            {"I In (5, Null)", "-1"}, {"I In (1, Null)", "<null>"}, {"N Like '*'", "<null>"}, {"I + Null", "<null>"},
            {"IIf(N = 'x', 1, 2)", "2"}, {"UCase(N)", "<null>"}, {"Year(Null)", "<null>"}, {"Left$(N, 1)", "<null>"},
-           {"True Xor Null", "<null>"}, {"Val(N)", "<null>"}, {"'Home: ' + N & 'x'", "x"}, {"'Home: ' + '' & 'x'", "Home: x"}});
+           {"True Xor Null", "<null>"}, {"Val(N)", "<null>"}, {"'Home: ' + N & 'x'", "x"},
+           {"'Home: ' + '' & 'x'", "Home: x"}});
 }
 
 TEST_F(Expressions, Concatenation)

@@ -15,38 +15,27 @@ const QHash<QString, DataType> typeNames = {
     {u"currency"_s, dbCurrency}, {u"single"_s, dbSingle}, {u"double"_s, dbDouble}, {u"date"_s, dbDate},
     {u"text"_s, dbText}, {u"memo"_s, dbMemo}};
 
+bool isText(const ColumnDesign &column) { return column.type == dbText || column.type == dbMemo; }
+
 QByteArray affinity(const ColumnDesign &column)
 {
     if (column.autoIncrement)
         return "INTEGER PRIMARY KEY";
-    switch (column.type) {
-    case dbText:
-    case dbMemo:
-    case dbDate:
-        return "TEXT";
-    case dbSingle:
-    case dbDouble:
-        return "REAL";
-    default:
-        return "INTEGER";
-    }
+    const bool real = column.type == dbSingle || column.type == dbDouble;
+    return isText(column) || column.type == dbDate ? "TEXT" : real ? "REAL" : "INTEGER";
 }
 
 QByteArray sample(const ColumnDesign &column, int row)
 {
-    switch (column.type) {
-    case dbText:
-    case dbMemo:
-        return row == 0 ? QByteArray("NULL") : "'" + column.name.toUtf8() + QByteArray::number(3 - row) + "'";
-    case dbDate:
-        return row == 0 ? QByteArray("NULL") : "'2024-02-1" + QByteArray::number(row) + " 00:00:00'";
-    case dbBoolean:
+    if (row == 0 && (isText(column) || column.type == dbDate))
+        return "NULL";
+    if (isText(column))
+        return "'" + column.name.toUtf8() + QByteArray::number(3 - row) + "'";
+    if (column.type == dbDate)
+        return "'2024-02-1" + QByteArray::number(row) + " 00:00:00'";
+    if (column.type == dbBoolean)
         return row % 2 == 0 ? "-1" : "0";
-    case dbCurrency:
-        return QByteArray::number(row * 1000 + 1);
-    default:
-        return QByteArray::number(row + 1);
-    }
+    return QByteArray::number(column.type == dbCurrency ? row * 1000 + 1 : row + 1);
 }
 
 }
@@ -147,24 +136,23 @@ QString JetStore::failure(const QString &text)
     }
 }
 
-DataFile readTable(const QString &name)
+QList<QStringList> readTable(const QString &name)
 {
     QFile file(QStringLiteral(VOREL_TEST_DATA "/") + name);
     if (!file.open(QIODevice::ReadOnly))
         throw std::runtime_error("missing " + name.toStdString());
-    DataFile result;
+    QList<QStringList> rows;
     const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
-    for (const QString &line : lines)
-        result.rows << line.split(u'\t');
-    result.head = result.rows.takeFirst();
-    return result;
+    for (const QString &line : lines.mid(1))
+        rows << line.split(u'\t');
+    return rows;
 }
 
 QHash<QString, std::shared_ptr<JetStore>> designedStores()
 {
     QHash<QString, std::shared_ptr<JetStore>> stores;
     QList<std::pair<QString, TableDesign>> designs;
-    for (const QStringList &row : readTable(u"designs.tsv"_s).rows) {
+    for (const QStringList &row : readTable(u"designs.tsv"_s)) {
         if (designs.isEmpty() || designs.back().first != row[0] || designs.back().second.name != row[1])
             designs << std::pair(row[0], TableDesign{row[1], {}});
         designs.back().second.columns.push_back({.name = row[2], .type = typeNames[row[3].mid(2).toLower()],

@@ -36,11 +36,7 @@ private:
     QHash<QString, std::shared_ptr<vorel::dao::jet::TableDesign>> m_tables;
 };
 
-struct DataFile {
-    QStringList head;
-    QList<QStringList> rows;
-};
-DataFile readTable(const QString &name);        // a tab-separated file beside the tests
+QList<QStringList> readTable(const QString &name);      // a tab-separated file beside the tests, without its head
 
 // One store for each file that designs.tsv names, each table with a few rows.
 QHash<QString, std::shared_ptr<JetStore>> designedStores();

@@ -41,9 +41,9 @@ void expectKeyed(JetStore &store, const Translation &translation)
 TEST(Queries, EveryQueryOfTheProgramRuns)
 {
     const auto stores = designedStores();
-    const DataFile queries = readTable(u"queries.tsv"_s);
-    ASSERT_GT(queries.rows.size(), 200);
-    for (const QStringList &row : queries.rows) {
+    const QList<QStringList> queries = readTable(u"queries.tsv"_s);
+    ASSERT_GT(queries.size(), 200);
+    for (const QStringList &row : queries) {
         QString query = row[1];
         query.replace(u"\\r\\n"_s, u"\r\n"_s);
         SCOPED_TRACE(query.toStdString());

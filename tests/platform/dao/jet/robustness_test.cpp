@@ -53,12 +53,12 @@ QString mutated(QString text, QRandomGenerator &random)
 TEST(Robustness, AnyTextTranslatesOrIsRefused)
 {
     const auto stores = designedStores();
-    const DataFile queries = readTable(u"queries.tsv"_s);
+    const QList<QStringList> queries = readTable(u"queries.tsv"_s);
     QRandomGenerator random(20240229);
     int accepted = 0;
     int refused = 0;
     for (int round = 0; round < 4000; ++round) {
-        const QStringList &row = queries.rows[random.bounded(queries.rows.size())];
+        const QStringList &row = queries[random.bounded(queries.size())];
         const QString text = mutated(row[1], random);
         JetStore &store = *stores[row[0]];
         store.raw("SAVEPOINT s");
