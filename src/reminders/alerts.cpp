@@ -35,12 +35,13 @@ QString longText(const Alert &alert, const AppointmentRow &row, DateTime now)
     return lines.join(u'\n');
 }
 
-// The minutes from now to the time of today that the text ends with; nothing for a time that is none ("All Day").
-std::optional<std::int16_t> minutesTo(const QString &when, DateTime now)
+// The minutes from now to the time of today; nothing for a time that is none ("All Day"). The date goes before it in the
+// region's own form: the display format may be one that does not read back.
+std::optional<std::int16_t> minutesTo(const QString &timeText, DateTime now)
 {
+    const QString when = shortDate(now.dayOnly()) + u' ' + timeText;
     if (!basic::IsDate(when))
         return std::nullopt;
-    // The day is today's, even where the display format reads otherwise in this region.
     const DateTime time = basic::CDate(when);
     const DateTime moment(now.dayOnly().serial() + time.serial() - time.dayOnly().serial());
     return static_cast<std::int16_t>(basic::DateDiff(u"n", now, moment));
@@ -70,7 +71,7 @@ std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const Aler
             continue;
         Alert alert;
         alert.when = date + u' ' + row.time;
-        const std::optional<std::int16_t> minutes = minutesTo(alert.when, now);
+        const std::optional<std::int16_t> minutes = minutesTo(row.time, now);
         if (!minutes)
             continue;
         if (*minutes >= 1 && *minutes <= rule.before)

@@ -27,11 +27,13 @@ const QString &birthday()
     return subject;
 }
 
-// A long display format does not fit into the field.
+// A display format may be too long for the field, or one that this region does not read back: a greeting would then go out
+// at each start, or never.
 QString todayText()
 {
     const QString shown = displayDate(basic::Date());
-    return shown.size() <= dateTextSize ? shown : shortDate(basic::Date());
+    const bool readsBack = basic::IsDate(shown) && basic::CDate(shown) == basic::Date();
+    return shown.size() <= dateTextSize && readsBack ? shown : shortDate(basic::Date());
 }
 
 bool wantsGreeting(const dao::Recordset &events)
@@ -56,8 +58,9 @@ GreetingLetter greetingLetter(const QString &name, const QString &address, const
     GreetingLetter letter{address, subject, {}, {}};
     if (subject != birthday())
         return letter;
-    letter.body = u"Dear "_s + name + u"\r\nHOPE YOU HAVE A VERY HAPPY BIRTHDAY"_s;
-    letter.html = u"<BODY><DIV>Dear "_s + name.toHtmlEscaped()
+    const QString shown = shownApostrophes(name);
+    letter.body = u"Dear "_s + shown + u"\r\nHOPE YOU HAVE A VERY HAPPY BIRTHDAY"_s;
+    letter.html = u"<BODY><DIV>Dear "_s + shown.toHtmlEscaped()
         + u" </DIV><DIV>HOPE YOU HAVE A VERY HAPPY BIRTHDAY</DIV></BODY></HTML>"_s;
     return letter;
 }

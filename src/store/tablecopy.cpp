@@ -131,19 +131,23 @@ void addRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<Fi
 }
 
 // A number that the older table did not count itself may be missing or stand twice. Where no index forbids that, it must
-// not cost the row.
-void copyRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<FieldMapEntry> &map, const QString &counter,
+// not cost the row. false: the row waits until those with a number of their own have theirs.
+bool copyRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<FieldMapEntry> &map, const QString &counter,
              bool mayRepeat)
 {
     constexpr int duplicate = 3022;
+    const bool isCounted = std::any_of(map.begin(), map.end(), [&](const FieldMapEntry &entry) { return entry.name == counter; });
+    if (isCounted && mayRepeat && from.Get(counter).isNull())
+        return false;
     try {
         addRow(from, to, map, counter, true);
     } catch (const dao::EngineError &error) {
         if (error.number() != duplicate || !mayRepeat)
             throw;
         to.CancelUpdate();
-        addRow(from, to, map, counter, false);
+        return false;
     }
+    return true;
 }
 
 }
@@ -189,8 +193,15 @@ bool CopyTableRows(dao::Database &db, const dao::TableDef &newTable)
     const QString counter = counterOf(newTable);
     dao::Recordset to = db.OpenRecordset(newTable.Name, dao::dbOpenDynaset);
     dao::Recordset from = db.OpenRecordset(oldName, dao::dbOpenSnapshot);
-    for (; !from.EOF_(); from.MoveNext())
-        copyRow(from, to, map, counter, newTable.Indexes.empty());
+    std::vector<dao::Bookmark> later;
+    for (; !from.EOF_(); from.MoveNext()) {
+        if (!copyRow(from, to, map, counter, newTable.Indexes.empty()))
+            later.push_back(from.Bookmark());
+    }
+    for (const dao::Bookmark mark : later) {
+        from.setBookmark(mark);
+        addRow(from, to, map, counter, false);
+    }
     from.Close();
     to.Close();
     return true;

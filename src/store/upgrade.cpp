@@ -116,8 +116,9 @@ void StartPass::upgrade(DataFile file)
         return;         // the pass would find nothing to change
     attempt(file, [&] {
         const QString path = state().path(file);
+        // The upgraded file is in place by now; one that cannot be made smaller is as good.
         if (UpgradeDatabase(file, path, store::currentVersion) && !isProtected(file))
-            CompactFile(path);
+            basic::IgnoreErrors([&] { CompactFile(path); });
     });
 }
 

@@ -77,17 +77,21 @@ TEST_F(Greetings, OneADayToThoseWhoAskForIt)
 }
 
 // A display format that is longer than the field keeps the day in its short form.
-TEST_F(Greetings, LongDisplayFormat)
+TEST_F(Greetings, DisplayFormatsThatDoNotFit)
 {
     add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"Ann"_s, true, u"a@x.org"_s, u"Null"_s);
-    state().gDateDisplay = u"dddd, dd mmmm yyyy"_s;
-    EXPECT_EQ(SendBirthdayEmails(), 1);
-    EXPECT_EQ(lastDates(), QStringList{u"11/22/2026"_s});
-    EXPECT_EQ(SendBirthdayEmails(), 0);
+    for (const QString &format : {u"dddd, dd mmmm yyyy"_s, u"dd.mm.yyyy"_s, u"dd.mm.yy"_s}) {     // too long, or not read back here
+        state().gDateDisplay = format;
+        EXPECT_EQ(SendBirthdayEmails(), 1) << qPrintable(format);
+        EXPECT_EQ(lastDates(), QStringList{u"11/22/2026"_s}) << qPrintable(format);
+        EXPECT_EQ(SendBirthdayEmails(), 0) << qPrintable(format);
+        execute(u"UPDATE [EVENTS] SET [LASTEMAILDATE]=Null"_s);
+    }
 }
 
 TEST_F(Greetings, EveryCharacterReachesTheAddress)
 {
+    EXPECT_TRUE(greetingLetter(u"PAT O`HARA"_s, {}, u"BIRTHDAY"_s).body.startsWith(u"Dear PAT O'HARA\r\n"_s));
     SendGreeting(u"Zoë & Bob? #1 50%+"_s, u"zoe+home@x.org"_s, u"BIRTHDAY"_s);
     ASSERT_EQ(post.byAddress.urls.size(), 1);
     EXPECT_EQ(post.byAddress.urls[0].toString(QUrl::FullyEncoded),

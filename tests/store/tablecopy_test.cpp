@@ -105,12 +105,12 @@ TEST_F(TableCopyTest, rowsComeOverByName)
     database.AppendTable(table(setAsideName(u"T"_s), {longer(u"ID"_s), text(u"NAME"_s, 50), text(u"PRICE"_s, 20), memo(u"GONE"_s)}));
     const dao::TableDef wanted = table(u"T"_s, {counter(u"ID"_s), text(u"name"_s, 10), money(u"PRICE"_s), flag(u"NEW"_s)});
     database.AppendTable(wanted);
-    for (const auto &values : {u"7,'A long old name','12.5 each'"_s, u"7,'Twin',''"_s, u"Null,Null,Null"_s})
+    for (const auto &values : {u"7,'A long old name','12.5 each'"_s, u"7,'Twin',''"_s, u"Null,Null,Null"_s, u"8,'Eight',1"_s})
         database.Execute(u"INSERT INTO [T$$] ([ID],[NAME],[PRICE]) VALUES ("_s + values + u')');
     EXPECT_TRUE(CopyTableRows(database, wanted));
     EXPECT_EQ(rows(u"SELECT [NAME],[PRICE],[NEW] FROM [T]"_s),
-              QStringList({u"A long old|12.5|False"_s, u"Twin|0|False"_s, u"Null|Null|False"_s}));
-    EXPECT_EQ(rows(u"SELECT [NAME] FROM [T] WHERE [ID]=7"_s), QStringList{u"A long old"_s});
+              QStringList({u"A long old|12.5|False"_s, u"Eight|1|False"_s, u"Twin|0|False"_s, u"Null|Null|False"_s}));
+    EXPECT_EQ(rows(u"SELECT [NAME] FROM [T] WHERE [ID]=7 OR [ID]=8 ORDER BY [ID]"_s), QStringList({u"A long old"_s, u"Eight"_s}));
 
     const dao::TableDef strange = table(u"U"_s, {text(u"OTHER"_s, 5)});
     database.AppendTable(strange);
