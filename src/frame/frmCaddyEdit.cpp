@@ -174,7 +174,7 @@ void CaddyEdit::panNew_Click()
         NewRecord();
 }
 
-// A row with a picture shows it in the pane at the right.
+// A row with a picture shows it in the pane at the right; for one without, its screen is where a picture is chosen.
 void CaddyEdit::subjectButton(qsizetype row)
 {
     const Grid *grid = m_c.SUBJECTGRID;
@@ -184,7 +184,7 @@ void CaddyEdit::subjectButton(qsizetype row)
         if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0)
             file = grid->CellText(static_cast<int>(i), row).trimmed();
     if (file.isEmpty() || basic::Dir(file).isEmpty())
-        ShowLater(u"The choice of a picture"_s);
+        ShowEdit();
     else
         showDetails();
 }

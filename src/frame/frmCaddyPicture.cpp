@@ -2,10 +2,11 @@
 
 #include "platform/basic/files.h"
 #include "platform/controls/colours.h"
+#include "platform/controls/form.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/layout.h"
+#include "platform/controls/picturebox.h"
 
-#include <QImageReader>
 #include <QPainter>
 #include <QPainterPath>
 
@@ -21,14 +22,14 @@ constexpr int titleX = controls::toPixels(50), titleY = controls::toPixels(1100)
 
 }
 
-DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new QLabel(this)), m_details(new QLabel(this))
+DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new controls::PictureBox(u"picImage"_s, this)), m_details(new QLabel(this))
 {
     setObjectName(u"picDetails"_s);
     setAccessibleName(u"Picture and details of the record"_s);
-    m_image->setObjectName(u"picImage"_s);
     m_image->setAccessibleName(u"Picture of the record"_s);
-    m_image->setAlignment(Qt::AlignCenter);
+    m_image->setFocusPolicy(Qt::NoFocus);
     m_image->hide();
+    controls::on(m_image, &controls::PictureBox::Shown, this, [this](bool readable) { showImage(readable); });
     m_details->setObjectName(u"lblDetails"_s);
     m_details->setTextFormat(Qt::RichText);
     m_details->setWordWrap(true);
@@ -57,20 +58,18 @@ void DetailPane::showBanner(const QString &title, const QString &smallPrint)
 
 void DetailPane::showPicture(const QString &file)
 {
-    QPixmap picture;
-    if (!file.isEmpty() && !basic::Dir(file).isEmpty()) {
-        QImageReader reader(basic::realPath(file));
-        reader.setAutoTransform(true);
-        const QSize room = QSize(width() - 2 * unit, bannerHeight + 4 * unit) * devicePixelRatio();
-        if (reader.size().isValid())
-            reader.setScaledSize(reader.size().scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1}));
-        picture = QPixmap::fromImageReader(&reader);
-        picture.setDevicePixelRatio(devicePixelRatio());
-    }
-    m_image->setPixmap(picture);
-    m_image->setToolTip(picture.isNull() ? QString() : file);
-    m_image->setVisible(!picture.isNull());
+    if (!basic::Dir(file).isEmpty())
+        return m_image->showFile(file);
+    m_image->clear();
+    showImage(false);
+}
+
+void DetailPane::showImage(bool readable)
+{
+    m_image->setToolTip(readable ? m_image->path() : QString());
+    m_image->setVisible(readable);
     placeParts();
+    update();
 }
 
 void DetailPane::showDetails(const QStringList &labels, const QStringList &texts)

@@ -6,16 +6,19 @@
 
 namespace vorel {
 
+namespace controls {
+class PictureBox;
+}
+
 // picDetails: the pane at the right. With no record picture on it, it shows the product's banner.
 class DetailPane : public QWidget {
     Q_OBJECT
 public:
     explicit DetailPane(QWidget *parent = nullptr);
 
-    QLabel *picImage() const { return m_image; }
     void setPaper(const QString &file);                 // the ground of the banner; "" = a plain one
     void showBanner(const QString &title, const QString &smallPrint);
-    // The record's picture; a file that is none leaves the place empty.
+    // The record's picture; a large one comes a moment later. A file that is none leaves the place to the banner.
     void showPicture(const QString &file);
     // What the row says, a line a field.
     void showDetails(const QStringList &labels, const QStringList &texts);
@@ -28,8 +31,9 @@ protected:
 
 private:
     void placeParts();
+    void showImage(bool readable);
 
-    QLabel *m_image;
+    controls::PictureBox *m_image;
     QLabel *m_details;
     QPixmap m_paper;
     QString m_title, m_smallPrint;

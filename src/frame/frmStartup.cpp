@@ -5,6 +5,7 @@
 #include "frame/frmLater.h"
 #include "frame/ini.h"
 #include "frame/startup.h"
+#include "media/pictures.h"
 #include "platform/basic/error.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/layout.h"
@@ -77,6 +78,7 @@ void Startup::Load()
         const desktop::ProfileBatch oneWrite;
         LoadProgramState(colourNumberOf(palette().color(QPalette::Window)));
     });
+    MakePictureFolders();
     m_title->setText(state().gProductTitle);
     setWindowTitle(state().gProductTitle);
     if (ShowSplashScreen()) {

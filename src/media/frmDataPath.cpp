@@ -1,19 +1,414 @@
 #include "media/frmDataPath.h"
 
+#include "frame/ini.h"
+#include "frame/shared.h"
+#include "media/frmShowPic.h"
+#include "media/pictureeditor.h"
+#include "media/pictures.h"
+#include "platform/basic/files.h"
+#include "platform/basic/prompts.h"
+#include "platform/controls/colours.h"
+#include "platform/controls/layout.h"
+#include "platform/controls/picturebox.h"
+
+#include <QApplication>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+
 namespace vorel {
 
 using namespace Qt::StringLiterals;
+using controls::on;
+namespace layout = controls::layout;
 
-frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent) : controls::Form(u"frmDataPath"_s, parent)
+namespace {
+
+constexpr QSize pictureSize(480, 320), screenSize(800, 560), slideSize(960, 680);
+constexpr int slideMilliseconds = 5000;
+const QString autoSearchCaption = u"A&uto Search"_s;
+
+QLabel *label(const QString &name, const QString &text = {})
+{
+    auto *made = new QLabel(text);
+    made->setObjectName(name);
+    made->setTextFormat(Qt::PlainText);
+    made->setWordWrap(true);
+    return made;
+}
+
+bool isPlainDefault(const QString &path)
+{
+    QString plain = path;
+    plain.replace(u'\\', u'/');
+    return plain.endsWith(u"/DefaultL.jpg"_s, Qt::CaseInsensitive) || plain.endsWith(u"/DefaultS.jpg"_s, Qt::CaseInsensitive);
+}
+
+QString nameIn(const QString &path)
+{
+    return path.mid(std::max(path.lastIndexOf(u'\\'), path.lastIndexOf(u'/')) + 1);
+}
+
+void takeFormColour(QWidget *form)
+{
+    const QColor own = form->palette().color(QPalette::Window);
+    const quint32 ownNumber = static_cast<quint32>(own.blue() << 16 | own.green() << 8 | own.red());
+    const quint32 bgr = GetIniColour(u"FileBackColour"_s, ownNumber);
+    const QColor back(static_cast<int>(bgr & 0xFF), static_cast<int>(bgr >> 8 & 0xFF), static_cast<int>(bgr >> 16 & 0xFF));
+    if (bgr == ownNumber)
+        return;
+    QPalette colours = form->palette();
+    colours.setColor(QPalette::Window, back);
+    colours.setColor(QPalette::WindowText, controls::readable(colours.color(QPalette::WindowText), back));
+    form->setPalette(colours);
+}
+
+// The text of whatever kind of control it is; false if it has none.
+bool give(QWidget *control, const QString &text)
+{
+    if (auto *words = qobject_cast<QLabel *>(control))
+        words->setText(text);
+    else if (auto *field = qobject_cast<QLineEdit *>(control))
+        field->setText(text);
+    else if (auto *box = qobject_cast<QComboBox *>(control))
+        box->setCurrentText(text);
+    else if (auto *picture = qobject_cast<controls::PictureBox *>(control))
+        picture->showFile(text);
+    else
+        return false;
+    return true;
+}
+
+QWidget *screenNamed(const QString &name)
+{
+    const QWidgetList screens = QApplication::topLevelWidgets();
+    for (QWidget *screen : screens)
+        if (screen->objectName() == name)
+            return screen;
+    return nullptr;
+}
+
+}
+
+frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
+    : Form(u"frmDataPath"_s, parent), m_call(call), m_allotment(allotmentOf(call.caption)), m_path(call.path),
+      m_title(label(u"lblTitle"_s)), m_current(label(u"lblCurrentPath"_s)), m_selected(label(u"lblSelectedPath"_s)),
+      m_status(label(u"lblSearch"_s)), m_number(label(u"lblNum"_s)), m_words(label(u"lblSlideCaption"_s)),
+      m_image(new controls::PictureBox(u"picImage"_s)), m_chooser(new QWidget), m_slide(composeSlide()),
+      m_timer(new QTimer(this))
 {
     setWindowTitle(call.caption);
+    QFont strong = m_title->font();
+    strong.setBold(true);
+    m_title->setFont(strong);
+    m_title->setWordWrap(false);
+    m_image->setMinimumSize(pictureSize);
+    m_image->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_image->setAccessibleName(u"Picture"_s);
+    QLayout *chooser = layout::Column({composePaths(), m_status, composeKeys()});
+    layout::setMargins(chooser, 0);
+    m_chooser->setLayout(chooser);
+    auto *whole = new QVBoxLayout;
+    whole->setSpacing(layout::unit);
+    auto *record = label(u"lblName"_s, call.slideShow ? QString() : call.name);
+    record->setAlignment(Qt::AlignRight);
+    record->setHidden(record->text().isEmpty());
+    whole->addLayout(layout::Row({m_title, layout::Stretch{}, record}));
+    whole->addWidget(m_image, 1);
+    whole->addWidget(m_slide);
+    whole->addWidget(m_chooser);
+    layout::setMargins(whole, 2 * layout::unit);
+    setLayout(whole);
+    takeFormColour(this);
+
+    m_timer->setObjectName(u"Timer1"_s);
+    m_timer->setInterval(slideMilliseconds);
+    on(m_timer, &QTimer::timeout, this, [this] { cmdNext_Click(); });
+    on(m_image, &controls::PictureBox::Clicked, this, [this] { picImage_Click(); });
+    on(&m_search, &FileSearch::Finished, this, [this](const QString &found) { searched(found); });
+    resize(call.slideShow ? slideSize : screenSize);
+    Load();
+}
+
+QAbstractButton *frmDataPath::key(const QString &name, const QString &caption, const QString &toolTip,
+                                  void (frmDataPath::*step)())
+{
+    QAbstractButton *made = controls::button(name, caption, {}, toolTip);
+    if (auto *push = qobject_cast<QPushButton *>(made))
+        push->setAutoDefault(false);
+    on(made, &QAbstractButton::clicked, this, [this, step] { (this->*step)(); });
+    return made;
+}
+
+QLayout *frmDataPath::composePaths()
+{
+    for (QLabel *path : {m_current, m_selected}) {
+        path->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+        path->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);      // a long path widens no window
+        path->setMinimumHeight(2 * path->fontMetrics().lineSpacing());
+    }
+    return layout::Fields({{u"Current path"_s, m_current}, {u"Selected path"_s, m_selected}});
+}
+
+QLayout *frmDataPath::composeKeys()
+{
+    using Me = frmDataPath;
+    return layout::Row({key(u"cmdSearch"_s, u"&Search..."_s, u" Choose a file "_s, &Me::cmdSearch_Click),
+                        key(u"cmdAutoSearch"_s, autoSearchCaption, u" Look for the file of the current path on all drives "_s,
+                            &Me::cmdAutoSearch_Click),
+                        key(u"cmdTransfer"_s, u"&Transfer"_s, u" Copy the file into the folder of the program "_s,
+                            &Me::cmdTransfer_Click),
+                        key(u"cmdRemove"_s, u"&Remove"_s, u" No file any more "_s, &Me::cmdRemove_Click),
+                        key(u"cmdSound"_s, u"&Play"_s, u" Play the sound "_s, &Me::cmdSound_Click), layout::Stretch{},
+                        key(u"cmdApply"_s, u"&Apply"_s, u" Take the selected file and close "_s, &Me::cmdApply_Click)});
+}
+
+QWidget *frmDataPath::composeSlide()
+{
+    auto *panel = new QWidget;
+    panel->setObjectName(u"panSlide"_s);
+    m_words->setAlignment(Qt::AlignCenter);
+    m_number->setAlignment(Qt::AlignCenter);
+    m_number->setMinimumWidth(8 * layout::unit);
+    using Me = frmDataPath;
+    QLayout *keys = layout::Row({layout::Stretch{},
+                                 key(u"cmdPrevious"_s, u"&Previous"_s, u" The picture before "_s, &Me::cmdPrevious_Click), m_number,
+                                 key(u"cmdNext"_s, u"&Next"_s, u" The next picture "_s, &Me::cmdNext_Click),
+                                 key(u"cmdAuto"_s, u"Auto"_s, u" The next picture every five seconds "_s, &Me::cmdAuto_Click),
+                                 layout::Stretch{}});
+    QLayout *content = layout::Column({m_words, keys});
+    layout::setMargins(content, 0);
+    panel->setLayout(content);
+    return panel;
+}
+
+QAbstractButton *frmDataPath::at(const QString &name) const
+{
+    return findChild<QAbstractButton *>(name);
+}
+
+void frmDataPath::Load()
+{
+    m_slide->setVisible(m_call.slideShow);
+    m_chooser->setVisible(!m_call.slideShow);
+    m_section = m_call.section;
+    if (m_section.isEmpty() && m_call.screen)
+        m_section = sectionOfScreen(m_call.screen->objectName());
+    if (m_section.isEmpty())
+        m_section = state().gSection;
+    if (m_call.slideShow) {
+        m_title->hide();
+        basic::Trap([this] { GetSlideShowFiles(); });
+        return;
+    }
+    m_title->setText(u" Select Picture or Sound File as appropriate"_s);
+    m_current->setText(m_path);
+    const bool isUnset = m_path.trimmed().isEmpty() || isPlainDefault(m_path);
+    at(u"cmdApply"_s)->setEnabled(!isUnset);
+    at(u"cmdTransfer"_s)->setEnabled(!isUnset && !m_allotment.folder.isEmpty());
+    at(u"cmdSound"_s)->setVisible(m_allotment.kind == PathKind::Sound);
+    m_image->setVisible(m_allotment.kind == PathKind::Picture);
+    if (m_allotment.kind == PathKind::Picture)
+        showInBox(m_path);
+}
+
+void frmDataPath::showInBox(const QString &path)
+{
+    QString shown = path;
+    ShowPic(this, shown, m_section);
+    m_image->setToolTip(GetTipInfo(path));
+    m_image->setCursor(basic::Dir(path).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
+}
+
+QString frmDataPath::GetTipInfo(const QString &path) const
+{
+    return path.trimmed().isEmpty() || isPlainDefault(path) ? QString() : path + u" CLICK TO EDIT "_s;
+}
+
+QString frmDataPath::fileInView() const
+{
+    return m_selected->text().isEmpty() ? m_current->text() : m_selected->text();
+}
+
+void frmDataPath::showSelected(const QString &path)
+{
+    m_selected->setText(path);
+    m_status->clear();
+    at(u"cmdApply"_s)->setEnabled(true);
+    at(u"cmdRemove"_s)->setEnabled(true);
+    at(u"cmdTransfer"_s)->setEnabled(!m_allotment.folder.isEmpty());
+    if (isPictureName(path))
+        showInBox(path);
+    else
+        m_image->hide();
+}
+
+void frmDataPath::cmdSearch_Click()
+{
+    const std::optional<QString> chosen = basic::prompts().chooseFile(
+        {m_call.caption, pictureFolder(m_allotment.folder.toString()), filterOf(m_allotment.kind), false});
+    if (!chosen || chosen->isEmpty())
+        return;
+    setSearching(false);
+    showSelected(*chosen);
+}
+
+void frmDataPath::setSearching(bool searching)
+{
+    if (!searching)
+        m_search.stop();
+    at(u"cmdAutoSearch"_s)->setText(searching ? u"&Stop"_s : autoSearchCaption);
+    m_status->setText(searching ? u" Searching ... Please wait "_s : QString());
+}
+
+void frmDataPath::cmdAutoSearch_Click()
+{
+    if (m_search.isRunning())
+        return setSearching(false);
+    const QString name = nameIn(StripNulls(m_current->text()));
+    if (name.isEmpty())
+        return searched({});
+    setSearching(true);
+    m_search.start(name, searchRoots());
+}
+
+void frmDataPath::searched(const QString &path)
+{
+    setSearching(false);
+    if (path.isEmpty())
+        m_status->setText(u" Sorry Picture Not Found "_s);
+    else
+        showSelected(path);
+}
+
+void frmDataPath::cmdTransfer_Click()
+{
+    const Transfer done = TransferFile(fileInView(), m_call.caption);
+    if (!done.failure.isEmpty())
+        return basic::MsgBox(done.failure, m_call.caption, basic::Icon::Exclamation);
+    m_current->setText(done.path);
+    showSelected(done.path);
+}
+
+void frmDataPath::cmdRemove_Click()
+{
+    setSearching(false);
+    m_path.clear();
+    m_current->clear();
+    m_selected->clear();
+    at(u"cmdApply"_s)->setEnabled(false);
+    at(u"cmdTransfer"_s)->setEnabled(false);
+    if (m_allotment.kind == PathKind::Picture)
+        showInBox(m_path);
+}
+
+void frmDataPath::cmdApply_Click()
+{
+    // Without a choice the plain picture takes the place of the record's own.
+    m_path = m_selected->text().isEmpty() ? basic::programFolder() + u"/DefaultS.jpg"_s : m_selected->text();
+    AllotPictures();
+    Close();
+}
+
+// The screen may not have the control, or may not be open: then the caller alone takes the path.
+void frmDataPath::AllotPictures()
+{
+    QWidget *screen = m_call.screen ? m_call.screen : screenNamed(m_allotment.screen.toString());
+    if (!screen)
+        return;
+    const QStringList controls = m_call.control.isEmpty() ? targetControls(m_call.caption) : QStringList{m_call.control};
+    for (const QString &name : controls)
+        if (QWidget *control = screen->findChild<QWidget *>(name); control && give(control, m_path))
+            break;
+    if (m_call.caption != u"Backup File")
+        return;
+    const QFileInfo file(basic::realPath(m_path));
+    if (auto *date = screen->findChild<QWidget *>(u"txtFileDate"_s); date && file.exists())
+        give(date, displayDate(basic::DateTime::fromQDateTime(file.lastModified())));
+}
+
+void frmDataPath::cmdSound_Click()
+{
+    if (!basic::Dir(fileInView()).isEmpty())
+        PlaySoundFile(basic::realPath(fileInView()));
+}
+
+void frmDataPath::picImage_Click()
+{
+    const QString path = m_call.slideShow ? m_image->path() : fileInView();
+    if (!basic::Dir(path).isEmpty() && !EditPicture(basic::realPath(path)))
+        basic::MsgBox(u"Unable to open "_s + path, m_call.caption, basic::Icon::Exclamation);
+}
+
+void frmDataPath::Unload()
+{
+    m_timer->stop();
+    m_search.stop();
+}
+
+void frmDataPath::GetSlideShowFiles()
+{
+    m_slides = vorel::GetSlideShowFiles(m_call.section, m_call.owner);
+    for (const QString &name : {u"cmdPrevious"_s, u"cmdNext"_s, u"cmdAuto"_s})
+        at(name)->setEnabled(m_slides.size() > 1);
+    if (m_slides.empty())
+        m_words->setText(u"NO PICTURES TO VIEW"_s);
+    else
+        showSlide(0);
+}
+
+void frmDataPath::showSlide(std::ptrdiff_t place)
+{
+    const auto count = static_cast<std::ptrdiff_t>(m_slides.size());
+    if (count == 0)
+        return;
+    m_place = (place + count) % count;
+    const PictureSlot &slide = m_slides[static_cast<std::size_t>(m_place)];
+    m_image->showFile(slide.path);
+    m_image->setToolTip(GetTipInfo(slide.path));
+    m_words->setText(slide.caption);
+    m_number->setText(QString::number(m_place + 1) + u'/' + QString::number(count));
+}
+
+void frmDataPath::cmdNext_Click()
+{
+    showSlide(m_place + 1);
+}
+
+void frmDataPath::cmdPrevious_Click()
+{
+    showSlide(m_place - 1);
+}
+
+void frmDataPath::cmdAuto_Click()
+{
+    const bool starts = !m_timer->isActive();
+    if (starts)
+        m_timer->start();
+    else
+        m_timer->stop();
+    at(u"cmdAuto"_s)->setText(starts ? u"Stop"_s : u"Auto"_s);
 }
 
 QString ChooseDataPath(const DataPathCall &call)
 {
     frmDataPath form(call, call.screen);
     form.ShowModal();
-    return call.path;
+    return form.path();
+}
+
+void ShowSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen)
+{
+    DataPathCall call;
+    call.caption = u"Slide Show - "_s + name;
+    call.screen = screen;
+    call.slideShow = true;
+    call.section = section;
+    call.owner = owner;
+    frmDataPath(call, screen).ShowModal();
 }
 
 }

@@ -1,24 +1,86 @@
 #pragma once
 
+#include "media/allotment.h"
+#include "media/filesearch.h"
+#include "media/picturerows.h"
 #include "platform/controls/form.h"
 
-// The one chooser for pictures, sounds, the data file and the backup files.
+class QLabel;
+class QLayout;
+class QTimer;
+
+namespace vorel::controls {
+class PictureBox;
+}
+
+// The one chooser for pictures, sounds, the data file and the backup files. The slide show of a record's picture set runs
+// on it too.
 namespace vorel {
 
 struct DataPathCall {
-    QString caption;                    // the purpose, e.g. "Book Picture": names the folder and the target
-    QString path;                       // what the field holds at present
-    QString name;                       // the record's own name, e.g. a book's title
+    QString caption{};                  // the purpose, e.g. "Book Picture": names the folder and the target
+    QString path{};                     // what the field holds at present
+    QString name{};                     // the record's own name, e.g. a book's title
     QWidget *screen = nullptr;          // the screen on which the result is set
+    QString control{};                  // the control there that takes it; "" = the caption's own
+    bool slideShow = false;             // of the picture set of `owner` in `section`, instead of the chooser
+    QString section{};
+    PictureOwner owner{};
 };
 
 class frmDataPath : public controls::Form {
     Q_OBJECT
 public:
     explicit frmDataPath(const DataPathCall &call, QWidget *parent = nullptr);
+
+    const QString &path() const { return m_path; }      // what the field holds afterwards
+
+protected:
+    void Unload() override;
+
+private:
+    QLayout *composePaths();
+    QLayout *composeKeys();
+    QWidget *composeSlide();
+    QAbstractButton *key(const QString &name, const QString &caption, const QString &toolTip, void (frmDataPath::*step)());
+    QAbstractButton *at(const QString &name) const;
+    void Load();
+    void showSelected(const QString &path);
+    void showInBox(const QString &path);
+    QString fileInView() const;                         // the selected one, else the current
+    QString GetTipInfo(const QString &path) const;
+    void setSearching(bool searching);
+    void searched(const QString &path);
+    void AllotPictures();
+    void cmdSearch_Click();
+    void cmdAutoSearch_Click();
+    void cmdTransfer_Click();
+    void cmdRemove_Click();
+    void cmdApply_Click();
+    void cmdSound_Click();
+    void picImage_Click();
+
+    void GetSlideShowFiles();
+    void showSlide(std::ptrdiff_t place);
+    void cmdNext_Click();
+    void cmdPrevious_Click();
+    void cmdAuto_Click();
+
+    const DataPathCall m_call;
+    const Allotment &m_allotment;
+    QString m_path, m_section;
+    QLabel *m_title, *m_current, *m_selected, *m_status, *m_number, *m_words;
+    controls::PictureBox *m_image;
+    QWidget *m_chooser, *m_slide;
+    QTimer *m_timer;
+    FileSearch m_search;
+    std::vector<PictureSlot> m_slides;
+    std::ptrdiff_t m_place = 0;
 };
 
 // The chooser, modal. The answer is the path that the field holds afterwards: the old one if nothing was applied.
 QString ChooseDataPath(const DataPathCall &call);
+// The slide show of a record's pictures, modal. name: the record's own, for the title.
+void ShowSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen);
 
 }

@@ -2,6 +2,7 @@
 
 #include "calendar/picker.h"
 #include "frame/state.h"
+#include "media/frmDataPath.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
@@ -217,16 +218,13 @@ void frmRecord::cmdEmail_Click()
 void frmRecord::cmdPicture_Click()
 {
     const QString path = GetFilePath(text(u"lblFilename"_s));
-    if (path.isEmpty())
-        return;
     setText(u"lblFilename"_s, path);
     ShowPic(path);
 }
 
 QString frmRecord::GetFilePath(const QString &startPath)
 {
-    const basic::FileQuestion question{u"Event Picture"_s, startPath, u"Pictures(*.bmp *.jpg *.gif)"_s, false};
-    return basic::prompts().chooseFile(question).value_or(QString());
+    return ChooseDataPath({u"Event Picture"_s, startPath, text(u"txtEvent"_s), this});
 }
 
 void frmRecord::chkDelete_MouseUp()

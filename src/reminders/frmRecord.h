@@ -36,7 +36,7 @@ public:
     void AllowInput();
     void FormatDates();
     void ShowPic(const QString &path);                  // "" or no readable picture: the section's own
-    QString GetFilePath(const QString &startPath);      // a picture file, "" when none was chosen
+    QString GetFilePath(const QString &startPath);      // the chooser's answer: startPath if nothing was applied
     void SetScheduler(bool visible);
 
 protected:

@@ -4,11 +4,11 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
+#include "platform/controls/picturefile.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
 
 #include <QIcon>
-#include <QImageReader>
 #include <QLabel>
 
 // The row as shown.
@@ -32,16 +32,10 @@ constexpr ViewField viewFields[] = {
     {u"rtbFullDetails", u"FULLEVENT", u"E", false},
 };
 
-QPixmap readPicture(const QString &path, QSize room)
+// As sharp as the screen is; a smaller one stays as small as it is.
+QPixmap pictureOf(const QString &path, QSize room)
 {
-    QImageReader reader(path);
-    reader.setDecideFormatFromContent(true);
-    reader.setAutoTransform(true);
-    if (const QSize size = reader.size(); size.isValid() && (size.width() > room.width() || size.height() > room.height()))
-        reader.setScaledSize(size.scaled(room, Qt::KeepAspectRatio));
-    const QImage image = reader.read();
-    return image.isNull() ? QPixmap() : QPixmap::fromImage(image.size().width() > room.width() || image.height() > room.height()
-        ? image.scaled(room, Qt::KeepAspectRatio, Qt::SmoothTransformation) : image);
+    return QPixmap::fromImage(controls::readPicture(path, room).image);
 }
 
 }
@@ -175,11 +169,11 @@ void frmRecord::ShowPic(const QString &path)
     const QSize pixels = room * scale;
     QPixmap shown;
     if (!path.isEmpty() && !basic::Dir(path).isEmpty())
-        shown = readPicture(basic::realPath(path), pixels);
+        shown = pictureOf(path, pixels);
     if (shown.isNull()) {
         const QString own = desktop::findResource(u"\\"_s + m_section.picture.toString() + u".jpg"_s);
         if (!own.isEmpty())
-            shown = readPicture(own, pixels);
+            shown = pictureOf(own, pixels);
     }
     if (shown.isNull())
         shown = QIcon(u":/pictures/"_s + m_section.picture.toString() + u".svg"_s).pixmap(room, scale);

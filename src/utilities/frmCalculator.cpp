@@ -1,15 +1,15 @@
 #include "utilities/frmCalculator.h"
 
 #include "frame/ini.h"
+#include "media/frmDataPath.h"
 #include "platform/basic/convert.h"
-#include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
+#include "platform/controls/picturefile.h"
 #include "utilities/conversions.h"
 
 #include <QGridLayout>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -40,13 +40,7 @@ QColor backColour()
 
 QPixmap readPicture(const QString &file, double ratio)
 {
-    if (file.isEmpty() || basic::Dir(file).isEmpty())
-        return {};
-    QImageReader reader(basic::realPath(file));
-    reader.setAutoTransform(true);
-    if (reader.size().isValid())
-        reader.setScaledSize(reader.size().scaled(pictureSize * ratio, Qt::KeepAspectRatio).expandedTo({1, 1}));
-    QPixmap picture = QPixmap::fromImageReader(&reader);
+    QPixmap picture = QPixmap::fromImage(controls::readPicture(file, pictureSize * ratio).image);
     picture.setDevicePixelRatio(ratio);
     return picture;
 }
@@ -313,15 +307,8 @@ bool frmCalculator::eventFilter(QObject *watched, QEvent *event)
 
 void frmCalculator::picImage_Click()
 {
-    const std::optional<QString> chosen = basic::prompts().chooseFile(
-        {u"Select Picture"_s, basic::programFolder() + u"/CalendarPictures"_s, u"Pictures (*.bmp *.jpg *.gif)"_s, false});
-    if (!chosen)
-        return;
-    if (readPicture(*chosen, devicePixelRatioF()).isNull()) {
-        basic::MsgBox(u"This file is no picture that can be shown."_s, u"Calculator"_s, basic::Icon::Exclamation);
-        return;
-    }
-    PutIniValue(iniSettings, pictureKey, QString(*chosen));
+    PutIniValue(iniSettings, pictureKey,
+                ChooseDataPath({u"CalcPic"_s, GetIniValue(iniSettings, pictureKey, {}), {}, this}));
     showPicture();
 }
 

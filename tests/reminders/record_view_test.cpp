@@ -1,6 +1,7 @@
 #include "reminders/recordscreen.h"
 
 #include <QImage>
+#include <QTimer>
 
 namespace vorel {
 
@@ -99,6 +100,12 @@ TEST_F(RecordView, PictureOfTheEventOrTheSections)
         EXPECT_NE(middle(), QColor(Qt::red)) << row;
     }
     user.expectFile(u"Event Picture"_s, m_folder.path(u"red.bmp"_s));
+    QTimer::singleShot(0, form.get(), [&] {
+        auto *chooser = form->findChild<QDialog *>(u"frmDataPath"_s);
+        ASSERT_TRUE(chooser);
+        chooser->findChild<QAbstractButton *>(u"cmdSearch"_s)->click();
+        chooser->findChild<QAbstractButton *>(u"cmdApply"_s)->click();
+    });
     click(u"cmdPicture"_s);
     EXPECT_EQ(middle(), QColor(Qt::red));
     EXPECT_TRUE(form->Close());

@@ -9,6 +9,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
 
 using namespace Qt::StringLiterals;
 using namespace vorel;
@@ -99,15 +102,25 @@ TEST_F(CalculatorScreen, ColourAndPictureAreKept)
     EXPECT_EQ(GetIniValue(iniSettings, u"CalculatorBackColour"_s, {}), QString::number(0x302010));
     EXPECT_EQ(screen.palette().color(QPalette::Window), QColor(0x10, 0x20, 0x30));
 
-    const QString text = folder.write(u"notes.jpg"_s, "no picture"), picture = folder.path(u"own.jpg"_s);
+    const QString picture = folder.path(u"own.jpg"_s);
     QImage drawn(64, 48, QImage::Format_RGB32);
     drawn.fill(Qt::red);
     ASSERT_TRUE(drawn.save(picture));
-    user.expectFile({}, text);
-    user.expect(u"This file is no picture that can be shown."_s);
+    const auto inChooser = [this](const QStringList &keys) {
+        QTimer::singleShot(0, &screen, [this, keys] {
+            auto *chooser = screen.findChild<QDialog *>(u"frmDataPath"_s);
+            ASSERT_TRUE(chooser);
+            for (const QString &key : keys)
+                chooser->findChild<QAbstractButton *>(key)->click();
+            chooser->close();
+        });
+    };
+    user.expectFile(u"CalcPic"_s, picture);
+    inChooser({u"cmdSearch"_s, u"cmdApply"_s});
     QTest::mouseClick(at<QLabel>(u"picImage"_s), Qt::LeftButton);
-    user.expectFile({}, picture);
+    inChooser({});
     QTest::keyClick(at<QLabel>(u"picImage"_s), Qt::Key_Space);
+    EXPECT_EQ(GetIniValue(iniSettings, u"CalcPicFile"_s, {}), picture);
     EXPECT_TRUE(user.isDone());
     const frmCalculator next;
     EXPECT_FALSE(next.findChild<QLabel *>(u"picImage"_s)->pixmap(Qt::ReturnByValue).isNull());

@@ -3,6 +3,8 @@
 #include <QWidget>
 #include <memory>
 
+class QImage;
+
 // A picture in a box: scaled to fit with its proportions kept, centred, turned as its camera says.
 namespace vorel::controls {
 
@@ -13,12 +15,14 @@ public:
     ~PictureBox() override;
 
     // Shows a file. A large one is decoded off this thread: Shown follows. A file that is no picture, is damaged or is
-    // too large leaves the box empty (Shown(false)); the box stays as it is until then.
+    // too large leaves the box without a picture (Shown(false)); the box stays as it is until then.
     void showFile(const QString &path);
     void clear();                           // no file: nothing is painted
     const QString &path() const;            // of the file asked for last
     QSize pictureSize() const;              // pixels of the picture in the file, turned; invalid: none is shown
     bool isShown() const;
+    bool isDecoding() const;                // Shown is still to come
+    void setUnreadableText(const QString &text);    // painted in place of a file that cannot be shown; "" = nothing
 
 signals:
     void Shown(bool readable);              // after each showFile, also where it was quick
@@ -31,6 +35,10 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
+    void decode();
+    void paintPicture(QPainter &painter);
+    void take(quint64 token, const QImage &image, QSize size);
+
     struct Private;
     std::unique_ptr<Private> d;
 };

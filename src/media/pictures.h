@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+#include <QStringList>
+#include <optional>
+
+// Where pictures lie, and which picture stands in where a record has none.
+namespace vorel {
+
+// The folders of the records' pictures, beside the program's files: "AssetPictures", ...
+const QStringList &pictureFolders();
+// Makes those that are missing. A folder that cannot be made is left out: choosers then start in the program folder.
+void MakePictureFolders();
+// The folder's path, or the program folder's if there is no such folder.
+QString pictureFolder(const QString &name);
+
+// The name in the program folder ("\DefaultPicA.jpg") of the picture for a record that has none; a fresh pick each time.
+// section: the record's section code, four of which have a picture of their own; "" = any other.
+QString DefaultPicture(const QString &section);
+// The section code of a record screen by its name, e.g. "frmBooks" -> "K"; "" for the others.
+QString sectionOfScreen(const QString &screen);
+
+struct PictureChoice {
+    QString file;               // what to show, as it can be opened; "" if even the default is missing
+    bool isDefault = false;
+};
+// What a screen shows for a path. keepBroken: a path whose file has gone stays; else it is emptied. Otherwise the path is
+// never changed: a default never gets into it, so no record ever keeps one.
+PictureChoice ChoosePicture(QString &path, const QString &section, bool keepBroken);
+
+// Whether the screen (by its name, in any case) tells that a default is on show.
+bool hasDefaultNote(const QString &screen);
+// The note's colour on a default picture, by the last letter of its name; 0xRRGGBB.
+quint32 defaultNoteColour(const QString &picture);
+
+}

@@ -1,0 +1,99 @@
+#include "platform/controls/picturefile.h"
+
+#include "platform/basic/files.h"
+
+#include <QFile>
+#include <QFileInfo>
+#include <QImageReader>
+
+namespace vorel::controls {
+
+namespace {
+
+// Beyond these no camera goes; what claims more is made to hurt.
+constexpr qint64 mostPixels = 400'000'000;
+// A progressive JPEG file is held whole while it is decoded, however small it is wanted.
+constexpr qint64 mostProgressivePixels = 50'000'000;
+// Formats that cannot be scaled while they are decoded are held whole in four bytes a pixel.
+constexpr qint64 mostWholePixels = 60'000'000;
+constexpr qint64 quickPixels = 1'500'000, quickBytes = 4'000'000;
+
+// Walks the segments up to the frame header, whose mark tells the kind.
+bool isProgressiveJpeg(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || file.read(2) != QByteArray("\xFF\xD8", 2))
+        return false;
+    for (;;) {
+        const QByteArray head = file.read(4);
+        if (head.size() < 4 || static_cast<uchar>(head[0]) != 0xFF)
+            return false;
+        const int mark = static_cast<uchar>(head[1]);
+        const int length = static_cast<uchar>(head[2]) << 8 | static_cast<uchar>(head[3]);
+        const bool frameHeader = mark >= 0xC0 && mark <= 0xCF && mark != 0xC4 && mark != 0xC8 && mark != 0xCC;
+        if (frameHeader)
+            return mark != 0xC0 && mark != 0xC1;
+        if (length < 2 || file.skip(length - 2) != length - 2)
+            return false;
+    }
+}
+
+bool isAffordable(const QString &path, const QImageReader &reader, QSize size)
+{
+    const qint64 pixels = qint64{size.width()} * size.height();
+    if (reader.format() != "jpeg")
+        return pixels <= mostWholePixels;
+    return pixels <= mostPixels && (pixels <= mostProgressivePixels || !isProgressiveJpeg(path));
+}
+
+// A format whose head tells no size is not one of those that records hold.
+QSize affordableSize(const QString &path, QImageReader &reader)
+{
+    const QSize size = reader.size();
+    return !size.isEmpty() && isAffordable(path, reader, size) ? size : QSize();
+}
+
+// A pipe or a device would never end.
+bool isPlainFile(const QString &path)
+{
+    return QFileInfo(path).isFile();
+}
+
+}
+
+PictureFile inspectPicture(const QString &path)
+{
+    const QString file = basic::realPath(path);
+    if (!isPlainFile(file))
+        return {};
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    const QSize size = affordableSize(file, reader);
+    if (!size.isValid())
+        return {};
+    return {size, qint64{size.width()} * size.height() > quickPixels || QFileInfo(file).size() > quickBytes};
+}
+
+Picture readPicture(const QString &path, QSize bounds)
+{
+    const QString file = basic::realPath(path);
+    if (!isPlainFile(file))
+        return {};
+    QImageReader reader(file);
+    reader.setDecideFormatFromContent(true);
+    reader.setAutoTransform(true);
+    const QSize stored = affordableSize(file, reader);
+    if (!stored.isValid())
+        return {};
+    const bool onItsSide = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    const QSize room = onItsSide ? bounds.transposed() : bounds;
+    if (stored.width() > room.width() || stored.height() > room.height())
+        reader.setScaledSize(stored.scaled(room, Qt::KeepAspectRatio).expandedTo({1, 1}));
+    Picture read;
+    if (!reader.read(&read.image))
+        return {};
+    read.size = onItsSide ? stored.transposed() : stored;
+    return read;
+}
+
+}
