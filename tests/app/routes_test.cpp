@@ -1,6 +1,7 @@
 #include "app/caddyscreen.h"
 #include "frame/frmCaddyScreens.h"
 #include "frame/sections.h"
+#include "records/frmInventory.h"
 
 #include <QHelpEvent>
 
@@ -49,9 +50,11 @@ TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
     startOn(u"Inventory"_s);
     at<QLineEdit>(u"txtSearch"_s)->setText(u"desk"_s);
     EXPECT_EQ(1, at<Grid>(u"SUBJECTGRID"_s)->currentRow());
-    execute(u"UPDATE [INVENTORY] SET [LOCATION]='attic' WHERE [ITEM]='Desk'"_s);
-    m_prompts.expect(u"is not part of this version yet"_s, Answer::Ok);
-    QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Return);
+    test::inModal<frmInventory>([this] { QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Return); }, [this](frmInventory &item) {
+        EXPECT_FALSE(c().Timer2->isActive() || c().TimerMessages->isActive());
+        EXPECT_EQ(test::control<QComboBox>(item, u"cboItem"_s)->currentText(), u"Desk"_s);
+        QTest::keyClicks(test::control<QLineEdit>(item, u"txtLocation"_s), u"attic"_s);        // written on the way out
+    });
     EXPECT_EQ(u"I"_s, state().gRecordCode);
     EXPECT_EQ(QString(), text(u"txtSearch"_s));
     EXPECT_EQ(u"attic"_s, at<Grid>(u"SUBJECTGRID"_s)->CellText(3)) << "the rows are new and the cursor on its row";
