@@ -175,6 +175,7 @@ QWidget *frmSection::withKeys(const Field &field, QWidget *widget)
     if (keys.isEmpty() && widget->maximumWidth() > middle && field.kind != FieldKind::Check)
         return widget;
     auto *line = new QWidget(this);
+    line->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);     // room to spare belongs to the boxes that grow
     auto *row = new QHBoxLayout(line);
     layout::setMargins(row, 0);
     row->setSpacing(layout::unit);
@@ -279,7 +280,9 @@ void frmSection::paintField(QWidget *widget, bool focused)
     QPalette own = QApplication::palette();
     QColor ground = focused ? m_focusColour : m_fieldColour;
     if (!ground.isValid())                  // the stock colours; yellow by itself is loud, and none for dark screens
-        ground = focused ? controls::blend(own.color(QPalette::Base), QColor(Qt::yellow), 0.3) : own.color(QPalette::Base);
+        ground = own.color(QPalette::Base);
+    if (focused && !m_focusColour.isValid())
+        ground = controls::blend(ground, QColor(Qt::yellow), ground.lightness() > 128 ? 0.3 : 0.15);
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
         own.setColor(group, QPalette::Base, ground);
         own.setColor(group, QPalette::Text, controls::readable(own.color(QPalette::Active, QPalette::Text), ground));
