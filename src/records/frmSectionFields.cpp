@@ -9,6 +9,7 @@
 #include "platform/controls/colours.h"
 #include "platform/controls/elidedlabel.h"
 #include "platform/controls/layout.h"
+#include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
 #include "records/frmSectionPanel.h"
 #include "utilities/frmInformationFormat.h"
@@ -115,6 +116,9 @@ QWidget *frmSection::createWidget(const Field &field)
     case FieldKind::Rich: {
         auto *made = new controls::RichTextBox(this);
         made->setMinimumHeight(15 * layout::unit);
+        QSizePolicy grows(QSizePolicy::Expanding, QSizePolicy::Expanding);
+        grows.setVerticalStretch(1);
+        made->setSizePolicy(grows);
         UseFormatMenu(made);
         holdMainTimer(made);
         return made;
@@ -204,6 +208,7 @@ QFormLayout *frmSection::formOf(const Field &field)
     }
     QFormLayout *form = SectionPanel::makeForm();
     QWidget *box = layout::Group(name, title, form);
+    box->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     keep(box);
     panel(field.panel.toString())->form()->addRow(box);
     m_groups.insert(name, form);
@@ -222,8 +227,10 @@ void frmSection::placeField(const Field &field, QWidget *widget)
     auto *label = new QLabel(field.label.toString(), this);
     label->setObjectName(labelName(field));
     // Beside the first line of its field, however high that is.
-    label->setFixedHeight(QLineEdit().sizeHint().height());
-    label->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    const int lineHeight = QLineEdit().sizeHint().height();
+    label->setMinimumHeight(lineHeight);
+    label->setContentsMargins(0, (lineHeight - label->fontMetrics().height()) / 2, 0, 0);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     if (widget->focusPolicy() != Qt::NoFocus)
         label->setBuddy(widget);
     widget->setAccessibleName(label->text().remove(u'&'));
@@ -312,6 +319,8 @@ bool frmSection::filterKey(const Field &field, QObject *watched, QEvent *event)
 
 bool frmSection::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_image && event->type() == QEvent::Resize && !m_ending)
+        placePicInfo();
     const Field *field = m_fieldOf.value(watched);
     if (!field || m_ending)
         return Form::eventFilter(watched, event);

@@ -105,6 +105,7 @@ QWidget *frmSection::createPicture()
     m_image->setToolTip(u" Click to choose a Picture "_s);
     m_image->setCursor(Qt::PointingHandCursor);
     m_image->setFixedHeight(pictureHeight);
+    m_image->installEventFilter(this);
     keep(m_image);
     auto *scratch = new controls::PictureBox(u"picHidden"_s, this);
     scratch->hide();
