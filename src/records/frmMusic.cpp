@@ -45,7 +45,7 @@ void frmMusic::createOwn()
     dtaData().setRowWriter([this] { return grdTracks->UpdateRow(); }, [this] { grdTracks->UndoRow(); });
 
     QVBoxLayout *column = panel(u"picTracks"_s)->column();
-    column->takeAt(column->count() - 1);    // the stretch of a panel without a box that grows
+    delete column->takeAt(column->count() - 1);     // the stretch of a panel without a box that grows
     auto *note = new QLabel(u"Type a track into the last line; Delete removes the one it stands on."_s);
     note->setWordWrap(true);
     column->addWidget(grdTracks, 1);
