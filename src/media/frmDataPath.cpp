@@ -113,8 +113,10 @@ frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
     m_chooser->setLayout(chooser);
     auto *whole = new QVBoxLayout;
     whole->setSpacing(layout::unit);
-    auto *record = label(u"lblName"_s, call.slideShow ? QString() : call.name);
+    constexpr int nameRoom = 50 * layout::unit;
+    auto *record = label(u"lblName"_s, call.slideShow ? QString() : fontMetrics().elidedText(call.name, Qt::ElideRight, nameRoom));
     record->setAlignment(Qt::AlignRight);
+    record->setWordWrap(false);
     record->setHidden(record->text().isEmpty());
     whole->addLayout(layout::Row({m_title, layout::Stretch{}, record}));
     whole->addWidget(m_image, 1);
@@ -307,8 +309,11 @@ void frmDataPath::cmdRemove_Click()
 
 void frmDataPath::cmdApply_Click()
 {
-    // Without a choice the plain picture takes the place of the record's own.
-    m_path = m_selected->text().isEmpty() ? basic::programFolder() + u"/DefaultS.jpg"_s : m_selected->text();
+    // Without a choice the plain picture takes the place of the record's own. A sound or a file is no place for a picture.
+    if (!m_selected->text().isEmpty())
+        m_path = m_selected->text();
+    else if (m_allotment.kind == PathKind::Picture)
+        m_path = basic::programFolder() + u"/DefaultS.jpg"_s;
     AllotPictures();
     Close();
 }
