@@ -41,7 +41,7 @@ void frmInventory::rowShown()
 void frmInventory::txtWarrantyPeriod_Change()
 {
     if (const auto expiry = records::warrantyExpiry(text(u"txtDatePurchased"_s), text(u"txtWarrantyPeriod"_s)))
-        setText(u"txtWarrantyExpiryDate"_s, displayDate(*expiry));
+        setText(u"txtWarrantyExpiryDate"_s, shortDate(*expiry));
 }
 
 // The new date is written as the row is found again.

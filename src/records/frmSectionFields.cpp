@@ -3,8 +3,6 @@
 #include "calendar/picker.h"
 #include "frame/frmColours.h"
 #include "frame/shared.h"
-#include "platform/basic/convert.h"
-#include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/elidedlabel.h"
@@ -12,6 +10,7 @@
 #include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
 #include "records/frmSectionPanel.h"
+#include "records/inventory.h"
 #include "utilities/frmInformationFormat.h"
 
 #include <QApplication>
@@ -41,24 +40,6 @@ namespace {
 
 constexpr int narrow = 18 * layout::unit, middle = 40 * layout::unit;
 constexpr int linesShown = 4;
-
-QString shownDate(const basic::Value &stored)
-{
-    const QString text = stored.text();
-    if (!basic::IsDate(text))
-        return text;
-    const basic::DateTime date = basic::CDate(text);
-    return date.hasDate() ? displayDate(date.dayOnly()) : text;
-}
-
-// The field keeps a date in the short form, which its eleven characters are made for.
-basic::Value storedDate(const QString &text)
-{
-    if (!basic::IsDate(text))
-        return text;
-    const basic::DateTime date = basic::CDate(text);
-    return date.hasDate() ? shortDate(date.dayOnly()) : text;
-}
 
 basic::Value storedLines(const QString &text)
 {
@@ -148,7 +129,8 @@ controls::BindOptions frmSection::bindOptions(const Field &field) const
 {
     switch (field.kind) {
     case FieldKind::Date:
-        return {shownDate, storedDate};
+        return {[](const basic::Value &stored) { return records::shownDate(stored.text()); },
+                [](const QString &text) { return basic::Value(records::shownDate(text)); }};
     case FieldKind::Lines:
         return {{}, storedLines};
     case FieldKind::Amount:

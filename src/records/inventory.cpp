@@ -4,7 +4,6 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
-#include "platform/basic/format.h"
 
 namespace vorel::records {
 
@@ -42,12 +41,10 @@ bool transferWarranty(const DateTime &expiry, const QString &eventText)
 
 QString shownDate(const QString &text)
 {
-    return basic::IsDate(text) ? shortDate(basic::CDate(text)) : text;
-}
-
-QString shownAmount(const QString &text)
-{
-    return basic::IsNumeric(text) ? basic::Format(text, state().gNumberFormat) : text;
+    if (!basic::IsDate(text))
+        return text;
+    const DateTime date = basic::CDate(text);
+    return date.hasDate() ? shortDate(date.dayOnly()) : text;
 }
 
 }

@@ -5,7 +5,7 @@
 #include <QString>
 #include <optional>
 
-// What the inventory knows of a thing's warranty, and how its screen shows dates and amounts.
+// What the inventory knows of a thing's warranty, and how its screen shows dates.
 namespace vorel::records {
 
 // The purchase date plus that many months (31 January and one month is the end of February). Nothing when the first
@@ -16,8 +16,7 @@ std::optional<basic::DateTime> warrantyExpiry(const QString &purchaseDate, const
 // date. EngineError, and nothing added, when the query or the row fails (an apostrophe in the text).
 bool transferWarranty(const basic::DateTime &expiry, const QString &eventText);
 
-// In the forms that a box keeps (gDateShort, gNumberFormat); a text that is no date, or no number, stays as it is.
+// A date's text as a record's box shows and keeps it (gDateShort); a text that is no date stays as it is.
 QString shownDate(const QString &text);
-QString shownAmount(const QString &text);
 
 }

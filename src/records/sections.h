@@ -16,7 +16,7 @@ enum class FieldKind {
     List,           // free text with a list of choices
     Check,
     Rich,
-    Date,           // a text; shown in the display format where it is a date
+    Date,           // a text; shown and kept in the short form where it is a date
     Amount,         // shown in the number format
     Digits,
     Sound,          // the path of a sound file, with keys that choose and play it

@@ -68,7 +68,7 @@ TEST_F(Rules, InventoryReckonsTheWarrantyAndTellsTheEventsOnce)
     EXPECT_EQ(user.beeps(), 1);
     type(u"txtDatePurchased"_s, u"1/31/2026"_s);
     type(u"txtWarrantyPeriod"_s, u"1"_s);
-    EXPECT_EQ(text(u"txtWarrantyExpiryDate"_s), u"2/28/2026"_s);
+    EXPECT_EQ(text(u"txtWarrantyExpiryDate"_s), u"02/28/2026"_s);
     type(u"txtCost"_s, u"39.5"_s);
     click(u"cmdUpdate"_s);
     EXPECT_EQ(text(u"txtCost"_s), u"39.50"_s);
@@ -102,8 +102,8 @@ TEST_F(Rules, LinesAndDatesKeepTheirStoredForm)
     EXPECT_EQ(text(u"txtStarring"_s), u"Ann\nBea"_s);
     run(DataFile::Main, {u"INSERT INTO [INVENTORY] (ITEM,DATEPURCHASED,COST) VALUES('Lamp','2005-01-09',7)"_s});
     openScreen<frmInventory>(u"I"_s);
-    EXPECT_EQ(text(u"txtDatePurchased"_s), u"1/9/2005"_s);
-    EXPECT_EQ(text(u"lblInitialPurchaseDate"_s), u"1/9/2005"_s);
+    EXPECT_EQ(text(u"txtDatePurchased"_s), u"01/09/2005"_s);
+    EXPECT_EQ(text(u"lblInitialPurchaseDate"_s), u"01/09/2005"_s);
     click(u"cmdClose"_s);
     EXPECT_EQ(read(DataFile::Main, u"select [DATEPURCHASED] from [INVENTORY]"_s), (QStringList{u"2005-01-09"_s}));
 }
