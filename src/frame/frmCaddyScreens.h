@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/basic/error.h"
+
 #include <QString>
 #include <QStringList>
 #include <vector>
@@ -30,7 +32,7 @@ template <class Screen> void openRecordScreen(const RecordCall &call)
 {
     Screen screen(call.parent);
     if (call.id == 0)
-        screen.AddNewRecord({});
+        basic::Trap([&] { screen.AddNewRecord({}); });
     else
         screen.dtaData().FindFirst(QStringLiteral("ID = %1").arg(call.id));
     screen.ShowModal();

@@ -88,6 +88,11 @@ void frmMusic::deleteTrack()
     dtaTracks->Refresh();
 }
 
+void frmMusic::deleteChildren(dao::Database &database, qint32 id)
+{
+    database.Execute(u"DELETE * FROM [TRACKS] WHERE [ID]="_s + QString::number(id) + u';');
+}
+
 std::vector<records::ViewBlock> frmMusic::pageBlocks() const
 {
     std::vector<records::ViewBlock> blocks = frmSection::pageBlocks();

@@ -18,6 +18,7 @@ public:
 protected:
     void createOwn() override;
     void rowShown() override;
+    void deleteChildren(dao::Database &database, qint32 id) override;
     std::vector<records::ViewBlock> pageBlocks() const override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 

@@ -152,6 +152,7 @@ void frmSection::dtaData_Reposition()
     m_path = text(u"lblPictureFile"_s);
     ShowPic();
     rowShown();
+    AllowInput();                           // another process may have taken the last row
 }
 
 void frmSection::selectNode()

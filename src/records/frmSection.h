@@ -50,6 +50,8 @@ protected:
     virtual void createOwn() {}                         // more controls; the table's stand on their panels
     virtual void rowShown() {}                          // another row, or none, is on show
     virtual void beforeSave();                          // cmdUpdate is about to write
+    // The rows of other tables that hang on the record go with it, in its transaction.
+    virtual void deleteChildren(dao::Database &, qint32) {}
     virtual void afterSave() {}                         // ... has written; then the lists are filled anew
     virtual std::vector<records::ViewBlock> pageBlocks() const;
 

@@ -65,7 +65,10 @@ void frmSection::cmdDelete_Click()
         m_data->revert();                   // what was typed goes with the row
         dao::Recordset &rows = m_data->Recordset();
         const qsizetype here = rows.AbsolutePosition();
+        dao::Transaction all(m_data->Database());
+        deleteChildren(m_data->Database(), currentId());
         rows.Delete();
+        all.Commit();
         m_data->Refresh();
         if (const qsizetype left = m_data->hasRows() ? m_data->Recordset().rowTotal() : 0; left > 0)
             m_data->setBookmark(m_data->Recordset().bookmarkAt(std::min(here, left - 1)));

@@ -142,6 +142,10 @@ TEST_F(Leave, ATrackIsWrittenWithItsTitleAndCarriesItsKey)
     click(u"cmdUpdate"_s);
     EXPECT_EQ(read(DataFile::Music, u"select [ID],[TRACK] from [TRACKS]"_s), (QStringList{u"1|By the bridge"_s, u"2|Dew"_s}));
     EXPECT_EQ(text(u"txtTitle"_s), u"Mornings"_s);
+    m_prompts.expect(u"Do you want to Delete this Record ?"_s, basic::Answer::Yes);
+    click(u"cmdDelete"_s);                  // its tracks go with it, no others
+    EXPECT_EQ(read(DataFile::Music, u"select [ID],[TRACK] from [TRACKS]"_s), QStringList{u"1|By the bridge"_s});
+    EXPECT_EQ(text(u"txtTitle"_s), u"Evenings"_s);
 }
 
 }

@@ -156,5 +156,6 @@ TEST_F(Pictures, TwoHundredMegapixelsNeitherFreezeNorFill)
     EXPECT_LE(read.image.width(), 1280);
     EXPECT_LE(read.image.height(), 1024);
     EXPECT_FALSE(controls::inspectPicture(folder.path(u"progressive.jpg"_s)).size.isValid()) << "would be held whole";
+    folder.write(u"huge.bmp"_s, bmpHead(20000, 10000));
     EXPECT_FALSE(controls::inspectPicture(folder.path(u"huge.bmp"_s)).size.isValid());
 }
