@@ -1,4 +1,4 @@
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/files.h"
 #include "records/frmBooks.h"
 #include "records/frmRecordTree.h"
@@ -79,7 +79,7 @@ int main(int argc, char **argv)
     tree.show();
     for (const Mode &mode : modes) {
         bench::report(u"10,000 titles "_s + mode.name + u", rows alone"_s,
-                      timesOf([&] { records::RecordTreeRows(mode.mode, path, u"BOOKS"_s, mode.field); }), treeBudget);
+                      timesOf([&] { records::recordTreeRows(mode.mode, path, u"BOOKS"_s, mode.field); }), treeBudget);
         bench::report(u"tree of 10,000 titles "_s + mode.name + u", painted"_s, timesOf([&] {
                           FillRecordTree(tree, mode.mode, path, u"BOOKS"_s, mode.field);
                           SelectTreeNode(tree, u"5000"_s);

@@ -2,7 +2,7 @@
 #include "frame/frmCaddyControls.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmStartup.h"
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/locale.h"
@@ -60,7 +60,7 @@ int startOnce(QApplication &application, const QString &folder)
 {
     basic::setProgramFolder(folder);
     basic::setClock([] { return QDateTime(QDate(2026, 11, 22), QTime(9, 0)); });
-    ApplyIconTheme();
+    applyIconTheme();
     Startup splash;
     splash.Load();
     FirstPaint painted;

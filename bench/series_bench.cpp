@@ -22,7 +22,7 @@ static void measure(const QString &name, const QString &start)
         fields.periodMonth = u"0"_s;
         QElapsedTimer timer;
         timer.start();
-        CreateSeries(fields);
+        createSeries(fields);
         times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
     }
     bench::report(name, times, 100);

@@ -3,6 +3,7 @@
 #include "platform/basic/locale.h"
 #include "store/upgrade.h"
 #include "testdata.h"
+#include "session/datafiles.h"
 
 #include <QCoreApplication>
 #include <QDir>

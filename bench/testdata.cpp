@@ -1,6 +1,6 @@
 #include "testdata.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/locale.h"

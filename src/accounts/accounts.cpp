@@ -1,6 +1,6 @@
 #include "accounts/accounts.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 
 namespace vorel {
 

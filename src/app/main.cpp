@@ -1,6 +1,6 @@
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmStartup.h"
-#include "frame/shared.h"
+#include "session/shared.h"
 #include "frame/startup.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -28,7 +28,7 @@ int main(int argc, char **argv)
     if (!vorel::desktop::claimSingleInstance())
         return 0;
 
-    vorel::ApplyIconTheme();
+    vorel::applyIconTheme();
     QApplication::setWindowIcon(QIcon(u":/icons/vorelreminder.svg"_s));
     vorel::basic::setApplicationTitle(u"Vorel Reminder"_s);
     vorel::controls::ScreenPrompts prompts;

@@ -1,7 +1,7 @@
 #include "calendar/frmCalendarDrop.h"
 
 #include "calendar/frmCalendarDropCell.h"
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -262,7 +262,7 @@ std::optional<QString> pickDate(QWidget *beside, const QString &text, const QStr
     return picker.applied() ? std::optional(displayDate(picker.selectedDate())) : std::nullopt;
 }
 
-std::optional<DateTime> OpenDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code)
+std::optional<DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code)
 {
     const PickerTarget *target = pickerTarget(code);
     if (!target || !target->box.isEmpty())

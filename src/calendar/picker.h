@@ -22,7 +22,7 @@ std::optional<QString> pickDate(QWidget *beside, const QString &text, const QStr
 
 // The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates. The code is the grid's
 // letter. The chosen day; nullopt: cancelled.
-std::optional<basic::DateTime> OpenDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code);
+std::optional<basic::DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code);
 
 // What a return code stands for: a box of a screen. A code without a box belongs to whoever opens the picker with it.
 struct PickerTarget {

@@ -6,7 +6,7 @@
 #include "frame/frmCaddyRail.h"
 #include "frame/frmCaddyRooms.h"
 #include "frame/frmUnload.h"
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/startup.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
@@ -59,7 +59,7 @@ CaddyControls &frmCaddy::controls()
     return d->c;
 }
 
-void frmCaddy::RequeryReminders()
+void frmCaddy::requeryReminders()
 {
     for (ReminderGrid &one : d->c.reminders)
         if (!one.grid->isHidden())
@@ -86,24 +86,24 @@ bool frmCaddy::eventFilter(QObject *watched, QEvent *event)
 
 void frmCaddy::loadSettings()
 {
-    LoadMainSettings();
+    loadMainSettings();
     LoadGridSettings(d->sizes);
-    d->painting.ApplyLayout();
+    d->painting.applyLayout();
     applyBackground();
-    d->sections.ApplyFeatures();
+    d->sections.applyFeatures();
 }
 
 void frmCaddy::openData()
 {
-    OpenMainDatabase();
+    openMainDatabase();
 }
 
 void frmCaddy::showStart()
 {
     DisplayDates();
-    SetTodayParts();
+    setTodayParts();
     d->periods.setQuietly(u"mnuToday"_s);
-    const QString category = LoadStartCategory();
+    const QString category = loadStartCategory();
     DisplayCategory(category);
     if (state().gLastCategory.isEmpty())        // a name that is no section
         DisplayCategory(u"All"_s);
@@ -121,19 +121,19 @@ void frmCaddy::Load()
         if (state().mainFile != MainFileAccess::None)
             rows->setDatabaseName(state().path(DataFile::Main));
     }
-    basic::Trap([] { LoadUserName(); });
+    basic::Trap([] { loadUserName(); });
     basic::Trap([this] { showStart(); });
     basic::Trap([this] {
         if (iniInteger(GetIniValue(iniSettings, u"Screen"_s, u"1"_s)) == 2)
             setWindowState(windowState() | Qt::WindowMaximized);
     });
     basic::Trap([&c] {
-        LoadWarningSettings();
+        loadWarningSettings();
         c.Timer2->start();
         if (state().gNetwork)
             c.TimerMessages->start();
     });
-    basic::Trap([] { LoadSoundFile(); });
+    basic::Trap([] { loadSoundFile(); });
     basic::Trap([this] { d->painting.DefaultMenu(); });
     basic::Trap([] { LoadHints(); });
     basic::Trap([this] { d->strip.ScrollMessages(); });
@@ -159,18 +159,18 @@ void frmCaddy::runLoadPasses()
 
 void frmCaddy::DisplayCategory(const QString &name)
 {
-    if (!WriteRows())
+    if (!writeRows())
         return;
     d->sections.DisplayCategory(name);
-    d->painting.ShowGround();
-    d->cells.EnterSection();
-    d->painting.MarkActive(d->edit.activeGrid());
+    d->painting.showGround();
+    d->cells.enterSection();
+    d->painting.markActive(d->edit.activeGrid());
     d->edit.showDetails();
 }
 
 void frmCaddy::GetData()
 {
-    if (WriteRows())
+    if (writeRows())
         d->sections.GetData();
 }
 
@@ -182,7 +182,7 @@ void frmCaddy::CheckForBackupFiles() { d->strip.CheckForBackupFiles(); }
 void frmCaddy::CheckAppointments() { d->alerts.CheckAppointments(); }
 void frmCaddy::ScrollMessages() { d->strip.ScrollMessages(); }
 void frmCaddy::UpdateRowHeight() { d->sections.UpdateRowHeight(); }
-void frmCaddy::HoldTimer(bool hold)
+void frmCaddy::holdTimer(bool hold)
 {
     if (hold) {
         m_held = d->c.Timer2->isActive();
@@ -192,7 +192,7 @@ void frmCaddy::HoldTimer(bool hold)
     }
 }
 
-bool frmCaddy::WriteRows() { return d->cells.WriteRows(); }
+bool frmCaddy::writeRows() { return d->cells.writeRows(); }
 void frmCaddy::SortData() { d->search.SortData(state().gSection); }
 
 void frmCaddy::DisableButtons(bool enable)
@@ -273,11 +273,11 @@ void frmCaddy::changeEvent(QEvent *event)
     QMainWindow::changeEvent(event);
     if (event->type() != QEvent::PaletteChange || !d)
         return;
-    ApplyIconTheme();
-    ApplyCaddyIcons(d->c);
+    applyIconTheme();
+    applyCaddyIcons(d->c);
     d->c.rail->applyIcons();
-    d->painting.ApplyPalette();
-    d->painting.MarkActive(d->edit.activeGrid());
+    d->painting.applyPalette();
+    d->painting.markActive(d->edit.activeGrid());
     applyBackground();
 }
 
@@ -295,7 +295,7 @@ bool frmCaddy::event(QEvent *event)
 
 void frmCaddy::cmdCat_Click(int index)
 {
-    if (WriteRows()) {
+    if (writeRows()) {
         d->sections.cmdCat_Click(index);
         return;
     }
@@ -316,7 +316,7 @@ void frmCaddy::closeEvent(QCloseEvent *event)
 {
     bool written = true;
     if (!m_unloaded)
-        basic::Trap([&] { written = WriteRows(); });
+        basic::Trap([&] { written = writeRows(); });
     event->setAccepted(written);
     if (written)
         Unload();
@@ -327,14 +327,14 @@ void frmCaddy::Unload()
     if (m_unloaded)
         return;
     m_unloaded = true;
-    UnloadScreens({u"frmImportEvents"_s, u"frmCalculator"_s, u"frmCalendar"_s});
+    unloadScreens({u"frmImportEvents"_s, u"frmCalculator"_s, u"frmCalendar"_s});
     basic::Trap([this] {
         const desktop::ProfileBatch oneWrite;
         d->sections.UpdateRowHeight();
         SaveGridSettings(d->sizes, static_cast<std::int16_t>(d->c.SUBJECTGRID->rowHeightTwips()));
     });
     if (state().gPopUpCloser)
-        StartProgram(u"PopUpCloser.exe"_s);
+        startProgram(u"PopUpCloser.exe"_s);
     d->c.Timer2->stop();
     d->c.TimerMessages->stop();
     for (ReminderGrid &one : d->c.reminders)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/mainscreen.h"
+#include "session/mainscreen.h"
 
 #include <QMainWindow>
 #include <memory>
@@ -23,7 +23,7 @@ public:
     void Load();                        // reads the settings, opens the main file, shows the start section; stays hidden
     CaddyControls &controls();
     // The reminder grids' rows anew, by the queries that they show.
-    void RequeryReminders();
+    void requeryReminders();
 
     void DisplayCategory(const QString &name) override;
     void GetData() override;
@@ -36,8 +36,8 @@ public:
     void CheckAppointments();
     void ScrollMessages();
     void UpdateRowHeight() override;
-    void HoldTimer(bool hold) override;
-    bool WriteRows() override;
+    void holdTimer(bool hold) override;
+    bool writeRows() override;
     // Sorts the section on show, by a column that is asked for where none was clicked.
     void SortData();
 

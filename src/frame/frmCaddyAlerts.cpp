@@ -50,7 +50,7 @@ void CaddyAlerts::CheckAppointments()
     const AlertRule rule = alertRule();
     std::vector<Alert> alerts;
     if (rule.on && (rule.before != 0 || rule.after != 0) && canWarn())
-        alerts = alertsFor(AppointmentsOfToday(), rule, basic::Now());
+        alerts = alertsFor(appointmentsOfToday(), rule, basic::Now());
     if (alerts.empty()) {
         m_c.panAppoint->hide();
         m_c.panAppoint->setToolTip({});
@@ -131,15 +131,15 @@ void CaddyAlerts::openRow(qint32 id)
 
 void CaddyAlerts::CreateAppointsFile()
 {
-    if (!WriteAppointsFile() || !HasProgram(u"VorelPopUp.exe"_s))
+    if (!writeAppointsFile() || !hasProgram(u"VorelPopUp.exe"_s))
         return;
     m_c.tools.at(u"cmdPopUpCloser"_s)->setEnabled(true);
-    StartProgram(u"VorelPopUp.exe"_s);
+    startProgram(u"VorelPopUp.exe"_s);
 }
 
 void CaddyAlerts::cmdPopUpCloser_Click()
 {
-    StartProgram(u"PopUpCloser.exe"_s);
+    startProgram(u"PopUpCloser.exe"_s);
 }
 
 }

@@ -61,7 +61,7 @@ CaddyCells::CaddyCells(CaddyControls &c, MainScreen &screen) : m_c(c), m_screen(
     controls::on(m_c.SUBJECTGRID, &Grid::DeleteKey, m_c.SUBJECTGRID, [this] { deleteRow(); });
 }
 
-bool CaddyCells::WriteRows()
+bool CaddyCells::writeRows()
 {
     for (ReminderGrid &one : m_c.reminders)
         if (!one.grid->UpdateRow())
@@ -150,14 +150,14 @@ void CaddyCells::pickDate(const ReminderGrid &one, int column, qsizetype row)
     if (column != dateColumn)
         return;
     const QRect cell = grid.cellRect(column, row).translated(grid.viewport()->pos());
-    const auto day = OpenDatePickerOnCell(&grid, cell, grid.EditText(column), one.code);
+    const auto day = openDatePickerOnCell(&grid, cell, grid.EditText(column), one.code);
     if (!day || grid.currentRow() != row)
         return;
     grid.setEditValue(dateColumn, *day);
     grid.setEditValue(dayColumn, basic::Format(*day, u"ddd"));
 }
 
-void CaddyCells::EnterSection()
+void CaddyCells::enterSection()
 {
     const QString &code = state().gSection;
     m_shopping = {};
@@ -258,10 +258,10 @@ void CaddyCells::showShoppingTotal()
 
 void CaddyCells::ClearShoppingChecks()
 {
-    if (state().gSection != u"H"_s || !WriteRows() || !m_c.dtaSubjects->Database())
+    if (state().gSection != u"H"_s || !writeRows() || !m_c.dtaSubjects->Database())
         return;
     vorel::ClearShoppingChecks(m_c.dtaSubjects->Database(), m_c.dtaSubjects->Recordset(), m_shopping);
-    m_c.dtaSubjects->ShowRow();
+    m_c.dtaSubjects->showRow();
     subjects().Repaint();
     showShoppingTotal();
 }
@@ -273,7 +273,7 @@ void CaddyCells::deleteRow()
     Grid &grid = subjects();
     if ((code != u"G"_s && code != u"H"_s) || !grid.UpdateRow() || !grid.Bookmark().isValid())
         return;
-    if (!basic::AskYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s) || !grid.Bookmark().isValid())
+    if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s) || !grid.Bookmark().isValid())
         return;
     const qint32 id = idOf(grid, grid.currentRow());
     m_c.dtaSubjects->Recordset().Delete();

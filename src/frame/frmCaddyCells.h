@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/frmCaddyControls.h"
-#include "frame/mainscreen.h"
+#include "session/mainscreen.h"
 #include "frame/shopping.h"
 
 namespace vorel {
@@ -11,8 +11,8 @@ class CaddyCells {
 public:
     CaddyCells(CaddyControls &c, MainScreen &screen);
 
-    void EnterSection();                // SUBJECTGRID shows another section
-    bool WriteRows();                   // see MainScreen
+    void enterSection();                // SUBJECTGRID shows another section
+    bool writeRows();                   // see MainScreen
     void ClearShoppingChecks();
 
 private:

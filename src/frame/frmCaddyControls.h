@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/controls/grid.h"
 
 #include <array>

@@ -3,7 +3,7 @@
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyScreens.h"
 #include "frame/frmLater.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -38,19 +38,19 @@ CaddyEdit::CaddyEdit(CaddyControls &c, MainScreen &screen, QWidget *window)
                 m_lastUsed = &one;
         const auto *grid = qobject_cast<controls::Grid *>(now);
         if (grid && grid == activeGrid())
-            emit ActiveGridChanged(activeGrid());
+            emit activeGridChanged(activeGrid());
     });
 }
 
 void CaddyEdit::editReminder(ReminderGrid &one)
 {
-    if (m_screen.WriteRows())
+    if (m_screen.writeRows())
         openReminder(one, selectedId(one.grid));
 }
 
 void CaddyEdit::EditRow(ReminderGrid &one, qint32 id)
 {
-    if (m_screen.WriteRows())
+    if (m_screen.writeRows())
         openReminder(one, id, true);
 }
 
@@ -111,7 +111,7 @@ void CaddyEdit::openSubject(qint32 id)
         if (screen->open)
             basic::Trap([&] { screen->open({m_window, id}); });
         else if (const Section *section = sectionByCode(state().gSection))
-            ShowLater(u"The screen of a record of "_s + section->name);
+            showLater(u"The screen of a record of "_s + section->name);
     }
     basic::Trap([this] { m_screen.GetData(); });
     m_c.txtSearch->clear();
@@ -120,7 +120,7 @@ void CaddyEdit::openSubject(qint32 id)
 
 void CaddyEdit::ShowEdit()
 {
-    if (!m_screen.WriteRows())
+    if (!m_screen.writeRows())
         return;
     Grid *grid = m_c.SUBJECTGRID;
     const qint32 id = selectedId(grid);
@@ -140,7 +140,7 @@ void CaddyEdit::ShowEdit()
 
 void CaddyEdit::NewRecord()
 {
-    if (!m_screen.WriteRows())
+    if (!m_screen.writeRows())
         return;
     ReminderGrid *reminder = currentReminder();
     if (reminder && !reminder->grid->isHidden()) {
@@ -170,7 +170,7 @@ void CaddyEdit::startTimers()
 
 void CaddyEdit::panNew_Click()
 {
-    if (basic::AskYesNo(u"Create a New Blank Record?"_s))
+    if (basic::askYesNo(u"Create a New Blank Record?"_s))
         NewRecord();
 }
 

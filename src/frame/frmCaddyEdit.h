@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/frmCaddyControls.h"
-#include "frame/mainscreen.h"
+#include "session/mainscreen.h"
 
 namespace vorel {
 
@@ -26,7 +26,7 @@ public:
     void showDetails();                         // the pane at the right follows that grid's row
 
 signals:
-    void ActiveGridChanged(controls::Grid *grid);
+    void activeGridChanged(controls::Grid *grid);
 
 private:
     void editReminder(ReminderGrid &one);

@@ -16,7 +16,7 @@ static bool isDark()
     return QGuiApplication::palette().color(QPalette::Window).lightness() < 128;
 }
 
-void ApplyIconTheme()
+void applyIconTheme()
 {
     initialiseIcons();
     QStringList paths = QIcon::fallbackSearchPaths();

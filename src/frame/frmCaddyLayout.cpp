@@ -336,7 +336,7 @@ QFont headingFont(const QFont &body)
     return heading;
 }
 
-void ApplyCaddyIcons(CaddyControls &c)
+void applyCaddyIcons(CaddyControls &c)
 {
     for (const PeriodGroup &group : periodGroups) {
         c.toolbarKeys.at(QString::fromUtf16(group.back))->setIcon(caddyIcon(u"go-previous"_s));
@@ -354,13 +354,13 @@ void ApplyCaddyIcons(CaddyControls &c)
     c.panEditS->setIcon(caddyIcon(u"document-edit"_s));
 }
 
-void BuildCaddy(QMainWindow *window, CaddyControls &c)
+void buildCaddy(QMainWindow *window, CaddyControls &c)
 {
     buildToolbar(window, c);
     buildPage(window, c);
     buildStrip(window, c);
     orderTabs(c);
-    ApplyCaddyIcons(c);
+    applyCaddyIcons(c);
     c.Timer2 = new QTimer(window);
     c.Timer2->setObjectName(u"Timer2"_s);
     c.Timer2->setInterval(6000);

@@ -5,9 +5,9 @@
 namespace vorel {
 
 // Puts the main screen's controls in their places; nothing is connected yet.
-void BuildCaddy(QMainWindow *window, CaddyControls &c);
+void buildCaddy(QMainWindow *window, CaddyControls &c);
 // The icons of everything but the rail, anew after a change of the palette.
-void ApplyCaddyIcons(CaddyControls &c);
+void applyCaddyIcons(CaddyControls &c);
 // Three text sizes serve the whole screen: small print, body, headings.
 QFont headingFont(const QFont &body);
 

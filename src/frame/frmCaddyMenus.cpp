@@ -3,7 +3,7 @@
 #include "frame/frmCaddyRail.h"
 #include "frame/frmLater.h"
 #include "frame/menus.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "platform/controls/form.h"
 #include "print/lists.h"
 
@@ -51,7 +51,7 @@ void CaddyMenus::connectToolbar()
     for (const ToolbarButton &entry : toolbarTable()) {
         controls::on(m_c.toolbarKeys.at(entry.key), &QAction::triggered, m_window, [this, menu = entry.menu] {
             if (menu.isEmpty())
-                PrintCurrent();
+                printCurrent();
             else
                 run(menu);
         });
@@ -61,7 +61,7 @@ void CaddyMenus::connectToolbar()
 void CaddyMenus::run(const QString &menuName)
 {
     const MenuEntry *entry = menuEntry(menuName);
-    if (!entry || !m_screen.WriteRows())        // whatever follows reads the rows
+    if (!entry || !m_screen.writeRows())        // whatever follows reads the rows
         return;
     switch (entry->call) {
     case MenuCall::Menu:
@@ -79,21 +79,21 @@ void CaddyMenus::run(const QString &menuName)
         if (const auto step = m_answers.find(entry->argument); step != m_answers.end())
             step->second();
         else
-            ShowLater(QString(entry->caption).remove(u'&'));
+            showLater(QString(entry->caption).remove(u'&'));
         return;
     }
 }
 
-void CaddyMenus::PrintCurrent()
+void CaddyMenus::printCurrent()
 {
-    if (m_screen.WriteRows())
+    if (m_screen.writeRows())
         print(printCodeFor(state().gSection));
 }
 
 void CaddyMenus::print(const QString &code)
 {
     const ReminderGrid *shown = m_c.reminder(code);
-    PrintSectionList(code, shown ? shown->data->RecordSource() : QString());
+    printSectionList(code, shown ? shown->data->RecordSource() : QString());
 }
 
 void CaddyMenus::addKeys()

@@ -2,7 +2,7 @@
 
 #include "frame/frmCaddyControls.h"
 #include "frame/frmCaddyPeriods.h"
-#include "frame/mainscreen.h"
+#include "session/mainscreen.h"
 
 namespace vorel {
 
@@ -14,7 +14,7 @@ public:
     // What a menu entry of the screen's own does, by its name; an entry without one belongs to a screen to come.
     void answer(const QString &name, std::function<void()> step) { m_answers[name] = std::move(step); }
     void run(const QString &menuName);
-    void PrintCurrent();
+    void printCurrent();
     void nextPane();                            // F6: rail, search, grids, details, round again
 
 private:

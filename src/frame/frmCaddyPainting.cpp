@@ -1,8 +1,8 @@
 #include "frame/frmCaddyPainting.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/rowrules.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/files.h"
@@ -113,10 +113,10 @@ CaddyPainting::CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &
     m_c.bills().grid->setRowLoad([this](RowPaint &row) { paintBill(row); });
     m_c.events().grid->setRowLoad([this](RowPaint &row) { paintEvent(row); });
     m_c.SUBJECTGRID->setRowLoad([this](RowPaint &row) { paintSubject(row); });
-    ApplyPalette();
+    applyPalette();
 }
 
-void CaddyPainting::ShowReminderColumns()
+void CaddyPainting::showReminderColumns()
 {
     const std::vector<int> five = {0, 1, 2, 3, 4, 5};
     const QString date = basic::Format(basic::DateSerial(2028, 12, 28), state().gDateDisplay), day = u"Wed"_s;
@@ -127,7 +127,7 @@ void CaddyPainting::ShowReminderColumns()
                    {u"EVENTS"_s, {0, 1, 2, 3, 4, 5, 6, 7, 0, 0}, m_c.events().textColumn, {{}, date, day, u"ANNIVERSARY"_s}, eventFile});
 }
 
-void CaddyPainting::ApplyLayout()
+void CaddyPainting::applyLayout()
 {
     QFont font(m_sizes.fontName);
     font.setPointSize(std::clamp(m_sizes.fontSize, 6, 36));
@@ -135,8 +135,8 @@ void CaddyPainting::ApplyLayout()
         font.setBold(grid->font().bold());
         grid->setFont(font);
     }
-    ApplyPalette();
-    ShowReminderColumns();
+    applyPalette();
+    showReminderColumns();
 }
 
 void CaddyPainting::DefaultMenu()
@@ -153,7 +153,7 @@ void CaddyPainting::DefaultMenu()
 }
 
 // Of several grids on show one has the keyboard: only its row stands out in full.
-void CaddyPainting::MarkActive(const Grid *active)
+void CaddyPainting::markActive(const Grid *active)
 {
     const QPalette system = QGuiApplication::palette();
     const QColor base = system.color(QPalette::Base);
@@ -170,7 +170,7 @@ void CaddyPainting::MarkActive(const Grid *active)
 }
 
 // What the grids' own design gives: quiet tints of the palette's ground, so that they read well in light and dark.
-void CaddyPainting::ApplyPalette()
+void CaddyPainting::applyPalette()
 {
     const QPalette palette = QGuiApplication::palette();
     const QColor base = palette.color(QPalette::Base);
@@ -221,7 +221,7 @@ void CaddyPainting::applyColours(Grid *grid)
     }
     grid->setStyleSet({}, defaultGround());
     if (grid == m_c.SUBJECTGRID)
-        ShowGround();
+        showGround();
 }
 
 controls::StyleSet CaddyPainting::defaultGround() const
@@ -230,7 +230,7 @@ controls::StyleSet CaddyPainting::defaultGround() const
     return ground && *ground != 0xFFFFFF ? controls::StyleSet{colourOf(*ground), {}, false} : controls::StyleSet{};
 }
 
-void CaddyPainting::ShowGround()
+void CaddyPainting::showGround()
 {
     const Section *section = sectionByCode(state().gSection);
     const controls::StyleSet own = section ? m_c.SUBJECTGRID->styleSet(section->styleSet) : controls::StyleSet{};

@@ -10,12 +10,12 @@ class CaddyPainting {
 public:
     CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &columns);
 
-    void ShowReminderColumns();         // the three grids' columns; again when the date or money format changed
-    void ApplyLayout();                 // fonts, colours and sizes after the settings were read
+    void showReminderColumns();         // the three grids' columns; again when the date or money format changed
+    void applyLayout();                 // fonts, colours and sizes after the settings were read
     void DefaultMenu();                 // record selectors and bold type, as set
-    void ApplyPalette();                // the style sets that follow the palette
-    void MarkActive(const controls::Grid *active);
-    void ShowGround();                  // the general grid in the colour of the section on show
+    void applyPalette();                // the style sets that follow the palette
+    void markActive(const controls::Grid *active);
+    void showGround();                  // the general grid in the colour of the section on show
     void setWarning(qint32 id) { m_warning = id; }
 
 private:

@@ -1,7 +1,7 @@
 #include "frame/frmCaddyRail.h"
 
 #include "frame/frmCaddyIcons.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
 

@@ -22,7 +22,7 @@ struct frmCaddy::Rooms {
           alerts(c, painting, edit, &screen) {}
 
     struct Build {
-        Build(QMainWindow *window, CaddyControls &c) { BuildCaddy(window, c); }
+        Build(QMainWindow *window, CaddyControls &c) { buildCaddy(window, c); }
     };
     CaddyControls c;
     GridLayout sizes;

@@ -1,6 +1,6 @@
 #include "frame/frmCaddySearch.h"
 
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "platform/basic/prompts.h"
 #include "platform/basic/text.h"
 

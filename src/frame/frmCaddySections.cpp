@@ -14,6 +14,7 @@
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
+#include "session/datafiles.h"
 
 #include <QAction>
 #include <QLabel>
@@ -135,7 +136,7 @@ void CaddySections::clearScreen(const Section &section)
 {
     m_c.txtSearch->clear();
     m_screen.DisableButtons(true);
-    UnloadScreens({u"frmCalendar"_s, u"frmCalculator"_s, u"frmEnterBill"_s, u"frmInformation"_s});
+    unloadScreens({u"frmCalendar"_s, u"frmCalculator"_s, u"frmEnterBill"_s, u"frmInformation"_s});
     UpdateRowHeight();
     m_c.picDetails->showBanner(state().gProductTitle, bannerLine());
     state().gAdminOk = false;
@@ -219,7 +220,7 @@ void CaddySections::openScreen(const QString &name)
     if (const auto step = m_answers.find(name); step != m_answers.end())
         step->second();
     else
-        ShowLater(name);
+        showLater(name);
 }
 
 // A journal that was never begun is no error: its section shows nothing. Any other file that is not there is told by the
@@ -231,7 +232,7 @@ void CaddySections::connectSubjects(const Section &section)
         file = DataFile::Main;
     const QString &path = state().path(file);
     const bool none = file == DataFile::DataJ && basic::Dir(path).isEmpty();
-    const bool isProtected = dataFiles()[static_cast<std::size_t>(file)].isProtected;
+    const bool isProtected = dataFileEntry(file).isProtected;
     state().gSqlSection[section.code] = section.query;
     m_c.dtaSubjects->setConnect(isProtected ? protectedConnect() : u"Access"_s);
     m_c.dtaSubjects->setDatabaseName(none ? QString() : path);
@@ -360,7 +361,7 @@ void CaddySections::allowPrinting(const Section &section)
         m_c.toolbarKeys.at(u"PRINT CURRENT CATEGORY"_s)->setEnabled(ready);
 }
 
-void CaddySections::ApplyFeatures()
+void CaddySections::applyFeatures()
 {
     const auto show = [this](const QString &name, bool visible) {
         m_c.showAction(name, visible);

@@ -3,8 +3,8 @@
 #include "frame/frmCaddyColumns.h"
 #include "frame/frmCaddyControls.h"
 #include "frame/frmCaddySearch.h"
-#include "frame/mainscreen.h"
-#include "frame/sections.h"
+#include "session/mainscreen.h"
+#include "session/sections.h"
 
 namespace vorel {
 
@@ -19,7 +19,7 @@ public:
     void RefreshData();
     void UpdateRowHeight();
     void SizeGrids();
-    void ApplyFeatures();
+    void applyFeatures();
     // What a name stands for that is no section but a screen of its own.
     void answer(const QString &name, std::function<void()> step) { m_answers[name] = std::move(step); }
 

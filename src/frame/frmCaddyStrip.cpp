@@ -29,7 +29,7 @@ void CaddyStrip::ScrollMessages()
 void CaddyStrip::CheckForMessages()
 {
     m_c.panInfo->setToolTip({});
-    const bool any = MessagesWait();
+    const bool any = messagesWait();
     if (any) {
         m_c.panMessages->setText(u"Messages"_s);
         m_c.panMessages->setToolTip(u"Click to View Messages"_s);
@@ -41,7 +41,7 @@ void CaddyStrip::CheckForMessages()
 
 void CaddyStrip::CheckForBackupFiles()
 {
-    const bool due = BackupsAreDue();
+    const bool due = backupsAreDue();
     if (due) {
         m_c.panBackup->setText(u"Backup"_s);
         m_c.panBackup->setToolTip(u"Click to View File Backups"_s);

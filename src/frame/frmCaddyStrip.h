@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/frmCaddyControls.h"
-#include "frame/mainscreen.h"
+#include "session/mainscreen.h"
 #include "reminders/messages.h"
 
 namespace vorel {

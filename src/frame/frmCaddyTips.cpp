@@ -3,7 +3,7 @@
 #include "frame/buttontips.h"
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyRail.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 
 #include <QEvent>
 

@@ -45,8 +45,8 @@ void frmCaddy::connectGrids()
     controls::on(subjects, &controls::Grid::BtnClick, this, [this](int, qsizetype row) { d->edit.subjectButton(row); });
     subjects->setToolTipProvider(
         [this, subjects](qsizetype row, int) { return row < 0 ? QString() : rowTip(subjects, state().gSection, row); });
-    controls::on(&d->edit, &CaddyEdit::ActiveGridChanged, this, [this](const controls::Grid *grid) {
-        d->painting.MarkActive(grid);
+    controls::on(&d->edit, &CaddyEdit::activeGridChanged, this, [this](const controls::Grid *grid) {
+        d->painting.markActive(grid);
         d->edit.showDetails();
     });
 }
@@ -76,7 +76,7 @@ void frmCaddy::connectButtons()
     click(c.panBackup, [this] { DisplayCategory(u"File Backup"_s); });
     click(c.panAppoint, [this] { d->alerts.panAppoint_Click(); });
     for (const auto &[name, button] : c.tools)
-        click(button, [spoken = button->accessibleName()] { ShowLater(spoken); });
+        click(button, [spoken = button->accessibleName()] { showLater(spoken); });
     const std::pair<QString, std::function<void()>> answered[] = {
         {u"cmdColor"_s, [this] { cmdColor_Click(); }},
         {u"cmdBackground"_s, [this] { cmdBackground_Click(); }},
@@ -111,10 +111,10 @@ void frmCaddy::answerMenus()
     for (const auto &[name, view] : views)
         menus.answer(name, [this, chosen = view] { d->strip.showMessages(chosen); });
     menus.answer(u"mnuMaintenance"_s, [this] {
-        if (HasProgram(u"Chimer.exe"_s) && WriteRows() && StartProgram(u"Chimer.exe"_s))
+        if (hasProgram(u"Chimer.exe"_s) && writeRows() && startProgram(u"Chimer.exe"_s))
             Unload();
     });
-    d->sections.answer(u"Calculator"_s, [this] { ShowCalculator(this); });
+    d->sections.answer(u"Calculator"_s, [this] { showCalculator(this); });
     d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
 }
 

@@ -1,6 +1,6 @@
 #include "frame/frmLater.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/prompts.h"
 #include "utilities/frmInformation.h"
 
@@ -8,7 +8,7 @@ namespace vorel {
 
 using namespace Qt::StringLiterals;
 
-void ShowLater(const QString &name)
+void showLater(const QString &name)
 {
     basic::MsgBox(u"%1 is not part of this version yet."_s.arg(name.trimmed()), {}, basic::Icon::Information);
 }
@@ -28,7 +28,7 @@ void showMissingContacts()
         u" Open the Administration screen and choose Other."_s,
         u" Run the Contact Conversion Utility there once; a progress bar shows how far it is."_s,
         u" Afterwards your contacts are listed in this section."_s}.join(u'\n');
-    ShowNote(state().gProductTitle + u" - Missing Contacts"_s, note);
+    showNote(state().gProductTitle + u" - Missing Contacts"_s, note);
 }
 
 }

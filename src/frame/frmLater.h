@@ -6,7 +6,7 @@
 namespace vorel {
 
 // The one place that tells of a screen which this version does not have yet.
-void ShowLater(const QString &name);
+void showLater(const QString &name);
 
 // Asks for the administration password and puts the answer into gAdminOk. Until a screen takes its place: no password
 // is set on a new installation, and then every text passes.

@@ -3,7 +3,7 @@
 #include "frame/frmCaddy.h"
 #include "frame/frmCaddyLayout.h"
 #include "frame/frmLater.h"
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/startup.h"
 #include "media/pictures.h"
 #include "platform/basic/error.h"
@@ -76,7 +76,7 @@ void Startup::Load()
     m_version->setText(u" Build #%1"_s.arg(VOREL_REVISION));
     basic::Trap([this] {
         const desktop::ProfileBatch oneWrite;
-        LoadProgramState(colourNumberOf(palette().color(QPalette::Window)));
+        loadProgramState(colourNumberOf(palette().color(QPalette::Window)));
     });
     MakePictureFolders();
     m_title->setText(state().gProductTitle);
@@ -104,8 +104,8 @@ void Startup::LoadVorel()
 {
     m_timer->stop();
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    RunStartupPasses();
-    basic::Trap([this] { m_caddy->RequeryReminders(); });       // the passes changed rows under the hidden screen
+    runStartupPasses();
+    basic::Trap([this] { m_caddy->requeryReminders(); });       // the passes changed rows under the hidden screen
     m_caddy->show();
     m_caddy->activateWindow();      // the splash had the keyboard
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -6,7 +6,7 @@
 
 namespace vorel {
 
-void UnloadScreens(const QStringList &names)
+void unloadScreens(const QStringList &names)
 {
     std::vector<QPointer<QWidget>> open;
     for (QWidget *window : QApplication::topLevelWidgets())

@@ -5,6 +5,6 @@
 namespace vorel {
 
 // Closes each screen of these names that is open; one that does not let itself be closed stays.
-void UnloadScreens(const QStringList &names);
+void unloadScreens(const QStringList &names);
 
 }

@@ -1,7 +1,7 @@
 #include "frame/gridlayout.h"
 
-#include "frame/ini.h"
-#include "frame/sections.h"
+#include "session/ini.h"
+#include "session/sections.h"
 #include "frame/startup.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
@@ -263,7 +263,7 @@ void LoadGridSettings(GridLayout &layout)
     layout.defaultColour = QString::number(GetIniColour(u"DefaultColour"_s, 0xFFFFFF));
     layout.editColour = QString::number(GetIniColour(u"EditColour"_s, 0xFFFF));
     loadSizes(layout);
-    LoadFeatures();
+    loadFeatures();
 }
 
 void SaveGridSettings(const GridLayout &layout, std::int16_t subjectRowHeight)

@@ -1,6 +1,6 @@
 #include "frame/periods.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"

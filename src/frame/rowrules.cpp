@@ -1,6 +1,6 @@
 #include "frame/rowrules.h"
 
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"

@@ -19,7 +19,6 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddyStrip.cpp
   frame/frmCaddyTips.cpp
   frame/frmCaddyWiring.cpp
-  frame/frmColours.cpp
   frame/frmLater.cpp
   frame/frmStartup.cpp
   frame/frmUnload.cpp

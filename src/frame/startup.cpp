@@ -1,8 +1,9 @@
 #include "frame/startup.h"
 
-#include "frame/ini.h"
-#include "frame/sections.h"
-#include "frame/shared.h"
+#include "session/datafiles.h"
+#include "session/ini.h"
+#include "session/sections.h"
+#include "session/shared.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -24,12 +25,6 @@ std::function<bool()> &printerProbe()
 {
     static std::function<bool()> probe;
     return probe;
-}
-
-// A file of the program folder by its described name, "\NAME".
-QString programFile(const QString &name)
-{
-    return basic::realPath(basic::programFolder() + u'/' + name.mid(1));
 }
 
 QString setting(const QString &key, const QString &defaultText)
@@ -56,31 +51,6 @@ std::int16_t dayCount(const dao::Recordset &setup, QStringView field)
 
 }
 
-const std::array<DataFileEntry, static_cast<std::size_t>(DataFile::Count)> &dataFiles()
-{
-    static const std::array<DataFileEntry, static_cast<std::size_t>(DataFile::Count)> files{{
-        {DataFile::Main, u"DataPath"_s, u"\\VOREL.MDB"_s, false},
-        {DataFile::Contacts, u"ContactsDBPath"_s, u"\\CONTACTS.MDB"_s, false},
-        {DataFile::Garden, u"GardenDBPath"_s, u"\\GARDEN.MDB"_s, false},
-        {DataFile::Movies, u"MovieDBPath"_s, u"\\MOVIES.MDB"_s, false},
-        {DataFile::Music, u"MusicDBPath"_s, u"\\MUSIC.MDB"_s, false},
-        {DataFile::Books, u"BooksDBPath"_s, u"\\BOOKS.MDB"_s, false},
-        {DataFile::Notes, u"NotesDBPath"_s, u"\\NOTES.MDB"_s, false},
-        {DataFile::HowTo, u"HowToDBPath"_s, u"\\HOWTO.MDB"_s, false},
-        {DataFile::Recipe, u"RecipeDBPath"_s, u"\\RECIPE.MDB"_s, false},
-        {DataFile::Sports, u"SportsDBPath"_s, u"\\SPORTS.MDB"_s, false},
-        {DataFile::Accounts, u"AccountsDBPath"_s, u"\\ACCOUNTS.MDB"_s, false},
-        {DataFile::DataP, u"DataPDBPath"_s, u"\\DATAP.MDB"_s, true},
-        {DataFile::DataJ, u"DataJDBPath"_s, u"\\DATAJ.MDB"_s, true},
-    }};
-    return files;
-}
-
-QString protectedConnect()
-{
-    return u";pwd=KARVELOT"_s;
-}
-
 void DetectDateOrder()
 {
     int day = 0;
@@ -92,7 +62,7 @@ void DetectDateOrder()
     s.gDateTimeLong = s.gDateLong + u" hh:mm am/pm"_s;
 }
 
-void LoadProgramState(quint32 formColour)
+void loadProgramState(quint32 formColour)
 {
     State &s = state();
     s.gIniFile = programFile(u"\\vorelreminder.ini"_s);
@@ -103,19 +73,7 @@ void LoadProgramState(quint32 formColour)
     s.gPopUpCloser = true;
     s.gFormColour = QString::number(formColour);
     s.gProductTitle = u"Vorel Reminder %1"_s.arg(VOREL_VERSION_MAJOR);
-    LoadDataPaths();
-}
-
-void LoadDataPaths()
-{
-    for (const DataFileEntry &entry : dataFiles()) {
-        QString path = basic::Trim(setting(entry.key, {}));
-        if (path.isEmpty() || basic::Dir(path).isEmpty()) {
-            path = programFile(entry.defaultName);
-            PutIniValue(iniSettings, entry.key, path);
-        }
-        state().path(entry.file) = basic::realPath(path);
-    }
+    loadDataPaths();
 }
 
 bool ShowSplashScreen()
@@ -135,7 +93,7 @@ bool GetPrinter()
     return available;
 }
 
-void RunStartupPasses()
+void runStartupPasses()
 {
     if (state().mainFile != MainFileAccess::Full)
         return;
@@ -143,7 +101,7 @@ void RunStartupPasses()
     basic::Trap([] { PurgeExpiredRows(); });
 }
 
-void LoadMainSettings()
+void loadMainSettings()
 {
     State &s = state();
     s.gToday = basic::Date();
@@ -159,7 +117,7 @@ void LoadMainSettings()
     s.gEmailName = setting(u"EmailName"_s, u"User"_s);
 }
 
-void OpenMainDatabase()
+void openMainDatabase()
 {
     State &s = state();
     if (s.mainFile == MainFileAccess::None)
@@ -178,12 +136,12 @@ void OpenMainDatabase()
         s.gBackupAfterDays = 14;
 }
 
-void LoadUserName()
+void loadUserName()
 {
     state().gUserName = settingOr(u"UserName"_s, u"User"_s);
 }
 
-void SetTodayParts()
+void setTodayParts()
 {
     State &s = state();
     const QDate today = basic::Date().date();
@@ -192,7 +150,7 @@ void SetTodayParts()
     s.gTodayYear = static_cast<std::int16_t>(today.year());
 }
 
-QString LoadStartCategory()
+QString loadStartCategory()
 {
     const QString category = settingOr(u"Category"_s, u"All"_s);
     state().gTips = booleanSetting(u"Tips"_s, true);
@@ -200,13 +158,13 @@ QString LoadStartCategory()
     return category;
 }
 
-void LoadWarningSettings()
+void loadWarningSettings()
 {
     state().gAppointmentWarning = booleanSetting(u"AppointmentWarning"_s, true);
     state().gNetwork = booleanSetting(u"Network"_s, true);
 }
 
-void LoadSoundFile()
+void loadSoundFile()
 {
     // A chosen file that has gone means silence, not the default sound.
     const QString chosen = setting(u"SoundFile"_s, {});
@@ -215,7 +173,7 @@ void LoadSoundFile()
     state().gSoundFile = exists ? path : QString();
 }
 
-void LoadFeatures()
+void loadFeatures()
 {
     for (const FeatureEntry &feature : featureTable()) {
         double number = 0;

@@ -129,7 +129,7 @@ bool isPictureName(const QString &path)
     return extension == u"GIF" || extension == u"BMP" || extension == u"JPG";
 }
 
-Transfer TransferFile(const QString &path, const QString &caption)
+Transfer transferFile(const QString &path, const QString &caption)
 {
     const QString source = basic::realPath(path);
     if (!QFileInfo(source).isFile())

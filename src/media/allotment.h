@@ -32,6 +32,6 @@ struct Transfer {
 };
 // Copies a file under its own name into the caption's folder. A file of that name there is never overwritten; it is what
 // the path then means. The copy is whole or not there at all.
-Transfer TransferFile(const QString &path, const QString &caption);
+Transfer transferFile(const QString &path, const QString &caption);
 
 }

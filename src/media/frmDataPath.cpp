@@ -1,7 +1,7 @@
 #include "media/frmDataPath.h"
 
-#include "frame/ini.h"
-#include "frame/shared.h"
+#include "session/ini.h"
+#include "session/shared.h"
 #include "media/frmShowPic.h"
 #include "media/pictureeditor.h"
 #include "media/pictures.h"
@@ -288,7 +288,7 @@ void frmDataPath::searched(const QString &path)
 
 void frmDataPath::cmdTransfer_Click()
 {
-    const Transfer done = TransferFile(fileInView(), m_call.caption);
+    const Transfer done = transferFile(fileInView(), m_call.caption);
     if (!done.failure.isEmpty())
         return basic::MsgBox(done.failure, m_call.caption, basic::Icon::Exclamation);
     m_current->setText(done.path);
@@ -338,13 +338,13 @@ void frmDataPath::AllotPictures()
 void frmDataPath::cmdSound_Click()
 {
     if (!basic::Dir(fileInView()).isEmpty())
-        PlaySoundFile(basic::realPath(fileInView()));
+        playSoundFile(basic::realPath(fileInView()));
 }
 
 void frmDataPath::picImage_Click()
 {
     const QString path = m_call.slideShow ? m_image->path() : fileInView();
-    if (!basic::Dir(path).isEmpty() && !EditPicture(basic::realPath(path)))
+    if (!basic::Dir(path).isEmpty() && !editPicture(basic::realPath(path)))
         basic::MsgBox(u"Unable to open "_s + path, m_call.caption, basic::Icon::Exclamation);
 }
 
@@ -398,14 +398,14 @@ void frmDataPath::cmdAuto_Click()
     at(u"cmdAuto"_s)->setText(starts ? u"Stop"_s : u"Auto"_s);
 }
 
-QString ChooseDataPath(const DataPathCall &call)
+QString chooseDataPath(const DataPathCall &call)
 {
     frmDataPath form(call, call.screen);
     form.ShowModal();
     return form.path();
 }
 
-void ShowSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen)
+void showSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen)
 {
     DataPathCall call;
     call.caption = u"Slide Show - "_s + name;

@@ -79,8 +79,8 @@ private:
 };
 
 // The chooser, modal. The answer is the path that the field holds afterwards: the old one if nothing was applied.
-QString ChooseDataPath(const DataPathCall &call);
+QString chooseDataPath(const DataPathCall &call);
 // The slide show of a record's pictures, modal. name: the record's own, for the title.
-void ShowSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen);
+void showSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen);
 
 }

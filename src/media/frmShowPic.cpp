@@ -1,6 +1,6 @@
 #include "media/frmShowPic.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "media/pictures.h"
 #include "platform/controls/picturebox.h"
 
@@ -36,7 +36,7 @@ void ShowPic(QWidget *screen, QString &path, const QString &section)
     auto *image = screen->findChild<controls::PictureBox *>(u"picImage"_s);
     if (!image)
         return;
-    const PictureChoice choice = ChoosePicture(path, section, screen->objectName() == u"frmDataPath");
+    const PictureChoice choice = choosePicture(path, section, screen->objectName() == u"frmDataPath");
     if (image->path() != choice.file)
         image->clear();                 // no record is shown with another's picture, not even for a moment
     if (!choice.file.isEmpty())

@@ -23,7 +23,7 @@ void setPictureEditor(std::function<bool(const QString &)> editor)
     ownEditor() = std::move(editor);
 }
 
-bool EditPicture(const QString &path)
+bool editPicture(const QString &path)
 {
     if (ownEditor())
         return ownEditor()(path);

@@ -1,6 +1,6 @@
 #include "media/picturerows.h"
 
-#include "frame/shared.h"
+#include "session/shared.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/text.h"
@@ -101,7 +101,7 @@ std::vector<PictureSlot> GetSlideShowFiles(const QString &section, const Picture
     return pictures;
 }
 
-void SavePictureRow(const QString &section, const PictureOwner &owner, const std::vector<PictureSlot> &pictures)
+void savePictureRow(const QString &section, const PictureOwner &owner, const std::vector<PictureSlot> &pictures)
 {
     const PictureTable &table = known(section);
     dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
@@ -123,7 +123,7 @@ void SavePictureRow(const QString &section, const PictureOwner &owner, const std
     rows.Update();
 }
 
-void RemovePictureRows(const QString &section, const PictureOwner &owner)
+void removePictureRows(const QString &section, const PictureOwner &owner)
 {
     const PictureTable &table = known(section);
     dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));

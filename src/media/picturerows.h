@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/state.h"
+#include "session/state.h"
 
 #include <vector>
 
@@ -32,7 +32,7 @@ struct PictureSlot {
 // The pictures of the record in the order of their numbers, empty slots left out. EngineError if the file cannot be read.
 std::vector<PictureSlot> GetSlideShowFiles(const QString &section, const PictureOwner &owner);
 // Writes the slots, trimmed, into the record's row; adds one if it has none. Slots that are not given become empty.
-void SavePictureRow(const QString &section, const PictureOwner &owner, const std::vector<PictureSlot> &pictures);
-void RemovePictureRows(const QString &section, const PictureOwner &owner);
+void savePictureRow(const QString &section, const PictureOwner &owner, const std::vector<PictureSlot> &pictures);
+void removePictureRows(const QString &section, const PictureOwner &owner);
 
 }

@@ -91,7 +91,7 @@ QString pictureFolder(const QString &name)
     return !name.isEmpty() && QFileInfo(path).isDir() ? path : basic::programFolder();
 }
 
-QString DefaultPicture(const QString &section)
+QString defaultPicture(const QString &section)
 {
     for (const SectionPicture &own : sectionPictures)
         if (own.section == section)
@@ -107,7 +107,7 @@ QString sectionOfScreen(const QString &screen)
     return known ? known->section.toString() : QString();
 }
 
-PictureChoice ChoosePicture(QString &path, const QString &section, bool keepBroken)
+PictureChoice choosePicture(QString &path, const QString &section, bool keepBroken)
 {
     const bool wantsDefault = basic::Trim(path).isEmpty() || path.contains(u'*');
     const QString file = wantsDefault ? QString() : fileAt(path);
@@ -117,7 +117,7 @@ PictureChoice ChoosePicture(QString &path, const QString &section, bool keepBrok
         return {file, basic::Dir(path).isEmpty()};
     if (!wantsDefault && keepBroken)
         return {path, false};
-    return {desktop::findResource(DefaultPicture(section)), true};
+    return {desktop::findResource(defaultPicture(section)), true};
 }
 
 bool hasDefaultNote(const QString &screen)

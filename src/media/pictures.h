@@ -16,7 +16,7 @@ QString pictureFolder(const QString &name);
 
 // The name in the program folder ("\DefaultPicA.jpg") of the picture for a record that has none; a fresh pick each time.
 // section: the record's section code, four of which have a picture of their own; "" = any other.
-QString DefaultPicture(const QString &section);
+QString defaultPicture(const QString &section);
 // The section code of a record screen by its name, e.g. "frmBooks" -> "K"; "" for the others.
 QString sectionOfScreen(const QString &screen);
 
@@ -26,7 +26,7 @@ struct PictureChoice {
 };
 // What a screen shows for a path. keepBroken: a path whose file has gone stays; else it is emptied. Otherwise the path is
 // never changed: a default never gets into it, so no record ever keeps one.
-PictureChoice ChoosePicture(QString &path, const QString &section, bool keepBroken);
+PictureChoice choosePicture(QString &path, const QString &section, bool keepBroken);
 
 // Whether the screen (by its name, in any case) tells that a default is on show.
 bool hasDefaultNote(const QString &screen);

@@ -122,11 +122,11 @@ void frmPreview::buildStrip()
     PNL_Control->setLayout(row);
 
     cmdEmail->setVisible(!scriptState().MailRecipient.trimmed().isEmpty() && !scriptState().hideEmail && mailer());
-    controls::on(cmdPrint, &QAbstractButton::clicked, this, [] { PrintPages(); });
+    controls::on(cmdPrint, &QAbstractButton::clicked, this, [] { printPages(); });
     controls::on(cmdSetup, &QAbstractButton::clicked, this, [this] { cmdSetup_Click(); });
-    controls::on(cmdBook, &QAbstractButton::clicked, this, [] { PrintBooklet(); });
+    controls::on(cmdBook, &QAbstractButton::clicked, this, [] { printBooklet(); });
     controls::on(cmdEmail, &QAbstractButton::clicked, this, [this] { cmdEmail_Click(); });
-    controls::on(cmdPdf, &QAbstractButton::clicked, this, [] { SavePdf(); });
+    controls::on(cmdPdf, &QAbstractButton::clicked, this, [] { savePdf(); });
     controls::on(cmdExit, &QAbstractButton::clicked, this, [this] { Close(); });
     controls::on(cmdZoomOut, &QAbstractButton::clicked, this, [this] { zoomTo(Zoom / zoomStep); });
     controls::on(cmdFit, &QAbstractButton::clicked, this, [this] { fitPage(); });
@@ -139,8 +139,8 @@ void frmPreview::addKeys()
     const auto on = [this](const QKeySequence &key, std::function<void()> step) {
         controls::on(new QShortcut(key, this), &QShortcut::activated, this, std::move(step));
     };
-    on(Qt::CTRL | Qt::Key_P, [] { PrintPages(); });
-    on(Qt::CTRL | Qt::Key_S, [] { SavePdf(); });
+    on(Qt::CTRL | Qt::Key_P, [] { printPages(); });
+    on(Qt::CTRL | Qt::Key_S, [] { savePdf(); });
     on(Qt::CTRL | Qt::Key_Home, [this] { turnTo(0); });
     on(Qt::CTRL | Qt::Key_PageUp, [this] { turnTo(1); });
     on(Qt::CTRL | Qt::Key_PageDown, [this] { turnTo(2); });
@@ -265,7 +265,7 @@ void frmPreview::zoomTo(double zoom)
     const auto middle = [](const QScrollBar *bar) { return bar->value() + bar->pageStep() / 2.0; };
     const double across = middle(HScroll1) / m_page->width(), down = middle(VScroll1) / m_page->height();
     const bool isAtTop = VScroll1->value() == 0, isAtLeft = HScroll1->value() == 0;
-    ZoomPreview(zoom);
+    zoomPreview(zoom);
     const auto bring = [](QScrollBar *bar, double place, int length) {
         bar->setValue(static_cast<int>(place * length - bar->pageStep() / 2.0));
     };
@@ -287,7 +287,7 @@ void frmPreview::cmdSetup_Click()
     frmPreviewPages pages(this);
     pages.ShowModal();
     if (playerState().FirstPrintPage != first || playerState().LastPrintPage != last)
-        PrintPages();
+        printPages();
 }
 
 void frmPreview::cmdEmail_Click()

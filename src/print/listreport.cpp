@@ -1,6 +1,6 @@
 #include "print/listreport.h"
 
-#include "frame/startup.h"
+#include "session/datafiles.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
@@ -35,9 +35,9 @@ std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &f
     };
 }
 
-dao::Database OpenSectionFile(DataFile file)
+dao::Database openSectionFile(DataFile file)
 {
-    const DataFileEntry &entry = dataFiles()[static_cast<std::size_t>(file)];
+    const DataFileEntry &entry = dataFileEntry(file);
     QString path = state().path(file);
     // The passwords stand in the main file where they have none of their own.
     const bool isMissing = file == DataFile::DataP && basic::Dir(path).isEmpty();
@@ -46,21 +46,21 @@ dao::Database OpenSectionFile(DataFile file)
     return dao::DBEngine::OpenDatabase(path, false, false, entry.isProtected && !isMissing ? protectedConnect() : QString());
 }
 
-void PrintList(const ListReport &report)
+void printList(const ListReport &report)
 {
     const Hourglass hourglass;
-    dao::Database database = OpenSectionFile(report.file);
+    dao::Database database = openSectionFile(report.file);
     dao::Recordset rows = database.OpenRecordset(report.query);
-    PrintRows(report, rows);
+    printRows(report, rows);
     rows.Close();
     database.Close();
 }
 
-void PrintRows(const ListReport &report, dao::Recordset &rows)
+void printRows(const ListReport &report, dao::Recordset &rows)
 {
     const Hourglass hourglass;
     if (rows.rowTotal() < 1) {
-        ShowHourglass(false);
+        showHourglass(false);
         basic::MsgBox(report.noRows, {}, basic::Icon::Information);
         return;
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/dao/dao.h"
 
 #include <functional>
@@ -50,10 +50,10 @@ ListColumn::Cell fieldText(const QString &field);
 std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &field);      // Null counts as nothing
 ListColumn::Cell fieldFormat(const QString &field, const QString &format);      // Null shows as nothing
 
-dao::Database OpenSectionFile(DataFile file);
+dao::Database openSectionFile(DataFile file);
 // Opens the file and the query, and prints; the message where there are no rows.
-void PrintList(const ListReport &report);
+void printList(const ListReport &report);
 // The same over an open recordset.
-void PrintRows(const ListReport &report, dao::Recordset &rows);
+void printRows(const ListReport &report, dao::Recordset &rows);
 
 }

@@ -162,7 +162,7 @@ const ReportTable &reportTable()
 void printOf(const QString &code)
 {
     if (PrinterReady())
-        PrintList(reportTable().at(code));
+        printList(reportTable().at(code));
 }
 
 ListReport shoppingReport(bool isBlank)
@@ -241,7 +241,7 @@ void PrintHealthVisits(int id, const QString &name)
 {
     if (!PrinterReady())
         return;
-    PrintList({.titleWord = u"DOCTORS VISITS for "_s + name + u" as at "_s, .file = DataFile::HowTo,
+    printList({.titleWord = u"DOCTORS VISITS for "_s + name + u" as at "_s, .file = DataFile::HowTo,
                .query = u"SELECT * FROM [HEALTHVISITS] where [ID]=%1 ORDER BY [VISITDATE],[PROFESSION]"_s.arg(id), .orientation = 2,
                .columns = {column(u"PROFESSION"_s, 1), column(u"NAME"_s, u"PROFESSIONNAME"_s, 16), column(u"LOCATION"_s, 32),
                            column(u"VISIT DATE"_s, u"VISITDATE"_s, 48), column(u"REASON"_s, 57), column(u"NOTES"_s, 75)}});
@@ -251,7 +251,7 @@ void PrintJournalList(const QString &name, const QString &query)
 {
     if (!PrinterReady())
         return;
-    PrintList({.titleWord = u"JOURNAL OF "_s + name + u" as at "_s, .file = DataFile::DataJ, .query = query, .orientation = 2,
+    printList({.titleWord = u"JOURNAL OF "_s + name + u" as at "_s, .file = DataFile::DataJ, .query = query, .orientation = 2,
                .rowLimit = 9, .columns = {column(u"DATE"_s, 1), wrapped(u"NOTE"_s, u"NOTESDISPLAY"_s, 15, 130)}});
 }
 
@@ -259,26 +259,26 @@ void PrintShoppingList()
 {
     if (!PrinterReady())
         return;
-    const bool byStore = basic::AskYesNo(u"Do you want to print preview the list by Store and Item Alphabetically?"_s);
-    dao::Database database = OpenSectionFile(DataFile::Main);
+    const bool byStore = basic::askYesNo(u"Do you want to print preview the list by Store and Item Alphabetically?"_s);
+    dao::Database database = openSectionFile(DataFile::Main);
     const QString picked = u"Select * from [SHOPPING] WHERE [PICK]="_s + truth(true);
     dao::Recordset rows = database.OpenRecordset(picked + (byStore ? u" ORDER by [Store],[ITEM]"_s : u" ORDER by [ITEM]"_s));
     const bool isBlank = rows.rowTotal() < 1;
     if (isBlank) {
-        if (!basic::AskYesNo(u"No Items are marked for Purchase!\r\nDo you wish to print a blank List?"_s))
+        if (!basic::askYesNo(u"No Items are marked for Purchase!\r\nDo you wish to print a blank List?"_s))
             return;
         rows = database.OpenRecordset(u"Select * from [SHOPPING] ORDER by [ITEM]"_s);
     }
-    PrintRows(shoppingReport(isBlank), rows);
+    printRows(shoppingReport(isBlank), rows);
 }
 
 void PrintRemindersList(const QString &section, const QString &query)
 {
     if (PrinterReady())
-        PrintList(remindersReport(section, query));
+        printList(remindersReport(section, query));
 }
 
-bool PrintSectionList(const QString &code, const QString &remindersQuery)
+bool printSectionList(const QString &code, const QString &remindersQuery)
 {
     if (code == u"A" || code == u"B" || code == u"E")
         PrintRemindersList(code, remindersQuery);

@@ -25,6 +25,6 @@ void PrintToDoList();
 void PrintRemindersList(const QString &section, const QString &query);
 
 // The list by the code of its section, as the print key and the print menu name it. false: there is none.
-bool PrintSectionList(const QString &code, const QString &remindersQuery = {});
+bool printSectionList(const QString &code, const QString &remindersQuery = {});
 
 }

@@ -181,7 +181,7 @@ QStringList ListWriter::cellLines(const ListColumn &column, const Place &place, 
         text.truncate(column.cut);
     QStringList lines;
     for (const QString &line : splitLines(text)) {
-        for (const QString &piece : column.wrap > 0 ? WrapLines(line, column.wrap) : QStringList{line})
+        for (const QString &piece : column.wrap > 0 ? wrapLines(line, column.wrap) : QStringList{line})
             lines += fitLines(piece, place.room);
     }
     return lines;
@@ -233,7 +233,7 @@ void ListWriter::writeBlock(const std::vector<QString> &texts)
         const bool isLast = i + 1 == texts.size();
         const double x = isLast ? blockIndent : 0;
         for (const QString &line : splitLines(texts[i])) {
-            for (const QString &wrapped : isLast ? WrapLines(line, blockWidth) : QStringList{line}) {
+            for (const QString &wrapped : isLast ? wrapLines(line, blockWidth) : QStringList{line}) {
                 for (const QString &piece : fitLines(wrapped, m_width - x)) {
                     makeRoom();
                     PrintField(x, u"L"_s, piece, true);
@@ -249,7 +249,7 @@ void ListWriter::close()
     const double bottom = GetCurrentY() + hair;
     PrintRule();
     SetCurrentY(GetCurrentY() + hair);
-    bool isRuled = IsAtPageFoot();
+    bool isRuled = isAtPageFoot();
     if (isRuled)                    // the closing lines stand on a page of their own
         ruleColumns(bottom);
     PageFootCheck();

@@ -19,8 +19,8 @@ bool offerPdfInstead()
 {
     if (printer::thePrinter().hasHardware())
         return false;
-    if (basic::AskYesNo(u"There is no printer on this machine. Save the pages as PDF instead?"_s))
-        SavePdf();
+    if (basic::askYesNo(u"There is no printer on this machine. Save the pages as PDF instead?"_s))
+        savePdf();
     return true;
 }
 
@@ -44,23 +44,23 @@ QString suggestedFile()
 
 }
 
-void PrintPages()
+void printPages()
 {
     if (!offerPdfInstead())
         PlayScript(u"PRINTER"_s);
 }
 
-void PrintBooklet()
+void printBooklet()
 {
     if (offerPdfInstead())
         return;
     printEach(1);
-    if (basic::AskYesNo(u"Take out your Odd Printouts and re-align them in your Printer so the Even pages can be printed!"_s,
+    if (basic::askYesNo(u"Take out your Odd Printouts and re-align them in your Printer so the Even pages can be printed!"_s,
                         u"Booklet Printing"_s, basic::Icon::Critical))
         printEach(2);
 }
 
-void SavePdf(const QString &path)
+void savePdf(const QString &path)
 {
     PlayerState &state = playerState();
     const PlayerState before = state;
@@ -87,14 +87,14 @@ void SavePdf(const QString &path)
     }
 }
 
-bool SavePdf()
+bool savePdf()
 {
     std::optional<QString> path = basic::prompts().chooseFile({u"Save as PDF"_s, suggestedFile(), u"PDF documents (*.pdf)"_s, true});
     if (!path || path->isEmpty())
         return false;
     if (!path->endsWith(u".pdf"_s, Qt::CaseInsensitive))
         *path += u".pdf"_s;
-    SavePdf(*path);
+    savePdf(*path);
     return true;
 }
 

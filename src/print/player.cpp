@@ -98,7 +98,7 @@ PreviewScreen *preview()
     return player().screen.get();
 }
 
-void ShowHourglass(bool on)
+void showHourglass(bool on)
 {
     static bool shown = false;
     if (on == shown || !qGuiApp)
@@ -238,7 +238,7 @@ void MovePage(int index, const QString &txtPage)
     PlayScript(u"SCREEN"_s);
 }
 
-void ZoomPreview(double zoom)
+void zoomPreview(double zoom)
 {
     if (!preview())
         return;

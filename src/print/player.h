@@ -51,14 +51,14 @@ void MovePage(int index, const QString &txtPage = {});
 // The end of the preview, which calls it as it goes: the script is closed, and deleted where it is a ".TMP".
 void ClosePreview();
 // The page of the preview once more at another size.
-void ZoomPreview(double zoom);
+void zoomPreview(double zoom);
 
 // The pointer is an hourglass while one lives; the preview takes it away.
-void ShowHourglass(bool on);
+void showHourglass(bool on);
 class Hourglass {
 public:
-    Hourglass() { ShowHourglass(true); }
-    ~Hourglass() { ShowHourglass(false); }
+    Hourglass() { showHourglass(true); }
+    ~Hourglass() { showHourglass(false); }
     Hourglass(const Hourglass &) = delete;
     Hourglass &operator=(const Hourglass &) = delete;
 };

@@ -1,6 +1,6 @@
 #include "print/report.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/format.h"
 #include "platform/printer/printer.h"
@@ -21,8 +21,8 @@ constexpr quint32 black = 0;
 
 void ReportStart(QString &fontName, double &fontSize, int &scaleMode, int &orientation)
 {
-    ShowHourglass(true);
-    AbandonScript();                    // of a report that failed half-way
+    showHourglass(true);
+    abandonScript();                    // of a report that failed half-way
     printer::thePrinter().adoptPaper();
     SetPrintTarget(u"SCREEN"_s);
     if (fontName.isEmpty())
@@ -71,14 +71,14 @@ void PrintLineTo(double x1, double y1, double x2, double y2)
     PrintLine(x1, y1, u"STEP"_s, x2, y2, u"0"_s);
 }
 
-bool IsAtPageFoot()
+bool isAtPageFoot()
 {
     return GetCurrentY() > GetScaleHeight() - 5 * GetTextHeight(u"A"_s);
 }
 
 void PageFootCheck()
 {
-    if (!IsAtPageFoot())
+    if (!isAtPageFoot())
         return;
     SetFontBold(true);
     SetFontBold(false);

@@ -12,7 +12,7 @@ void ReportStart(const QString &fontName, double fontSize, int scaleMode, int or
 void ReportHeading(const QString &title);       // a centred block: the title, and today's date
 void PrintRule();                               // a line across the page at the pen
 void PrintLineTo(double x1, double y1, double x2, double y2);       // x2, y2 from the first point
-bool IsAtPageFoot();                            // less than five lines are left
+bool isAtPageFoot();                            // less than five lines are left
 void PageFootCheck();                           // then the page is closed and a new one begun
 void PrintPageNumber();
 

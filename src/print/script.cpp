@@ -1,6 +1,6 @@
 #include "print/script.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
@@ -93,7 +93,7 @@ struct EndOfReport {
     ~EndOfReport()
     {
         playerState().CurrentPage = 0;
-        AbandonScript();
+        abandonScript();
         target().setCurrentX(0);
         target().setCurrentY(0);
         closeHtml();
@@ -151,7 +151,7 @@ void OpenPrintScript()
     openHtml();
 }
 
-void AbandonScript()
+void abandonScript()
 {
     openFiles().script.close();
     scriptState().ScriptFile = 0;

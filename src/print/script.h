@@ -27,7 +27,7 @@ ScriptState &scriptState();
 
 // Error 75 when the file cannot be made; no script is open then.
 void OpenPrintScript();
-void AbandonScript();                       // what a failed report left open or chose is let go
+void abandonScript();                       // what a failed report left open or chose is let go
 void SetPrintTarget(const QString &target);
 QString GetPrintTarget();                   // "PRINTER" if none was set
 void SetPreviewCaption(const QString &caption);
@@ -72,7 +72,7 @@ void PrintCurrencyField(double x, const QString &alignment, const basic::Value &
 void PrintDollarField(double x, const QString &alignment, const basic::Value &number, bool newLine);
 // Lines of at most width characters, broken at blanks; a rest without a blank stays one line. Blank lines take no room.
 void PrintWrapped(const QString &alignment, double x, int width, const basic::Value &text);
-QStringList WrapLines(const QString &text, int width);
+QStringList wrapLines(const QString &text, int width);
 bool IsOddNumber(int number);
 
 // A length or number as the script writes it: single precision, "." whatever the regional settings.

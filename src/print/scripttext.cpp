@@ -1,5 +1,5 @@
 #include "platform/basic/format.h"
-#include "frame/state.h"
+#include "session/state.h"
 #include "print/recorder.h"
 #include "print/script.h"
 
@@ -170,7 +170,7 @@ void PrintDollarField(double x, const QString &alignment, const Value &number, b
     PrintField(x, alignment, basic::Format(number, u"$#,##0.00;($#,##0.00)"), newLine);
 }
 
-QStringList WrapLines(const QString &text, int width)
+QStringList wrapLines(const QString &text, int width)
 {
     QStringList lines;
     const qsizetype room = std::max(width, 1);
@@ -199,7 +199,7 @@ void PrintWrapped(const QString &alignment, double x, int width, const Value &va
     QString text = value.text();
     if (text.contains(u'\n') || text.contains(u'\r'))
         text.replace(lineEnd, u"\n"_s).replace(u'\r', u'\n').replace(u'\n', lineEnd);
-    for (const QString &line : WrapLines(text, width))
+    for (const QString &line : wrapLines(text, width))
         PrintField(x, alignment, line, true);
 }
 

@@ -80,7 +80,7 @@ bool frmMusic::eventFilter(QObject *watched, QEvent *event)
 void frmMusic::deleteTrack()
 {
     const qsizetype row = grdTracks->currentRow();
-    if (row < 0 || row >= grdTracks->rows() || !basic::AskYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
+    if (row < 0 || row >= grdTracks->rows() || !basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
     dao::Recordset &rows = dtaTracks->Recordset();
     rows.setBookmark(rows.bookmarkAt(row));

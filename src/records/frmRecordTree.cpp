@@ -223,7 +223,7 @@ void FillRecordTree(RecordTree &tree, records::TreeMode mode, const QString &dat
     std::vector<records::TreeGroup> groups;
     basic::Trap([&] {
         const auto show = qScopeGuard([&] { tree.setGroups(std::move(groups)); });
-        records::ReadRecordTree(mode, databasePath, table, field, groups);
+        records::readRecordTree(mode, databasePath, table, field, groups);
     });
 }
 

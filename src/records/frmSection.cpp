@@ -1,7 +1,7 @@
 #include "records/frmSection.h"
 
-#include "frame/ini.h"
-#include "frame/mainscreen.h"
+#include "session/ini.h"
+#include "session/mainscreen.h"
 #include "media/frmDataPath.h"
 #include "media/frmShowPic.h"
 #include "platform/basic/convert.h"
@@ -105,7 +105,7 @@ void frmSection::connectHandlers()
     };
     key(QKeySequence::New, u"cmdNew"_s);
     key(QKeySequence::Save, u"cmdUpdate"_s);
-    connect(this, &Form::HelpWanted, control<QPushButton>(u"cmdInfo"_s), &QPushButton::click);
+    connect(this, &Form::helpWanted, control<QPushButton>(u"cmdInfo"_s), &QPushButton::click);
     on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
     on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
     for (const auto &[keys, step] : {std::pair{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1}, {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1}})
@@ -197,7 +197,7 @@ void frmSection::FillLists()
     for (const records::Choices &list : m_section.lists) {
         auto *box = control<QComboBox>(list.control.toString());
         basic::Trap([&] {
-            const QStringList values = records::ListValues(state().path(m_section.file), list);
+            const QStringList values = records::listValues(state().path(m_section.file), list);
             const QString typed = box->currentText();
             box->clear();
             box->addItems(values);
@@ -237,14 +237,14 @@ void frmSection::GetFilePath()
     if (!m_data->hasRows())
         return;
     m_path = text(u"lblPictureFile"_s);
-    m_path = ChooseDataPath({m_section.chooser.toString(), m_path, text(m_section.nameControl.toString()), this});
+    m_path = chooseDataPath({m_section.chooser.toString(), m_path, text(m_section.nameControl.toString()), this});
     setText(u"lblPictureFile"_s, m_path);
     ShowPic();
 }
 
 void frmSection::chooseSound(const QString &name)
 {
-    setText(name, ChooseDataPath({m_section.sound.toString(), text(name), text(m_section.nameControl.toString()), this}));
+    setText(name, chooseDataPath({m_section.sound.toString(), text(name), text(m_section.nameControl.toString()), this}));
 }
 
 void frmSection::ShowPic()
@@ -269,7 +269,7 @@ void frmSection::cmdView_Click()
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     constexpr int twipsPerPixel = 15;
-    records::ShowViewPage({m_section.pageFile.toString(), m_section.pageHeading.toString(), m_path,
+    records::showViewPage({m_section.pageFile.toString(), m_section.pageHeading.toString(), m_path,
                            m_image->pictureSize() * twipsPerPixel, pageBlocks()});
 }
 
@@ -279,8 +279,8 @@ void frmSection::holdMainTimer(QWidget *box)
     auto *menu = box->findChild<QMenu *>(u"mnuFormat"_s);
     if (!menu || !m_main)
         return;
-    on(menu, &QMenu::aboutToShow, this, [this] { m_main->HoldTimer(true); });
-    on(menu, &QMenu::aboutToHide, this, [this] { m_main->HoldTimer(false); });
+    on(menu, &QMenu::aboutToShow, this, [this] { m_main->holdTimer(true); });
+    on(menu, &QMenu::aboutToHide, this, [this] { m_main->holdTimer(false); });
 }
 
 }

@@ -1,8 +1,8 @@
 #include "records/frmSection.h"
 
 #include "calendar/picker.h"
-#include "frame/frmColours.h"
-#include "frame/shared.h"
+#include "session/frmColours.h"
+#include "session/shared.h"
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/elidedlabel.h"
@@ -100,7 +100,7 @@ QWidget *frmSection::createWidget(const Field &field)
         QSizePolicy grows(QSizePolicy::Expanding, QSizePolicy::Expanding);
         grows.setVerticalStretch(1);
         made->setSizePolicy(grows);
-        UseFormatMenu(made);
+        useFormatMenu(made);
         holdMainTimer(made);
         return made;
     }
@@ -152,7 +152,7 @@ QWidget *frmSection::withKeys(const Field &field, QWidget *widget)
         keys += addButton(u"cmdSound"_s, u"&Sound..."_s, u"folder-music"_s, u" Selects a Sound File "_s);
         keys += addButton(u"cmdPlay"_s, u"Pla&y"_s, u"media-playback-start"_s, u" Plays the Sound File "_s);
         on(control<QPushButton>(u"cmdSound"_s), &QPushButton::clicked, this, [this, name] { chooseSound(name); });
-        on(control<QPushButton>(u"cmdPlay"_s), &QPushButton::clicked, this, [this, name] { PlaySoundFile(text(name).trimmed()); });
+        on(control<QPushButton>(u"cmdPlay"_s), &QPushButton::clicked, this, [this, name] { playSoundFile(text(name).trimmed()); });
     } else if (!field.button.isEmpty()) {
         const QString name = field.button.toString();
         keys += addButton(name, {}, u"view-calendar-day"_s, u"Choose a date (Alt+Down)"_s);

@@ -1,6 +1,6 @@
 #include "records/frmSection.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"

@@ -1,6 +1,6 @@
 #include "records/frmSection.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/basic/prompts.h"
 #include "records/frmRecordTree.h"
 
@@ -18,7 +18,7 @@ void frmSection::AddNewRecord(const QString &)
         return;
     if (!m_data->Recordset())
         m_data->Refresh();
-    if (!m_data->Recordset() || !m_data->setBookmark(records::AddRow(m_data->Recordset(), m_section)))
+    if (!m_data->Recordset() || !m_data->setBookmark(records::addRow(m_data->Recordset(), m_section)))
         return;
     m_new = true;
     AllowInput();

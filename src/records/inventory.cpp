@@ -1,6 +1,6 @@
 #include "records/inventory.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"

@@ -1,7 +1,7 @@
 #include "records/recordtree.h"
 
-#include "frame/ini.h"
-#include "frame/state.h"
+#include "session/ini.h"
+#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/text.h"
 
@@ -44,7 +44,7 @@ class Reader {
 public:
     Reader(const QString &databasePath, QString table, QString field, std::vector<TreeGroup> &groups)
         : m_database(dao::DBEngine::OpenDatabase(databasePath)), m_reads(m_database), m_table(std::move(table)), m_field(std::move(field)),
-          m_capitals(NamesInCapitals()), m_groups(groups)
+          m_capitals(namesInCapitals()), m_groups(groups)
     {
     }
 
@@ -149,7 +149,7 @@ private:
 
 }
 
-void ReadRecordTree(TreeMode mode, const QString &databasePath, const QString &table, const QString &field,
+void readRecordTree(TreeMode mode, const QString &databasePath, const QString &table, const QString &field,
                     std::vector<TreeGroup> &groups)
 {
     Reader reader(databasePath, table, field, groups);
@@ -160,10 +160,10 @@ void ReadRecordTree(TreeMode mode, const QString &databasePath, const QString &t
     }
 }
 
-std::vector<TreeGroup> RecordTreeRows(TreeMode mode, const QString &databasePath, const QString &table, const QString &field)
+std::vector<TreeGroup> recordTreeRows(TreeMode mode, const QString &databasePath, const QString &table, const QString &field)
 {
     std::vector<TreeGroup> groups;
-    ReadRecordTree(mode, databasePath, table, field, groups);
+    readRecordTree(mode, databasePath, table, field, groups);
     return groups;
 }
 
@@ -181,7 +181,7 @@ QString MixedCaseName(const QString &text)
     return name;
 }
 
-bool NamesInCapitals()
+bool namesInCapitals()
 {
     return iniBoolean(GetIniValue(iniSettings, u"ContactsUpperCase"_s, u"True"_s));
 }

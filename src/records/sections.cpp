@@ -200,7 +200,7 @@ const Section &musicSection()
     return section;
 }
 
-dao::Bookmark AddRow(dao::Recordset &rows, const Section &section)
+dao::Bookmark addRow(dao::Recordset &rows, const Section &section)
 {
     constexpr int ownerSize = 20;
     rows.AddNew();
@@ -236,7 +236,7 @@ QStringList firstColumn(const QString &databasePath, const QString &sql)
 
 }
 
-QStringList ListValues(const QString &databasePath, const Choices &list)
+QStringList listValues(const QString &databasePath, const Choices &list)
 {
     return list.starts + firstColumn(databasePath, list.sql.toString());
 }

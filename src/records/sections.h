@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "records/recordtree.h"
 
 #include <QStringList>
@@ -79,10 +79,10 @@ const Section &inventorySection();
 
 // Adds a row with the section's first values and the user's name and stores it. A value that the field's kind cannot hold
 // empty is Null.
-dao::Bookmark AddRow(dao::Recordset &rows, const Section &section);
+dao::Bookmark addRow(dao::Recordset &rows, const Section &section);
 
 // The choices of a list, read by a short connection of its own. A null is an empty entry.
-QStringList ListValues(const QString &databasePath, const Choices &list);
+QStringList listValues(const QString &databasePath, const Choices &list);
 // The tracks of a music title, in the order in which they were entered.
 QStringList Tracks(const QString &databasePath, qint32 id);
 

@@ -113,7 +113,7 @@ void writePage(const QString &path, const QByteArray &html)
 
 }
 
-QString ViewPageText(const ViewPage &page)
+QString viewPageText(const ViewPage &page)
 {
     QString html = u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n"
                    "<meta name=\"color-scheme\" content=\"light dark\">\n<title>"_s;
@@ -126,10 +126,10 @@ QString ViewPageText(const ViewPage &page)
     return html + u"</body>\n</html>\n"_s;
 }
 
-void ShowViewPage(const ViewPage &page)
+void showViewPage(const ViewPage &page)
 {
     const QString path = inProgramFolder(page.file);
-    writePage(path, ViewPageText(page).toUtf8());
+    writePage(path, viewPageText(page).toUtf8());
     // As an address: on a disk where every file may be run, the page would be started as a program.
     const QString address = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toString(QUrl::FullyEncoded);
     if (!desktop::ShellExecute(address))

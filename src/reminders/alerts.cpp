@@ -1,7 +1,7 @@
 #include "reminders/alerts.h"
 
-#include "frame/shared.h"
-#include "frame/state.h"
+#include "session/shared.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -100,7 +100,7 @@ QString onDay(const QString &query, DateTime day)
         + u"[DATE]>=#%1# and [DATE]<#%2#"_s.arg(sqlDate(day), sqlDate(basic::DateAdd(u"d", 1, day))) + tail;
 }
 
-std::vector<AppointmentRow> AppointmentsOfToday()
+std::vector<AppointmentRow> appointmentsOfToday()
 {
     std::vector<AppointmentRow> rows;
     const QString &query = state().gSqlAppointments;
@@ -122,7 +122,7 @@ void SoundReminder()
     PlaySoundNumber(userSound);
 }
 
-bool WriteAppointsFile()
+bool writeAppointsFile()
 {
     QString lines;
     bool any = false;
@@ -146,14 +146,14 @@ bool WriteAppointsFile()
     return any;
 }
 
-bool HasProgram(const QString &name)
+bool hasProgram(const QString &name)
 {
     return !basic::Dir(basic::programFolder() + u'/' + name).isEmpty();
 }
 
-bool StartProgram(const QString &name)
+bool startProgram(const QString &name)
 {
-    return HasProgram(name) && desktop::ShellExecute(basic::realPath(basic::programFolder() + u'/' + name));
+    return hasProgram(name) && desktop::ShellExecute(basic::realPath(basic::programFolder() + u'/' + name));
 }
 
 }

@@ -44,7 +44,7 @@ std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const Aler
 // The query with its rows narrowed to one day; its order stays.
 QString onDay(const QString &query, basic::DateTime day);
 // Today's rows of the current appointments query. Engine errors.
-std::vector<AppointmentRow> AppointmentsOfToday();
+std::vector<AppointmentRow> appointmentsOfToday();
 
 // Which alerts were told already: each appointment once a colour, whatever the clock does, and again when it is moved.
 class AlertLog {
@@ -60,9 +60,9 @@ void SoundReminder();
 
 // POPAPPS.TXT for the pop-up program: a line for each row of the current appointments query, in UTF-8. True if the query
 // has rows. Engine errors; error 75 with the file's name when it cannot be written.
-bool WriteAppointsFile();
+bool writeAppointsFile();
 // A program of the program folder, whatever the case of its name; false if it is not there or does not start.
-bool StartProgram(const QString &name);
-bool HasProgram(const QString &name);
+bool startProgram(const QString &name);
+bool hasProgram(const QString &name);
 
 }

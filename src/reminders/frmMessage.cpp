@@ -1,7 +1,7 @@
 #include "reminders/frmMessage.h"
 
-#include "frame/mainscreen.h"
-#include "frame/state.h"
+#include "session/mainscreen.h"
+#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
@@ -220,7 +220,7 @@ void frmMessage::cmdSend_Click()
 
 void frmMessage::cmdDelete_Click()
 {
-    if (!m_data->hasRows() || !basic::AskYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
+    if (!m_data->hasRows() || !basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
     m_data->revert();                           // what was typed goes with the row
     dao::Recordset &rows = m_data->Recordset();

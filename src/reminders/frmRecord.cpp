@@ -1,7 +1,7 @@
 #include "reminders/frmRecord.h"
 
 #include "calendar/picker.h"
-#include "frame/state.h"
+#include "session/state.h"
 #include "media/frmDataPath.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/richtextbox.h"
@@ -35,7 +35,7 @@ frmRecord::frmRecord(QWidget *parent)
     connectButtons();
     if (m_section.kind == ReminderKind::Event)
         basic::Trap([&] { control<QComboBox>(u"cboSubject"_s)->addItems(record::subjects()); });
-    m_data->ShowRow();
+    m_data->showRow();
 }
 
 frmRecord::~frmRecord()
@@ -99,7 +99,7 @@ void frmRecord::connectButtons()
     };
     key(QKeySequence::New, u"cmdNew"_s);
     key(QKeySequence::Save, u"cmdUpdate"_s);
-    on(this, &Form::HelpWanted, this, [this] { ShowInfoPage(m_section.code); });
+    on(this, &Form::helpWanted, this, [this] { ShowInfoPage(m_section.code); });
     on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
     on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
 }
@@ -224,7 +224,7 @@ void frmRecord::cmdPicture_Click()
 
 QString frmRecord::GetFilePath(const QString &startPath)
 {
-    return ChooseDataPath({u"Event Picture"_s, startPath, text(u"txtEvent"_s), this});
+    return chooseDataPath({u"Event Picture"_s, startPath, text(u"txtEvent"_s), this});
 }
 
 void frmRecord::chkDelete_MouseUp()
@@ -233,7 +233,7 @@ void frmRecord::chkDelete_MouseUp()
         return;
     const QString question = u"This Record will be DELETED "_s + QString::number(state().gDeleteAfterDays)
         + u" days after the Display Date!\r\nAre you sure about this option?"_s;
-    if (!basic::AskYesNo(question))
+    if (!basic::askYesNo(question))
         control<QCheckBox>(u"chkDelete"_s)->setChecked(false);
 }
 

@@ -1,6 +1,6 @@
 #include "reminders/frmRecordFields.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
@@ -96,7 +96,7 @@ QWidget *frmRecord::createField(const FieldRow &row)
         return new QCheckBox(this);
     case Kind::Rich: {
         auto *made = new controls::RichTextBox(this);
-        UseFormatMenu(made);
+        useFormatMenu(made);
         return made;
     }
     case Kind::Caption: {

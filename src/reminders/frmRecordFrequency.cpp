@@ -1,6 +1,6 @@
 #include "reminders/frmRecord.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/prompts.h"
 
 #include <QButtonGroup>
@@ -74,7 +74,7 @@ void frmRecord::cmdApply_Click()
     setText(u"txtPeriodDays"_s, period.days);
     if (!record::dateOf(text(u"lblNextDate"_s)))
         return;
-    if (basic::AskYesNo(u"Do you want to Commence on "_s + text(u"txtDate"_s) + u"?"_s, u"Question?"_s))
+    if (basic::askYesNo(u"Do you want to Commence on "_s + text(u"txtDate"_s) + u"?"_s, u"Question?"_s))
         setText(u"lblDay"_s, record::weekDayOf(rowDate()));
 }
 

@@ -1,6 +1,6 @@
 #include "reminders/frmRecordFields.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/controls/layout.h"
 
 #include <QButtonGroup>

@@ -1,6 +1,6 @@
 #include "reminders/frmRecord.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"

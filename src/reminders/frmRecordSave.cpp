@@ -1,6 +1,6 @@
 #include "reminders/frmRecord.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/prompts.h"
 
 #include <QButtonGroup>
@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 void frmRecord::AddNewRecord(const QString &sourceID)
 {
     const bool copy = !sourceID.trimmed().isEmpty();
-    if (copy && !basic::AskYesNo(u"Create a Duplicate Record?"_s))
+    if (copy && !basic::askYesNo(u"Create a Duplicate Record?"_s))
         return;
     if (!m_data->UpdateRecord())
         return;
@@ -66,7 +66,7 @@ void frmRecord::cmdUpdate_Click()
         m_data->takeAsShown(control<QWidget>(u"txtAmount"_s));
     }
     if (m_section.kind != ReminderKind::Event)
-        basic::Trap([&] { CreateSeries(seriesFields()); });
+        basic::Trap([&] { createSeries(seriesFields()); });
     FormatDates();
     storeView();
     dao::DBEngine::Idle(dao::dbRefreshCache);
@@ -100,7 +100,7 @@ void frmRecord::cmdDelete_Click()
         AllowInput();
         return;
     }
-    if (!basic::AskYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
+    if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
     basic::Trap([&] { DeleteFutureDates(seriesFields()); });
     m_data->revert();           // what was typed goes with the row

@@ -1,8 +1,8 @@
 #include "reminders/greetings.h"
 
-#include "frame/ini.h"
-#include "frame/shared.h"
-#include "frame/state.h"
+#include "session/ini.h"
+#include "session/shared.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -110,7 +110,7 @@ int SendBirthdayEmails()
     }
     events.Close();
     if (sent > 0)
-        PlaySoundFile(desktop::findResource(u"\\WISH.wav"_s));
+        playSoundFile(desktop::findResource(u"\\WISH.wav"_s));
     return sent;
 }
 

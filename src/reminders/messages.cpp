@@ -1,8 +1,8 @@
 #include "reminders/messages.h"
 
-#include "frame/sections.h"
-#include "frame/shared.h"
-#include "frame/state.h"
+#include "session/sections.h"
+#include "session/shared.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -41,7 +41,7 @@ bool isDue(const dao::Recordset &files)
 
 }
 
-bool MessagesWait()
+bool messagesWait()
 {
     if (!state().gMainDb)
         return false;
@@ -53,7 +53,7 @@ bool MessagesWait()
     return any;
 }
 
-bool BackupsAreDue()
+bool backupsAreDue()
 {
     if (!state().gMainDb)
         return false;

@@ -8,8 +8,8 @@
 // Messages between the users of one file, the line of hints, and whether a backup is due.
 namespace vorel {
 
-bool MessagesWait();                        // unread ones to the current user. Engine errors
-bool BackupsAreDue();                       // Engine errors
+bool messagesWait();                        // unread ones to the current user. Engine errors
+bool backupsAreDue();                       // Engine errors
 
 // What panInfo shows: the program's name and version, with a hint in front of it when hints are on and there is one.
 QString infoLine(const QString &hint);

@@ -1,6 +1,6 @@
 #include "reminders/recurrence.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -267,7 +267,7 @@ void CreateMonthDates(const SeriesFields &fields)
         write(fields, createByWeekdays);
 }
 
-void CreateSeries(const SeriesFields &fields)
+void createSeries(const SeriesFields &fields)
 {
     const bool weekdays = weekdayRuleApplies(fields);
     const bool periods = periodRuleApplies(fields);

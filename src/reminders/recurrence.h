@@ -33,7 +33,7 @@ void DeleteFutureDates(const SeriesFields &fields);
 void CreateFutureDates(const SeriesFields &fields);     // by days and by months, to 31 December of next year
 void CreateMonthDates(const SeriesFields &fields);      // the weekday rule, over the row's year and the next
 // The two steps of a save for "A" and "B": CreateMonthDates and CreateFutureDates under their conditions.
-void CreateSeries(const SeriesFields &fields);
+void createSeries(const SeriesFields &fields);
 
 void RollForwardDates();
 void PurgeExpiredRows();

@@ -1,6 +1,6 @@
 #include "store/rebuild.h"
 
-#include "frame/startup.h"
+#include "session/datafiles.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -43,7 +43,7 @@ void copyOver(const QString &from, const QString &to)
     try {
         if (!source.copy(scratch))
             throw basic::Error(75, source.errorString());
-        dao::DBEngine::PutInPlace(scratch, to);
+        dao::DBEngine::putInPlace(scratch, to);
     } catch (...) {
         QFile::remove(scratch);
         throw;
@@ -81,7 +81,7 @@ class Rebuild {
 public:
     Rebuild(DataFile file, const QString &path)
         : m_designs(store::designsOf(file)), m_path(basic::realPath(path)), m_backup(backupNameOf(m_path)),
-          m_connect(dataFiles()[static_cast<std::size_t>(file)].isProtected ? protectedConnect() : QString())
+          m_connect(connectString(file))
     {
         // Beside the file, so that one rename puts it in place; always the same name, so that a kill leaves one at most.
         const QFileInfo place(m_path);
@@ -118,11 +118,11 @@ public:
             }
             if (m_database.hasTable(infoTable))
                 m_database.DeleteTable(infoTable);
-            StampVersion(m_database, version);
+            stampVersion(m_database, version);
             all.Commit();
         }
         m_database.Close();
-        dao::DBEngine::PutInPlace(m_scratch, m_path);
+        dao::DBEngine::putInPlace(m_scratch, m_path);
         return true;
     }
 
@@ -152,7 +152,7 @@ bool Rebuild::rescue()
     bool mended = stands(m_path) && mark() != before;
     if (!stands(m_path) && stands(m_backup)) {
         const auto dated = basic::DateTime::fromQDateTime(QFileInfo(m_backup).lastModified());
-        if (basic::AskYesNo(u"Database was corrupted beyond repair.\r\nA backup has been found dated: "_s
+        if (basic::askYesNo(u"Database was corrupted beyond repair.\r\nA backup has been found dated: "_s
                             + basic::Value(dated).text() + u"\r\nWould you like to restore this copy?"_s)) {
             copyOver(m_backup, m_path);
             repair(m_path, m_connect);
@@ -164,7 +164,7 @@ bool Rebuild::rescue()
         return true;
     }
     m_exists = false;
-    return basic::AskYesNo(u"Database was corrupted beyond repair and should be recreated.\r\n"
+    return basic::askYesNo(u"Database was corrupted beyond repair and should be recreated.\r\n"
                            "If you have a backup you should restore the file: "_s + m_path
                            + u"\r\n\r\nWould you like to create a new database?"_s);
 }
@@ -183,9 +183,9 @@ void Rebuild::open()
     if (m_exists) {
         dao::DBEngine::CompactDatabase(m_path, m_scratch, locale + m_connect, dao::dbVersion30);
         m_database = dao::DBEngine::OpenDatabase(m_scratch, true, false, m_connect);
-        m_database.WriteUnsynced();
+        m_database.writeUnsynced();
     } else {
-        m_database = dao::DBEngine::CreateScratch(m_scratch, locale + m_connect);
+        m_database = dao::DBEngine::createScratch(m_scratch, locale + m_connect);
         m_database.setQueryTimeout(60);
     }
 }
@@ -229,7 +229,7 @@ void Rebuild::takeOver()
         const bool hadOld = m_database.hasTable(oldName);
         if (hadOld && !TableChanged(m_database, design)) {
             m_database.RenameTable(oldName, design.Name);
-            m_database.AppendHelpers(design);
+            m_database.appendHelpers(design);
             continue;
         }
         m_database.AppendTable(design);
@@ -272,7 +272,7 @@ void CompactFile(const QString &path)
     repair(place, {});
     try {
         dao::DBEngine::CompactDatabase(place, scratch, locale, dao::dbVersion30);
-        dao::DBEngine::PutInPlace(scratch, place);
+        dao::DBEngine::putInPlace(scratch, place);
     } catch (...) {
         removeScratch(scratch);
         throw;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/state.h"
+#include "session/state.h"
 
 // One data file made, mended or brought to the current design of its tables.
 namespace vorel {

@@ -1,7 +1,7 @@
 #include "store/upgrade.h"
 
 #include "accounts/accounts.h"
-#include "frame/startup.h"
+#include "session/datafiles.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -31,7 +31,7 @@ constexpr DataFile fileOrder[] = {
 
 bool isProtected(DataFile file)
 {
-    return dataFiles()[static_cast<std::size_t>(file)].isProtected;
+    return dataFileEntry(file).isProtected;
 }
 
 bool stands(DataFile file)

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/state.h"
+#include "session/state.h"
 
 namespace vorel {
 
@@ -9,7 +9,7 @@ void SetDatabaseVersion(const QString &path, int version);
 std::int16_t GetProtectedDatabaseVersion(DataFile file, const QString &path);
 void SetProtectedDatabaseVersion(DataFile file, const QString &path, int version);
 // The stamp of a file that stands open; here an error is thrown.
-void StampVersion(dao::Database &database, int version);
+void stampVersion(dao::Database &database, int version);
 
 // Runs once at every start: detects the date order, makes each missing data file, brings all files to the current design
 // if the main file is of an older one, writes the rows that the screens need, and fills a new installation with sample

@@ -1,4 +1,4 @@
-#include "frame/startup.h"
+#include "session/datafiles.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "store/upgrade.h"
@@ -36,7 +36,7 @@ void writeVersion(const Open &open, int version)
 {
     basic::IgnoreErrors([&] {
         dao::Database database = open();
-        StampVersion(database, version);
+        stampVersion(database, version);
         database.Close();
     });
 }
@@ -49,7 +49,7 @@ dao::Database openProtected(DataFile file)
 
 }
 
-void StampVersion(dao::Database &database, int version)
+void stampVersion(dao::Database &database, int version)
 {
     constexpr int tableNotFound = 3078;
     const QString count = u"SELECT COUNT(*) FROM [Database Info]"_s;

@@ -127,7 +127,7 @@ QStringList unitsLike(const QString &unit)
     return same;
 }
 
-std::optional<QString> ConvertUnits(double amount, const QString &from, const QString &to)
+std::optional<QString> convertUnits(double amount, const QString &from, const QString &to)
 {
     const Conversion *row = find(from, to);
     if (!row || amount == 0)

@@ -12,6 +12,6 @@ QStringList unitsLike(const QString &unit);
 
 // The amount in the other unit, as a text in the pair's own format; the names' case does not count. Nothing for an
 // amount of 0 and for a pair that cannot be converted.
-std::optional<QString> ConvertUnits(double amount, const QString &from, const QString &to);
+std::optional<QString> convertUnits(double amount, const QString &from, const QString &to);
 
 }

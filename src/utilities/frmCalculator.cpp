@@ -1,6 +1,6 @@
 #include "utilities/frmCalculator.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "media/frmDataPath.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
@@ -258,7 +258,7 @@ void frmCalculator::cmdConvert_Click()
     if (!m_from->currentItem() || !m_to->currentItem())
         return;
     const QString from = m_from->currentItem()->text(), to = m_to->currentItem()->text();
-    if (const std::optional<QString> result = ConvertUnits(amount, from, to))
+    if (const std::optional<QString> result = convertUnits(amount, from, to))
         m_result->setText(u"%1 %2 = %3 %4"_s.arg(basic::CStr(amount), from, *result, to));
 }
 
@@ -308,7 +308,7 @@ bool frmCalculator::eventFilter(QObject *watched, QEvent *event)
 void frmCalculator::picImage_Click()
 {
     PutIniValue(iniSettings, pictureKey,
-                ChooseDataPath({u"CalcPic"_s, GetIniValue(iniSettings, pictureKey, {}), {}, this}));
+                chooseDataPath({u"CalcPic"_s, GetIniValue(iniSettings, pictureKey, {}), {}, this}));
     showPicture();
 }
 
@@ -321,7 +321,7 @@ void frmCalculator::showPicture()
         m_picture->setPixmap(picture);
 }
 
-void ShowCalculator(QWidget *parent)
+void showCalculator(QWidget *parent)
 {
     static QPointer<frmCalculator> open;
     if (!open || !open->isVisible()) {          // one that was closed goes only with the next event

@@ -44,6 +44,6 @@ private:
 };
 
 // Shows the calculator beside the screen that is worked on; the one that is open already comes to the front.
-void ShowCalculator(QWidget *parent);
+void showCalculator(QWidget *parent);
 
 }

@@ -36,7 +36,7 @@ QWidget *mainScreen()
 // A modal screen lets no other be used but its own children.
 frmInformation &freshScreen(const QString &title)
 {
-    UnloadInformation();
+    unloadInformation();
     QWidget *modal = QApplication::activeModalWidget();
     auto *form = new frmInformation(modal ? modal : mainScreen());
     form->setAttribute(Qt::WA_DeleteOnClose);
@@ -74,7 +74,7 @@ frmInformation::frmInformation(QWidget *parent) : Form(u"frmInformation"_s, pare
     m_text->setAccessibleName(u"Information"_s);
     m_text->setFrameShape(QFrame::NoFrame);
     m_text->document()->setDocumentMargin(textMargin);
-    UseFormatMenu(m_text);
+    useFormatMenu(m_text);
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     auto *bar = new QMenuBar(this);
@@ -86,15 +86,15 @@ frmInformation::frmInformation(QWidget *parent) : Form(u"frmInformation"_s, pare
 void ShowInfoPage(QStringView code)
 {
     frmInformation &form = freshScreen(basic::applicationTitle() + u" - Information"_s);
-    const QString page = FindInfoPage(InfoPageFile(code));
+    const QString page = findInfoPage(infoPageFile(code));
     if (!page.isEmpty())
         form.txtInfo().LoadFile(page);
-    else if (InfoPageFile(code) == InfoPageFile(infoAll))
+    else if (infoPageFile(code) == infoPageFile(infoAll))
         showHints(form.txtInfo());
     form.show();
 }
 
-void ShowNote(const QString &title, const QString &text, double heightFactor)
+void showNote(const QString &title, const QString &text, double heightFactor)
 {
     frmInformation &form = freshScreen(title);
     form.txtInfo().setText(text);
@@ -103,7 +103,7 @@ void ShowNote(const QString &title, const QString &text, double heightFactor)
     form.show();
 }
 
-void UnloadInformation()
+void unloadInformation()
 {
     if (open())
         open()->Close();

@@ -22,7 +22,7 @@ private:
 // "All", and a code that has no page: the general hints. A page whose file is missing shows an empty text.
 void ShowInfoPage(QStringView code);
 // Shows a plain text under a title, in a window heightFactor times as high as the main screen.
-void ShowNote(const QString &title, const QString &text, double heightFactor = 0.7);
-void UnloadInformation();                   // closes the screen if it is open
+void showNote(const QString &title, const QString &text, double heightFactor = 0.7);
+void unloadInformation();                   // closes the screen if it is open
 
 }

@@ -1,6 +1,6 @@
 #include "utilities/frmInformationFormat.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/controls/form.h"
 #include "utilities/infopages.h"
 
@@ -76,7 +76,7 @@ const Entry entries[] = {
     {u"mnuRecipeProcess", u"Recipe proc&ess", u"", QKeySequence::UnknownKey,
      [](RichTextBox &box) { box.setSelFont(recipeFont()); }},
     {u"mnuImportExample", u"&Import the example", u"document-import", QKeySequence::UnknownKey,
-     [](RichTextBox &box) { box.LoadFile(FindInfoPage(u"\\PROFILE.RTF"_s)); }},
+     [](RichTextBox &box) { box.LoadFile(findInfoPage(u"\\PROFILE.RTF"_s)); }},
 };
 
 void enable(const RichTextBox &box, const QMenu &menu)
@@ -95,7 +95,7 @@ void enable(const RichTextBox &box, const QMenu &menu)
 
 }
 
-QMenu *FormatMenu(RichTextBox *box)
+QMenu *formatMenu(RichTextBox *box)
 {
     auto *menu = new QMenu(u"F&ormat"_s, box);
     menu->setObjectName(u"mnuFormat"_s);
@@ -117,9 +117,9 @@ QMenu *FormatMenu(RichTextBox *box)
     return menu;
 }
 
-void UseFormatMenu(RichTextBox *box)
+void useFormatMenu(RichTextBox *box)
 {
-    QMenu *menu = FormatMenu(box);
+    QMenu *menu = formatMenu(box);
     box->setContextMenuPolicy(Qt::CustomContextMenu);
     controls::on(box, &QWidget::customContextMenuRequested, box,
                  [box, menu](const QPoint &where) { menu->exec(box->viewport()->mapToGlobal(where)); });

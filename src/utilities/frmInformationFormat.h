@@ -7,8 +7,8 @@ class QMenu;
 namespace vorel {
 
 // The format menu (mnuFormat) of the text screen, for this box; the box owns it. Record screens show it for theirs.
-QMenu *FormatMenu(controls::RichTextBox *box);
+QMenu *formatMenu(controls::RichTextBox *box);
 // A right click or the menu key in the box shows the menu.
-void UseFormatMenu(controls::RichTextBox *box);
+void useFormatMenu(controls::RichTextBox *box);
 
 }

@@ -47,7 +47,7 @@ constexpr Page pages[] = {
 
 }
 
-QString InfoPageFile(QStringView code)
+QString infoPageFile(QStringView code)
 {
     for (const Page &page : pages) {
         if (page.code == code)
@@ -56,7 +56,7 @@ QString InfoPageFile(QStringView code)
     return u"\\INFOALL.RTF"_s;
 }
 
-QString FindInfoPage(const QString &file)
+QString findInfoPage(const QString &file)
 {
     const QString own = desktop::findResource(file);
     return own.isEmpty() ? desktop::findResource(u"\\info"_s + file) : own;

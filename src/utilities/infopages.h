@@ -11,8 +11,8 @@ inline constexpr QStringView infoAll = u"All", infoPayBill = u"PAYBILL", infoAcc
 
 // The page's resource name, e.g. "\INFOBOOKS.RTF", for a section code or one of the names above. A view that has no page
 // of its own gives that of the section it shows, else the general hints.
-QString InfoPageFile(QStringView code);
+QString infoPageFile(QStringView code);
 // Where such a file is: in the program folder, else among the pages that came with the program. "" if nowhere.
-QString FindInfoPage(const QString &file);
+QString findInfoPage(const QString &file);
 
 }

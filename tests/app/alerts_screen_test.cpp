@@ -1,7 +1,7 @@
 #include "app/caddyscreen.h"
 #include "frame/frmCaddyInfo.h"
 #include "frame/frmCaddyStrip.h"
-#include "frame/shared.h"
+#include "session/shared.h"
 #include "platform/desktop/notify.h"
 
 

@@ -3,7 +3,7 @@
 #include "frame/frmCaddy.h"
 #include "frame/frmCaddyControls.h"
 #include "frame/frmStartup.h"
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/basic/locale.h"
 #include "reminders/frmRecord.h"
 #include "store/mainfile.h"

@@ -58,7 +58,7 @@ TEST_F(Edit, RepeatingBillIsSeenInEachPeriodChangedAndDeleted)
     inRecord([this] { emit at<Grid>(u"BILLSGRID"_s)->DblClick(400); }, [this](frmRecord &record) {
         press(record, u"cmdDelete"_s);
         while (!m_prompts.isDone())
-            basic::AskYesNo(u"not asked"_s);
+            basic::askYesNo(u"not asked"_s);
     });
     click(u"ALL RECORDS"_s);
     EXPECT_EQ(bills(), QStringList());      // the whole series goes with one of its rows

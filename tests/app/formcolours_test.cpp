@@ -1,6 +1,6 @@
-#include "frame/frmColours.h"
-#include "frame/ini.h"
-#include "frame/state.h"
+#include "session/frmColours.h"
+#include "session/ini.h"
+#include "session/state.h"
 #include "support/testfolder.h"
 
 #include <gtest/gtest.h>

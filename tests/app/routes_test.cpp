@@ -1,6 +1,6 @@
 #include "app/caddyscreen.h"
 #include "frame/frmCaddyScreens.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "records/frmInventory.h"
 
 #include <QHelpEvent>

@@ -1,5 +1,5 @@
 #include "app/caddyscreen.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "store/designs.h"
 
 namespace vorel {

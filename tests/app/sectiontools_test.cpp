@@ -2,7 +2,7 @@
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmLater.h"
 #include "frame/menus.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "frame/startup.h"
 
 #include <QHelpEvent>

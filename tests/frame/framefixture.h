@@ -1,7 +1,7 @@
 #pragma once
 
 #include "frame/startup.h"
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/locale.h"
 #include "support/testfolder.h"
 

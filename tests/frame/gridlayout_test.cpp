@@ -1,7 +1,7 @@
 #include "frame/framefixture.h"
 #include "frame/gridlayout.h"
-#include "frame/ini.h"
-#include "frame/sections.h"
+#include "session/ini.h"
+#include "session/sections.h"
 
 using namespace Qt::StringLiterals;
 

@@ -1,5 +1,5 @@
 #include "frame/framefixture.h"
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/periods.h"
 
 using namespace Qt::StringLiterals;

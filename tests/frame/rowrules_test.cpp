@@ -1,6 +1,6 @@
 #include "frame/framefixture.h"
 #include "frame/rowrules.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 
 #include <map>
 

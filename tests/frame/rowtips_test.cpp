@@ -1,7 +1,7 @@
 #include "frame/buttontips.h"
 #include "frame/framefixture.h"
 #include "frame/rowtips.h"
-#include "frame/sections.h"
+#include "session/sections.h"
 
 using namespace Qt::StringLiterals;
 

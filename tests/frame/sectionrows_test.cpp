@@ -1,4 +1,4 @@
-#include "frame/sections.h"
+#include "session/sections.h"
 #include "store/mainfile.h"
 
 namespace vorel {

@@ -1,6 +1,6 @@
 #include "frame/celltexts.h"
 #include "frame/shopping.h"
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/dates.h"
 #include "store/mainfile.h"
 

@@ -1,7 +1,8 @@
 #include "frame/framefixture.h"
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/startup.h"
 #include "support/scriptedprompts.h"
+#include "session/datafiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -14,7 +15,7 @@ protected:
     {
         basic::setRegional(basic::regionalFor(locale));
         state() = State{};
-        LoadProgramState(0xC0FFC0);
+        loadProgramState(0xC0FFC0);
     }
     void writeIni(const QByteArray &settings) { folder.write(u"vorelreminder.ini"_s, "[Settings]\n" + settings); }
     QStringList iniLines()
@@ -56,12 +57,12 @@ TEST_F(StartupTest, freshFolderGetsTheThirteenPathsAndNothingElse)
         start(locale);
         // What the main load reads adds no key.
         DetectDateOrder();
-        LoadMainSettings();
-        LoadUserName();
-        LoadStartCategory();
-        LoadWarningSettings();
-        LoadSoundFile();
-        LoadFeatures();
+        loadMainSettings();
+        loadUserName();
+        loadStartCategory();
+        loadWarningSettings();
+        loadSoundFile();
+        loadFeatures();
         QStringList expected{u"[Settings]"_s};
         for (qsizetype i = 0; i < keys.size(); ++i)
             expected << keys[i] + u'=' + folder.path(files[i]);
@@ -122,7 +123,7 @@ TEST_F(StartupTest, configurationFileIsFoundWhateverItsCase)
 {
     folder.write(u"VorelReminder.INI"_s, "[settings]\nusername=Ann\n");
     start();
-    LoadUserName();
+    loadUserName();
     EXPECT_EQ(state().gUserName, u"Ann"_s);
     EXPECT_FALSE(QFile::exists(folder.path(u"vorelreminder.ini"_s)));
 }
@@ -131,10 +132,10 @@ TEST_F(StartupTest, mainSettings)
 {
     // The numbers, the words, and the first letters of the switches that are on.
     const auto loaded = [] {
-        LoadMainSettings();
-        LoadUserName();
-        LoadWarningSettings();
-        const QString category = LoadStartCategory();
+        loadMainSettings();
+        loadUserName();
+        loadWarningSettings();
+        const QString category = loadStartCategory();
         const State &s = state();
         QString on;
         for (const auto &[is, letter] : {std::pair{s.gAutoEmail, u'E'}, {s.gAppointmentWarning, u'W'}, {s.gNetwork, u'N'},
@@ -157,13 +158,13 @@ TEST_F(StartupTest, soundFile)
     start();
     const QString wish = folder.write(u"wish.WAV"_s, "RIFF");
     const QString mine = folder.write(u"mine.wav"_s, "RIFF");
-    LoadSoundFile();
+    loadSoundFile();
     EXPECT_EQ(state().gSoundFile, wish);
     writeIni("SoundFile=" + mine.toUtf8() + "\n");
-    LoadSoundFile();
+    loadSoundFile();
     EXPECT_EQ(state().gSoundFile, mine);
     QFile::remove(mine);
-    LoadSoundFile();
+    loadSoundFile();
     EXPECT_EQ(state().gSoundFile, QString());
 }
 
@@ -171,7 +172,7 @@ TEST_F(StartupTest, featuresAreOnWhenTheyEqualOne)
 {
     folder.write(u"vorelreminder.ini"_s, "[Features]\nBooks=0\nMovies=1\nMusic=2\nGolf=True\nVehicle=\nEmail= 1 \n");
     start();
-    LoadFeatures();
+    loadFeatures();
     EXPECT_EQ(state().gFeature.size(), 25u);
     QStringList off;
     for (const auto &[key, on] : state().gFeature) {
@@ -199,7 +200,7 @@ TEST_F(StartupTest, daysOfTheSetupRow)
         file.Execute(u"DELETE * FROM [Setup];"_s);
         if (!c.deleteAfter.isEmpty())
             file.Execute(u"INSERT INTO [Setup] ([DeleteAfterDays],[BackupAfterDays]) VALUES (%1,%2);"_s.arg(c.deleteAfter, c.backupAfter));
-        OpenMainDatabase();
+        openMainDatabase();
         EXPECT_EQ(state().gDeleteAfterDays, c.expectedDelete);
         EXPECT_EQ(state().gBackupAfterDays, c.expectedBackup);
         if (c.backupAfter == u"0") {
@@ -227,7 +228,7 @@ TEST_F(StartupTest, failingPassIsShownAndTheNextOneRuns)
     test::ScriptedPrompts prompts;
     prompts.expect(u"VOREL.MDB"_s);
     prompts.expect(u"VOREL.MDB"_s);
-    RunStartupPasses();
+    runStartupPasses();
     EXPECT_TRUE(prompts.isDone());
 }
 

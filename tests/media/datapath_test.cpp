@@ -1,9 +1,10 @@
-#include "frame/shared.h"
+#include "session/shared.h"
 #include "frame/startup.h"
 #include "media/frmDataPath.h"
 #include "media/pictureeditor.h"
 #include "platform/controls/picturebox.h"
 #include "store/mainfile.h"
+#include "session/datafiles.h"
 
 #include <QAbstractButton>
 #include <QImage>
@@ -180,7 +181,7 @@ TEST_F(DataPath, ABackupFileBringsItsDate)
 TEST_F(DataPath, TheSlideShowStepsRoundAndByItself)
 {
     const QString first = picture(u"1.jpg"_s), second = picture(u"2.jpg"_s);
-    SavePictureRow(u"P"_s, {4, u"Name"_s}, {{second, u"Second"_s, 2}, {first, u"First"_s, 1}, {m_folder.path(u"gone.jpg"_s), {}, 3}});
+    savePictureRow(u"P"_s, {4, u"Name"_s}, {{second, u"Second"_s, 2}, {first, u"First"_s, 1}, {m_folder.path(u"gone.jpg"_s), {}, 3}});
     DataPathCall call;
     call.caption = u"Slide Show - Name"_s;
     call.slideShow = true;

@@ -2,6 +2,7 @@
 #include "store/mainfile.h"
 
 #include "frame/startup.h"
+#include "session/datafiles.h"
 
 using namespace Qt::StringLiterals;
 
@@ -38,13 +39,13 @@ TEST_F(PictureRows, EachSectionKeepsASetInTheOrderOfItsNumbers)
         set[1] = {u"b.jpg"_s, u"first"_s, 1};
         set[2] = {u"  "_s, u"no picture"_s, 0};
         set[last] = {u"c.jpg"_s, u"second"_s, 9};
-        SavePictureRow(section, owner, set);
-        SavePictureRow(section, other, {{u"z.jpg"_s, {}, 1}});
+        savePictureRow(section, owner, set);
+        savePictureRow(section, other, {{u"z.jpg"_s, {}, 1}});
         EXPECT_EQ(paths(section, owner), u"b.jpg=first|c.jpg=second|a.jpg=third"_s) << qPrintable(section);
 
-        SavePictureRow(section, owner, {{u"new.jpg"_s, u"one"_s, 1}});
+        savePictureRow(section, owner, {{u"new.jpg"_s, u"one"_s, 1}});
         EXPECT_EQ(paths(section, owner), u"new.jpg=one"_s) << qPrintable(section) << ": one row, rewritten";
-        RemovePictureRows(section, owner);
+        removePictureRows(section, owner);
         EXPECT_EQ(paths(section, owner), QString()) << qPrintable(section);
         EXPECT_EQ(paths(section, other), u"z.jpg="_s) << qPrintable(section);
     }

@@ -16,7 +16,7 @@ TEST(Pictures, TheTableOfDefaultsNeverGivesEAndH)
     QSet<QString> seen;
     basic::setRandomSeed(7);
     for (int i = 0; i < 3000; ++i)
-        seen << DefaultPicture(u"P"_s);
+        seen << defaultPicture(u"P"_s);
     QSet<QString> wanted;
     for (const QChar letter : u"ABCDFGIJKLMNOPQRSTUVW"_s)
         wanted << u"\\DefaultPic"_s + letter + u".jpg"_s;
@@ -24,7 +24,7 @@ TEST(Pictures, TheTableOfDefaultsNeverGivesEAndH)
     const std::pair<QString, QString> sections[] = {{u"K"_s, u"\\DefaultPicE.jpg"_s}, {u"Q"_s, u"\\DefaultPicS.jpg"_s},
                                                     {u"Z"_s, u"\\garden.jpg"_s},      {u"R"_s, u"\\recipes.jpg"_s}};
     for (const auto &[section, picture] : sections)
-        EXPECT_EQ(DefaultPicture(section), picture);
+        EXPECT_EQ(defaultPicture(section), picture);
 }
 
 TEST(Pictures, OnlyAPathWhoseFileHasGoneIsChanged)
@@ -50,7 +50,7 @@ TEST(Pictures, OnlyAPathWhoseFileHasGoneIsChanged)
     };
     for (const auto &one : cases) {
         QString path = one.path;
-        const PictureChoice choice = ChoosePicture(path, u"K"_s, one.keepBroken);
+        const PictureChoice choice = choosePicture(path, u"K"_s, one.keepBroken);
         EXPECT_EQ(choice.file, one.file) << qPrintable(one.path);
         EXPECT_EQ(choice.isDefault, one.isDefault) << qPrintable(one.path);
         EXPECT_EQ(path.trimmed(), one.after.trimmed()) << qPrintable(one.path);
@@ -116,17 +116,17 @@ TEST(Allotments, ATransferIsWholeOrNotAtAll)
     const test::TestFolder folder;
     const QByteArray content(3'000'000, 'x');
     const QString source = folder.write(u"from/rose.jpg"_s, content);
-    const Transfer first = TransferFile(source, u"Garden Picture"_s);
+    const Transfer first = transferFile(source, u"Garden Picture"_s);
     EXPECT_EQ(first.path, folder.path(u"GardenPictures/rose.jpg"_s));
     EXPECT_EQ(folder.read(u"GardenPictures/rose.jpg"_s), content);
 
     folder.write(u"from/rose.jpg"_s, "another");
-    EXPECT_EQ(TransferFile(source, u"Garden Picture"_s).path, first.path);
+    EXPECT_EQ(transferFile(source, u"Garden Picture"_s).path, first.path);
     EXPECT_EQ(folder.read(u"GardenPictures/rose.jpg"_s), content) << "a file of the name stays";
 
-    EXPECT_FALSE(TransferFile(folder.path(u"gone.jpg"_s), u"Garden Picture"_s).failure.isEmpty());
+    EXPECT_FALSE(transferFile(folder.path(u"gone.jpg"_s), u"Garden Picture"_s).failure.isEmpty());
     folder.write(u"BookPictures"_s, "no folder");
-    const Transfer refused = TransferFile(source, u"Book Picture"_s);
+    const Transfer refused = transferFile(source, u"Book Picture"_s);
     EXPECT_TRUE(refused.path.isEmpty());
     EXPECT_TRUE(refused.failure.contains(u"rose.jpg"_s));
     EXPECT_EQ(QDir(folder.path(u"GardenPictures"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1) << "no scratch is left";

@@ -4,6 +4,7 @@
 #include "print/listreport.h"
 #include "print/printfixture.h"
 #include "print/scriptfile.h"
+#include "session/datafiles.h"
 
 #include <QRegularExpression>
 
@@ -25,7 +26,7 @@ protected:
     }
     static void put(DataFile file, const QStringList &statements)
     {
-        dao::Database database = OpenSectionFile(file);
+        dao::Database database = openSectionFile(file);
         dao::Transaction all(database);
         for (const QString &sql : statements)
             database.Execute(sql);
@@ -44,7 +45,7 @@ protected:
     {
         const QString query = code == u"A" ? state().gSqlAppointments : code == u"B" ? state().gSqlBills
                             : code == u"E" ? state().gSqlEvents : QString();
-        return [code, query] { EXPECT_TRUE(PrintSectionList(code, query)) << qPrintable(code); };
+        return [code, query] { EXPECT_TRUE(printSectionList(code, query)) << qPrintable(code); };
     }
     void answerShopping(const QString &code)
     {
@@ -189,8 +190,8 @@ TEST_F(Lists, EmptyOnesSaySo)
         EXPECT_TRUE(m_prompts.isDone()) << qPrintable(one.code);
         EXPECT_FALSE(QFile::exists(m_folder.path(u"PRINT.TMP"_s)));
     }
-    EXPECT_FALSE(PrintSectionList(u"AB"_s));
-    EXPECT_FALSE(PrintSectionList({}));
+    EXPECT_FALSE(printSectionList(u"AB"_s));
+    EXPECT_FALSE(printSectionList({}));
 }
 
 TEST_F(Lists, HealthVisitsOfOnePerson)

@@ -141,7 +141,7 @@ TEST_F(PlayerTest, BoundsOfThePrintedPages)
         play(u"SCREEN"_s, [&](FakePreview &) {
             playerState().FirstPrintPage = one.first;
             playerState().LastPrintPage = one.last;
-            PrintPages();
+            printPages();
         });
         EXPECT_EQ(m_jobs.sheetCounts(), one.sheets) << one.first << " to " << one.last;
     }
@@ -158,7 +158,7 @@ TEST_F(PlayerTest, BookletPrintsOddPagesThenEven)
         m_jobs.documents.clear();
         m_prompts.expect(u"Take out your Odd Printouts and re-align them in your Printer so the Even pages can be printed!"_s,
                          even ? basic::Answer::Yes : basic::Answer::No);
-        play(u"SCREEN"_s, [](FakePreview &) { PrintBooklet(); });
+        play(u"SCREEN"_s, [](FakePreview &) { printBooklet(); });
         EXPECT_EQ(m_jobs.sheetCounts(), even ? (QList<int>{1, 1, 1}) : (QList<int>{1, 1}));
         EXPECT_EQ(playerState().LastPrintPage, even ? 2 : 3);
         EXPECT_EQ(m_prompts.shown().back().title, u"Booklet Printing"_s);
@@ -174,7 +174,7 @@ TEST_F(PlayerTest, WithoutPrinterThePagesAreSaved)
     const QString path = m_folder.path(u"saved"_s);
     m_prompts.expect(u"There is no printer on this machine. Save the pages as PDF instead?"_s, basic::Answer::Yes);
     m_prompts.expectFile({}, path);
-    play(u"SCREEN"_s, [](FakePreview &) { PrintPages(); });
+    play(u"SCREEN"_s, [](FakePreview &) { printPages(); });
     EXPECT_EQ(test::readPdf(path + u".pdf"_s), (QStringList{u"One\n"_s, u"Two\n"_s, u"Three\n"_s}));
 }
 
@@ -206,11 +206,11 @@ TEST_F(PlayerTest, ScreenAndPaperShowTheSame)
                  u"LPRINT 1000,1000, \"Left\""_s, u"CPRINT 5000,3000, \"Middle\""_s, u"RPRINT 9000,5000, \"Right\""_s,
                  u"LINE (1000,7000)-STEP(4000,2000),12,BF"_s});
     play(u"SCREEN"_s, [this](FakePreview &screen) {
-        PrintPages();
+        printPages();
         const QImage paper = m_jobs.documents.back()->sheets.at(0);
         // Fields of a quarter inch: what is inked here is inked there, however large the page is shown.
         for (const double zoom : {1.0, 0.6, 1.7}) {
-            ZoomPreview(zoom);
+            zoomPreview(zoom);
             int differing = 0, inked = 0;
             for (int row = 0; row < 26; ++row) {
                 for (int column = 0; column < 28; ++column) {
@@ -256,7 +256,7 @@ TEST_F(PlayerTest, FontsOfSkippedPagesAreNotSet)
         const auto shownSize = [&screen] { return screen.Page().FontSize() / playerState().PreviewScale; };
         MovePage(3);
         EXPECT_NEAR(shownSize(), 30, 1e-6);
-        ZoomPreview(2);
+        zoomPreview(2);
         EXPECT_NEAR(shownSize(), 30, 1e-6);
         MovePage(1);
         MovePage(3);

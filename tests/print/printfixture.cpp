@@ -154,7 +154,7 @@ PrintTest::~PrintTest()
 {
     setPreviewMaker({});
     FakePreview::whileOpen = {};
-    AbandonScript();
+    abandonScript();
     scriptState() = ScriptState{};
     printer::setHardware({});
 }
@@ -183,7 +183,7 @@ QStringList PrintTest::pages(const std::function<void()> &report)
 {
     const QString path = m_folder.path(u"read.pdf"_s);
     QFile::remove(path);
-    EXPECT_EQ(previewed(report, [&](FakePreview &) { SavePdf(path); }), 1) << "no preview";
+    EXPECT_EQ(previewed(report, [&](FakePreview &) { savePdf(path); }), 1) << "no preview";
     return readPdf(path);
 }
 

@@ -133,7 +133,7 @@ TEST_F(Script, WrappingAtBlanks)
         {{}, 10, {}},
         {u"any"_s, 0, {u"any"_s}}};
     for (const auto &one : cases)
-        EXPECT_EQ(WrapLines(one.text, one.width), one.lines) << qPrintable(one.text.left(30));
+        EXPECT_EQ(wrapLines(one.text, one.width), one.lines) << qPrintable(one.text.left(30));
     EXPECT_EQ(lines([] { PrintWrapped(u"L"_s, 50, 4, u"ab cd\nef"_s); }).size(), 3);
 }
 
@@ -190,7 +190,7 @@ TEST_F(Script, ReportDefaultsAreWrittenBack)
     EXPECT_EQ(GetPrintTarget(), u"SCREEN"_s);
     SetPrintTarget({});
     EXPECT_EQ(GetPrintTarget(), u"PRINTER"_s);
-    ShowHourglass(false);
+    showHourglass(false);
 }
 
 }

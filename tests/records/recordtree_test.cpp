@@ -1,4 +1,4 @@
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/controls/colours.h"
 #include "records/frmRecordTree.h"
 #include "store/mainfile.h"
@@ -65,7 +65,7 @@ protected:
     }
     QStringList books(TreeMode mode, const QString &field = u"TITLE"_s) const
     {
-        return shownRows(records::RecordTreeRows(mode, file(u"BOOKS.MDB"_s), u"BOOKS"_s, field));
+        return shownRows(records::recordTreeRows(mode, file(u"BOOKS.MDB"_s), u"BOOKS"_s, field));
     }
 };
 
@@ -102,7 +102,7 @@ TEST_F(Tree, ManyGroupsHoldWhatTheirQueriesFind)
     for (int i = 0; i < 60; ++i)
         rows.push_back({QString(QChar(u'z' - i % 26)) + QString::number(i % 7), i % 3 ? authors[i % 10] : u"Author %1"_s.arg(i % 20), {}});
     addBooks(rows);
-    const auto groups = records::RecordTreeRows(TreeMode::ByField, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"AUTHOR"_s);
+    const auto groups = records::recordTreeRows(TreeMode::ByField, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"AUTHOR"_s);
     EXPECT_GT(groups.size(), 16U);
     qsizetype leaves = 0;
     dao::Database database = dao::DBEngine::OpenDatabase(file(u"BOOKS.MDB"_s));
@@ -120,7 +120,7 @@ TEST_F(Tree, ManyGroupsHoldWhatTheirQueriesFind)
 
     addBooks({{u"Last"_s, u"B'Elanna"_s, {}}});
     std::vector<records::TreeGroup> before;
-    EXPECT_EQ(test::errorOf([&] { records::ReadRecordTree(TreeMode::ByField, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"AUTHOR"_s, before); }), 3075);
+    EXPECT_EQ(test::errorOf([&] { records::readRecordTree(TreeMode::ByField, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"AUTHOR"_s, before); }), 3075);
     ASSERT_FALSE(before.empty());
     EXPECT_LT(before.back().text.toLower(), u"b'elanna");
     EXPECT_LT(before.size(), groups.size());
@@ -131,9 +131,9 @@ TEST_F(Tree, InventoryShowsItsItemsByLettersAlone)
     state().gSection = u"I"_s;
     for (const QString &item : {u"mcintosh lamp"_s, u"4 chairs"_s, u"armchair"_s})
         add(u"VOREL.MDB"_s, u"INVENTORY"_s, {{{u"ITEM"_s, item}, {u"CATEGORY"_s, u"House"_s}}});
-    EXPECT_EQ(shownRows(records::RecordTreeRows(TreeMode::ByFirstCharacter, path(), u"Inventory"_s, u"ITEM"_s)),
+    EXPECT_EQ(shownRows(records::recordTreeRows(TreeMode::ByFirstCharacter, path(), u"Inventory"_s, u"ITEM"_s)),
               (QStringList{u"A: Armchair(3)"_s, u"M: Mcintosh Lamp(1)"_s}));
-    EXPECT_EQ(shownRows(records::RecordTreeRows(TreeMode::ByCategory, path(), u"INVENTORY"_s, u"ITEM"_s)),
+    EXPECT_EQ(shownRows(records::recordTreeRows(TreeMode::ByCategory, path(), u"INVENTORY"_s, u"ITEM"_s)),
               QStringList{u"House: 4 Chairs(2), Armchair(3), Mcintosh Lamp(1)"_s});
 }
 

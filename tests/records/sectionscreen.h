@@ -1,6 +1,6 @@
 #pragma once
 
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "records/frmBooks.h"
 #include "records/frmInventory.h"
 #include "records/frmMovies.h"

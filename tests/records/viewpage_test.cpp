@@ -24,7 +24,7 @@ protected:
     // The page's body as "name:text" of each element with text, "img:SRC WxH" for a picture.
     static QStringList elements(const records::ViewPage &page)
     {
-        QString html = records::ViewPageText(page);
+        QString html = records::viewPageText(page);
         EXPECT_TRUE(html.startsWith(u"<!DOCTYPE html>\n"));
         html = html.mid(html.indexOf(u"<body>"));
         html = html.left(html.indexOf(u"</html>")).replace(u"alt=\"\">"_s, u"alt=\"\"/>"_s).replace(u"&nbsp;"_s, u"\u00a0"_s);
@@ -62,7 +62,7 @@ TEST_F(Page, BlocksLinesAndMarks)
                    {u"REVIEW"_s, u"One\n\nTwo"_s}};
     EXPECT_EQ(elements(page), (QStringList{u"h1:BOOKS"_s, u"h2:TITLE"_s, u"p:<b>Tom & \"Jerry\"</b> Ä\u20ac"_s, u"h2:AUTHOR"_s, u"p: - Ann"_s,
                                            u"p: - Bob"_s, u"h2:PUBLISHER"_s, u"h2:REVIEW"_s, u"p:One"_s, u"p:(blank)"_s, u"p:Two"_s}));
-    const QString head = records::ViewPageText(page).section(u"<body>"_s, 0, 0);
+    const QString head = records::viewPageText(page).section(u"<body>"_s, 0, 0);
     EXPECT_TRUE(head.contains(u"<meta charset=\"utf-8\">"));
     EXPECT_TRUE(head.contains(u"<title>BOOKS - &lt;b&gt;Tom &amp; "));
 }
@@ -87,20 +87,20 @@ TEST_F(Page, IsWrittenAnewAndOpened)
     const QString outside = m_folder.write(u"kept/other.txt"_s, "precious");
     ASSERT_TRUE(QFile::link(outside, m_folder.path(u"book.html"_s)));
     records::ViewPage page{u"\\Book.HTML"_s, u"BOOKS"_s, {}, {}, {{u"TITLE"_s, u"Ä"_s}}};
-    records::ShowViewPage(page);
+    records::showViewPage(page);
     ASSERT_EQ(m_opened.size(), 1);
     QFile written(m_opened[0]);
     ASSERT_TRUE(written.open(QIODevice::ReadOnly));
-    EXPECT_EQ(written.readAll(), records::ViewPageText(page).toUtf8());
+    EXPECT_EQ(written.readAll(), records::viewPageText(page).toUtf8());
     EXPECT_EQ(m_folder.read(u"kept/other.txt"_s), "precious");
 }
 
 TEST_F(Page, CannotBeWritten)
 {
     ASSERT_TRUE(QDir(m_folder.path()).mkpath(u"Book.HTML/full"_s));     // also for a user who may write everywhere
-    EXPECT_EQ(test::errorOf([] { records::ShowViewPage({u"\\Book.HTML"_s, u"BOOKS"_s, {}, {}, {}}); }), 75);
+    EXPECT_EQ(test::errorOf([] { records::showViewPage({u"\\Book.HTML"_s, u"BOOKS"_s, {}, {}, {}}); }), 75);
     basic::setProgramFolder(m_folder.path(u"gone"_s));
-    EXPECT_EQ(test::errorOf([] { records::ShowViewPage({u"\\Book.HTML"_s, u"BOOKS"_s, {}, {}, {}}); }), 75);
+    EXPECT_EQ(test::errorOf([] { records::showViewPage({u"\\Book.HTML"_s, u"BOOKS"_s, {}, {}, {}}); }), 75);
     EXPECT_TRUE(m_opened.isEmpty());
 }
 

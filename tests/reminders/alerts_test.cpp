@@ -1,6 +1,6 @@
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/periods.h"
-#include "frame/shared.h"
+#include "session/shared.h"
 #include "frame/startup.h"
 #include "reminders/alerts.h"
 #include "store/mainfile.h"
@@ -135,7 +135,7 @@ TEST_F(Alerts, TodaysRowsOfAnyPeriod)
     add(u"11/22/2026"_s, u"09:00 am"_s, u"c"_s);
     add(u"11/23/2026"_s, u"10:00 am"_s, u"tomorrow"_s);
     DetectDateOrder();
-    OpenMainDatabase();
+    openMainDatabase();
     struct Case { const char *name; std::function<void()> choose; QString wanted; };
     const Case cases[] = {
         {"day", [] { SetDayPeriod(u"Today"_s); }, u"cba"_s}, {"year", SetThisYear, u"cba"_s}, {"all", SetAllRecords, u"cab"_s},
@@ -143,7 +143,7 @@ TEST_F(Alerts, TodaysRowsOfAnyPeriod)
     for (const Case &c : cases) {
         c.choose();
         QString texts;
-        for (const AppointmentRow &one : AppointmentsOfToday())
+        for (const AppointmentRow &one : appointmentsOfToday())
             texts += one.appointment;
         EXPECT_EQ(texts, c.wanted) << c.name;
     }
@@ -155,16 +155,16 @@ TEST_F(Alerts, PopUpFile)
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME]) VALUES (#11/22/2026#,'All Day')"_s);
     m_folder.write(u"popapps.txt"_s, "an older and much longer list\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n");
     DetectDateOrder();
-    OpenMainDatabase();
+    openMainDatabase();
     SetDayPeriod(u"Today"_s);
-    EXPECT_TRUE(WriteAppointsFile());
+    EXPECT_TRUE(writeAppointsFile());
     EXPECT_EQ(m_folder.read(u"popapps.txt"_s), "\"11/22/2026\",\"09:00 Am\",\"Say \"hi\", Zo\xC3\xAB\",\"True\",\"1\"\r\n"
                                                "\"11/22/2026\",\"All Day\",\"\",\"False\",\"2\"\r\n");
     SetDayPeriod(u"Tomorrow"_s);
-    EXPECT_FALSE(WriteAppointsFile());
+    EXPECT_FALSE(writeAppointsFile());
     EXPECT_EQ(m_folder.read(u"popapps.txt"_s), "");
     ASSERT_TRUE(QDir(m_folder.path()).remove(u"popapps.txt"_s) && QDir(m_folder.path()).mkdir(u"POPAPPS.TXT"_s));
-    EXPECT_EQ(test::errorOf([] { WriteAppointsFile(); }), 75);
+    EXPECT_EQ(test::errorOf([] { writeAppointsFile(); }), 75);
 }
 
 }

@@ -1,4 +1,4 @@
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "frame/periods.h"
 #include "frame/startup.h"
 #include "platform/mail/mailprogram.h"
@@ -39,7 +39,7 @@ protected:
     {
         state().gIniFile = m_folder.path(u"vorelreminder.ini"_s);
         DetectDateOrder();
-        OpenMainDatabase();
+        openMainDatabase();
         SetDayPeriod(u"Today"_s);
     }
     void add(const QString &date, const QString &subject, const QString &name, bool email, const QString &address,

@@ -13,7 +13,7 @@ protected:
     Messages()
     {
         DetectDateOrder();
-        OpenMainDatabase();
+        openMainDatabase();
     }
 };
 
@@ -26,12 +26,12 @@ TEST_F(Messages, OnlyUnreadOnesToTheUserWait)
                           {"read", u"Pat O'Hara"_s, true, false}, {"to another", u"Sam"_s, false, false},
                           {"to a name that is no user", u"nobody"_s, false, false}};
     state().gUserName = u"Pat O'Hara"_s;
-    EXPECT_FALSE(MessagesWait());
+    EXPECT_FALSE(messagesWait());
     for (const Case &c : cases) {
         execute(u"DELETE FROM [MESSAGES]"_s);
         execute(u"INSERT INTO [MESSAGES] ([TO],[FROM],[Read]) VALUES ('%1','Sam',%2)"_s.arg(QString(c.to).replace(u'\'', u"''"_s),
                                                                                        c.read ? u"True"_s : u"False"_s));
-        EXPECT_EQ(MessagesWait(), c.waits) << c.name;
+        EXPECT_EQ(messagesWait(), c.waits) << c.name;
     }
 }
 
@@ -74,12 +74,12 @@ TEST_F(Messages, BackupsThatAreDue)
         {"no date of the file", u"Null"_s, u"#11/14/2020#"_s, u"7"_s, true},
         {"days unset", u"#11/01/2026#"_s, u"#11/20/2026#"_s, u"Null"_s, true},
     };
-    EXPECT_FALSE(BackupsAreDue());
+    EXPECT_FALSE(backupsAreDue());
     for (const Case &c : cases) {
         execute(u"DELETE FROM [FILEBACKUP]"_s);
         execute(u"INSERT INTO [FILEBACKUP] ([FILEDATE],[LASTBACKUPDATE],[BACKUPAFTERDAYS]) VALUES (%1,%2,%3)"_s
                     .arg(c.fileDate, c.lastBackup, c.days));
-        EXPECT_EQ(BackupsAreDue(), c.due) << c.name;
+        EXPECT_EQ(backupsAreDue(), c.due) << c.name;
     }
 }
 

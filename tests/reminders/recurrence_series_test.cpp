@@ -104,7 +104,7 @@ TEST_P(SeriesTest, periods)
                 fields.periodMonth = QString::fromLatin1(wanted.months);
                 execute(u"DELETE * FROM "_s + table(fields));
                 saveRow(fields, QString::fromLatin1(wanted.start));
-                CreateSeries(fields);
+                createSeries(fields);
                 const QStringList found = dates(fields);
                 const QStringList first = QString::fromLatin1(wanted.dates).split(u' ');
                 EXPECT_EQ(found.size(), wanted.count);
@@ -128,12 +128,12 @@ TEST_F(SeriesRowsTest, onlyTheDaysRuleStoresTheShownText)
     fields.date = u"12/04/2027"_s;
     fields.periodDays = u"7"_s;
     saveRow(fields, u"2027-12-04"_s);
-    CreateSeries(fields);
+    createSeries(fields);
     EXPECT_EQ(dates(fields), QStringList({u"2027-11-12"_s, u"2027-12-04"_s, u"2027-12-18"_s, u"2027-12-25"_s}));
 
     fields.periodDays = u"0"_s;
     fields.periodMonth = u"1"_s;
-    CreateSeries(fields);
+    createSeries(fields);
     EXPECT_EQ(dates(fields), QStringList({u"2027-12-04"_s, u"2028-01-04"_s}));
 }
 
@@ -166,7 +166,7 @@ TEST_F(SeriesRowsTest, fieldsOfTheRowsMade)
         fields.deleteAfter = wanted.deleteAfter;
         execute(u"DELETE * FROM "_s + table(fields));
         saveRow(fields, u"2026-11-23"_s);
-        CreateSeries(fields);
+        createSeries(fields);
         const bool bill = wanted.kind == ReminderKind::Bill;
         const QStringList made = rows(
             u"SELECT [Day], %1 [Delete], [PeriodDays], [PeriodMonth], [WeekNum], [WeekDay], [UsersName], [IDNUM]%2 "
@@ -196,7 +196,7 @@ TEST_F(SeriesRowsTest, theTextAloneTellsTheSeries)
     fields.periodDays = u"7"_s;
     const QByteArray before = bytes();
     DeleteFutureDates(fields);
-    CreateSeries(fields);
+    createSeries(fields);
     EXPECT_EQ(bytes(), before);
 }
 
@@ -223,7 +223,7 @@ TEST_P(SeriesTest, weekdays)
             SCOPED_TRACE(qPrintable(fields.weekNum + u' ' + fields.weekDay));
             execute(u"DELETE * FROM [Appointments]"_s);
             saveRow(fields, start.toString(Qt::ISODate));
-            CreateSeries(fields);
+            createSeries(fields);
             QStringList wanted;
             for (int month = 10; month <= 24; ++month) {
                 const int year = month <= 12 ? 2027 : 2028;
@@ -256,7 +256,7 @@ TEST_F(SeriesRowsTest, theWeekdayRuleMayMakeNothing)
         execute(u"DELETE * FROM [Appointments]"_s);
         saveRow(fields, u"2026-11-24"_s);
         saveRow(fields, u"2026-12-24"_s);
-        CreateSeries(fields);
+        createSeries(fields);
         EXPECT_EQ(count(u"Appointments"_s), wanted.count);
     }
 }
@@ -270,7 +270,7 @@ TEST_F(SeriesRowsTest, bothRulesOnOneSave)
     fields.weekDay = u"Tue"_s;
     fields.periodMonth = u"12"_s;
     saveRow(fields, u"2026-11-24"_s);
-    CreateSeries(fields);
+    createSeries(fields);
     EXPECT_EQ(dates(fields), QStringList({u"2026-11-24"_s, u"2027-11-24"_s, u"2028-11-24"_s}));
 }
 
@@ -296,7 +296,7 @@ TEST_F(SeriesRowsTest, aFailedSaveLeavesEverything)
         fields.periodDays = QString::fromLatin1(wanted.days);
         fields.time = QString::fromLatin1(wanted.time);
         const QStringList before = rows(u"SELECT * FROM [Appointments] ORDER BY [ID];"_s);
-        EXPECT_NE(test::errorOf([&] { CreateSeries(fields); }), 0);
+        EXPECT_NE(test::errorOf([&] { createSeries(fields); }), 0);
         EXPECT_EQ(rows(u"SELECT * FROM [Appointments] ORDER BY [ID];"_s), before);
     }
     SeriesFields quote = fieldsOn(u"2026-11-23"_s);
@@ -306,7 +306,7 @@ TEST_F(SeriesRowsTest, aFailedSaveLeavesEverything)
     SeriesFields undated = fieldsOn(u"2026-11-23"_s);
     undated.date = u"soon"_s;
     undated.periodDays = u"7"_s;
-    EXPECT_EQ(test::errorOf([&] { CreateSeries(undated); CreateMonthDates(undated); }), 0);
+    EXPECT_EQ(test::errorOf([&] { createSeries(undated); CreateMonthDates(undated); }), 0);
     EXPECT_EQ(count(u"Appointments"_s), 2);
 }
 

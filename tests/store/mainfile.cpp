@@ -3,6 +3,7 @@
 #include "frame/startup.h"
 #include "store/designs.h"
 #include "store/rebuild.h"
+#include "session/datafiles.h"
 
 #include <QTemporaryDir>
 

@@ -5,6 +5,7 @@
 #include "store/designs.h"
 #include "store/mainfile.h"
 #include "store/rebuild.h"
+#include "session/datafiles.h"
 
 #include <QDir>
 #include <QFile>

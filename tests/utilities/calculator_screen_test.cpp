@@ -1,5 +1,5 @@
-#include "frame/ini.h"
-#include "frame/state.h"
+#include "session/ini.h"
+#include "session/state.h"
 #include "support/screens.h"
 #include "support/scriptedprompts.h"
 #include "support/testfolder.h"

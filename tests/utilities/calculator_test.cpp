@@ -136,7 +136,7 @@ TEST(Conversions, EachPairByItsFactorAndFormat)
         {1609344, u"Millimetres"_s, u"Miles"_s, u"1"_s}, {1830, u"Millimetres"_s, u"Yards"_s, u"2"_s},
         {2, u"Quarts"_s, u"Pints"_s, u"4"_s}};
     for (const Case &c : cases)
-        EXPECT_EQ(ConvertUnits(c.amount, c.from, c.to), c.result) << qPrintable(c.from) << " to " << qPrintable(c.to);
+        EXPECT_EQ(convertUnits(c.amount, c.from, c.to), c.result) << qPrintable(c.from) << " to " << qPrintable(c.to);
     qsizetype pairs = 0;
     for (const QString &unit : conversionUnits())
         pairs += unitsLike(unit).size();
@@ -145,9 +145,9 @@ TEST(Conversions, EachPairByItsFactorAndFormat)
 
 TEST(Conversions, ZeroAndUnlikeUnitsGiveNothing)
 {
-    EXPECT_FALSE(ConvertUnits(0, u"Celsius"_s, u"Farenheight"_s));
-    EXPECT_FALSE(ConvertUnits(1, u"Celsius"_s, u"Feet"_s));
-    EXPECT_FALSE(ConvertUnits(1, u"Feet"_s, u"Fahrenheit"_s));
+    EXPECT_FALSE(convertUnits(0, u"Celsius"_s, u"Farenheight"_s));
+    EXPECT_FALSE(convertUnits(1, u"Celsius"_s, u"Feet"_s));
+    EXPECT_FALSE(convertUnits(1, u"Feet"_s, u"Fahrenheit"_s));
     EXPECT_EQ(conversionUnits().size(), 17);
     EXPECT_EQ(unitsLike(u"Celsius"_s), QStringList{u"Farenheight"_s});
     EXPECT_EQ(unitsLike(u"Gallons"_s), (QStringList{u"Pints"_s, u"Quarts"_s}));

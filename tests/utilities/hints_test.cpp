@@ -50,10 +50,10 @@ TEST(Hints, OneIsPickedByTheTimeOfDay)
 
 TEST(InfoPages, EachCodeHasItsPage)
 {
-    EXPECT_EQ(u"\\INFOAPPOINTS.RTF"_s, InfoPageFile(u"A"));
-    EXPECT_EQ(u"\\INFOVEHICLE.RTF"_s, InfoPageFile(u"MV"));
-    EXPECT_EQ(u"\\INFOBILLPAY.RTF"_s, InfoPageFile(infoPayBill));
-    EXPECT_EQ(u"\\INFOCONTACTS.RTF"_s, InfoPageFile(u"X")) << "a list over the contacts";
+    EXPECT_EQ(u"\\INFOAPPOINTS.RTF"_s, infoPageFile(u"A"));
+    EXPECT_EQ(u"\\INFOVEHICLE.RTF"_s, infoPageFile(u"MV"));
+    EXPECT_EQ(u"\\INFOBILLPAY.RTF"_s, infoPageFile(infoPayBill));
+    EXPECT_EQ(u"\\INFOCONTACTS.RTF"_s, infoPageFile(u"X")) << "a list over the contacts";
     for (const QStringView code : {u"All", u"AB", u"", u"nothing"})
-        EXPECT_EQ(u"\\INFOALL.RTF"_s, InfoPageFile(code));
+        EXPECT_EQ(u"\\INFOALL.RTF"_s, infoPageFile(code));
 }

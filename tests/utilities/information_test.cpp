@@ -29,7 +29,7 @@ frmInformation *openScreen()
 
 class Information : public ::testing::Test {
 protected:
-    ~Information() override { UnloadInformation(); }
+    ~Information() override { unloadInformation(); }
 
     const test::TestFolder folder;
     test::ScriptedPrompts user;
@@ -52,7 +52,7 @@ TEST_F(Information, ShowsThePageOfTheSection)
     folder.write(u"INFOMUSIC.RTF"_s, "");
     ShowInfoPage(u"U");
     EXPECT_EQ(u""_s, openScreen()->txtInfo().Text());
-    UnloadInformation();
+    unloadInformation();
     EXPECT_FALSE(openScreen());
 }
 
@@ -61,13 +61,13 @@ TEST_F(Information, ANoteHasItsTitleAndHeight)
     QMainWindow main;
     main.resize(800, 700);
     main.show();
-    ShowNote(u"Vorel Reminder 1 - Missing Contacts"_s, u" PLEASE NOTE:\n two"_s);
+    showNote(u"Vorel Reminder 1 - Missing Contacts"_s, u" PLEASE NOTE:\n two"_s);
     ASSERT_TRUE(openScreen());
     EXPECT_EQ(u"Vorel Reminder 1 - Missing Contacts"_s, openScreen()->windowTitle());
     EXPECT_EQ(490, openScreen()->height());
     EXPECT_EQ(u" PLEASE NOTE:\n two"_s, openScreen()->txtInfo().Text());
     EXPECT_EQ(&main, openScreen()->parentWidget());
-    UnloadInformation();
+    unloadInformation();
 }
 
 TEST_F(Information, IsOfUseOverAModalScreen)
@@ -78,14 +78,14 @@ TEST_F(Information, IsOfUseOverAModalScreen)
     ShowInfoPage(u"K");
     ASSERT_TRUE(openScreen());
     EXPECT_EQ(&modal, openScreen()->parentWidget());
-    UnloadInformation();
+    unloadInformation();
 }
 
 TEST_F(Information, TheFormatMenuWorksOnItsBox)
 {
     folder.write(u"Profile.rtf"_s, "{\\rtf1 {\\i sample}}");
     controls::RichTextBox box;
-    QMenu *menu = FormatMenu(&box);
+    QMenu *menu = formatMenu(&box);
     EXPECT_EQ(u"mnuFormat"_s, menu->objectName());
     const auto run = [menu](const char16_t *name) {
         auto *action = menu->findChild<QAction *>(QString::fromUtf16(name));

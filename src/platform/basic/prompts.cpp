@@ -74,7 +74,7 @@ void MsgBox(const QString &text, const QString &title, Icon icon)
     prompts().message(text, titleOr(title), Buttons::Ok, icon);
 }
 
-bool AskYesNo(const QString &text, const QString &title, Icon icon)
+bool askYesNo(const QString &text, const QString &title, Icon icon)
 {
     return prompts().message(text, titleOr(title), Buttons::YesNo, icon) == Answer::Yes;
 }

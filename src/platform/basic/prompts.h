@@ -41,7 +41,7 @@ Prompts &prompts();
 
 // The usual calls. An empty title means the product's.
 void MsgBox(const QString &text, const QString &title = {}, Icon icon = Icon::None);
-bool AskYesNo(const QString &text, const QString &title = {}, Icon icon = Icon::Question);   // true on Yes
+bool askYesNo(const QString &text, const QString &title = {}, Icon icon = Icon::Question);   // true on Yes
 QString InputBox(const QString &text, const QString &title = {}, const QString &initial = {});
 void setApplicationTitle(const QString &title);
 const QString &applicationTitle();

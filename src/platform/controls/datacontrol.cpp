@@ -195,7 +195,7 @@ struct DataControl::Private {
         const QPointer<DataControl> alive(q);
         emit q->RowsChanged();
         if (alive)
-            q->ShowRow();
+            q->showRow();
     }
 
     void report(const Failure &failure)
@@ -224,7 +224,7 @@ struct DataControl::Private {
         const QPointer<DataControl> alive(q);
         emit q->RowsChanged();
         if (alive)
-            q->ShowRow();
+            q->showRow();
     }
 
     // One move: the row on show is written first, and stays if that fails.
@@ -235,7 +235,7 @@ struct DataControl::Private {
             return false;
         if (!q->hasRows()) {
             if (shown.isValid())
-                q->ShowRow();
+                q->showRow();
             return false;
         }
         const dao::Bookmark here = currentMark();
@@ -257,7 +257,7 @@ struct DataControl::Private {
                 report(failure);
             return false;
         }
-        q->ShowRow();
+        q->showRow();
         return true;
     }
 };
@@ -409,14 +409,14 @@ bool DataControl::Leave()
         d->refused = false;
         return true;
     }
-    if (!alive || !again || !d->refused || !basic::AskYesNo(u"Leave without saving the changes?"_s) || !alive)
+    if (!alive || !again || !d->refused || !basic::askYesNo(u"Leave without saving the changes?"_s) || !alive)
         return false;
     revert();
     d->refused = false;
     return true;
 }
 
-void DataControl::ShowRow()
+void DataControl::showRow()
 {
     const dao::Bookmark row = d->currentMark();
     if (d->shown.isValid() && row != d->shown) {    // code moved the recordset: what was typed belongs to the old row

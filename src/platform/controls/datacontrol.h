@@ -45,7 +45,7 @@ public:
     // Writes the bound widgets whose content changed since the row was shown; nothing changed writes nothing.
     // false: the engine refused; Error was emitted, the row is still current and the widgets keep what was typed.
     bool UpdateRecord();
-    void ShowRow();                                     // fills the widgets from the current row, then emits Reposition
+    void showRow();                                     // fills the widgets from the current row, then emits Reposition
     // For a control that collects changes of the current row itself (a grid): writes them, false if they were refused.
     // Asked before the row is left by any move, Refresh or setRecordset; those stay where they are if it says no.
     // revert runs `undo`, which drops what the writer would write.

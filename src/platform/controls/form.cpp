@@ -66,7 +66,7 @@ void Form::keyPressEvent(QKeyEvent *event)
         Close();
     } else if (event->key() == Qt::Key_F1) {
         event->accept();
-        emit HelpWanted();
+        emit helpWanted();
     } else {
         QDialog::keyPressEvent(event);
     }

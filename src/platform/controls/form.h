@@ -37,7 +37,7 @@ public:
     bool Close();                       // false: QueryUnload said no (typing that could not be saved is kept)
 
 signals:
-    void HelpWanted();                  // F1
+    void helpWanted();                  // F1
 
 protected:
     virtual bool QueryUnload() { return true; }

@@ -174,7 +174,7 @@ bool Grid::Private::write()
         leading = true;             // the control already stands on the row
         model->draftStored();
         if (update.isNew && q->currentRow() == update.row && model->control())
-            model->control()->ShowRow();
+            model->control()->showRow();
         leading = false;
     }
     writing = false;

@@ -50,7 +50,7 @@ int lockWait()
     return lockWaitMilliseconds;
 }
 
-void DBEngine::SetLockWait(int waitMilliseconds)
+void DBEngine::setLockWait(int waitMilliseconds)
 {
     lockWaitMilliseconds = waitMilliseconds;
 }

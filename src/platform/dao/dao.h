@@ -156,8 +156,8 @@ public:
     void AppendTable(const TableDef &design);
     void DeleteTable(QStringView name);
     void RenameTable(QStringView oldName, const QString &newName);
-    void AppendHelpers(const TableDef &design);                 // those of its helper indexes that the table lacks
-    void WriteUnsynced();                                       // for a scratch file: no write waits for the disk any more
+    void appendHelpers(const TableDef &design);                 // those of its helper indexes that the table lacks
+    void writeUnsynced();                                       // for a scratch file: no write waits for the disk any more
     QStringList QueryDefs() const;                              // saved queries (SQLite views)
     void DeleteQuery(const QString &name);
 
@@ -202,11 +202,11 @@ namespace DBEngine {
 Database OpenDatabase(const QString &path, bool exclusive = false, bool readOnly = false, const QString &connect = {});
 // locale: ";LANGID=...;pwd=..." ; the file must not exist (3204).
 Database CreateDatabase(const QString &path, const QString &locale, int version = dbVersion30);
-// The same for a file that its maker brings to its place by PutInPlace: no write waits for the disk.
-Database CreateScratch(const QString &path, const QString &locale);
+// The same for a file that its maker brings to its place by putInPlace: no write waits for the disk.
+Database createScratch(const QString &path, const QString &locale);
 // Syncs a file that no handle is open on and moves it over the place in one step: whoever looks, also after a kill or a
 // power loss, finds the old file or the new one. 3045 if a handle is open, 3026 without room, 3051 where it may not.
-void PutInPlace(const QString &scratch, const QString &place);
+void putInPlace(const QString &scratch, const QString &place);
 void CompactDatabase(const QString &source, const QString &destination, const QString &locale = {}, int version = dbVersion30);
 // Checks a file and leaves a sound one as it is, byte for byte. A damaged one is replaced, in one step, by a new file with
 // the rows that can be read; it stays beside it as PATH.damaged (.damaged2, ... while older ones stand there). If no
@@ -219,7 +219,7 @@ void Idle(int what = dbRefreshCache);                           // rows of other
 // before a file is deleted or replaced: a file that took the place of another is noticed at the next opening.
 void Forget(const QString &path);
 // How long a read or write waits for another process before it fails with 3218; 5,000 ms unless told otherwise.
-void SetLockWait(int waitMilliseconds);
+void setLockWait(int waitMilliseconds);
 
 // The workspace's transaction over the databases open in it.
 void BeginTrans();

@@ -154,7 +154,7 @@ void Database::RenameTable(QStringView oldName, const QString &newName)
     file.schemaChanged();
 }
 
-void Database::AppendHelpers(const TableDef &design)
+void Database::appendHelpers(const TableDef &design)
 {
     Connection &file = opened(d).writable();
     const TableDef stored = storedTable(file, design.Name).def;
@@ -167,7 +167,7 @@ void Database::AppendHelpers(const TableDef &design)
     file.schemaChanged();
 }
 
-void Database::WriteUnsynced()
+void Database::writeUnsynced()
 {
     opened(d).connection().writeUnsynced();
 }

@@ -54,7 +54,7 @@ Database DBEngine::CreateDatabase(const QString &path, const QString &locale, in
     return createFile(path, locale, Connection::Purpose::Create);
 }
 
-Database DBEngine::CreateScratch(const QString &path, const QString &locale)
+Database DBEngine::createScratch(const QString &path, const QString &locale)
 {
     return createFile(path, locale, Connection::Purpose::Scratch);
 }

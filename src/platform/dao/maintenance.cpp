@@ -144,7 +144,7 @@ void DBEngine::CompactDatabase(const QString &source, const QString &destination
         copy::everything(file, compacted);
     }
     setSamePermissions(from, scratch.path());
-    PutInPlace(scratch.path(), to);
+    putInPlace(scratch.path(), to);
 }
 
 void DBEngine::RepairDatabase(const QString &path, const QString &connect)

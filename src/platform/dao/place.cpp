@@ -58,7 +58,7 @@ int moveOver(const QString &from, const QString &to)
 
 }
 
-void DBEngine::PutInPlace(const QString &scratch, const QString &place)
+void DBEngine::putInPlace(const QString &scratch, const QString &place)
 {
     const QString from = basic::realPath(scratch);
     // A link stays one: what it points at is replaced.

@@ -29,7 +29,7 @@ TEST(PromptsTest, WithoutAScreenNothingIsAgreedTo)
     };
     for (const auto &c : cases)
         EXPECT_EQ(silent.message(u"Delete all?"_s, u"T"_s, c.buttons, Icon::Question), c.answer);
-    EXPECT_FALSE(AskYesNo(u"Sure?"_s));
+    EXPECT_FALSE(askYesNo(u"Sure?"_s));
     EXPECT_EQ(InputBox(u"Name?"_s, {}, u"me"_s), QString());
     EXPECT_FALSE(silent.chooseFile({}).has_value());
     EXPECT_FALSE(silent.chooseFolder({}, {}).has_value());
@@ -49,8 +49,8 @@ TEST(PromptsTest, AnEmptyTitleIsTheProducts)
     user.expectInput(u"e"_s, u"x!"_s);
     MsgBox(u"a"_s);
     MsgBox(u"b"_s, u"Own"_s);
-    EXPECT_TRUE(AskYesNo(u"c"_s));
-    EXPECT_FALSE(AskYesNo(u"d"_s));
+    EXPECT_TRUE(askYesNo(u"c"_s));
+    EXPECT_FALSE(askYesNo(u"d"_s));
     const QString before = applicationTitle();
     setApplicationTitle(u"Other"_s);
     EXPECT_EQ(InputBox(u"e"_s, {}, u"x"_s), u"x!"_s);

@@ -103,7 +103,7 @@ TEST(DataControl, EveryMoveSavesFirst)
         {"bookmark", [](DataControl &d) { return d.setBookmark(d.Recordset().bookmarkAt(2)); }},
         {"recordset moved by code", [](DataControl &d) {
              d.Recordset().MoveLast();
-             d.ShowRow();
+             d.showRow();
              return true;
          }},
     };
@@ -208,7 +208,7 @@ TEST(DataControl, RowAddedByCodeBecomesCurrent)
     rows.Set(u"Name", u"Dora"_s);
     rows.Update();
     rows.setBookmark(rows.LastModified());
-    s.data.ShowRow();
+    s.data.showRow();
     EXPECT_EQ(u"Dora"_s, s.name.text());
     EXPECT_EQ(u"Anna"_s, s.people.text(1, u"Name"_s)) << "what was typed on the row before";
 

@@ -72,7 +72,7 @@ void runJob(const QStringList &job)
     if (job[0] == u"hold") {
         holdTransaction(path);
     } else if (job[0] == u"open") {
-        DBEngine::SetLockWait(50);
+        DBEngine::setLockWait(50);
         say(QString::number(errorOf([&] { DBEngine::OpenDatabase(path, false, false, job.value(2)); })));
     } else if (job[0] == u"kill") {
         writeUntilKilled(path);
@@ -100,7 +100,7 @@ protected:
         m_file.AppendTable(sample());
         addRows(m_file, { u"a"_s, u"b"_s, u"c"_s });
     }
-    void TearDown() override { DBEngine::SetLockWait(5000); }
+    void TearDown() override { DBEngine::setLockWait(5000); }
 
     // An SQL statement, or one of the jobs above.
     void start(QProcess &process, const QString &job, const QString &file = u"DATA.MDB"_s, const QString &connect = {})
@@ -188,7 +188,7 @@ TEST_F(Processes, AWriteWaitsAndThenReportsALock)
     QProcess other;
     start(other, u"hold"_s);
     ASSERT_EQ(word(other), u"ready");
-    DBEngine::SetLockWait(50);
+    DBEngine::setLockWait(50);
     Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
     rows.MoveLast();
     rows.Edit();
@@ -196,7 +196,7 @@ TEST_F(Processes, AWriteWaitsAndThenReportsALock)
     EXPECT_EQ(errorOf([&] { rows.Update(); }), 3218);
     EXPECT_TRUE(rows.editPending());
     EXPECT_EQ(errorOf([&] { Transaction all(m_file); }), 3218);
-    DBEngine::SetLockWait(5000);
+    DBEngine::setLockWait(5000);
     other.write("go\n");
     other.waitForBytesWritten();
     rows.Update();                      // waits for the other's end
@@ -239,7 +239,7 @@ TEST_F(Processes, AnExclusiveOpeningLeavesAnothersWriteAlone)
     QProcess other;
     start(other, u"kill"_s);
     ASSERT_EQ(word(other), u"ready");
-    DBEngine::SetLockWait(50);
+    DBEngine::setLockWait(50);
     EXPECT_NE(errorOf([&] { DBEngine::OpenDatabase(path(), true); }), 0);
     EXPECT_TRUE(QFile::exists(path() + u"-journal"_s));
     other.kill();
@@ -278,7 +278,7 @@ TEST_F(Processes, ADamagedFileInUseIsNotMended)
     file.write(QByteArray(100, 'x'));
     file.close();
     const QByteArray before = contentOf(path());
-    DBEngine::SetLockWait(50);
+    DBEngine::setLockWait(50);
     EXPECT_EQ(errorOf([&] { DBEngine::RepairDatabase(path()); }), 3356);
     EXPECT_EQ(contentOf(path()), before);
     EXPECT_FALSE(QFile::exists(path() + u".damaged"_s));

@@ -1,7 +1,7 @@
-#include "frame/shared.h"
+#include "session/shared.h"
 
-#include "frame/ini.h"
-#include "frame/state.h"
+#include "session/ini.h"
+#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -122,11 +122,11 @@ void PlaySoundNumber(int number)
     constexpr int userSound = 6;
     if (number < 1 || number > userSound)
         return;
-    PlaySoundFile(number == userSound ? state().gSoundFile
+    playSoundFile(number == userSound ? state().gSoundFile
                                       : desktop::findResource(files[static_cast<std::size_t>(number - 1)]));
 }
 
-void PlaySoundFile(const QString &path)
+void playSoundFile(const QString &path)
 {
     if (!path.isEmpty() && soundPlayer() && iniBoolean(GetIniValue(iniSettings, u"PlaySound"_s, u"True"_s)))
         soundPlayer()(path);

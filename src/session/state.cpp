@@ -1,4 +1,4 @@
-#include "frame/state.h"
+#include "session/state.h"
 
 #include "platform/basic/format.h"
 

@@ -1,5 +1,5 @@
 #include "frame/framefixture.h"
-#include "frame/ini.h"
+#include "session/ini.h"
 #include "platform/basic/error.h"
 
 using namespace Qt::StringLiterals;

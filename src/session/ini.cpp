@@ -1,6 +1,6 @@
-#include "frame/ini.h"
+#include "session/ini.h"
 
-#include "frame/state.h"
+#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/desktop/profile.h"

@@ -17,10 +17,10 @@ public:
     virtual void CheckForMessages() = 0;
     virtual void UpdateRowHeight() {}
     // The alerts wait while something stands open that they would disturb; afterwards they go on if they went before.
-    virtual void HoldTimer(bool) {}
+    virtual void holdTimer(bool) {}
     // Writes what was changed in the grids' cells. false: a row was refused, the user was told, and its typing is kept:
     // whoever would leave or read the rows stays where he is.
-    virtual bool WriteRows() { return true; }
+    virtual bool writeRows() { return true; }
 };
 
 }

@@ -18,7 +18,7 @@ QString NormaliseKey(const QString &text);          // no blanks, no commas, in 
 void NetSend(const QString &target, const QString &message);    // this system has no such service: does nothing
 // 1 beep, 2 woosh, 3 doorbell, 4 message, 5 clang, 6 gSoundFile. Nothing when PlaySound is off or the file is missing.
 void PlaySoundNumber(int number);
-void PlaySoundFile(const QString &path);        // the same for any sound file; "" is silent
+void playSoundFile(const QString &path);        // the same for any sound file; "" is silent
 // What plays a sound file without waiting. Empty: silence.
 void setSoundPlayer(std::function<void(const QString &path)> player);
 // The amount in a typed text; a date's text gives the date's serial, Null gives 0. Never fails.

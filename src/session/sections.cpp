@@ -1,4 +1,4 @@
-#include "frame/sections.h"
+#include "session/sections.h"
 
 #include <algorithm>
 #include <initializer_list>

@@ -1,6 +1,6 @@
-#include "frame/frmColours.h"
+#include "session/frmColours.h"
 
-#include "frame/ini.h"
+#include "session/ini.h"
 
 #include <QComboBox>
 #include <QFrame>

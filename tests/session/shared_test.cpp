@@ -1,6 +1,6 @@
 #include "frame/framefixture.h"
-#include "frame/ini.h"
-#include "frame/shared.h"
+#include "session/ini.h"
+#include "session/shared.h"
 #include "platform/basic/error.h"
 
 using namespace Qt::StringLiterals;

@@ -1,0 +1,1 @@
+list(APPEND VOREL_SCREENS session/frmColours.cpp)
