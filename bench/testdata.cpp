@@ -1,9 +1,9 @@
 #include "testdata.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/locale.h"
+#include "session/state.h"
 #include "store/designs.h"
 #include "store/rebuild.h"
 #include "store/upgrade.h"

@@ -1,12 +1,12 @@
 #include "calendar/frmCalendarDrop.h"
 
 #include "calendar/frmCalendarDropCell.h"
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/controls/layout.h"
+#include "session/state.h"
 
 #include <QComboBox>
 #include <QGridLayout>

@@ -1,10 +1,10 @@
 #include "frame/celltexts.h"
 
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
 #include "platform/basic/format.h"
+#include "session/state.h"
 
 #include <algorithm>
 

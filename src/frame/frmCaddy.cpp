@@ -6,7 +6,6 @@
 #include "frame/frmCaddyRail.h"
 #include "frame/frmCaddyRooms.h"
 #include "frame/frmUnload.h"
-#include "session/ini.h"
 #include "frame/startup.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
@@ -16,6 +15,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/profile.h"
 #include "reminders/greetings.h"
+#include "session/ini.h"
 #include "utilities/hints.h"
 
 #include <QApplication>

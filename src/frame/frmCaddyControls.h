@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/state.h"
 #include "platform/controls/grid.h"
+#include "session/state.h"
 
 #include <array>
 #include <map>

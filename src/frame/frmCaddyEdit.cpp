@@ -3,12 +3,12 @@
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyScreens.h"
 #include "frame/frmLater.h"
-#include "session/sections.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "reminders/frmRecord.h"
+#include "session/sections.h"
 
 #include <QApplication>
 #include <QLineEdit>

@@ -3,9 +3,9 @@
 #include "frame/frmCaddyRail.h"
 #include "frame/frmLater.h"
 #include "frame/menus.h"
-#include "session/sections.h"
 #include "platform/controls/form.h"
 #include "print/lists.h"
+#include "session/sections.h"
 
 #include <QAction>
 #include <QApplication>

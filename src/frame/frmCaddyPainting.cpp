@@ -1,13 +1,13 @@
 #include "frame/frmCaddyPainting.h"
 
-#include "session/ini.h"
 #include "frame/rowrules.h"
-#include "session/sections.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
+#include "session/ini.h"
+#include "session/sections.h"
 
 #include <QGuiApplication>
 

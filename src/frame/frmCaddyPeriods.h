@@ -1,8 +1,8 @@
 #pragma once
 
 #include "frame/frmCaddyControls.h"
-#include "session/mainscreen.h"
 #include "frame/periods.h"
+#include "session/mainscreen.h"
 
 namespace vorel {
 

@@ -1,9 +1,9 @@
 #include "frame/frmCaddyRail.h"
 
 #include "frame/frmCaddyIcons.h"
-#include "session/sections.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
+#include "session/sections.h"
 
 #include <QKeyEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #include "frame/frmCaddySearch.h"
 
-#include "session/sections.h"
 #include "platform/basic/prompts.h"
 #include "platform/basic/text.h"
+#include "session/sections.h"
 
 #include <QGuiApplication>
 #include <QLineEdit>

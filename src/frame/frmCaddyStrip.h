@@ -1,8 +1,8 @@
 #pragma once
 
 #include "frame/frmCaddyControls.h"
-#include "session/mainscreen.h"
 #include "reminders/messages.h"
+#include "session/mainscreen.h"
 
 namespace vorel {
 

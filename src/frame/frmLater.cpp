@@ -1,7 +1,7 @@
 #include "frame/frmLater.h"
 
-#include "session/state.h"
 #include "platform/basic/prompts.h"
+#include "session/state.h"
 #include "utilities/frmInformation.h"
 
 namespace vorel {

@@ -3,13 +3,13 @@
 #include "frame/frmCaddy.h"
 #include "frame/frmCaddyLayout.h"
 #include "frame/frmLater.h"
-#include "session/ini.h"
 #include "frame/startup.h"
 #include "media/pictures.h"
 #include "platform/basic/error.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/layout.h"
 #include "platform/desktop/profile.h"
+#include "session/ini.h"
 #include "store/upgrade.h"
 
 #include <QGuiApplication>

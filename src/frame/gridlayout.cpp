@@ -1,12 +1,12 @@
 #include "frame/gridlayout.h"
 
-#include "session/ini.h"
-#include "session/sections.h"
 #include "frame/startup.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/desktop/profile.h"
+#include "session/ini.h"
+#include "session/sections.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,10 +1,10 @@
 #include "frame/periods.h"
 
-#include "session/ini.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
+#include "session/ini.h"
 
 #include <algorithm>
 

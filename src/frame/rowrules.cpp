@@ -1,10 +1,10 @@
 #include "frame/rowrules.h"
 
-#include "session/sections.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/text.h"
+#include "session/sections.h"
 
 #include <algorithm>
 

@@ -1,10 +1,10 @@
 #include "frame/rowtips.h"
 
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
+#include "session/state.h"
 
 #include <algorithm>
 

@@ -1,9 +1,9 @@
 #include "frame/shopping.h"
 
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/format.h"
+#include "session/state.h"
 
 namespace vorel {
 

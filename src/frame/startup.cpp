@@ -1,9 +1,5 @@
 #include "frame/startup.h"
 
-#include "session/datafiles.h"
-#include "session/ini.h"
-#include "session/sections.h"
-#include "session/shared.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -12,6 +8,10 @@
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
 #include "reminders/recurrence.h"
+#include "session/datafiles.h"
+#include "session/ini.h"
+#include "session/sections.h"
+#include "session/shared.h"
 
 using namespace Qt::StringLiterals;
 
@@ -49,17 +49,6 @@ std::int16_t dayCount(const dao::Recordset &setup, QStringView field)
     return iniInteger(setup.Get(field).text());
 }
 
-}
-
-void DetectDateOrder()
-{
-    int day = 0;
-    basic::IgnoreErrors([&] { day = basic::DatePart(u"d", basic::CDate(u"2/7/2000"_s)); });
-    const bool dayFirst = day == 2;     // any other answer is month first
-    State &s = state();
-    s.gDateShort = dayFirst ? u"dd/mm/yyyy"_s : u"mm/dd/yyyy"_s;
-    s.gDateLong = dayFirst ? u"dd mmm yyyy"_s : u"mmm dd yyyy"_s;
-    s.gDateTimeLong = s.gDateLong + u" hh:mm am/pm"_s;
 }
 
 void loadProgramState(quint32 formColour)

@@ -7,7 +7,6 @@
 // The work of the splash and of the main screen's load, without their windows.
 namespace vorel {
 
-void DetectDateOrder();
 // The splash's load up to the paths: gIniFile, gDateDisplay, gOsName, gPopUpCloser, gFormColour, gProductTitle, paths.
 // formColour: the splash's back colour number. Ends with loadDataPaths.
 void loadProgramState(quint32 formColour);

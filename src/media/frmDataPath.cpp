@@ -1,7 +1,5 @@
 #include "media/frmDataPath.h"
 
-#include "session/ini.h"
-#include "session/shared.h"
 #include "media/frmShowPic.h"
 #include "media/pictureeditor.h"
 #include "media/pictures.h"
@@ -10,6 +8,8 @@
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturebox.h"
+#include "session/ini.h"
+#include "session/shared.h"
 
 #include <QApplication>
 #include <QComboBox>

@@ -1,8 +1,8 @@
 #include "media/frmShowPic.h"
 
-#include "session/state.h"
 #include "media/pictures.h"
 #include "platform/controls/picturebox.h"
+#include "session/state.h"
 
 #include <QLabel>
 

@@ -1,9 +1,9 @@
 #include "media/picturerows.h"
 
-#include "session/shared.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/text.h"
+#include "session/shared.h"
 
 #include <algorithm>
 #include <array>

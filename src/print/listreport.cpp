@@ -1,6 +1,5 @@
 #include "print/listreport.h"
 
-#include "session/datafiles.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
@@ -8,6 +7,7 @@
 #include "platform/basic/prompts.h"
 #include "print/listwriter.h"
 #include "print/player.h"
+#include "session/datafiles.h"
 
 namespace vorel {
 

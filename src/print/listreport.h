@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/state.h"
 #include "platform/dao/dao.h"
+#include "session/state.h"
 
 #include <functional>
 #include <vector>

@@ -1,11 +1,11 @@
 #include "print/report.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/format.h"
 #include "platform/printer/printer.h"
 #include "print/player.h"
 #include "print/script.h"
+#include "session/state.h"
 
 namespace vorel {
 

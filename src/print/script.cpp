@@ -1,6 +1,5 @@
 #include "print/script.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
@@ -9,6 +8,7 @@
 #include "platform/printer/printer.h"
 #include "print/player.h"
 #include "print/recorder.h"
+#include "session/state.h"
 
 #include <cmath>
 

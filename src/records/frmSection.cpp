@@ -1,7 +1,5 @@
 #include "records/frmSection.h"
 
-#include "session/ini.h"
-#include "session/mainscreen.h"
 #include "media/frmDataPath.h"
 #include "media/frmShowPic.h"
 #include "platform/basic/convert.h"
@@ -12,6 +10,8 @@
 #include "platform/desktop/desktop.h"
 #include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
+#include "session/ini.h"
+#include "session/mainscreen.h"
 #include "utilities/frmInformation.h"
 
 #include <QCheckBox>

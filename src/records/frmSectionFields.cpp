@@ -1,8 +1,6 @@
 #include "records/frmSection.h"
 
 #include "calendar/picker.h"
-#include "session/frmColours.h"
-#include "session/shared.h"
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/elidedlabel.h"
@@ -11,6 +9,8 @@
 #include "platform/controls/richtextbox.h"
 #include "records/frmSectionPanel.h"
 #include "records/inventory.h"
+#include "session/frmColours.h"
+#include "session/shared.h"
 #include "utilities/frmInformationFormat.h"
 
 #include <QApplication>

@@ -1,6 +1,5 @@
 #include "records/frmSection.h"
 
-#include "session/ini.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
@@ -8,6 +7,7 @@
 #include "platform/desktop/desktop.h"
 #include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
+#include "session/ini.h"
 
 #include <QApplication>
 #include <QFrame>

@@ -1,8 +1,8 @@
 #include "records/frmSection.h"
 
-#include "session/ini.h"
 #include "platform/basic/prompts.h"
 #include "records/frmRecordTree.h"
+#include "session/ini.h"
 
 #include <QComboBox>
 

@@ -1,9 +1,9 @@
 #include "records/inventory.h"
 
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
+#include "session/state.h"
 
 namespace vorel::records {
 

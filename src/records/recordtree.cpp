@@ -1,9 +1,9 @@
 #include "records/recordtree.h"
 
-#include "session/ini.h"
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/text.h"
+#include "session/ini.h"
+#include "session/state.h"
 
 #include <numeric>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/state.h"
 #include "records/recordtree.h"
+#include "session/state.h"
 
 #include <QStringList>
 #include <vector>

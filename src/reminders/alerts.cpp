@@ -1,7 +1,5 @@
 #include "reminders/alerts.h"
 
-#include "session/shared.h"
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -10,6 +8,8 @@
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
+#include "session/shared.h"
+#include "session/state.h"
 
 #include <QSaveFile>
 

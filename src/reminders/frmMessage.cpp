@@ -1,12 +1,12 @@
 #include "reminders/frmMessage.h"
 
-#include "session/mainscreen.h"
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/layout.h"
 #include "reminders/messages.h"
+#include "session/mainscreen.h"
+#include "session/state.h"
 
 #include <QCheckBox>
 #include <QComboBox>

@@ -1,11 +1,11 @@
 #include "reminders/frmRecord.h"
 
 #include "calendar/picker.h"
-#include "session/state.h"
 #include "media/frmDataPath.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "session/state.h"
 #include "utilities/frmInformation.h"
 
 #include <QBoxLayout>

@@ -1,10 +1,10 @@
 #include "reminders/frmRecordFields.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "platform/controls/elidedlabel.h"
+#include "session/state.h"
 #include "utilities/frmInformationFormat.h"
 
 #include <QCheckBox>

@@ -1,7 +1,7 @@
 #include "reminders/frmRecord.h"
 
-#include "session/state.h"
 #include "platform/basic/prompts.h"
+#include "session/state.h"
 
 #include <QButtonGroup>
 #include <QComboBox>

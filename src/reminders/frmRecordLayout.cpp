@@ -1,7 +1,7 @@
 #include "reminders/frmRecordFields.h"
 
-#include "session/state.h"
 #include "platform/controls/layout.h"
+#include "session/state.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>

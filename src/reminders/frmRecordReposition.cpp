@@ -1,12 +1,12 @@
 #include "reminders/frmRecord.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "platform/controls/picturefile.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "session/state.h"
 
 #include <QIcon>
 #include <QLabel>

@@ -1,8 +1,5 @@
 #include "reminders/greetings.h"
 
-#include "session/ini.h"
-#include "session/shared.h"
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -10,6 +7,9 @@
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/mail/mailprogram.h"
+#include "session/ini.h"
+#include "session/shared.h"
+#include "session/state.h"
 
 namespace vorel {
 

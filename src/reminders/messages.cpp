@@ -1,12 +1,12 @@
 #include "reminders/messages.h"
 
-#include "session/sections.h"
-#include "session/shared.h"
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
+#include "session/sections.h"
+#include "session/shared.h"
+#include "session/state.h"
 
 namespace vorel {
 

@@ -1,11 +1,11 @@
 #include "reminders/record.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
+#include "session/state.h"
 
 #include <array>
 

@@ -1,12 +1,12 @@
 #include "reminders/recurrence.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
 #include "reminders/recurrence_tables.h"
+#include "session/state.h"
 
 #include <set>
 

@@ -1,10 +1,10 @@
 #include "reminders/recurrence.h"
 
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "reminders/recurrence_tables.h"
+#include "session/state.h"
 
 #include <algorithm>
 #include <unordered_map>

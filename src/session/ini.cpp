@@ -1,9 +1,9 @@
 #include "session/ini.h"
 
-#include "session/state.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/desktop/profile.h"
+#include "session/state.h"
 
 #include <algorithm>
 #include <limits>

@@ -1,13 +1,13 @@
 #include "session/shared.h"
 
-#include "session/ini.h"
-#include "session/state.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
+#include "session/ini.h"
+#include "session/state.h"
 
 #include <array>
 #include <cmath>

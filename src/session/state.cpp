@@ -1,9 +1,14 @@
 #include "session/state.h"
 
+#include "platform/basic/convert.h"
+#include "platform/basic/dates.h"
+#include "platform/basic/error.h"
 #include "platform/basic/format.h"
+#include "platform/basic/text.h"
 
 namespace vorel {
 
+using namespace Qt::StringLiterals;
 using basic::Value;
 
 State &state()
@@ -25,6 +30,17 @@ QString shortDate(const Value &date)
 QString sqlDate(basic::DateTime date)
 {
     return date.date().toString(u"MM/dd/yyyy");
+}
+
+void DetectDateOrder()
+{
+    int day = 0;
+    basic::IgnoreErrors([&] { day = basic::DatePart(u"d", basic::CDate(u"2/7/2000"_s)); });
+    const bool dayFirst = day == 2;     // any other answer is month first
+    State &s = state();
+    s.gDateShort = dayFirst ? u"dd/mm/yyyy"_s : u"mm/dd/yyyy"_s;
+    s.gDateLong = dayFirst ? u"dd mmm yyyy"_s : u"mmm dd yyyy"_s;
+    s.gDateTimeLong = s.gDateLong + u" hh:mm am/pm"_s;
 }
 
 }

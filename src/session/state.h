@@ -61,6 +61,8 @@ struct State {
 // The one state of the running program. A test replaces it whole: state() = State{}.
 State &state();
 
+// Sets gDateShort, gDateLong and gDateTimeLong from the regional order.
+void DetectDateOrder();
 // A date in the form that screens show (gDateDisplay; general format while that is empty).
 QString displayDate(const basic::Value &date);
 // A date in the form that gPeriodStart and dbText fields keep (gDateShort).

@@ -1,9 +1,9 @@
 #include "store/rebuild.h"
 
-#include "session/datafiles.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
+#include "session/datafiles.h"
 #include "store/designs.h"
 #include "store/tablecopy.h"
 #include "store/upgrade.h"

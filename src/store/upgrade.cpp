@@ -1,10 +1,10 @@
 #include "store/upgrade.h"
 
 #include "accounts/accounts.h"
-#include "session/datafiles.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
+#include "session/datafiles.h"
 #include "store/designs.h"
 #include "store/firstrows.h"
 #include "store/rebuild.h"

@@ -1,12 +1,12 @@
 #include "utilities/frmCalculator.h"
 
-#include "session/ini.h"
 #include "media/frmDataPath.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturefile.h"
+#include "session/ini.h"
 #include "utilities/conversions.h"
 
 #include <QGridLayout>

@@ -1,7 +1,7 @@
 #include "utilities/frmInformationFormat.h"
 
-#include "session/ini.h"
 #include "platform/controls/form.h"
+#include "session/ini.h"
 #include "utilities/infopages.h"
 
 #include <QAction>

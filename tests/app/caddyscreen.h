@@ -3,9 +3,9 @@
 #include "frame/frmCaddy.h"
 #include "frame/frmCaddyControls.h"
 #include "frame/frmStartup.h"
-#include "session/ini.h"
 #include "platform/basic/locale.h"
 #include "reminders/frmRecord.h"
+#include "session/ini.h"
 #include "store/mainfile.h"
 #include "support/screens.h"
 

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "frame/startup.h"
-#include "session/state.h"
 #include "platform/basic/locale.h"
+#include "session/state.h"
 #include "support/testfolder.h"
 
 #include <ostream>

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "session/ini.h"
 #include "records/frmBooks.h"
 #include "records/frmInventory.h"
 #include "records/frmMovies.h"
 #include "records/frmMusic.h"
+#include "session/ini.h"
 #include "store/mainfile.h"
 
 #include <QAbstractItemModel>

@@ -1,9 +1,9 @@
 #include "store/mainfile.h"
 
 #include "frame/startup.h"
+#include "session/datafiles.h"
 #include "store/designs.h"
 #include "store/rebuild.h"
-#include "session/datafiles.h"
 
 #include <QTemporaryDir>
 

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "session/state.h"
 #include "platform/basic/locale.h"
+#include "session/state.h"
 #include "store/upgrade.h"
 #include "support/scriptedprompts.h"
 #include "support/testfolder.h"

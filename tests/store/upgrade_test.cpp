@@ -2,10 +2,10 @@
 
 #include "frame/startup.h"
 #include "platform/desktop/desktop.h"
+#include "session/datafiles.h"
 #include "store/designs.h"
 #include "store/mainfile.h"
 #include "store/rebuild.h"
-#include "session/datafiles.h"
 
 #include <QDir>
 #include <QFile>
