@@ -64,7 +64,7 @@ int main(int argc, char **argv)
     const QTemporaryDir folder;
     bench::makeMainFile(folder.filePath(u"VOREL.MDB"_s));
     state().gIniFile = folder.filePath(u"vorelreminder.ini"_s);
-    state().gSection = u"K"_s;
+    state().selection.gSection = u"K"_s;
     const QString path = folder.filePath(u"BOOKS.MDB"_s);
     makeBooks(path);
     basic::setProgramFolder(folder.path());

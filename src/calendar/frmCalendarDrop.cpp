@@ -64,7 +64,7 @@ QScrollBar *scrollBar(const QString &name, const QString &spoken)
 
 }
 
-frmCalendarDrop::frmCalendarDrop(QWidget *parent) : Form(u"frmCalendarDrop"_s, parent), m_weekStart(state().gWeekStartDay)
+frmCalendarDrop::frmCalendarDrop(QWidget *parent) : Form(u"frmCalendarDrop"_s, parent), m_weekStart(state().settings.gWeekStartDay)
 {
     setSizeGripEnabled(false);
     compose();

@@ -49,7 +49,7 @@ std::optional<DateTime> typedDate(const QString &text)
     if (!day.hasDate())
         return std::nullopt;
     day = day.dayOnly();
-    const char16_t shown = firstPart(state().gDateDisplay), region = firstPart(state().gDateShort);
+    const char16_t shown = firstPart(state().settings.gDateDisplay), region = firstPart(state().settings.gDateShort);
     const bool differs = (shown == u'd' && region == u'm') || (shown == u'm' && region == u'd');
     if (differs && day.day() <= 12 && isNumeric(text) && startsDayOrMonth(text.trimmed()))
         return basic::DateSerial(day.year(), day.day(), day.month());

@@ -105,7 +105,7 @@ void frmCaddy::showStart()
     d->periods.setQuietly(u"mnuToday"_s);
     const QString category = loadStartCategory();
     DisplayCategory(category);
-    if (state().gLastCategory.isEmpty())        // a name that is no section
+    if (state().selection.gLastCategory.isEmpty())        // a name that is no section
         DisplayCategory(u"All"_s);
 }
 
@@ -130,7 +130,7 @@ void frmCaddy::Load()
     basic::Trap([&c] {
         loadWarningSettings();
         c.Timer2->start();
-        if (state().gNetwork)
+        if (state().settings.gNetwork)
             c.TimerMessages->start();
     });
     basic::Trap([] { loadSoundFile(); });
@@ -153,7 +153,7 @@ void frmCaddy::runLoadPasses()
 {
     basic::Trap([this] { CheckForBackupFiles(); });
     basic::Trap([this] { d->alerts.CreateAppointsFile(); });
-    if (state().gAutoEmail && state().mainFile == MainFileAccess::Full)
+    if (state().settings.gAutoEmail && state().mainFile == MainFileAccess::Full)
         basic::Trap([] { SendBirthdayEmails(); });
 }
 
@@ -193,7 +193,7 @@ void frmCaddy::holdTimer(bool hold)
 }
 
 bool frmCaddy::writeRows() { return d->cells.writeRows(); }
-void frmCaddy::SortData() { d->search.SortData(state().gSection); }
+void frmCaddy::SortData() { d->search.SortData(state().selection.gSection); }
 
 void frmCaddy::DisableButtons(bool enable)
 {
@@ -300,7 +300,7 @@ void frmCaddy::cmdCat_Click(int index)
         return;
     }
     for (const CategoryButton &entry : categoryButtons())
-        d->c.rail->button(entry.index)->setChecked(entry.tag == state().gLastCategory);
+        d->c.rail->button(entry.index)->setChecked(entry.tag == state().selection.gLastCategory);
 }
 
 void frmCaddy::panEditS_Click()
@@ -333,7 +333,7 @@ void frmCaddy::Unload()
         d->sections.UpdateRowHeight();
         SaveGridSettings(d->sizes, static_cast<std::int16_t>(d->c.SUBJECTGRID->rowHeightTwips()));
     });
-    if (state().gPopUpCloser)
+    if (state().settings.gPopUpCloser)
         startProgram(u"PopUpCloser.exe"_s);
     d->c.Timer2->stop();
     d->c.TimerMessages->stop();

@@ -35,7 +35,7 @@ qint32 idOf(const Grid &grid, qsizetype row)
 
 void rememberRow(const Grid &grid, const RowUpdate &update)
 {
-    state().gLastRecord = idOf(grid, update.row);
+    state().selection.gLastRecord = idOf(grid, update.row);
 }
 
 QStringList subjects(controls::DataControl &data)
@@ -126,7 +126,7 @@ void CaddyCells::completeReminder(const ReminderGrid &one, RowUpdate &update)
     }
     if (!update.isNew)
         return;
-    update.more.emplace_back(u"UsersName"_s, state().gUserName);
+    update.more.emplace_back(u"UsersName"_s, state().settings.gUserName);
     if (one.code != u"A"_s)
         return;
     if (one.grid->EditText(appointmentTime).trimmed().isEmpty())
@@ -159,7 +159,7 @@ void CaddyCells::pickDate(const ReminderGrid &one, int column, qsizetype row)
 
 void CaddyCells::enterSection()
 {
-    const QString &code = state().gSection;
+    const QString &code = state().selection.gSection;
     m_shopping = {};
     m_c.panEditS->setText(code == u"H"_s ? u"Clear"_s : u"Edit"_s);
     m_c.panEditS->setToolTip(code == u"H"_s ? u"Take the check off every item"_s : u"Open the selected record"_s);
@@ -258,7 +258,7 @@ void CaddyCells::showShoppingTotal()
 
 void CaddyCells::ClearShoppingChecks()
 {
-    if (state().gSection != u"H"_s || !writeRows() || !m_c.dtaSubjects->Database())
+    if (state().selection.gSection != u"H"_s || !writeRows() || !m_c.dtaSubjects->Database())
         return;
     vorel::ClearShoppingChecks(m_c.dtaSubjects->Database(), m_c.dtaSubjects->Recordset(), m_shopping);
     m_c.dtaSubjects->showRow();
@@ -269,7 +269,7 @@ void CaddyCells::ClearShoppingChecks()
 // To Do and Shopping have no screen of their own on which a row could be deleted.
 void CaddyCells::deleteRow()
 {
-    const QString &code = state().gSection;
+    const QString &code = state().selection.gSection;
     Grid &grid = subjects();
     if ((code != u"G"_s && code != u"H"_s) || !grid.UpdateRow() || !grid.Bookmark().isValid())
         return;

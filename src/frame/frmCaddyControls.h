@@ -32,7 +32,7 @@ struct ReminderGrid {
     controls::Grid *grid = nullptr;
     controls::DataControl *data = nullptr;
     QAbstractButton *panEdit = nullptr;
-    QString State::*sql = nullptr;      // the period's query
+    QString ShownPeriod::*sql = nullptr;      // the period's query
     QString newRowSource;               // what the record screen reads when it starts on a new row
     int textColumn = 4;                 // the column that names the row
     bool waits = false;                 // its query was set while it was hidden: read when it is shown

@@ -57,13 +57,13 @@ void CaddyEdit::EditRow(ReminderGrid &one, qint32 id)
 void CaddyEdit::openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod)
 {
     State &s = state();
-    s.gRecordCode = one.code;
-    s.gLastRecord = id;
+    s.selection.gRecordCode = one.code;
+    s.selection.gLastRecord = id;
     stopTimers();
     basic::Trap([&] { showReminder(one, id, inAnyPeriod); });
     startTimers();
     m_screen.GetData();
-    if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.gLastRecord)))
+    if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
         one.grid->setBookmark(one.data->Recordset().Bookmark());
 }
 
@@ -75,7 +75,7 @@ void CaddyEdit::showReminder(const ReminderGrid &one, qint32 id, bool inAnyPerio
         rows.setRecordSource(one.newRowSource);
         record.AddNewRecord({});
     } else {
-        rows.setRecordSource(state().*one.sql);
+        rows.setRecordSource(state().period.*one.sql);
         rows.Refresh();
         const QString criteria = u"ID = %1"_s.arg(id);
         if (!rows.FindFirst(criteria) && inAnyPeriod) {
@@ -90,7 +90,7 @@ void CaddyEdit::showReminder(const ReminderGrid &one, qint32 id, bool inAnyPerio
 // The reminder grid that New works on: the section's own; where several are on show, the one used last.
 ReminderGrid *CaddyEdit::currentReminder() const
 {
-    if (ReminderGrid *own = m_c.reminder(state().gSection))
+    if (ReminderGrid *own = m_c.reminder(state().selection.gSection))
         return own;
     for (ReminderGrid &one : m_c.reminders)
         if (&one == m_lastUsed && !one.grid->isHidden())
@@ -104,13 +104,13 @@ void CaddyEdit::openSubject(qint32 id)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_c.TimerMessages->stop();
     m_screen.UpdateRowHeight();
-    state().gLastRecord = id;
-    if (const RecordScreen *screen = recordScreen(state().gSection)) {
-        state().gRecordCode = screen->recordCode;
+    state().selection.gLastRecord = id;
+    if (const RecordScreen *screen = recordScreen(state().selection.gSection)) {
+        state().selection.gRecordCode = screen->recordCode;
         stopTimers();
         if (screen->open)
             basic::Trap([&] { screen->open({m_window, id}); });
-        else if (const Section *section = sectionByCode(state().gSection))
+        else if (const Section *section = sectionByCode(state().selection.gSection))
             showLater(u"The screen of a record of "_s + section->name);
     }
     basic::Trap([this] { m_screen.GetData(); });
@@ -125,7 +125,7 @@ void CaddyEdit::ShowEdit()
     Grid *grid = m_c.SUBJECTGRID;
     const qint32 id = selectedId(grid);
     const int column = grid->currentIndex().column();
-    const bool isEditedHere = !recordScreen(state().gSection) && !grid->isHidden();
+    const bool isEditedHere = !recordScreen(state().selection.gSection) && !grid->isHidden();
     openSubject(id);
     if (!isEditedHere)
         return;
@@ -149,7 +149,7 @@ void CaddyEdit::NewRecord()
         return;
     }
     openSubject(0);
-    if (!m_c.SUBJECTGRID->isHidden() && !recordScreen(state().gSection)) {
+    if (!m_c.SUBJECTGRID->isHidden() && !recordScreen(state().selection.gSection)) {
         m_c.SUBJECTGRID->setFocus();
         m_c.SUBJECTGRID->EditNewRow();
     }
@@ -164,7 +164,7 @@ void CaddyEdit::stopTimers()
 void CaddyEdit::startTimers()
 {
     m_c.Timer2->start();
-    if (state().gNetwork)
+    if (state().settings.gNetwork)
         m_c.TimerMessages->start();
 }
 
@@ -193,7 +193,7 @@ void CaddyEdit::editSearched()
 {
     if (!m_c.SUBJECTGRID->isHidden())
         ShowEdit();
-    else if (ReminderGrid *own = m_c.reminder(state().gSection))
+    else if (ReminderGrid *own = m_c.reminder(state().selection.gSection))
         editReminder(*own);
     else if (ReminderGrid *first = m_c.firstShown())
         editReminder(*first);
@@ -205,7 +205,7 @@ void CaddyEdit::DblClick(ReminderGrid &one, int yTwips)
     if (yTwips > controls::headLinesTwips)
         editReminder(one);
     else
-        m_screen.DisplayCategory(state().gSection == one.code ? u"All"_s : one.sectionName);
+        m_screen.DisplayCategory(state().selection.gSection == one.code ? u"All"_s : one.sectionName);
 }
 
 QString CaddyEdit::toolTip(const ReminderGrid &one, qsizetype row, int column) const
@@ -214,7 +214,7 @@ QString CaddyEdit::toolTip(const ReminderGrid &one, qsizetype row, int column) c
         return {};
     if (one.code == u"E"_s && column == dateColumn)
         return u" Click the DATE Heading to display the Events in either Day or Date Order "_s;
-    return state().gSection == one.code ? u" Double Click Here for All Display "_s : u" Double Click Here for Full Display "_s;
+    return state().selection.gSection == one.code ? u" Double Click Here for All Display "_s : u" Double Click Here for Full Display "_s;
 }
 
 controls::Grid *CaddyEdit::activeGrid() const
@@ -236,7 +236,7 @@ void CaddyEdit::showDetails()
     const std::vector<controls::GridColumn> &columns = grid->columns();
     for (std::size_t i = 0; i < columns.size() && row >= 0 && row < grid->rows(); ++i) {
         const QString text = grid->CellText(static_cast<int>(i), row).trimmed();
-        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0 && state().gSection != u"F"_s) {
+        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0 && state().selection.gSection != u"F"_s) {
             file = text;
         } else if (columns[i].visible && columns[i].style == controls::GridColumn::Style::Text && !text.isEmpty()) {
             labels << columns[i].caption;

@@ -165,11 +165,11 @@ void buildGrids(QMainWindow *window, CaddyControls &c)
         return made;
     };
     c.appointments() = {u"A"_s, u"Appointments"_s, u"APPOINTMENTS"_s, nullptr, data(u"dtaAppointmentsData"_s), nullptr,
-                        &State::gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s, 4};
+                        &ShownPeriod::gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s, 4};
     c.bills() = {u"B"_s, u"Bills"_s, u"BILLS"_s, nullptr, data(u"dtaBillsData"_s), nullptr,
-                 &State::gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s, 3};
+                 &ShownPeriod::gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s, 3};
     c.events() = {u"E"_s, u"Events"_s, u"EVENTS"_s, nullptr, data(u"dtaEventsData"_s), nullptr,
-                  &State::gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[DATETO],[SUBJECT],[EVENT]"_s, 4};
+                  &ShownPeriod::gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[DATETO],[SUBJECT],[EVENT]"_s, 4};
     c.appointments().grid = makeGrid(u"APPOINTMENTSGRID"_s, u"APPOINTMENTS, ENGAGEMENTS etc"_s, c.appointments().data);
     c.bills().grid = makeGrid(u"BILLSGRID"_s, u"BILLS"_s, c.bills().data);
     c.events().grid = makeGrid(u"EVENTSGRID"_s, u"EVENTS eg  Birthdays, Anniversaries, Sports etc"_s, c.events().data);

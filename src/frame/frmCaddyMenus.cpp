@@ -87,7 +87,7 @@ void CaddyMenus::run(const QString &menuName)
 void CaddyMenus::printCurrent()
 {
     if (m_screen.writeRows())
-        print(printCodeFor(state().gSection));
+        print(printCodeFor(state().selection.gSection));
 }
 
 void CaddyMenus::print(const QString &code)

@@ -24,7 +24,7 @@ constexpr int eventSubject = 3, eventFile = 5, eventRecurring = 9;
 
 std::vector<GridColumn> appointmentColumns()
 {
-    const QString dates = state().gDateDisplay;
+    const QString dates = state().settings.gDateDisplay;
     return {{u"ID"_s, u"ID"_s, 0, false},
             {u"DATE"_s, u"DATE"_s, 1500, true, GridColumn::Style::Text, dates},
             {u"DAY"_s, u"DAY"_s, 500},
@@ -35,7 +35,7 @@ std::vector<GridColumn> appointmentColumns()
 
 std::vector<GridColumn> billColumns()
 {
-    const QString dates = state().gDateDisplay, money = state().gNumberFormat;
+    const QString dates = state().settings.gDateDisplay, money = state().settings.gNumberFormat;
     return {{u"ID"_s, u"ID"_s, 0, false},
             {u"DATE"_s, u"DATE"_s, 1500, true, GridColumn::Style::Text, dates},
             {u"DAY"_s, u"DAY"_s, 500},
@@ -46,7 +46,7 @@ std::vector<GridColumn> billColumns()
 
 std::vector<GridColumn> eventColumns()
 {
-    const QString dates = state().gDateDisplay;
+    const QString dates = state().settings.gDateDisplay;
     return {{u"ID"_s, u"ID"_s, 0, false},
             {u"DATE"_s, u"DATE"_s, 1300, true, GridColumn::Style::Text, dates},
             {u"DAY"_s, u"DAY"_s, 510},
@@ -75,7 +75,7 @@ void styleCells(RowPaint &row, int first, int last, const QString &style)
 
 bool isToday(const basic::Value &date)
 {
-    const QString &format = state().gDateDisplay;
+    const QString &format = state().settings.gDateDisplay;
     return basic::Format(date, format) == basic::Format(basic::Date(), format);
 }
 
@@ -119,7 +119,7 @@ CaddyPainting::CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &
 void CaddyPainting::showReminderColumns()
 {
     const std::vector<int> five = {0, 1, 2, 3, 4, 5};
-    const QString date = basic::Format(basic::DateSerial(2028, 12, 28), state().gDateDisplay), day = u"Wed"_s;
+    const QString date = basic::Format(basic::DateSerial(2028, 12, 28), state().settings.gDateDisplay), day = u"Wed"_s;
     m_columns.show(m_c.appointments().grid, appointmentColumns(),
                    {u"APPS"_s, five, m_c.appointments().textColumn, {{}, date, day, u"00:00 Am"_s}});
     m_columns.show(m_c.bills().grid, billColumns(), {u"BILLS"_s, five, m_c.bills().textColumn, {{}, date, day}});
@@ -232,7 +232,7 @@ controls::StyleSet CaddyPainting::defaultGround() const
 
 void CaddyPainting::showGround()
 {
-    const Section *section = sectionByCode(state().gSection);
+    const Section *section = sectionByCode(state().selection.gSection);
     const controls::StyleSet own = section ? m_c.SUBJECTGRID->styleSet(section->styleSet) : controls::StyleSet{};
     const bool isChosen = own.back.isValid() && section->layoutWord != u"CHRISTMAS"_s;     // those rows are painted one by one
     m_c.SUBJECTGRID->setStyleSet({}, isChosen ? own : defaultGround());
@@ -262,7 +262,7 @@ void CaddyPainting::paintEvent(RowPaint &row) const
     if (const basic::DateTime *date = stored.tryGet<basic::DateTime>()) {
         // What comes back every year is named by the day on which it falls in the year on show.
         const bool yearly = isYearly(subject, row.cell(eventRecurring));
-        const int year = state().gTodayYear > 0 ? state().gTodayYear : basic::Date().year();
+        const int year = state().period.gTodayYear > 0 ? state().period.gTodayYear : basic::Date().year();
         const basic::DateTime shown = yearly ? basic::DateSerial(year, date->month(), date->day()) : *date;
         setCell(row.text, dayColumn, basic::Format(shown, u"ddd"));
         if (basic::Format(*date, u"mm/dd") == basic::Format(basic::Date(), u"mm/dd"))
@@ -275,7 +275,7 @@ void CaddyPainting::paintEvent(RowPaint &row) const
 
 void CaddyPainting::paintSubject(RowPaint &row) const
 {
-    const Section *section = sectionByCode(state().gSection);
+    const Section *section = sectionByCode(state().selection.gSection);
     if (!section || section->kind != SectionKind::Grid || section->columns.size() != m_c.SUBJECTGRID->columns().size())
         return;
     const RowLook look = subjectRowLook(section->code, row.cell);

@@ -60,7 +60,7 @@ void CaddyPeriods::DisplayDates()
 void CaddyPeriods::DisplayCaption()
 {
     m_c.panPeriod->setText(periodCaption());
-    m_c.lblUsername->setText(state().gUserName);
+    m_c.lblUsername->setText(state().settings.gUserName);
     for (const auto &[key, action] : m_c.toolbarKeys)
         if (action->isCheckable())
             action->setChecked(key == m_key);

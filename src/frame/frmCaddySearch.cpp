@@ -77,7 +77,7 @@ dao::Bookmark firstHit(const dao::Recordset &rows, const QString &criteria, qsiz
 
 Grid *CaddySearch::searchGrid() const
 {
-    const QString &code = state().gSection;
+    const QString &code = state().selection.gSection;
     if (const ReminderGrid *own = m_c.reminder(code))
         return own->grid;
     if (!m_c.SUBJECTGRID->isHidden())
@@ -116,7 +116,7 @@ void CaddySearch::GridSearch(Grid *grid)
     dao::Bookmark hit;
     // A pattern that is still being typed ("[a") is no fault of the user's: it finds nothing yet.
     basic::IgnoreErrors([&] {
-        const QString text = searchedText(rows, state().gSection, reminder);
+        const QString text = searchedText(rows, state().selection.gSection, reminder);
         hit = firstHit(rows, text + u" Like "_s + searchPattern(wanted), std::min(m_start, rows.rowTotal()));
     });
     m_start = 0;
@@ -161,7 +161,7 @@ void CaddySearch::HeadClick(Grid *grid, int column)
         return;
     if (!rows || rows.Type() == dao::dbOpenTable || column < 0 || at >= grid->columns().size())
         return;
-    QString code = state().gSection;
+    QString code = state().selection.gSection;
     for (const ReminderGrid &one : m_c.reminders)
         if (one.grid == grid)
             code = one.code;
@@ -183,7 +183,7 @@ void CaddySearch::HeadClick(Grid *grid, int column)
 // The events stand either by their dates or, for those who look for the days of a year, by day and month.
 void CaddySearch::alternateEventOrder()
 {
-    QString &sql = state().gSqlEvents;
+    QString &sql = state().period.gSqlEvents;
     const qsizetype by = sql.lastIndexOf(u" ORDER BY "_s, -1, Qt::CaseInsensitive);
     if (by < 0)
         return;

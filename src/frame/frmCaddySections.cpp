@@ -69,7 +69,7 @@ QString sampleOf(const QString &code, const QString &field, dao::DataType type)
     if (type != dao::dbDate)
         return {};
     const double time = code == u"M"_s ? basic::TimeSerial(22, 28, 28).serial() : 0;
-    return basic::Format(basic::DateTime(basic::DateSerial(2028, 12, 28).serial() + time), state().gDateDisplay);
+    return basic::Format(basic::DateTime(basic::DateSerial(2028, 12, 28).serial() + time), state().settings.gDateDisplay);
 }
 
 // Prices that are kept as plain numbers.
@@ -99,12 +99,12 @@ void CaddySections::cmdCat_Click(int index)
     const CategoryButton &button = categoryButtons()[static_cast<std::size_t>(index)];
     if (isGuarded(index)) {
         adminPassword()();
-        if (!state().gAdminOk)
+        if (!state().selection.gAdminOk)
             return;
     }
     m_screen.DisplayCategory(button.tag);
     SizeGrids();
-    if (state().gSection == u"P"_s && m_c.SUBJECTGRID->rows() == 0)
+    if (state().selection.gSection == u"P"_s && m_c.SUBJECTGRID->rows() == 0)
         showMissingContacts();
 }
 
@@ -125,7 +125,7 @@ void CaddySections::show(const Section &section)
         return;
     }
     clearScreen(section);
-    state().gLastCategory = section.name;
+    state().selection.gLastCategory = section.name;
     if (section.kind == SectionKind::Reminder)
         showReminders(section);
     else
@@ -139,7 +139,7 @@ void CaddySections::clearScreen(const Section &section)
     unloadScreens({u"frmCalendar"_s, u"frmCalculator"_s, u"frmEnterBill"_s, u"frmInformation"_s});
     UpdateRowHeight();
     m_c.picDetails->showBanner(state().gProductTitle, bannerLine());
-    state().gAdminOk = false;
+    state().selection.gAdminOk = false;
     for (ReminderGrid &one : m_c.reminders) {
         one.grid->hide();
         one.panEdit->hide();
@@ -162,7 +162,7 @@ void CaddySections::clearScreen(const Section &section)
 
 void CaddySections::showReminders(const Section &section)
 {
-    state().gSection = section.code;
+    state().selection.gSection = section.code;
     markButton(section.name);
     m_c.enableAction(u"mnuDisplayPeriod"_s, true);
     for (std::size_t i = 0; i < m_c.reminders.size(); ++i) {
@@ -177,12 +177,12 @@ void CaddySections::showReminders(const Section &section)
 
 void CaddySections::showGrid(const Section &section)
 {
-    state().gSection = section.code;
+    state().selection.gSection = section.code;
     markButton(section.name);
     m_c.enableAction(u"mnuDisplayPeriod"_s, false);
     QString title = section.gridTitle;
     if (section.code == u"M"_s)
-        title += u" for "_s + state().gUserName;
+        title += u" for "_s + state().settings.gUserName;
     m_c.SUBJECTGRID->setTitle(title);
     m_c.SUBJECTGRID->setAccessibleName(title);
     connectSubjects(section);
@@ -190,7 +190,7 @@ void CaddySections::showGrid(const Section &section)
     m_c.SUBJECTGRID->show();
     m_c.panEditS->show();
     m_c.showAction(u"mnuTasksToOutlook"_s, section.code == u"G"_s && m_sizes.outlookFunctions);
-    m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().gNetwork && state().gFeature[u"Messages"_s]);
+    m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().settings.gNetwork && state().settings.gFeature[u"Messages"_s]);
     allowPrinting(section);
     RefreshData();
     m_screen.DisableButtons(true);
@@ -204,12 +204,12 @@ void CaddySections::showAction(const Section &section)
         return;
     }
     clearScreen(section);
-    state().gSection = section.code;
+    state().selection.gSection = section.code;
     markButton(section.name);
     m_c.panSearch->hide();
     m_c.panNew->setVisible(section.code == u"IN"_s);
     basic::Trap([&] { openScreen(section.name); });
-    const Section *before = sectionByName(state().gLastCategory);
+    const Section *before = sectionByName(state().selection.gLastCategory);
     if (!before || before->kind == SectionKind::Action)
         before = sectionByName(u"All"_s);
     show(*before);
@@ -233,7 +233,7 @@ void CaddySections::connectSubjects(const Section &section)
     const QString &path = state().path(file);
     const bool none = file == DataFile::DataJ && basic::Dir(path).isEmpty();
     const bool isProtected = dataFileEntry(file).isProtected;
-    state().gSqlSection[section.code] = section.query;
+    state().selection.gSqlSection[section.code] = section.query;
     m_c.dtaSubjects->setConnect(isProtected ? protectedConnect() : u"Access"_s);
     m_c.dtaSubjects->setDatabaseName(none ? QString() : path);
     m_c.dtaSubjects->setRecordSource(section.query);
@@ -260,9 +260,9 @@ void CaddySections::showSubjectColumns(const Section &section)
         if (type == dao::dbBoolean)
             column.style = GridColumn::Style::Check;
         else if (type == dao::dbDate)
-            column.format = state().gDateDisplay;
+            column.format = state().settings.gDateDisplay;
         else if (type == dao::dbCurrency || moneyField(section.code, from.field))
-            column.format = state().gNumberFormat;
+            column.format = state().settings.gNumberFormat;
         if (type == dao::dbCurrency || type == dao::dbLong || type == dao::dbInteger || type == dao::dbDouble)
             column.alignment = Qt::AlignRight;
         const bool isText = type == dao::dbText || type == dao::dbMemo;
@@ -284,7 +284,7 @@ void CaddySections::showSubjectColumns(const Section &section)
 // The query of a grid that is not on show is set and read later: nobody waits for rows that nobody sees.
 void CaddySections::refresh(ReminderGrid &one, bool quiet)
 {
-    one.data->setRecordSource(state().*one.sql);
+    one.data->setRecordSource(state().period.*one.sql);
     one.waits = one.grid->isHidden();
     if (!one.waits)
         one.data->Refresh(quiet);
@@ -305,11 +305,11 @@ void CaddySections::GetData()
     State &s = state();
     for (ReminderGrid &one : m_c.reminders)
         refresh(one);
-    const auto query = s.gSqlSection.find(s.gSection);
-    if (!isReminder(s.gSection) && query != s.gSqlSection.end() && !m_c.dtaSubjects->DatabaseName().isEmpty()) {
+    const auto query = s.selection.gSqlSection.find(s.selection.gSection);
+    if (!isReminder(s.selection.gSection) && query != s.selection.gSqlSection.end() && !m_c.dtaSubjects->DatabaseName().isEmpty()) {
         m_c.dtaSubjects->setRecordSource(query->second);
         m_c.dtaSubjects->Refresh();
-        if (m_c.dtaSubjects->hasRows() && m_c.dtaSubjects->FindFirst(u"ID=%1"_s.arg(s.gLastRecord)))
+        if (m_c.dtaSubjects->hasRows() && m_c.dtaSubjects->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
             m_c.SUBJECTGRID->setBookmark(m_c.dtaSubjects->Recordset().Bookmark());
     }
     m_search.forgetRows();
@@ -319,9 +319,9 @@ void CaddySections::GetData()
 void CaddySections::RefreshData()
 {
     static const QStringList skipped = {u"Y"_s, u"MV"_s, u"N"_s, u"H"_s, u"P"_s, u"L"_s, u"J"_s, u"All"_s};
-    if (skipped.contains(state().gSection))
+    if (skipped.contains(state().selection.gSection))
         return;
-    if (state().gSqlAppointments.isEmpty())
+    if (state().period.gSqlAppointments.isEmpty())
         SetDayPeriod(u"Today"_s);
     for (ReminderGrid &one : m_c.reminders)
         basic::IgnoreErrors([&] { refresh(one, true); });
@@ -369,7 +369,7 @@ void CaddySections::applyFeatures()
             control->setVisible(visible);
     };
     for (const FeatureEntry &feature : featureTable()) {
-        const bool on = state().gFeature[feature.key];
+        const bool on = state().settings.gFeature[feature.key];
         if (feature.category >= 0)
             m_c.rail->button(feature.category)->setVisible(on);
         for (const QString &name : feature.controls)

@@ -23,7 +23,7 @@ void colour(QAbstractButton *panel, const QColor &ground)
 
 void CaddyStrip::ScrollMessages()
 {
-    m_c.panInfo->setText(infoLine(state().gTips ? NextHint() : QString()));
+    m_c.panInfo->setText(infoLine(state().settings.gTips ? NextHint() : QString()));
 }
 
 void CaddyStrip::CheckForMessages()
@@ -52,9 +52,9 @@ void CaddyStrip::CheckForBackupFiles()
 
 void CaddyStrip::showMessages(MessageView view)
 {
-    if (state().gSection != u"M"_s)
+    if (state().selection.gSection != u"M"_s)
         return;
-    state().gSqlSection[u"M"_s] = messageQuery(view);
+    state().selection.gSqlSection[u"M"_s] = messageQuery(view);
     m_screen.GetData();
 }
 

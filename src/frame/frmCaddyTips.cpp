@@ -23,7 +23,7 @@ bool CaddyTips::eventFilter(QObject *watched, QEvent *event)
     if (event->type() == QEvent::Leave && m_shown) {
         m_shown = false;
         m_goBack();
-    } else if (event->type() == QEvent::Enter && state().gTips) {
+    } else if (event->type() == QEvent::Enter && state().settings.gTips) {
         ButtonTip tip = toolTip(watched->objectName());
         for (const CategoryButton &entry : categoryButtons())
             if (m_c.rail->button(entry.index) == watched)

@@ -44,7 +44,7 @@ void frmCaddy::connectGrids()
     controls::on(subjects, &controls::Grid::RowChange, this, [this] { d->edit.showDetails(); });
     controls::on(subjects, &controls::Grid::BtnClick, this, [this](int, qsizetype row) { d->edit.subjectButton(row); });
     subjects->setToolTipProvider(
-        [this, subjects](qsizetype row, int) { return row < 0 ? QString() : rowTip(subjects, state().gSection, row); });
+        [this, subjects](qsizetype row, int) { return row < 0 ? QString() : rowTip(subjects, state().selection.gSection, row); });
     controls::on(&d->edit, &CaddyEdit::activeGridChanged, this, [this](const controls::Grid *grid) {
         d->painting.markActive(grid);
         d->edit.showDetails();
@@ -53,7 +53,7 @@ void frmCaddy::connectGrids()
 
 QString frmCaddy::rowTip(const controls::Grid *grid, const QString &code, qsizetype row) const
 {
-    if (!state().gTips || row >= grid->rows())
+    if (!state().settings.gTips || row >= grid->rows())
         return {};
     return SetToolTip(grid->dataControl()->Database(), code, static_cast<qint32>(basic::Val(grid->CellText(idColumn, row))));
 }
@@ -100,7 +100,7 @@ void frmCaddy::answerMenus()
     CaddyMenus &menus = d->menus;
     menus.answer(u"mnuExit"_s, [this] { close(); });
     menus.answer(u"mnuQuit"_s, [this] { close(); });
-    menus.answer(u"mnuHelp"_s, [] { ShowInfoPage(state().gSection); });
+    menus.answer(u"mnuHelp"_s, [] { ShowInfoPage(state().selection.gSection); });
     menus.answer(u"mnuAbout"_s, [] {
         basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)
                           + u"\nProbably the Handiest Software you will own"_s, u"About"_s, basic::Icon::Information);

@@ -15,7 +15,7 @@ void showLater(const QString &name)
 
 std::function<void()> &adminPassword()
 {
-    static std::function<void()> ask = [] { state().gAdminOk = true; };
+    static std::function<void()> ask = [] { state().selection.gAdminOk = true; };
     return ask;
 }
 

@@ -277,7 +277,7 @@ void SaveGridSettings(const GridLayout &layout, std::int16_t subjectRowHeight)
 
 void UpdateRowHeight(GridLayout &layout, const RowHeights &heights)
 {
-    const QString &code = state().gSection;
+    const QString &code = state().selection.gSection;
     if (code == u"A" || code == u"All")
         layout.setRowHeight(u"APPS"_s, heights.appointments);
     if (code == u"B" || code == u"All")

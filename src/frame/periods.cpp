@@ -29,18 +29,18 @@ DateTime plusDays(DateTime date, int days)
 
 void setPeriod(const Span &span)
 {
-    state().gPeriodStart = shortDate(span.start);
-    state().gPeriodEnd = shortDate(span.end);
+    state().period.gPeriodStart = shortDate(span.start);
+    state().period.gPeriodEnd = shortDate(span.end);
 }
 
 Span week(int weeksFromNow)
 {
     State &s = state();
-    if (s.gWeekStartDay == 0)
-        s.gWeekStartDay = 1;
+    if (s.settings.gWeekStartDay == 0)
+        s.settings.gWeekStartDay = 1;
     const DateTime today = basic::Date();
     // Not corrected when the difference is negative: with a week from Monday, on a Sunday the week starts tomorrow.
-    const DateTime start = plusDays(today, -(basic::Weekday(today) - s.gWeekStartDay) + 7 * weeksFromNow);
+    const DateTime start = plusDays(today, -(basic::Weekday(today) - s.settings.gWeekStartDay) + 7 * weeksFromNow);
     return {start, plusDays(start, 6)};
 }
 
@@ -75,8 +75,8 @@ void setMonth(int monthsFromNow)
 void setYear(int years)
 {
     const QString year = QString::number(yearFromNow(years));
-    state().gPeriodStart = u"01/01/"_s + year;
-    state().gPeriodEnd = u"31/12/"_s + year;
+    state().period.gPeriodStart = u"01/01/"_s + year;
+    state().period.gPeriodEnd = u"31/12/"_s + year;
     BuildPeriodQueries();
 }
 
@@ -136,20 +136,20 @@ void SetDayPeriod(const QString &name)
             continue;
         const DateTime date = plusDays(basic::Date(), away);
         setPeriod({date, date});
-        s.gTodayYear = static_cast<std::int16_t>(date.year());
+        s.period.gTodayYear = static_cast<std::int16_t>(date.year());
     }
 
-    const DateTime date = basic::CDate(s.gPeriodStart);
+    const DateTime date = basic::CDate(s.period.gPeriodStart);
     const QString d = sqlDate(date);
     const QString sameDay = u" AND month([DATE]) = %1 AND day([DATE]) = %2"_s.arg(date.month()).arg(date.day());
-    s.gSqlAppointments = u"select * from APPOINTMENTS where [DATE]=#%1# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s.arg(d);
-    s.gSqlBills = u"select * from BILLS where [DATE]=#%1# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s.arg(d);
+    s.period.gSqlAppointments = u"select * from APPOINTMENTS where [DATE]=#%1# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s.arg(d);
+    s.period.gSqlBills = u"select * from BILLS where [DATE]=#%1# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s.arg(d);
     // Unlike a period's query this one takes holidays, and rows of later years too.
     QString events = u"select * from EVENTS where [DATE]=#%1#"_s.arg(d);
     for (const QString &subject : {u"ANNIVERSARY"_s, u"BIRTHDAY"_s, u"ON THIS DAY"_s, u"HOLIDAY"_s})
         events += u" OR [SUBJECT]='"_s + subject + u'\'' + sameDay;
     events += u" OR [RECURRING]=True"_s + sameDay;
-    s.gSqlEvents = events + u" ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
+    s.period.gSqlEvents = events + u" ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
 }
 
 void SetThisWeek() { setWeek(0); }
@@ -165,26 +165,26 @@ void SetLastYear() { setYear(-1); }
 void SetAllRecords()
 {
     State &s = state();
-    s.gPeriodStart.clear();
-    s.gPeriodEnd = s.gPeriodStart;
-    s.gSqlAppointments = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s;
-    s.gSqlBills = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s;
-    s.gSqlEvents = u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
+    s.period.gPeriodStart.clear();
+    s.period.gPeriodEnd = s.period.gPeriodStart;
+    s.period.gSqlAppointments = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s;
+    s.period.gSqlBills = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s;
+    s.period.gSqlEvents = u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
 }
 
 void BuildPeriodQueries()
 {
     State &s = state();
-    const DateTime start = basic::CDate(s.gPeriodStart);
-    const DateTime end = basic::CDate(s.gPeriodEnd);
-    s.gTodayMonth = static_cast<std::int16_t>(start.month());
-    s.gTodayYear = static_cast<std::int16_t>(start.year());
+    const DateTime start = basic::CDate(s.period.gPeriodStart);
+    const DateTime end = basic::CDate(s.period.gPeriodEnd);
+    s.period.gTodayMonth = static_cast<std::int16_t>(start.month());
+    s.period.gTodayYear = static_cast<std::int16_t>(start.year());
 
     const QString first = sqlDate(start);
     const QString between = u" between #%1# and #%2#"_s.arg(first, sqlDate(end));
-    s.gSqlAppointments = u"select * from APPOINTMENTS where [DATE]"_s + between
+    s.period.gSqlAppointments = u"select * from APPOINTMENTS where [DATE]"_s + between
         + u" ORDER BY [DATE],[APPTIME],[APPOINTMENT] DESC"_s;
-    s.gSqlBills = u"select * from BILLS where [DATE]"_s + between + u" ORDER BY [DATE],[BILL] DESC"_s;
+    s.period.gSqlBills = u"select * from BILLS where [DATE]"_s + between + u" ORDER BY [DATE],[BILL] DESC"_s;
     // Rows of earlier years come by their day and month in the year of the period's start, that one year only.
     const QString before = u" OR [DATE]<#%1# AND "_s.arg(first);
     const QString inYear = u" AND DATESERIAL( %1,MONTH([DATE]),DAY([DATE]))"_s.arg(start.year()) + between;
@@ -192,20 +192,20 @@ void BuildPeriodQueries()
     for (const QString &subject : {u"ANNIVERSARY"_s, u"BIRTHDAY"_s, u"ON THIS DAY"_s})
         events += before + u"[SUBJECT]='"_s + subject + u'\'' + inYear;
     events += before + u"[RECURRING]=True"_s + inYear;
-    s.gSqlEvents = events + u" ORDER BY [Date],[Subject],[Event]"_s;
+    s.period.gSqlEvents = events + u" ORDER BY [Date],[Subject],[Event]"_s;
 }
 
 QString periodCaption()
 {
     State &s = state();
-    s.gPeriodStart = inShortForm(s.gPeriodStart);
-    s.gPeriodEnd = inShortForm(s.gPeriodEnd);
-    if (s.gPeriodEnd.isEmpty())
+    s.period.gPeriodStart = inShortForm(s.period.gPeriodStart);
+    s.period.gPeriodEnd = inShortForm(s.period.gPeriodEnd);
+    if (s.period.gPeriodEnd.isEmpty())
         return u" (All Records)"_s;
-    const DateTime start = basic::CDate(s.gPeriodStart);
-    if (s.gPeriodStart == s.gPeriodEnd)
+    const DateTime start = basic::CDate(s.period.gPeriodStart);
+    if (s.period.gPeriodStart == s.period.gPeriodEnd)
         return singleDayCaption(start);
-    return u" (%1 - %2)"_s.arg(displayDate(start), displayDate(basic::CDate(s.gPeriodEnd)));
+    return u" (%1 - %2)"_s.arg(displayDate(start), displayDate(basic::CDate(s.period.gPeriodEnd)));
 }
 
 const std::vector<PeriodEntry> &periodTable()

@@ -224,7 +224,7 @@ QString shown(const Value &value, Show show)
     if (text.isEmpty())
         return {};
     if (show == Show::Money)
-        return basic::CDbl(value) == 0 ? QString() : basic::Format(value, state().gNumberFormat);
+        return basic::CDbl(value) == 0 ? QString() : basic::Format(value, state().settings.gNumberFormat);
     if (show == Show::Text)
         return text;
     if (isNoDate(value))

@@ -94,7 +94,7 @@ void ClearShoppingChecks(dao::Database &database, dao::Recordset &rows, Shopping
 
 QString shoppingTitle(double total)
 {
-    return u"SHOPPING LIST ... "_s + basic::Format(total, state().gNumberFormat);
+    return u"SHOPPING LIST ... "_s + basic::Format(total, state().settings.gNumberFormat);
 }
 
 double rowTotal(const basic::Value &number, const basic::Value &amount)

@@ -57,10 +57,10 @@ void loadProgramState(quint32 formColour)
     s.gIniFile = programFile(u"\\vorelreminder.ini"_s);
     // gDateShort is not detected yet: on a fresh configuration dates show in the general format until the setup
     // screen has saved a choice.
-    s.gDateDisplay = settingOr(u"DateDisplay"_s, s.gDateShort);
+    s.settings.gDateDisplay = settingOr(u"DateDisplay"_s, s.settings.gDateShort);
     s.gOsName = GetOsName();
-    s.gPopUpCloser = true;
-    s.gFormColour = QString::number(formColour);
+    s.settings.gPopUpCloser = true;
+    s.settings.gFormColour = QString::number(formColour);
     s.gProductTitle = u"Vorel Reminder %1"_s.arg(VOREL_VERSION_MAJOR);
     loadDataPaths();
 }
@@ -93,17 +93,17 @@ void runStartupPasses()
 void loadMainSettings()
 {
     State &s = state();
-    s.gToday = basic::Date();
-    s.gWeekStartDay = iniInteger(setting(u"WeekStartDay"_s, u"0"_s));
-    if (s.gWeekStartDay == 0)
-        s.gWeekStartDay = 1;
-    s.gNumberFormat = settingOr(u"NumberFormat"_s, u"######0.00"_s);
-    s.gWarnBefore = iniInteger(setting(u"AWarningBefore"_s, u"3"_s));
-    s.gWarnAfter = iniInteger(setting(u"AWarningAfter"_s, u"1"_s));
-    s.gPopUpCloser = booleanSetting(u"PopUpCloser"_s, true);
-    s.gBirthdayFormat = setting(u"BirthdayFormat"_s, u"Lastname, Firstname/s"_s);
-    s.gAutoEmail = booleanSetting(u"AutoEmail"_s, false);
-    s.gEmailName = setting(u"EmailName"_s, u"User"_s);
+    s.period.gToday = basic::Date();
+    s.settings.gWeekStartDay = iniInteger(setting(u"WeekStartDay"_s, u"0"_s));
+    if (s.settings.gWeekStartDay == 0)
+        s.settings.gWeekStartDay = 1;
+    s.settings.gNumberFormat = settingOr(u"NumberFormat"_s, u"######0.00"_s);
+    s.settings.gWarnBefore = iniInteger(setting(u"AWarningBefore"_s, u"3"_s));
+    s.settings.gWarnAfter = iniInteger(setting(u"AWarningAfter"_s, u"1"_s));
+    s.settings.gPopUpCloser = booleanSetting(u"PopUpCloser"_s, true);
+    s.settings.gBirthdayFormat = setting(u"BirthdayFormat"_s, u"Lastname, Firstname/s"_s);
+    s.settings.gAutoEmail = booleanSetting(u"AutoEmail"_s, false);
+    s.settings.gEmailName = setting(u"EmailName"_s, u"User"_s);
 }
 
 void openMainDatabase()
@@ -114,43 +114,43 @@ void openMainDatabase()
     s.gMainDb = dao::DBEngine::OpenDatabase(s.path(DataFile::Main));
     dao::Recordset setup = s.gMainDb.OpenRecordset(u"SELECT * FROM [Setup];"_s, dao::dbOpenSnapshot);
     dao::DBEngine::Idle(dao::dbRefreshCache);
-    s.gDeleteAfterDays = 0;
-    s.gBackupAfterDays = 0;
+    s.settings.gDeleteAfterDays = 0;
+    s.settings.gBackupAfterDays = 0;
     if (setup.RecordCount() > 0) {
-        s.gDeleteAfterDays = dayCount(setup, u"DeleteAfterDays");
-        s.gBackupAfterDays = dayCount(setup, u"BackupAfterDays");
+        s.settings.gDeleteAfterDays = dayCount(setup, u"DeleteAfterDays");
+        s.settings.gBackupAfterDays = dayCount(setup, u"BackupAfterDays");
     }
     setup.Close();
-    if (s.gBackupAfterDays == 0)
-        s.gBackupAfterDays = 14;
+    if (s.settings.gBackupAfterDays == 0)
+        s.settings.gBackupAfterDays = 14;
 }
 
 void loadUserName()
 {
-    state().gUserName = settingOr(u"UserName"_s, u"User"_s);
+    state().settings.gUserName = settingOr(u"UserName"_s, u"User"_s);
 }
 
 void setTodayParts()
 {
     State &s = state();
     const QDate today = basic::Date().date();
-    s.gTodayDay = static_cast<std::int16_t>(today.day());
-    s.gTodayMonth = static_cast<std::int16_t>(today.month());
-    s.gTodayYear = static_cast<std::int16_t>(today.year());
+    s.period.gTodayDay = static_cast<std::int16_t>(today.day());
+    s.period.gTodayMonth = static_cast<std::int16_t>(today.month());
+    s.period.gTodayYear = static_cast<std::int16_t>(today.year());
 }
 
 QString loadStartCategory()
 {
     const QString category = settingOr(u"Category"_s, u"All"_s);
-    state().gTips = booleanSetting(u"Tips"_s, true);
-    state().gDisplayAds = booleanSetting(u"DisplayAds"_s, true);
+    state().settings.gTips = booleanSetting(u"Tips"_s, true);
+    state().settings.gDisplayAds = booleanSetting(u"DisplayAds"_s, true);
     return category;
 }
 
 void loadWarningSettings()
 {
-    state().gAppointmentWarning = booleanSetting(u"AppointmentWarning"_s, true);
-    state().gNetwork = booleanSetting(u"Network"_s, true);
+    state().settings.gAppointmentWarning = booleanSetting(u"AppointmentWarning"_s, true);
+    state().settings.gNetwork = booleanSetting(u"Network"_s, true);
 }
 
 void loadSoundFile()
@@ -159,7 +159,7 @@ void loadSoundFile()
     const QString chosen = setting(u"SoundFile"_s, {});
     const QString path = chosen.isEmpty() ? desktop::findResource(u"\\WISH.wav"_s) : chosen;
     const bool exists = chosen.isEmpty() ? !path.isEmpty() : !basic::Dir(path).isEmpty();
-    state().gSoundFile = exists ? path : QString();
+    state().settings.gSoundFile = exists ? path : QString();
 }
 
 void loadFeatures()
@@ -167,7 +167,7 @@ void loadFeatures()
     for (const FeatureEntry &feature : featureTable()) {
         double number = 0;
         basic::IgnoreErrors([&] { number = basic::Val(GetIniValue(iniFeatures, feature.key, u"1"_s)); });
-        state().gFeature[feature.key] = number == 1;
+        state().settings.gFeature[feature.key] = number == 1;
     }
 }
 

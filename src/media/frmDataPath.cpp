@@ -200,7 +200,7 @@ void frmDataPath::Load()
     if (m_section.isEmpty() && m_call.screen)
         m_section = sectionOfScreen(m_call.screen->objectName());
     if (m_section.isEmpty())
-        m_section = state().gSection;
+        m_section = state().selection.gSection;
     if (m_call.slideShow) {
         m_title->hide();
         basic::Trap([this] { GetSlideShowFiles(); });

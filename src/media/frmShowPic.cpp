@@ -48,7 +48,7 @@ void ShowPic(QWidget *screen, QString &path, const QString &section)
 void ShowPic(QWidget *screen, QString &path)
 {
     const QString own = sectionOfScreen(screen->objectName());
-    ShowPic(screen, path, own.isEmpty() ? state().gSection : own);
+    ShowPic(screen, path, own.isEmpty() ? state().selection.gSection : own);
 }
 
 }

@@ -194,7 +194,7 @@ Cell yesWhenSet(const QString &field)
 
 ListReport remindersReport(const QString &section, const QString &query)
 {
-    const QString day = state().gDateShort;
+    const QString day = state().settings.gDateShort;
     ListReport report{.isDated = false, .size = 0, .rowLimit = 55, .head = ListHead::Block,
                       .countWord = u"NUMBER OF RECORDS LISTED: "_s, .hideEmail = true, .noRows = u"No Records to Preview"_s};
     report.query = query;
@@ -285,7 +285,7 @@ bool printSectionList(const QString &code, const QString &remindersQuery)
     else if (code == u"H")
         PrintShoppingList();
     else if (code == u"J")
-        PrintJournalList(state().gUserName, u"SELECT * FROM [JOURNAL] ORDER BY [DATE]"_s);
+        PrintJournalList(state().settings.gUserName, u"SELECT * FROM [JOURNAL] ORDER BY [DATE]"_s);
     else if (reportTable().contains(code))
         printOf(code);
     else

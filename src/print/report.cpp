@@ -54,7 +54,7 @@ void ReportHeading(const QString &title)
     const double middle = GetScaleWidth() / 2;
     PrintField(middle, u"C"_s, title, true);
     SetFontSize(GetOrientation() == printer::Landscape ? 9.0 : 10.0);
-    PrintField(middle, u"C"_s, basic::Format(Value(basic::Date()), state().gDateLong), true);
+    PrintField(middle, u"C"_s, basic::Format(Value(basic::Date()), state().settings.gDateLong), true);
     SetCurrentY(GetCurrentY() + 10);
     SetForeColor(black);
     SetFontBold(false);

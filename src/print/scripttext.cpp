@@ -157,7 +157,7 @@ void PrintField(double x, const QString &alignment, const Value &text, bool newL
 
 void PrintDateField(double x, const QString &alignment, const Value &date, bool newLine)
 {
-    PrintField(x, alignment, basic::Format(date, state().gDateLong), newLine);
+    PrintField(x, alignment, basic::Format(date, state().settings.gDateLong), newLine);
 }
 
 void PrintCurrencyField(double x, const QString &alignment, const Value &number, bool newLine)

@@ -147,7 +147,7 @@ void frmSection::dtaData_Reposition()
 {
     if (m_ending)
         return;
-    state().gLastRecord = currentId();
+    state().selection.gLastRecord = currentId();
     selectNode();
     m_path = text(u"lblPictureFile"_s);
     ShowPic();

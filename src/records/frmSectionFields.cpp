@@ -134,7 +134,7 @@ controls::BindOptions frmSection::bindOptions(const Field &field) const
     case FieldKind::Lines:
         return {{}, storedLines};
     case FieldKind::Amount:
-        return {[](const basic::Value &stored) { return basic::Format(stored, state().gNumberFormat); }, {}};
+        return {[](const basic::Value &stored) { return basic::Format(stored, state().settings.gNumberFormat); }, {}};
     default:
         return {};
     }

@@ -17,13 +17,13 @@ constexpr qsizetype manyGroups = 16;
 
 bool isInventory()
 {
-    return state().gSection == u"I";
+    return state().selection.gSection == u"I";
 }
 
 // The sections whose records are called by their title, whatever field groups them.
 bool isCalledByTitle()
 {
-    return state().gSection == u"K" || state().gSection == u"R" || state().gSection == u"U";
+    return state().selection.gSection == u"K" || state().selection.gSection == u"R" || state().selection.gSection == u"U";
 }
 
 QString bracketed(const QString &name)

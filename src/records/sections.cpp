@@ -212,7 +212,7 @@ dao::Bookmark addRow(dao::Recordset &rows, const Section &section)
         }
         for (const dao::RecordsetField &column : rows.Fields()) {       // the books' table tells no owner
             if (column.Name.compare(u"UsersName", Qt::CaseInsensitive) == 0)
-                rows.Set(column.Name, state().gUserName.left(ownerSize));
+                rows.Set(column.Name, state().settings.gUserName.left(ownerSize));
         }
         rows.Update();
     } catch (...) {

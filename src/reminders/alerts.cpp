@@ -56,7 +56,7 @@ QString quoted(const QString &text)
 
 AlertRule alertRule()
 {
-    return {state().gAppointmentWarning, state().gWarnBefore, state().gWarnAfter};
+    return {state().settings.gAppointmentWarning, state().settings.gWarnBefore, state().settings.gWarnAfter};
 }
 
 std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const AlertRule &rule, DateTime now)
@@ -103,7 +103,7 @@ QString onDay(const QString &query, DateTime day)
 std::vector<AppointmentRow> appointmentsOfToday()
 {
     std::vector<AppointmentRow> rows;
-    const QString &query = state().gSqlAppointments;
+    const QString &query = state().period.gSqlAppointments;
     if (query.isEmpty() || !state().gMainDb)
         return rows;
     dao::Recordset set = state().gMainDb.CreateSnapshot(onDay(query, basic::Date()));
@@ -126,8 +126,8 @@ bool writeAppointsFile()
 {
     QString lines;
     bool any = false;
-    if (state().gMainDb && !state().gSqlAppointments.isEmpty()) {
-        dao::Recordset set = state().gMainDb.CreateSnapshot(state().gSqlAppointments);
+    if (state().gMainDb && !state().period.gSqlAppointments.isEmpty()) {
+        dao::Recordset set = state().gMainDb.CreateSnapshot(state().period.gSqlAppointments);
         for (; !set.EOF_(); set.MoveNext()) {
             any = true;
             const dao::Value met = set.Get(u"MET");

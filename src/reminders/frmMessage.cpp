@@ -176,7 +176,7 @@ void frmMessage::dtaData_Reposition()
 {
     lblState->clear();
     if (m_data->hasRows() && m_data->Recordset() && !m_data->Recordset().EOF_())
-        state().gLastRecord = basic::CLng(m_data->Recordset().Get(u"ID"));
+        state().selection.gLastRecord = basic::CLng(m_data->Recordset().Get(u"ID"));
 }
 
 void frmMessage::AddNewRecord(const QString &)

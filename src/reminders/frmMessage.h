@@ -16,7 +16,7 @@ namespace vorel {
 //     frmMessage form(parent);
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
-// state().gLastRecord is then the ID of the row that was last current.
+// state().selection.gLastRecord is then the ID of the row that was last current.
 class frmMessage : public controls::Form {
     Q_OBJECT
 public:

@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 using controls::on;
 
 frmRecord::frmRecord(QWidget *parent)
-    : Form(u"frmRecord"_s, parent), m_section(record::section(state().gRecordCode)), m_data(new controls::DataControl(this))
+    : Form(u"frmRecord"_s, parent), m_section(record::section(state().selection.gRecordCode)), m_data(new controls::DataControl(this))
 {
     m_data->setObjectName(u"dtaData"_s);
     m_data->setDatabaseName(state().path(DataFile::Main));
@@ -231,7 +231,7 @@ void frmRecord::chkDelete_MouseUp()
 {
     if (!ticked(u"chkDelete"_s))
         return;
-    const QString question = u"This Record will be DELETED "_s + QString::number(state().gDeleteAfterDays)
+    const QString question = u"This Record will be DELETED "_s + QString::number(state().settings.gDeleteAfterDays)
         + u" days after the Display Date!\r\nAre you sure about this option?"_s;
     if (!basic::askYesNo(question))
         control<QCheckBox>(u"chkDelete"_s)->setChecked(false);

@@ -15,14 +15,14 @@ class QLineEdit;
 
 namespace vorel {
 
-// The modal screen of an appointment, a bill or an event: state().gRecordCode ("A", "B", "E") is read when it is made.
-//     state().gRecordCode = "A";
+// The modal screen of an appointment, a bill or an event: state().selection.gRecordCode ("A", "B", "E") is read when it is made.
+//     state().selection.gRecordCode = "A";
 //     frmRecord form;
-//     form.dtaData().setRecordSource(state().gSqlAppointments);
+//     form.dtaData().setRecordSource(state().period.gSqlAppointments);
 //     form.dtaData().Refresh();
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
-// state().gLastRecord is then the ID of the row that was last current.
+// state().selection.gLastRecord is then the ID of the row that was last current.
 class frmRecord : public controls::Form {
     Q_OBJECT
 public:

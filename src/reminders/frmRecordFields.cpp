@@ -123,7 +123,7 @@ void frmRecord::bindField(const FieldRow &row, QWidget *widget)
         options.store = [this, &row](const QString &text) { return toStore(row, text); };
     if (row.kind == Kind::Money) {
         options.show = [](const basic::Value &stored) {
-            return basic::CDbl(stored) == 0 ? stored.text() : basic::Format(stored, state().gNumberFormat);
+            return basic::CDbl(stored) == 0 ? stored.text() : basic::Format(stored, state().settings.gNumberFormat);
         };
     }
     m_data->bind(widget, row.field.toString(), std::move(options));

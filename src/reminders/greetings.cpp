@@ -91,9 +91,9 @@ void SendGreeting(const QString &name, const QString &address, const QString &su
 
 int SendBirthdayEmails()
 {
-    if (!state().gMainDb || state().gSqlEvents.isEmpty())
+    if (!state().gMainDb || state().period.gSqlEvents.isEmpty())
         return 0;
-    dao::Recordset events = state().gMainDb.OpenRecordset(state().gSqlEvents);
+    dao::Recordset events = state().gMainDb.OpenRecordset(state().period.gSqlEvents);
     const QString today = todayText();
     int sent = 0;
     for (; !events.EOF_(); events.MoveNext()) {

@@ -46,7 +46,7 @@ bool messagesWait()
     if (!state().gMainDb)
         return false;
     dao::Recordset waiting = state().gMainDb.CreateSnapshot(
-        u"select * FROM [Messages] WHERE [Read]=False AND [To]='%1';"_s.arg(inQuery(state().gUserName)));
+        u"select * FROM [Messages] WHERE [Read]=False AND [To]='%1';"_s.arg(inQuery(state().settings.gUserName)));
     dao::DBEngine::Idle(dao::dbRefreshCache);
     const bool any = waiting.rowTotal() > 0;
     waiting.Close();
@@ -68,7 +68,7 @@ bool backupsAreDue()
 QString infoLine(const QString &hint)
 {
     const QString program = state().gProductTitle + u"  Version "_s + QStringLiteral(VOREL_VERSION);
-    return !state().gTips || hint.isEmpty() ? program : hint + u" ........... "_s + program;
+    return !state().settings.gTips || hint.isEmpty() ? program : hint + u" ........... "_s + program;
 }
 
 QString messageQuery(MessageView view)
@@ -78,7 +78,7 @@ QString messageQuery(MessageView view)
         return own;
     const QString field = view == MessageView::Sent ? u"FROM"_s : u"TO"_s;
     QString narrowed = own;
-    return narrowed.insert(own.indexOf(u" ORDER BY "_s), u" WHERE [%1]='%2'"_s.arg(field, inQuery(state().gUserName)));
+    return narrowed.insert(own.indexOf(u" ORDER BY "_s), u" WHERE [%1]='%2'"_s.arg(field, inQuery(state().settings.gUserName)));
 }
 
 QStringList messageNames()
@@ -102,8 +102,8 @@ dao::Bookmark addMessage(dao::Recordset &rows)
     rows.AddNew();
     try {
         rows.Set(u"Date", basic::DateTime::fromParts(now.year(), now.month(), now.day(), time.hour(), time.minute()));
-        rows.Set(u"From", state().gUserName.left(nameSize));
-        rows.Set(u"UsersName", state().gUserName.left(ownerSize));
+        rows.Set(u"From", state().settings.gUserName.left(nameSize));
+        rows.Set(u"UsersName", state().settings.gUserName.left(ownerSize));
         rows.Update();
     } catch (...) {
         basic::IgnoreErrors([&] { rows.CancelUpdate(); });

@@ -41,7 +41,7 @@ void copyRow(const dao::Recordset &source, dao::Recordset &rows)
 
 void fillRow(dao::Recordset &rows, const Section &section, const dao::Recordset &source)
 {
-    rows.Set(u"UsersName", state().gUserName);
+    rows.Set(u"UsersName", state().settings.gUserName);
     if (source)
         copyRow(source, rows);
     else
@@ -113,7 +113,7 @@ QString moneyText(const QString &amount)
 {
     // An amount typed with its sign or separators is read whole; Val alone would cut "1,250.00" to 1.
     const double value = basic::IsNumeric(amount) ? basic::CDbl(amount) : number(amount);
-    return basic::Format(value, state().gNumberFormat);
+    return basic::Format(value, state().settings.gNumberFormat);
 }
 
 QStringList timeList()

@@ -191,8 +191,8 @@ bool RollForward::exists(const QString &text, DateTime date)
 // The passes may run before anybody has read the setup row; a count of 0 is what the row says then, or is not read yet.
 int deleteAfterDays(dao::Database &database)
 {
-    if (state().gDeleteAfterDays != 0)
-        return state().gDeleteAfterDays;
+    if (state().settings.gDeleteAfterDays != 0)
+        return state().settings.gDeleteAfterDays;
     Recordset setup = database.OpenRecordset(u"SELECT * FROM [Setup];"_s, dao::dbOpenSnapshot);
     const int days = setup.RecordCount() == 0 ? 0 : static_cast<int>(basic::Val(setup.Get(u"DeleteAfterDays").text()));
     setup.Close();

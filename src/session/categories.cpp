@@ -78,7 +78,7 @@ const std::vector<FeatureEntry> &featureTable()
 
 bool remindersSwitchedOn()
 {
-    const auto &feature = state().gFeature;
+    const auto &feature = state().settings.gFeature;
     // Before the switches are read everything is on.
     const auto on = [&](const QString &key) {
         const auto found = feature.find(key);

@@ -63,7 +63,7 @@ void PutIniValue(const QString &section, const QString &key, QString &&value)
 
 quint32 GetIniColour(const QString &key, quint32 defaultColour)
 {
-    quint32 &label = state().lblBackcolor;
+    quint32 &label = state().settings.lblBackcolor;
     if (const auto colour = colourNumber(GetIniValue(iniSettings, key, QString::number(defaultColour))))
         label = *colour;
     return label;

@@ -296,7 +296,7 @@ QString SectionName()
     // Only these give their name back; the other codes return as they are, which DisplayCategory does not know, so the
     // screen stays as it stands.
     static const QStringList named{u"A"_s, u"B"_s, u"E"_s, u"F"_s, u"G"_s, u"H"_s, u"I"_s, u"M"_s, u"N"_s, u"P"_s, u"Y"_s};
-    const QString &code = state().gSection;
+    const QString &code = state().selection.gSection;
     const Section *section = named.contains(code) ? sectionByCode(code) : nullptr;
     return section ? section->name : code;
 }

@@ -122,7 +122,7 @@ void PlaySoundNumber(int number)
     constexpr int userSound = 6;
     if (number < 1 || number > userSound)
         return;
-    playSoundFile(number == userSound ? state().gSoundFile
+    playSoundFile(number == userSound ? state().settings.gSoundFile
                                       : desktop::findResource(files[static_cast<std::size_t>(number - 1)]));
 }
 

@@ -19,12 +19,12 @@ State &state()
 
 QString displayDate(const Value &date)
 {
-    return basic::Format(date, state().gDateDisplay);
+    return basic::Format(date, state().settings.gDateDisplay);
 }
 
 QString shortDate(const Value &date)
 {
-    return basic::Format(date, state().gDateShort);
+    return basic::Format(date, state().settings.gDateShort);
 }
 
 QString sqlDate(basic::DateTime date)
@@ -38,9 +38,9 @@ void DetectDateOrder()
     basic::IgnoreErrors([&] { day = basic::DatePart(u"d", basic::CDate(u"2/7/2000"_s)); });
     const bool dayFirst = day == 2;     // any other answer is month first
     State &s = state();
-    s.gDateShort = dayFirst ? u"dd/mm/yyyy"_s : u"mm/dd/yyyy"_s;
-    s.gDateLong = dayFirst ? u"dd mmm yyyy"_s : u"mmm dd yyyy"_s;
-    s.gDateTimeLong = s.gDateLong + u" hh:mm am/pm"_s;
+    s.settings.gDateShort = dayFirst ? u"dd/mm/yyyy"_s : u"mm/dd/yyyy"_s;
+    s.settings.gDateLong = dayFirst ? u"dd mmm yyyy"_s : u"mmm dd yyyy"_s;
+    s.settings.gDateTimeLong = s.settings.gDateLong + u" hh:mm am/pm"_s;
 }
 
 }

@@ -7,52 +7,66 @@
 #include <array>
 #include <map>
 
-// The values that live for the whole run. Set at start in a fixed order (startup.h), changed by the setup screen, read
-// everywhere. Names as the rest of the program speaks of them.
+// The values that live for the whole run: set at start-up in a fixed order, read everywhere.
 namespace vorel {
 
 enum class DataFile {       // in the order in which their paths are read
     Main, Contacts, Garden, Movies, Music, Books, Notes, HowTo, Recipe, Sports, Accounts, DataP, DataJ, Count
 };
 
-// What the start found the main file good for. Told once there, so that nothing asks the file again in vain.
+// How far the main file is usable, determined once at start-up.
 enum class MainFileAccess { None, Read, Full };
 
-struct State {
-    QString gIniFile;
-    basic::DateTime gToday;
-    std::int16_t gTodayYear = 0, gTodayMonth = 0, gTodayDay = 0;
+// What the user and the machine have set; read at the start, changed by the setup screen.
+struct Settings {
     QString gDateShort;             // "mm/dd/yyyy" or "dd/mm/yyyy"
     QString gDateLong;
     QString gDateTimeLong;
     QString gDateDisplay;           // "" on a fresh configuration: dates show in the general format
     QString gNumberFormat = QStringLiteral("######0.00");
-    QString gOsName;
-    QString gProductTitle;
     QString gFormColour;            // decimal text of the colour number (0xBBGGRR)
     quint32 lblBackcolor = 0xFFFFFF;        // the hidden label's colour, see GetIniColour
-    std::array<QString, static_cast<std::size_t>(DataFile::Count)> paths;
-    dao::Database gMainDb;
-    MainFileAccess mainFile = MainFileAccess::Full;
     QString gUserName = QStringLiteral("User");
     QString gEmailName = QStringLiteral("User");
-    bool gPrinterReady = false;
     std::int16_t gWeekStartDay = 1;
-    std::int16_t gWarnBefore = 3, gWarnAfter = 1;
+    std::int16_t gWarnBefore = 3, gWarnAfter = 1;       // minutes
     std::int16_t gDeleteAfterDays = 0, gBackupAfterDays = 14;
     bool gPopUpCloser = true, gAutoEmail = false, gDisplayAds = true, gTips = true;
     bool gAppointmentWarning = true, gNetwork = true;
     QString gSoundFile;
     QString gBirthdayFormat;
+    std::map<QString, bool> gFeature;       // the "Features" switches by key
+};
+
+// The days on show in the reminder grids.
+struct ShownPeriod {
+    basic::DateTime gToday;
+    std::int16_t gTodayYear = 0, gTodayMonth = 0, gTodayDay = 0;
+    QString gPeriodStart, gPeriodEnd;       // gDateShort form; the year periods and "all" see periods.h
+    QString gSqlAppointments, gSqlBills, gSqlEvents;
+};
+
+// What the user is working on.
+struct Selection {
     QString gSection;
     QString gLastCategory;
-    QString gPeriodStart, gPeriodEnd;       // gDateShort form; the year periods and "all" see periods.h
     bool gAdminOk = false;
-    std::map<QString, bool> gFeature;       // the "Features" switches by key
-    QString gSqlAppointments, gSqlBills, gSqlEvents;
     std::map<QString, QString> gSqlSection; // by section code
     QString gRecordCode;                    // the section that a record screen is about to serve
     qint32 gLastRecord = 0;                 // ID of the record last worked on
+};
+
+struct State {
+    QString gIniFile;
+    QString gOsName;
+    QString gProductTitle;
+    bool gPrinterReady = false;
+    std::array<QString, static_cast<std::size_t>(DataFile::Count)> paths;
+    dao::Database gMainDb;
+    MainFileAccess mainFile = MainFileAccess::Full;
+    Settings settings;
+    ShownPeriod period;
+    Selection selection;
 
     QString &path(DataFile file) { return paths[static_cast<std::size_t>(file)]; }
     const QString &path(DataFile file) const { return paths[static_cast<std::size_t>(file)]; }

@@ -178,7 +178,7 @@ void StartPass::checkMain()
 
 void StartPass::run()
 {
-    const bool dayFirst = state().gDateShort.toUpper().startsWith(u'D');
+    const bool dayFirst = state().settings.gDateShort.toUpper().startsWith(u'D');
     for (const DataFile file : fileOrder) {
         if (file != DataFile::Main)
             make(file);

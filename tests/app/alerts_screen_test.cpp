@@ -118,7 +118,7 @@ TEST_F(AlertScreen, ClickShowsTheTextAndOpensTheRow)
 TEST_F(AlertScreen, FailureIsToldOnce)
 {
     startWith({{"12:10 pm", "BANK"}});
-    state().gSqlAppointments = u"select * from NOWHERE ORDER BY [DATE]"_s;
+    state().period.gSqlAppointments = u"select * from NOWHERE ORDER BY [DATE]"_s;
     m_prompts.expect({});
     tick();
     tick();
@@ -151,9 +151,9 @@ TEST_F(AlertScreen, SignalsOfMessagesAndBackups)
     EXPECT_TRUE(text(u"panInfo"_s).startsWith(u"Press F3 .......... ........... Vorel Reminder"));
     EXPECT_EQ(c().panMessages->toolTip(), u"Click to View Messages"_s);
     click(u"panBackup"_s);
-    EXPECT_EQ(state().gSection, u"F"_s);
+    EXPECT_EQ(state().selection.gSection, u"F"_s);
     click(u"panMessages"_s);
-    EXPECT_EQ(state().gSection, u"M"_s);
+    EXPECT_EQ(state().selection.gSection, u"M"_s);
     const auto messages = [this](const QString &view) {
         menu(view)->trigger();
         return column(u"SUBJECTGRID"_s, 4).join(u',');

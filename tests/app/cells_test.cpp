@@ -144,7 +144,7 @@ TEST_F(Cells, ShoppingTakesNoItemTwiceAndNobodyGetsPast)
         go();
         QCoreApplication::processEvents();
         EXPECT_TRUE(m_prompts.isDone()) << road;
-        EXPECT_EQ(u"H"_s, state().gSection) << road;
+        EXPECT_EQ(u"H"_s, state().selection.gSection) << road;
         EXPECT_TRUE(screen().isVisible() && at<QAbstractButton>(u"cmdCat(14)"_s)->isChecked()) << road;
         EXPECT_EQ(u"Tea"_s, at<Grid>(subjects)->CellText(1, 1)) << road;
         EXPECT_EQ(1, at<Grid>(subjects)->currentRow()) << road;

@@ -83,13 +83,13 @@ TEST_F(Edit, EachGridOpensItsOwnRecord)
     click(u"THIS WEEK"_s);
     select(u"APPOINTMENTSGRID"_s, 1);
     inRecord([this] { QTest::keyClick(at(u"APPOINTMENTSGRID"_s), Qt::Key_Return); }, [](frmRecord &record) {
-        EXPECT_EQ(state().gRecordCode, u"A"_s);
+        EXPECT_EQ(state().selection.gRecordCode, u"A"_s);
         EXPECT_EQ(record.findChild<QLineEdit *>(u"txtAppointment"_s)->text(), u"two"_s);
     });
     EXPECT_EQ(at<Grid>(u"APPOINTMENTSGRID"_s)->CellText(4), u"two"_s);      // the cursor stays on the row
     select(u"EVENTSGRID"_s, 0);
     inRecord([this] { click(u"panEditE"_s); }, [](frmRecord &record) {
-        EXPECT_EQ(state().gRecordCode, u"E"_s);
+        EXPECT_EQ(state().selection.gRecordCode, u"E"_s);
         EXPECT_EQ(record.findChild<QLineEdit *>(u"txtEvent"_s)->text(), u"fair"_s);
     });
     // The keyboard is the main screen's again.
@@ -117,7 +117,7 @@ TEST_F(Edit, NewWorksOnTheGridUsedLastAndTheSearchIsEmptied)
     at<QLineEdit>(u"txtSearch"_s)->setText(u"x"_s);
     m_prompts.expect(u"Create a New Blank Record?"_s, Answer::Yes);
     inRecord([this] { QTest::keyClick(&screen(), Qt::Key_N, Qt::ControlModifier); },
-             [](frmRecord &) { EXPECT_EQ(state().gRecordCode, u"E"_s); });
+             [](frmRecord &) { EXPECT_EQ(state().selection.gRecordCode, u"E"_s); });
     EXPECT_EQ(text(u"txtSearch"_s), QString());
     EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
 }

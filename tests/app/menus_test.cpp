@@ -20,7 +20,7 @@ TEST_F(Menus, DisplayAndViewTurnTheSection)
         {u"mnuViewRecipes"_s, u"R"_s}};
     for (const auto &[name, code] : cases) {
         menu(name)->trigger();
-        EXPECT_EQ(state().gSection, code) << qPrintable(name);
+        EXPECT_EQ(state().selection.gSection, code) << qPrintable(name);
     }
     EXPECT_TRUE(m_prompts.shown().empty());
 }
@@ -67,14 +67,14 @@ TEST_F(Menus, TheCalculatorStandsBesideTheSectionUntilItChanges)
         const QList<QWidget *> found = screen().findChildren<QWidget *>(u"frmCalculator"_s);
         return std::any_of(found.begin(), found.end(), [](const QWidget *one) { return one->isVisible(); });
     };
-    const QString before = state().gSection;
+    const QString before = state().selection.gSection;
     for (const std::function<void()> &step : std::initializer_list<std::function<void()>>{
              [this] { menu(u"mnuCalculator"_s)->trigger(); }, [this] { click(u"cmdCalculator"_s); },
              [this] { c().toolbarKeys.at(u"CALCULATOR"_s)->trigger(); }}) {
         step();
         EXPECT_TRUE(open());
         EXPECT_FALSE(QApplication::activeModalWidget());
-        EXPECT_EQ(state().gSection, before);
+        EXPECT_EQ(state().selection.gSection, before);
         screen().DisplayCategory(u"Books"_s);
         EXPECT_FALSE(open());
         screen().DisplayCategory(u"All"_s);

@@ -68,7 +68,7 @@ TEST_F(MessageScreen, NewOneIsSentAndWaitsForItsReader)
         EXPECT_EQ(control<QLabel>(form, u"lblState"_s)->text(), u"Left for Sam"_s);
         EXPECT_EQ(stored().last(), u"Pat|Sam|It's \"done\"|False"_s);
     });
-    state().gUserName = u"Sam"_s;
+    state().settings.gUserName = u"Sam"_s;
     screen().CheckForMessages();
     EXPECT_TRUE(isShown(u"panMessages"_s));
 }

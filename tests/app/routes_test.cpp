@@ -55,7 +55,7 @@ TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
         EXPECT_EQ(test::control<QComboBox>(item, u"cboItem"_s)->currentText(), u"Desk"_s);
         QTest::keyClicks(test::control<QLineEdit>(item, u"txtLocation"_s), u"attic"_s);        // written on the way out
     });
-    EXPECT_EQ(u"I"_s, state().gRecordCode);
+    EXPECT_EQ(u"I"_s, state().selection.gRecordCode);
     EXPECT_EQ(QString(), text(u"txtSearch"_s));
     EXPECT_EQ(u"attic"_s, at<Grid>(u"SUBJECTGRID"_s)->CellText(3)) << "the rows are new and the cursor on its row";
     EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
@@ -74,10 +74,10 @@ TEST_F(Routes, DoubleClickTurnsTheSectionInTheHeadsAndOpensTheRowBelow)
     };
     EXPECT_EQ(u" Double Click Here for Full Display "_s, tip(4));
     QTest::mouseDClick(heads, Qt::LeftButton, {}, head(grid, 4));
-    EXPECT_EQ(u"A"_s, state().gSection);
+    EXPECT_EQ(u"A"_s, state().selection.gSection);
     EXPECT_EQ(u" Double Click Here for All Display "_s, tip(4));
     emit grid->DblClick(275);                               // the line itself belongs to the heads
-    EXPECT_EQ(u"All"_s, state().gSection);
+    EXPECT_EQ(u"All"_s, state().selection.gSection);
     inRecord([&] { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(0, 4)).center()); },
              [](frmRecord &record) { EXPECT_EQ(u"one"_s, record.findChild<QLineEdit *>(u"txtAppointment"_s)->text()); });
     inRecord([&] { QTest::mouseDClick(grid->viewport(), Qt::LeftButton, {}, grid->visualRect(grid->model()->index(1, 4)).center()); },
@@ -98,10 +98,10 @@ TEST_F(Routes, HeadsSortAndEventsTurnBetweenTheirTwoOrders)
     clickHead(grid, 3);
     EXPECT_EQ(u"CBA"_s, subjects());
     clickHead(grid, 1);
-    EXPECT_TRUE(state().gSqlEvents.endsWith(u" BY DAY([DATE]),MONTH([DATE])"_s));
+    EXPECT_TRUE(state().period.gSqlEvents.endsWith(u" BY DAY([DATE]),MONTH([DATE])"_s));
     EXPECT_EQ(u"B"_s, subjects().right(1)) << "the 23rd of any year before the 24th";
     clickHead(grid, 1);
-    EXPECT_TRUE(state().gSqlEvents.endsWith(u" BY [DATE],[SUBJECT],[EVENT]"_s));
+    EXPECT_TRUE(state().period.gSqlEvents.endsWith(u" BY [DATE],[SUBJECT],[EVENT]"_s));
     EXPECT_EQ(u"CBA"_s, subjects());
     select(grid, 0);
     at<Grid>(grid)->setCurrentIndex(at<Grid>(grid)->model()->index(0, 4));

@@ -38,7 +38,7 @@ TEST_F(Sections, EachNameShowsItsGridsAndMarksItsButton)
     };
     for (const auto &one : cases) {
         screen().DisplayCategory(one.name);
-        EXPECT_EQ(state().gSection, one.code);
+        EXPECT_EQ(state().selection.gSection, one.code);
         EXPECT_EQ(gridsShown(), one.grids) << qPrintable(one.name);
         EXPECT_EQ(pressed(), one.button) << qPrintable(one.name);
         QString edits;
@@ -61,12 +61,12 @@ TEST_F(Sections, EveryButtonOpensOrSaysLater)
         EXPECT_EQ(button->toolTip(), entry.toolTip);
         EXPECT_TRUE(button->isEnabled()) << entry.index;
         const bool later = entry.index >= 23;
-        const QString before = state().gLastCategory;
+        const QString before = state().selection.gLastCategory;
         if (later)
             m_prompts.expect(entry.tag, basic::Answer::Ok);
         button->click();
-        EXPECT_EQ(state().gLastCategory, later ? before : entry.tag);
-        EXPECT_EQ(sectionByCode(state().gSection)->name, state().gLastCategory);
+        EXPECT_EQ(state().selection.gLastCategory, later ? before : entry.tag);
+        EXPECT_EQ(sectionByCode(state().selection.gSection)->name, state().selection.gLastCategory);
         EXPECT_TRUE(m_prompts.isDone());
     }
 }
@@ -97,7 +97,7 @@ TEST_F(Sections, FileThatHasGoneLeavesTheSectionEmpty)
             m_prompts.expect({}, basic::Answer::Ok);
         screen().DisplayCategory(name);
         EXPECT_TRUE(m_prompts.isDone()) << qPrintable(name);
-        EXPECT_EQ(state().gLastCategory, name);
+        EXPECT_EQ(state().selection.gLastCategory, name);
         EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 0);
         EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->title(), name.toUpper());
     }
@@ -129,10 +129,10 @@ TEST_F(Sections, ReturnKeepsTheRecordLastWorkedOn)
     for (const QString &item : {u"Axe"_s, u"Saw"_s, u"Vice"_s})
         execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('%1')"_s.arg(item));
     startOn(u"Inventory"_s);
-    state().gLastRecord = 2;
+    state().selection.gLastRecord = 2;
     screen().GetData();
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->CellText(1), u"Saw"_s);
-    state().gLastRecord = 99;
+    state().selection.gLastRecord = 99;
     screen().GetData();
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 3);
 }
@@ -146,7 +146,7 @@ TEST_F(Sections, DoubleClickInTheHeadTurnsTheSection)
     for (const auto &one : cases) {
         screen().DisplayCategory(one.from);
         emit at<Grid>(one.grid)->DblClick(275);      // the line itself belongs to the heads
-        EXPECT_EQ(state().gSection, one.to) << qPrintable(one.grid + one.from);
+        EXPECT_EQ(state().selection.gSection, one.to) << qPrintable(one.grid + one.from);
     }
 }
 

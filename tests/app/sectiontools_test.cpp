@@ -19,7 +19,7 @@ protected:
     ~SectionTools() override
     {
         setPrinterProbe({});
-        adminPassword() = [] { state().gAdminOk = true; };
+        adminPassword() = [] { state().selection.gAdminOk = true; };
     }
     QString details() { return at<QLabel>(u"lblDetails"_s)->text(); }
     void hover(QWidget *over, QEvent::Type type)
@@ -79,20 +79,20 @@ TEST_F(SectionTools, GuardedSectionsStayClosedWithoutThePassword)
     bool right = false;
     adminPassword() = [&] {
         ++asked;
-        state().gAdminOk = right;
+        state().selection.gAdminOk = right;
     };
     for (const int index : {4, 17}) {
         auto *button = at<QAbstractButton>(u"cmdCat(%1)"_s.arg(index));
         button->setEnabled(true);
         right = false;
         button->click();
-        EXPECT_EQ(state().gSection, u"B"_s);
+        EXPECT_EQ(state().selection.gSection, u"B"_s);
         for (const CategoryButton &entry : categoryButtons())
             EXPECT_FALSE(at<QAbstractButton>(u"cmdCat(%1)"_s.arg(entry.index))->isChecked());
         right = true;
         button->click();
-        EXPECT_EQ(state().gSection, index == 4 ? u"W"_s : u"J"_s);
-        EXPECT_FALSE(state().gAdminOk);     // good for this once
+        EXPECT_EQ(state().selection.gSection, index == 4 ? u"W"_s : u"J"_s);
+        EXPECT_FALSE(state().selection.gAdminOk);     // good for this once
         screen().DisplayCategory(u"Bills"_s);
     }
     EXPECT_EQ(asked, 4);
@@ -105,8 +105,8 @@ TEST_F(SectionTools, AccountsGiveWayToTheSectionBefore)
     for (const QString &name : {u"Expenses"_s, u"Income"_s}) {
         m_prompts.expect(name);
         screen().DisplayCategory(name);
-        EXPECT_EQ(state().gSection, u"I"_s);
-        EXPECT_EQ(state().gLastCategory, u"Inventory"_s);
+        EXPECT_EQ(state().selection.gSection, u"I"_s);
+        EXPECT_EQ(state().selection.gLastCategory, u"Inventory"_s);
         for (const QString &shown : {u"SUBJECTGRID"_s, u"panSearch"_s, u"panNew"_s, u"panEditS"_s, u"cmdCat(12)"_s})
             EXPECT_TRUE(isShown(shown)) << qPrintable(shown);
         EXPECT_TRUE(at<QAbstractButton>(u"cmdCat(12)"_s)->isChecked());
@@ -133,7 +133,7 @@ TEST_F(SectionTools, TipsOfButtonsGiveWayToTheRow)
         hover(at(name), QEvent::Leave);
         EXPECT_EQ(details(), row);
     }
-    state().gTips = false;
+    state().settings.gTips = false;
     hover(at(u"cmdEmail"_s), QEvent::Enter);
     EXPECT_EQ(details(), row);
 }
@@ -145,9 +145,9 @@ TEST_F(SectionTools, RowsAndHeadsTellAboutThemselves)
     startOn(u"Inventory"_s);
     Grid *subjects = at<Grid>(u"SUBJECTGRID"_s);
     const auto cell = [](Grid *grid) { return grid->visualRect(grid->model()->index(0, 1)).center(); };
-    state().gTips = false;
+    state().settings.gTips = false;
     EXPECT_EQ(tipAt(subjects->viewport(), cell(subjects)), QString());
-    state().gTips = true;
+    state().settings.gTips = true;
     EXPECT_EQ(tipAt(subjects->viewport(), cell(subjects)), u" ITEM: Axe\n MAKE: Stone & Son"_s);
     screen().DisplayCategory(u"Events"_s);
     Grid *days = at<Grid>(u"EVENTSGRID"_s);

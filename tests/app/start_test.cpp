@@ -15,9 +15,9 @@ TEST_F(Start, FreshFolderGetsTheMainFileAndThePathKeys)
     start();
     EXPECT_TRUE(QFile::exists(m_folder.path(u"VOREL.MDB"_s)));
     EXPECT_EQ(keysWritten(), 13);
-    EXPECT_EQ(state().gSection, u"All"_s);
-    EXPECT_EQ(state().gUserName, u"User"_s);
-    EXPECT_EQ(state().gBackupAfterDays, 14);
+    EXPECT_EQ(state().selection.gSection, u"All"_s);
+    EXPECT_EQ(state().settings.gUserName, u"User"_s);
+    EXPECT_EQ(state().settings.gBackupAfterDays, 14);
     EXPECT_EQ(screen().windowTitle(), u"Vorel Reminder 1"_s);
     EXPECT_TRUE(c().Timer2->isActive());
     EXPECT_EQ(c().Timer2->interval(), 6000);
@@ -42,7 +42,7 @@ TEST_F(Start, OtherCountries)
         execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/22/2026#,'Gas',12.35)"_s);
         menu(u"mnuThisWeek"_s)->trigger();
         EXPECT_EQ(column(u"BILLSGRID"_s, 1), QStringList{shown}) << qPrintable(region);
-        EXPECT_EQ(state().gDateShort, u"dd/mm/yyyy"_s);
+        EXPECT_EQ(state().settings.gDateShort, u"dd/mm/yyyy"_s);
     }
 }
 
@@ -63,8 +63,8 @@ TEST_F(Start, SettingsOfTheScreenAreTaken)
 {
     struct Case { const char *name; QString key, value; std::function<bool()> holds; };
     const Case cases[] = {
-        {"category", u"Category"_s, u"Bills"_s, [] { return state().gSection == u"B"_s; }},
-        {"unknown category", u"Category"_s, u"Nonsense"_s, [] { return state().gSection == u"All"_s; }},
+        {"category", u"Category"_s, u"Bills"_s, [] { return state().selection.gSection == u"B"_s; }},
+        {"unknown category", u"Category"_s, u"Nonsense"_s, [] { return state().selection.gSection == u"All"_s; }},
         {"user", u"UserName"_s, u"Ann"_s, [this] { return text(u"lblUsername"_s) == u"Ann"_s; }},
         {"maximized", u"Screen"_s, u"2"_s, [this] { return screen().isMaximized(); }},
         {"no network", u"Network"_s, u"False"_s, [this] { return !c().TimerMessages->isActive(); }},

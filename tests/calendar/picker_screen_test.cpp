@@ -43,7 +43,7 @@ TEST_F(PickerScreen, OpensOnTheBoxsDate)
         {u"soon"_s, u"November 2026"_s, 1, 21, false},
     };
     for (const Case &c : cases) {
-        state().gWeekStartDay = static_cast<std::int16_t>(c.weekStart);
+        state().settings.gWeekStartDay = static_cast<std::int16_t>(c.weekStart);
         box.setText(c.text);
         EXPECT_FALSE(pick([&](frmCalendarDrop &picker) {
             EXPECT_EQ(picker.windowTitle(), c.title);
@@ -118,7 +118,7 @@ TEST_F(PickerScreen, KeysAndButtonsLeadToADate)
 
 TEST_F(PickerScreen, EnterAndDoubleClickApplyInTheDisplayFormat)
 {
-    state().gDateDisplay = u"dd mmm yyyy"_s;
+    state().settings.gDateDisplay = u"dd mmm yyyy"_s;
     box.setText(u"05 Dec 2026"_s);
     EXPECT_TRUE(pick([](frmCalendarDrop &picker) {
         QTest::keyClick(picker.focusWidget(), Qt::Key_Right);

@@ -123,7 +123,7 @@ TEST_F(GridLayoutTest, rowHeightsGoToTheSectionOnShow)
     for (const auto &c : cases) {
         SCOPED_TRACE(c.code.toStdString());
         GridLayout layout;
-        state().gSection = c.code;
+        state().selection.gSection = c.code;
         UpdateRowHeight(layout, heights);
         for (const GridWord &row : gridWords()) {
             const auto found = c.changed.find(row.word);

@@ -32,9 +32,9 @@ TEST_F(PeriodRowsTest, yearlyEventsOfEachPeriod)
         m_clock.set(c.today);
         c.set();
         QStringList found;
-        for (const QString &row : rows(state().gSqlEvents))
+        for (const QString &row : rows(state().period.gSqlEvents))
             found << row.section(u'|', 4, 4);
-        EXPECT_EQ(found.join(u' '), c.events) << qPrintable(state().gSqlEvents);
+        EXPECT_EQ(found.join(u' '), c.events) << qPrintable(state().period.gSqlEvents);
     }
 }
 

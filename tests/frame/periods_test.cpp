@@ -8,7 +8,7 @@ namespace vorel {
 
 class PeriodsTest : public test::FrameTest {
 protected:
-    static QString period() { return state().gPeriodStart + u'-' + state().gPeriodEnd; }
+    static QString period() { return state().period.gPeriodStart + u'-' + state().period.gPeriodEnd; }
 };
 
 TEST_F(PeriodsTest, weeksMonthsAndYears)
@@ -43,10 +43,10 @@ TEST_F(PeriodsTest, weeksMonthsAndYears)
     for (const auto &c : cases) {
         SCOPED_TRACE((c.today.toString(Qt::ISODate) + u" week starts "_s + QString::number(c.weekStart)).toStdString());
         clock.set(c.today);
-        state().gWeekStartDay = c.weekStart;
+        state().settings.gWeekStartDay = c.weekStart;
         c.set();
         EXPECT_EQ(period(), c.start + u'-' + c.end);
-        EXPECT_NE(state().gWeekStartDay, 0);
+        EXPECT_NE(state().settings.gWeekStartDay, 0);
     }
 }
 
@@ -63,15 +63,15 @@ TEST_F(PeriodsTest, periodTextFollowsTheMachineButQueriesAndYearsDoNot)
         use(c.locale);
         SetThisWeek();
         EXPECT_EQ(period(), c.weekStart + u'-' + c.weekEnd);
-        EXPECT_TRUE(state().gSqlBills.contains(u"between #06/12/2005# and #06/18/2005#"_s)) << state().gSqlBills;
+        EXPECT_TRUE(state().period.gSqlBills.contains(u"between #06/12/2005# and #06/18/2005#"_s)) << state().period.gSqlBills;
 
         SetThisYear();
-        EXPECT_EQ(state().gPeriodEnd, u"31/12/2005"_s);
-        EXPECT_TRUE(state().gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().gSqlBills;
+        EXPECT_EQ(state().period.gPeriodEnd, u"31/12/2005"_s);
+        EXPECT_TRUE(state().period.gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().period.gSqlBills;
         periodCaption();
         EXPECT_EQ(period(), u"01/01/2005-"_s + c.yearEndShown);
         BuildPeriodQueries();
-        EXPECT_TRUE(state().gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().gSqlBills;
+        EXPECT_TRUE(state().period.gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().period.gSqlBills;
     }
 }
 
@@ -80,11 +80,11 @@ TEST_F(PeriodsTest, periodQueries)
     clock.set({2004, 12, 31});
     SetThisWeek();
     const State &s = state();
-    EXPECT_EQ(s.gSqlAppointments, u"select * from APPOINTMENTS where [DATE] between #12/26/2004# and #01/01/2005# "
+    EXPECT_EQ(s.period.gSqlAppointments, u"select * from APPOINTMENTS where [DATE] between #12/26/2004# and #01/01/2005# "
                                   "ORDER BY [DATE],[APPTIME],[APPOINTMENT] DESC"_s);
-    EXPECT_EQ(s.gSqlBills, u"select * from BILLS where [DATE] between #12/26/2004# and #01/01/2005# "
+    EXPECT_EQ(s.period.gSqlBills, u"select * from BILLS where [DATE] between #12/26/2004# and #01/01/2005# "
                            "ORDER BY [DATE],[BILL] DESC"_s);
-    EXPECT_EQ(s.gSqlEvents,
+    EXPECT_EQ(s.period.gSqlEvents,
               u"select * from EVENTS where [DATE] between #12/26/2004# and #01/01/2005#"
               " OR [DATE]<#12/26/2004# AND [SUBJECT]='ANNIVERSARY' AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
               " OR [DATE]<#12/26/2004# AND [SUBJECT]='BIRTHDAY' AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
@@ -92,11 +92,11 @@ TEST_F(PeriodsTest, periodQueries)
               " OR [DATE]<#12/26/2004# AND [RECURRING]=True AND DATESERIAL( 2004,MONTH([DATE]),DAY([DATE])) between #12/26/2004# and #01/01/2005#"
               " ORDER BY [Date],[Subject],[Event]"_s);
     // They follow the period, not the day.
-    EXPECT_EQ(s.gTodayMonth, 12);
-    EXPECT_EQ(s.gTodayYear, 2004);
+    EXPECT_EQ(s.period.gTodayMonth, 12);
+    EXPECT_EQ(s.period.gTodayYear, 2004);
     SetNextWeek();
-    EXPECT_EQ(s.gTodayMonth, 1);
-    EXPECT_EQ(s.gTodayYear, 2005);
+    EXPECT_EQ(s.period.gTodayMonth, 1);
+    EXPECT_EQ(s.period.gTodayYear, 2005);
 }
 
 TEST_F(PeriodsTest, dayQueries)
@@ -105,9 +105,9 @@ TEST_F(PeriodsTest, dayQueries)
     SetDayPeriod(u"Tomorrow"_s);
     const State &s = state();
     EXPECT_EQ(period(), u"01/03/2005-01/03/2005"_s);
-    EXPECT_EQ(s.gSqlAppointments, u"select * from APPOINTMENTS where [DATE]=#03/01/2005# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s);
-    EXPECT_EQ(s.gSqlBills, u"select * from BILLS where [DATE]=#03/01/2005# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s);
-    EXPECT_EQ(s.gSqlEvents, u"select * from EVENTS where [DATE]=#03/01/2005#"
+    EXPECT_EQ(s.period.gSqlAppointments, u"select * from APPOINTMENTS where [DATE]=#03/01/2005# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s);
+    EXPECT_EQ(s.period.gSqlBills, u"select * from BILLS where [DATE]=#03/01/2005# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s);
+    EXPECT_EQ(s.period.gSqlEvents, u"select * from EVENTS where [DATE]=#03/01/2005#"
                             " OR [SUBJECT]='ANNIVERSARY' AND month([DATE]) = 3 AND day([DATE]) = 1"
                             " OR [SUBJECT]='BIRTHDAY' AND month([DATE]) = 3 AND day([DATE]) = 1"
                             " OR [SUBJECT]='ON THIS DAY' AND month([DATE]) = 3 AND day([DATE]) = 1"
@@ -129,9 +129,9 @@ TEST_F(PeriodsTest, dayPeriods)
     for (const auto &c : cases) {
         SetDayPeriod(c.name);
         EXPECT_EQ(period(), c.start + u'-' + c.start) << c.name;
-        EXPECT_EQ(state().gTodayYear, c.year) << c.name;
+        EXPECT_EQ(state().period.gTodayYear, c.year) << c.name;
     }
-    EXPECT_TRUE(state().gSqlBills.contains(u"#01/02/2005#"_s));
+    EXPECT_TRUE(state().period.gSqlBills.contains(u"#01/02/2005#"_s));
 }
 
 TEST_F(PeriodsTest, allRecordsFilterNothing)
@@ -139,11 +139,11 @@ TEST_F(PeriodsTest, allRecordsFilterNothing)
     SetThisWeek();
     SetAllRecords();
     EXPECT_EQ(period(), u"-"_s);
-    EXPECT_EQ(state().gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s);
-    EXPECT_EQ(state().gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s);
-    EXPECT_EQ(state().gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s);
+    EXPECT_EQ(state().period.gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s);
+    EXPECT_EQ(state().period.gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s);
+    EXPECT_EQ(state().period.gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s);
     EXPECT_EQ(periodCaption(), u" (All Records)"_s);
-    EXPECT_EQ(state().gPeriodStart, QString());
+    EXPECT_EQ(state().period.gPeriodStart, QString());
 }
 
 TEST_F(PeriodsTest, captionOfThePeriod)
@@ -156,14 +156,14 @@ TEST_F(PeriodsTest, captionOfThePeriod)
         {u"en_AU"_s, u"dd/mm/yyyy"_s, SetThisWeek, u" (12/06/2005 - 18/06/2005)"_s},
         {u"en_US"_s, u"dd mmm yyyy"_s, SetThisYear, u" (01 Jan 2005 - 31 Dec 2005)"_s},
         // Another single day.
-        {u"en_US"_s, u"mm/dd/yyyy"_s, [] { state().gPeriodStart = state().gPeriodEnd = u"06/20/2005"_s; }, u" (06/20/2005)"_s},
+        {u"en_US"_s, u"mm/dd/yyyy"_s, [] { state().period.gPeriodStart = state().period.gPeriodEnd = u"06/20/2005"_s; }, u" (06/20/2005)"_s},
         // Nothing chosen yet: the machine's own form.
         {u"en_US"_s, {}, SetThisWeek, u" (6/12/2005 - 6/18/2005)"_s},
         {u"en_US"_s, {}, [] { SetDayPeriod(u"Today"_s); }, u" (Today - Wed 6/15/2005)"_s},
     };
     for (const auto &c : cases) {
         use(c.locale);
-        state().gDateDisplay = c.display;
+        state().settings.gDateDisplay = c.display;
         c.set();
         EXPECT_EQ(periodCaption(), c.caption);
     }
@@ -172,7 +172,7 @@ TEST_F(PeriodsTest, captionOfThePeriod)
 TEST_F(PeriodsTest, menuCaptionsTellTheirDates)
 {
     clock.set({2005, 1, 31});
-    state().gDateDisplay = u"dd/mm/yyyy"_s;
+    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;
     const QStringList expected{
         u"Today ......... 31/01/2005"_s, u"Tomorrow ... 01/02/2005"_s, u"Yesterday ... 30/01/2005"_s,
         u"This Week ... 30/01/2005 - 05/02/2005"_s, u"Next Week ... 06/02/2005 - 12/02/2005"_s,
@@ -184,7 +184,7 @@ TEST_F(PeriodsTest, menuCaptionsTellTheirDates)
         captions << entry.caption();
     EXPECT_EQ(captions, expected) << captions.join(u'\n');
     // The last week that was written stands in the period.
-    EXPECT_EQ(state().gPeriodStart, u"23/01/2005"_s);
+    EXPECT_EQ(state().period.gPeriodStart, u"23/01/2005"_s);
 }
 
 TEST_F(PeriodsTest, startPeriodOfTheSetting)

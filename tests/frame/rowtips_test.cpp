@@ -11,7 +11,7 @@ class RowTipsTest : public test::FrameTest {
 protected:
     RowTipsTest()
     {
-        state().gDateDisplay = u"dd/mm/yyyy"_s;
+        state().settings.gDateDisplay = u"dd/mm/yyyy"_s;
         const QString path = folder.path(u"TIPS.MDB"_s);
         dao::DBEngine::CreateDatabase(path, {}).Close();
         m_db = dao::DBEngine::OpenDatabase(path);

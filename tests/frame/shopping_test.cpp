@@ -73,10 +73,10 @@ TEST_F(CellTexts, DatesAreReadInTheOrderThatTheScreenShows)
         {u"dd/mm/yyyy", u"12/25/2026", 2026, 12, 25}, {u"dd/mm/yyyy", u"2026-06-12", 2026, 6, 12},
         {u"dd mmm yyyy", u"06/12/2026", 2026, 6, 12}, {u"dd/mm/yyyy", u"6 Dec 2026", 2026, 12, 6}};
     for (const auto &c : cases) {
-        state().gDateShort = u"mm/dd/yyyy"_s;
-        state().gDateDisplay = QString::fromUtf16(c.display);
+        state().settings.gDateShort = u"mm/dd/yyyy"_s;
+        state().settings.gDateDisplay = QString::fromUtf16(c.display);
         EXPECT_EQ(basic::DateSerial(c.year, c.month, c.day), typedDate(QString::fromUtf16(c.text)))
-            << qPrintable(state().gDateDisplay) << ' ' << qPrintable(QString::fromUtf16(c.text));
+            << qPrintable(state().settings.gDateDisplay) << ' ' << qPrintable(QString::fromUtf16(c.text));
     }
     for (const auto &none : {u""_s, u"soon"_s, u"10:30"_s, u"31/31/2026"_s})
         EXPECT_FALSE(typedDate(none)) << qPrintable(none);

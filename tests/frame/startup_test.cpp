@@ -37,9 +37,9 @@ TEST_F(StartupTest, dateOrderComesFromTheRegionalSettings)
         SCOPED_TRACE(c.locale.toStdString());
         basic::setRegional(basic::regionalFor(c.locale));
         DetectDateOrder();
-        EXPECT_EQ(state().gDateShort, c.shortForm);
-        EXPECT_EQ(state().gDateLong, c.longForm);
-        EXPECT_EQ(state().gDateTimeLong, c.withTime);
+        EXPECT_EQ(state().settings.gDateShort, c.shortForm);
+        EXPECT_EQ(state().settings.gDateLong, c.longForm);
+        EXPECT_EQ(state().settings.gDateTimeLong, c.withTime);
     }
 }
 
@@ -94,7 +94,7 @@ TEST_F(StartupTest, displayFormatStaysEmptyUntilChosen)
 {
     start();
     DetectDateOrder();
-    EXPECT_EQ(state().gDateDisplay, QString());
+    EXPECT_EQ(state().settings.gDateDisplay, QString());
     const basic::Value day = basic::DateTime::fromParts(2005, 3, 4);
     EXPECT_EQ(displayDate(day), u"4/03/2005"_s);        // the machine's general form
     EXPECT_EQ(shortDate(day), u"04/03/2005"_s);
@@ -110,8 +110,8 @@ TEST_F(StartupTest, programState)
     start();
     EXPECT_EQ(state().gIniFile, folder.path(u"vorelreminder.ini"_s));
     EXPECT_EQ(state().gProductTitle, u"Vorel Reminder 1"_s);
-    EXPECT_EQ(state().gFormColour, QString::number(0xC0FFC0));
-    EXPECT_TRUE(state().gPopUpCloser);
+    EXPECT_EQ(state().settings.gFormColour, QString::number(0xC0FFC0));
+    EXPECT_TRUE(state().settings.gPopUpCloser);
     EXPECT_TRUE(ShowSplashScreen());
     for (const auto &[text, shown] : {std::pair<QByteArray, bool>{"0", false}, {"1", true}, {"False", false}, {"True", true}}) {
         writeIni("ShowSplashScreen=" + text + "\n");
@@ -124,7 +124,7 @@ TEST_F(StartupTest, configurationFileIsFoundWhateverItsCase)
     folder.write(u"VorelReminder.INI"_s, "[settings]\nusername=Ann\n");
     start();
     loadUserName();
-    EXPECT_EQ(state().gUserName, u"Ann"_s);
+    EXPECT_EQ(state().settings.gUserName, u"Ann"_s);
     EXPECT_FALSE(QFile::exists(folder.path(u"vorelreminder.ini"_s)));
 }
 
@@ -138,16 +138,16 @@ TEST_F(StartupTest, mainSettings)
         const QString category = loadStartCategory();
         const State &s = state();
         QString on;
-        for (const auto &[is, letter] : {std::pair{s.gAutoEmail, u'E'}, {s.gAppointmentWarning, u'W'}, {s.gNetwork, u'N'},
-                                         {s.gPopUpCloser, u'P'}, {s.gTips, u'T'}, {s.gDisplayAds, u'A'}})
+        for (const auto &[is, letter] : {std::pair{s.settings.gAutoEmail, u'E'}, {s.settings.gAppointmentWarning, u'W'}, {s.settings.gNetwork, u'N'},
+                                         {s.settings.gPopUpCloser, u'P'}, {s.settings.gTips, u'T'}, {s.settings.gDisplayAds, u'A'}})
             on += is ? QString(letter) : QString();
-        return u"%1 %2 %3|%4|%5|%6|%7|%8"_s.arg(s.gWeekStartDay).arg(s.gWarnBefore).arg(s.gWarnAfter)
-            .arg(s.gNumberFormat, s.gEmailName, s.gUserName, category, on);
+        return u"%1 %2 %3|%4|%5|%6|%7|%8"_s.arg(s.settings.gWeekStartDay).arg(s.settings.gWarnBefore).arg(s.settings.gWarnAfter)
+            .arg(s.settings.gNumberFormat, s.settings.gEmailName, s.settings.gUserName, category, on);
     };
     start();
     EXPECT_EQ(loaded(), u"1 3 1|######0.00|User|User|All|WNPTA"_s);
-    EXPECT_EQ(state().gToday, basic::DateTime::fromParts(2005, 6, 15));
-    EXPECT_EQ(state().gBirthdayFormat, u"Lastname, Firstname/s"_s);
+    EXPECT_EQ(state().period.gToday, basic::DateTime::fromParts(2005, 6, 15));
+    EXPECT_EQ(state().settings.gBirthdayFormat, u"Lastname, Firstname/s"_s);
     writeIni("WeekStartDay=0\nNumberFormat=\nAWarningBefore=x\nAWarningAfter=10\nPopUpCloser=False\nAutoEmail=True\n"
              "EmailName=\nUserName=\nCategory=AE\nTips=False\nDisplayAds=0\nAppointmentWarning=false\nNetwork=False\n");
     EXPECT_EQ(loaded(), u"1 0 10|######0.00||User|AE|E"_s);      // only a missing key means the default of EmailName
@@ -159,13 +159,13 @@ TEST_F(StartupTest, soundFile)
     const QString wish = folder.write(u"wish.WAV"_s, "RIFF");
     const QString mine = folder.write(u"mine.wav"_s, "RIFF");
     loadSoundFile();
-    EXPECT_EQ(state().gSoundFile, wish);
+    EXPECT_EQ(state().settings.gSoundFile, wish);
     writeIni("SoundFile=" + mine.toUtf8() + "\n");
     loadSoundFile();
-    EXPECT_EQ(state().gSoundFile, mine);
+    EXPECT_EQ(state().settings.gSoundFile, mine);
     QFile::remove(mine);
     loadSoundFile();
-    EXPECT_EQ(state().gSoundFile, QString());
+    EXPECT_EQ(state().settings.gSoundFile, QString());
 }
 
 TEST_F(StartupTest, featuresAreOnWhenTheyEqualOne)
@@ -173,9 +173,9 @@ TEST_F(StartupTest, featuresAreOnWhenTheyEqualOne)
     folder.write(u"vorelreminder.ini"_s, "[Features]\nBooks=0\nMovies=1\nMusic=2\nGolf=True\nVehicle=\nEmail= 1 \n");
     start();
     loadFeatures();
-    EXPECT_EQ(state().gFeature.size(), 25u);
+    EXPECT_EQ(state().settings.gFeature.size(), 25u);
     QStringList off;
-    for (const auto &[key, on] : state().gFeature) {
+    for (const auto &[key, on] : state().settings.gFeature) {
         if (!on)
             off << key;
     }
@@ -201,8 +201,8 @@ TEST_F(StartupTest, daysOfTheSetupRow)
         if (!c.deleteAfter.isEmpty())
             file.Execute(u"INSERT INTO [Setup] ([DeleteAfterDays],[BackupAfterDays]) VALUES (%1,%2);"_s.arg(c.deleteAfter, c.backupAfter));
         openMainDatabase();
-        EXPECT_EQ(state().gDeleteAfterDays, c.expectedDelete);
-        EXPECT_EQ(state().gBackupAfterDays, c.expectedBackup);
+        EXPECT_EQ(state().settings.gDeleteAfterDays, c.expectedDelete);
+        EXPECT_EQ(state().settings.gBackupAfterDays, c.expectedBackup);
         if (c.backupAfter == u"0") {
             EXPECT_EQ(state().gMainDb.OpenRecordset(u"Setup"_s).Get(u"BackupAfterDays").text(), u"0"_s) << "the field stays";
         }
@@ -224,7 +224,7 @@ TEST_F(StartupTest, printerIsThereOnlyIfTheProbeSaysSo)
 TEST_F(StartupTest, failingPassIsShownAndTheNextOneRuns)
 {
     start();                        // no main file yet
-    state().gDeleteAfterDays = 30;
+    state().settings.gDeleteAfterDays = 30;
     test::ScriptedPrompts prompts;
     prompts.expect(u"VOREL.MDB"_s);
     prompts.expect(u"VOREL.MDB"_s);

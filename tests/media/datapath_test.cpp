@@ -164,7 +164,7 @@ TEST_F(DataPath, ABackupFileBringsItsDate)
     auto *name = new QLineEdit(&screen), *date = new QLineEdit(&screen);
     name->setObjectName(u"txtFilename"_s);
     date->setObjectName(u"txtFileDate"_s);
-    state().gDateDisplay = u"dd/mm/yyyy"_s;
+    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;
     const QString file = m_folder.write(u"backup.zip"_s, "x");
     QFile touched(file);
     ASSERT_TRUE(touched.open(QIODevice::ReadWrite)

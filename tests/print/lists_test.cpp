@@ -19,10 +19,10 @@ protected:
         for (const DataFileEntry &entry : dataFiles())
             state().path(entry.file) = m_folder.path(entry.defaultName.mid(1));
         test::putEmptyFiles(m_folder.path());
-        state().gUserName = u"Ann"_s;
-        state().gSqlAppointments = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s;
-        state().gSqlBills = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s;
-        state().gSqlEvents = u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
+        state().settings.gUserName = u"Ann"_s;
+        state().period.gSqlAppointments = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s;
+        state().period.gSqlBills = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s;
+        state().period.gSqlEvents = u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
     }
     static void put(DataFile file, const QStringList &statements)
     {
@@ -43,8 +43,8 @@ protected:
     }
     static std::function<void()> list(const QString &code)
     {
-        const QString query = code == u"A" ? state().gSqlAppointments : code == u"B" ? state().gSqlBills
-                            : code == u"E" ? state().gSqlEvents : QString();
+        const QString query = code == u"A" ? state().period.gSqlAppointments : code == u"B" ? state().period.gSqlBills
+                            : code == u"E" ? state().period.gSqlEvents : QString();
         return [code, query] { EXPECT_TRUE(printSectionList(code, query)) << qPrintable(code); };
     }
     void answerShopping(const QString &code)

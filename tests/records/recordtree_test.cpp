@@ -22,7 +22,7 @@ protected:
     {
         test::putEmptyFiles(m_folder.path());
         state().gIniFile = m_folder.path(u"test.ini"_s);
-        state().gSection = u"K"_s;
+        state().selection.gSection = u"K"_s;
         setCapitals(false);
     }
 
@@ -88,7 +88,7 @@ TEST_F(Tree, GroupsAndOrderOfEachMode)
     EXPECT_EQ(books(TreeMode::ByField, u"AUTHOR"_s),
               (QStringList{u"Ann O`brien: The McDonald Papers(1)"_s, u"George Orwell: (untold)(3), 1984(2)"_s, u"Zoe Adams: Tales(5)"_s}));
     // Only books, recipes and music call the leaves of a field by the title.
-    state().gSection = u"V"_s;
+    state().selection.gSection = u"V"_s;
     EXPECT_EQ(books(TreeMode::ByField, u"AUTHOR"_s).value(0), u"Ann O`brien: Ann O`Brien(1)");
     setCapitals(true);
     EXPECT_EQ(books(TreeMode::ByFirstCharacter).value(2), u"T: TALES(5), THE MCDONALD PAPERS(1)");
@@ -128,7 +128,7 @@ TEST_F(Tree, ManyGroupsHoldWhatTheirQueriesFind)
 
 TEST_F(Tree, InventoryShowsItsItemsByLettersAlone)
 {
-    state().gSection = u"I"_s;
+    state().selection.gSection = u"I"_s;
     for (const QString &item : {u"mcintosh lamp"_s, u"4 chairs"_s, u"armchair"_s})
         add(u"VOREL.MDB"_s, u"INVENTORY"_s, {{{u"ITEM"_s, item}, {u"CATEGORY"_s, u"House"_s}}});
     EXPECT_EQ(shownRows(records::recordTreeRows(TreeMode::ByFirstCharacter, path(), u"Inventory"_s, u"ITEM"_s)),
@@ -147,9 +147,9 @@ TEST_F(Tree, MixedCaseNames)
                           {u"tarmac mc", u"Tarmac Mc", u"Tarmac Mc"},
                           {u"smith-", u"Smith-", u"Smith-"}};
     for (const Case &c : cases) {
-        state().gSection = u"P"_s;
+        state().selection.gSection = u"P"_s;
         EXPECT_EQ(records::MixedCaseName(QString::fromUtf16(c.text)), QString::fromUtf16(c.books));
-        state().gSection = u"I"_s;
+        state().selection.gSection = u"I"_s;
         EXPECT_EQ(records::MixedCaseName(QString::fromUtf16(c.text)), QString::fromUtf16(c.inventory));
     }
 }

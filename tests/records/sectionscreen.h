@@ -31,8 +31,8 @@ protected:
     {
         putEmptyFiles(m_folder.path());
         state().gIniFile = m_folder.path(u"test.ini"_s);
-        state().gUserName = u"Rosemary"_s;
-        state().gDateShort = u"mm/dd/yyyy"_s;
+        state().settings.gUserName = u"Rosemary"_s;
+        state().settings.gDateShort = u"mm/dd/yyyy"_s;
         PutIniValue(iniSettings, u"ContactsUpperCase"_s, u"False"_s);
         for (const auto &[file, name] : {std::pair{DataFile::Books, u"BOOKS.MDB"_s}, {DataFile::Movies, u"MOVIES.MDB"_s},
                                          {DataFile::Music, u"MUSIC.MDB"_s}})
@@ -42,7 +42,7 @@ protected:
 
     template <class Screen> void openScreen(const QString &letter)
     {
-        state().gSection = letter;
+        state().selection.gSection = letter;
         form = std::make_unique<Screen>();
         form->show();
     }

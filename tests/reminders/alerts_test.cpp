@@ -112,7 +112,7 @@ TEST_F(Alerts, LastRowWinsAndEachIsToldOnceAColour)
 
 TEST_F(Alerts, TextsInTheUsersFormat)
 {
-    state().gDateDisplay = u"dd/mm/yyyy"_s;      // in a region that reads the month first
+    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;      // in a region that reads the month first
     const DateTime now = DateTime::fromQDateTime(QDateTime(QDate(2026, 5, 12), QTime(9, 50, 30)));
     const std::vector<Alert> alerts =
         alertsFor({row(u"10:00 Am"_s, 7, false, QDate(2026, 5, 12))}, {true, 15, 5}, now);
@@ -121,7 +121,7 @@ TEST_F(Alerts, TextsInTheUsersFormat)
     EXPECT_EQ(alerts[0].toolTip, u" Appointment scheduled for 12/05/2026 10:00 Am "_s);
     EXPECT_EQ(alerts[0].text, u" Appointment scheduled for \t12/05/2026 10:00 Am\n It is Now \t12/05/2026 09:50 am\n"
                               "10 minute/s remaining\n"_s + u"-"_s.repeated(85) + u"\nDentist"_s);
-    state().gDateDisplay = u"dddd, dd mmmm"_s;   // and one that no region reads
+    state().settings.gDateDisplay = u"dddd, dd mmmm"_s;   // and one that no region reads
     EXPECT_EQ(alertsFor({row(u"10:00 Am"_s, 7, false, QDate(2026, 5, 12))}, {true, 15, 5}, now).size(), 1u);
 }
 
@@ -139,7 +139,7 @@ TEST_F(Alerts, TodaysRowsOfAnyPeriod)
     struct Case { const char *name; std::function<void()> choose; QString wanted; };
     const Case cases[] = {
         {"day", [] { SetDayPeriod(u"Today"_s); }, u"cba"_s}, {"year", SetThisYear, u"cba"_s}, {"all", SetAllRecords, u"cab"_s},
-        {"tomorrow", [] { SetDayPeriod(u"Tomorrow"_s); }, u""_s}, {"no query yet", [] { state().gSqlAppointments.clear(); }, u""_s}};
+        {"tomorrow", [] { SetDayPeriod(u"Tomorrow"_s); }, u""_s}, {"no query yet", [] { state().period.gSqlAppointments.clear(); }, u""_s}};
     for (const Case &c : cases) {
         c.choose();
         QString texts;

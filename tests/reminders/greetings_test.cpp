@@ -81,7 +81,7 @@ TEST_F(Greetings, DisplayFormatsThatDoNotFit)
 {
     add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"Ann"_s, true, u"a@x.org"_s, u"Null"_s);
     for (const QString &format : {u"dddd, dd mmmm yyyy"_s, u"dd.mm.yyyy"_s, u"dd.mm.yy"_s}) {     // too long, or not read back here
-        state().gDateDisplay = format;
+        state().settings.gDateDisplay = format;
         EXPECT_EQ(SendBirthdayEmails(), 1) << qPrintable(format);
         EXPECT_EQ(lastDates(), QStringList{u"11/22/2026"_s}) << qPrintable(format);
         EXPECT_EQ(SendBirthdayEmails(), 0) << qPrintable(format);

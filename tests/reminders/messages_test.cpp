@@ -25,7 +25,7 @@ TEST_F(Messages, OnlyUnreadOnesToTheUserWait)
     const Case cases[] = {{"unread", u"Pat O'Hara"_s, false, true}, {"in other letters", u"PAT O'HARA"_s, false, true},
                           {"read", u"Pat O'Hara"_s, true, false}, {"to another", u"Sam"_s, false, false},
                           {"to a name that is no user", u"nobody"_s, false, false}};
-    state().gUserName = u"Pat O'Hara"_s;
+    state().settings.gUserName = u"Pat O'Hara"_s;
     EXPECT_FALSE(messagesWait());
     for (const Case &c : cases) {
         execute(u"DELETE FROM [MESSAGES]"_s);
@@ -38,7 +38,7 @@ TEST_F(Messages, OnlyUnreadOnesToTheUserWait)
 TEST_F(Messages, NewOneIsFromTheUserNow)
 {
     m_clock.set(QDate(2026, 11, 22), QTime(14, 5, 59));
-    state().gUserName = u"A name of far more than thirty characters"_s;
+    state().settings.gUserName = u"A name of far more than thirty characters"_s;
     dao::Database file = open();
     dao::Recordset set = file.OpenRecordset(u"SELECT * FROM [Messages] ORDER BY [Date]"_s);
     EXPECT_TRUE(addMessage(set).isValid());
@@ -57,7 +57,7 @@ TEST_F(Messages, NamesAndViews)
         name = name.toLower();
     names.sort();
     EXPECT_EQ(names, (QStringList{u"ann"_s, u"pat"_s, u"sam"_s}));
-    state().gUserName = u"Sam"_s;
+    state().settings.gUserName = u"Sam"_s;
     EXPECT_EQ(rows(messageQuery(MessageView::Received)).value(0).section(u'|', 0, 0), u"2"_s) << "whatever the case";
 }
 
@@ -89,7 +89,7 @@ TEST_F(Messages, InfoLine)
     const QString version = u"Vorel Reminder 1  Version "_s + QStringLiteral(VOREL_VERSION);
     EXPECT_EQ(infoLine({}), version);
     EXPECT_EQ(infoLine(u"Press F3"_s), u"Press F3 ........... "_s + version);
-    state().gTips = false;
+    state().settings.gTips = false;
     EXPECT_EQ(infoLine(u"Press F3"_s), version);
 }
 

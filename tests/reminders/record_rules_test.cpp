@@ -71,7 +71,7 @@ TEST_F(RecordRules, ApplyFillsThePeriodBoxes)
 
 TEST_F(RecordRules, DatesFollowTheRowsDate)
 {
-    state().gDateDisplay = u"dd mmm yyyy"_s;
+    state().settings.gDateDisplay = u"dd mmm yyyy"_s;
     const auto date = day(2026, 12, 1);
     struct Case { DateBoxes boxes; std::optional<basic::DateTime> date; DateBoxes expected; };
     const Case cases[] = {
@@ -93,7 +93,7 @@ TEST_F(RecordRules, TextsAreReadAsDaysAndAmounts)
     EXPECT_EQ(weekDayOf(day(2026, 11, 22)), u"Sun"_s);
     EXPECT_EQ(weekDayOf(std::nullopt), QString());
 
-    state().gNumberFormat = u"######0.00"_s;
+    state().settings.gNumberFormat = u"######0.00"_s;
     EXPECT_EQ(moneyText(u"12.5"_s), u"12.50"_s);
     EXPECT_EQ(moneyText(u"$1,250"_s), u"1250.00"_s);
     EXPECT_EQ(moneyText(u"12 dollars"_s), u"12.00"_s);
@@ -130,7 +130,7 @@ TEST_F(RecordRules, WebsiteIsNeverAProgram)
 TEST_F(RecordRules, NewRowsAndCopies)
 {
     setToday(u"2026-11-22"_s);
-    state().gUserName = u"Ann"_s;
+    state().settings.gUserName = u"Ann"_s;
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET],[Delete],[PeriodDays],[WeekNum],[UsersName],[IDNUM])"
             " VALUES (#03/04/2025#,'10:15 am','Gym',-1,-1,7,'2nd','Bob',9)"_s);
     dao::Database file = open();

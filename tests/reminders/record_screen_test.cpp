@@ -33,7 +33,7 @@ TEST_F(RecordModes, EachSectionShowsItsControls)
         check({u"lblID1"_s, u"lblID2"_s, u"lblEmailID"_s, u"lblContactID"_s}, false);
         check({u"chkEmail"_s, u"chkCard"_s, u"txtEmail"_s}, false);
         EXPECT_EQ(text(u"lblID2"_s), u"1"_s);
-        EXPECT_EQ(state().gLastRecord, 1);
+        EXPECT_EQ(state().selection.gLastRecord, 1);
         EXPECT_FALSE(at<QLabel>(u"picImage"_s)->pixmap().isNull());
         if (code != u"E") {
             EXPECT_EQ(at(u"fraBill"_s)->property("title").toString(), code == u"A" ? u" Frequency "_s : u" Payment Frequency "_s);
@@ -88,7 +88,7 @@ TEST_F(RecordModes, InvalidDateBecomesTodayWithAMessage)
 
 TEST_F(RecordModes, DeleteAfterDateAsks)
 {
-    state().gDeleteAfterDays = 30;
+    state().settings.gDeleteAfterDays = 30;
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#01/02/2026#,'x')"_s);
     openScreen(u"A"_s, 1);
     const QString question = u"This Record will be DELETED 30 days after the Display Date!\r\nAre you sure about this option?"_s;

@@ -114,7 +114,7 @@ TEST_F(RecordView, PictureOfTheEventOrTheSections)
 
 TEST_F(RecordView, DisplayFormatAgainstTheRegionKeepsTheDay)
 {
-    state().gDateDisplay = u"dd/mm/yyyy"_s;         // in a region that reads the month first
+    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;         // in a region that reads the month first
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#04/03/2026#,'x')"_s);
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#05/03/2026#,'x')"_s);
     openScreen(u"A"_s, 1);

@@ -107,7 +107,7 @@ TEST_F(PassesTest, purgeTakesTickedRowsAfterTheDaysAreOver)
     const std::pair<QString, QString> tables[] = {{u"Appointments"_s, u"Appointment"_s}, {u"Bills"_s, u"Bill"_s},
                                                   {u"Events"_s, u"Event"_s}, {u"Messages"_s, u"Message"_s}};
     for (const auto &wanted : cases) {
-        state().gDeleteAfterDays = static_cast<std::int16_t>(wanted.inState);
+        state().settings.gDeleteAfterDays = static_cast<std::int16_t>(wanted.inState);
         execute(u"UPDATE [Setup] SET [DeleteAfterDays] = %1;"_s.arg(wanted.inSetup));
         for (const auto &[table, textField] : tables) {
             execute(u"DELETE * FROM "_s + table);

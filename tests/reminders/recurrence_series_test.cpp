@@ -92,7 +92,7 @@ TEST_P(SeriesTest, periods)
     setRegion(QString::fromLatin1(GetParam()));
     for (const QString &format : {u""_s, basic::regional().order == basic::DateOrder::DayFirst ? u"dd/mm/yyyy"_s
                                                                                                : u"mm/dd/yyyy"_s}) {
-        state().gDateDisplay = format;
+        state().settings.gDateDisplay = format;
         for (const PeriodCase &wanted : periodCases) {
             for (const ReminderKind kind : {ReminderKind::Appointment, ReminderKind::Bill}) {
                 if (kind == ReminderKind::Bill && !format.isEmpty())
@@ -123,7 +123,7 @@ class SeriesRowsTest : public SeriesTest {};
 // By days, the date goes through its shown text; where that text reads otherwise, the row lies on the other day.
 TEST_F(SeriesRowsTest, onlyTheDaysRuleStoresTheShownText)
 {
-    state().gDateDisplay = u"dd/mm/yyyy"_s;     // on a machine that reads the month first
+    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;     // on a machine that reads the month first
     SeriesFields fields = fieldsOn(u"2027-12-25"_s);
     fields.date = u"12/04/2027"_s;
     fields.periodDays = u"7"_s;

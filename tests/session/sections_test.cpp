@@ -78,7 +78,7 @@ TEST_F(SectionsTest, nameOfTheSectionOnShow)
         {u"K"_s, u"K"_s}, {u"V"_s, u"V"_s}, {u"W"_s, u"W"_s}, {{}, {}},
     };
     for (const auto &[code, name] : cases) {
-        state().gSection = code;
+        state().selection.gSection = code;
         EXPECT_EQ(SectionName(), name);
     }
     // Those codes are no names: the screen stays as it is.

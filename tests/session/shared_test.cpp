@@ -111,12 +111,12 @@ TEST_F(SharedTest, soundsPlayWhileTheSettingIsOn)
     setSoundPlayer([&](const QString &path) { played << QFileInfo(path).fileName(); });
     for (const QString &name : {u"beep.wav"_s, u"woosh.wav"_s, u"doorbell.wav"_s, u"message.wav"_s, u"clang.wav"_s})
         folder.write(name, "RIFF");
-    state().gSoundFile = folder.write(u"mine.wav"_s, "RIFF");
+    state().settings.gSoundFile = folder.write(u"mine.wav"_s, "RIFF");
     for (int number = 0; number <= 7; ++number)
         PlaySoundNumber(number);
     EXPECT_EQ(played, (QStringList{u"beep.wav"_s, u"woosh.wav"_s, u"doorbell.wav"_s, u"message.wav"_s, u"clang.wav"_s,
                                    u"mine.wav"_s}));
-    state().gSoundFile.clear();
+    state().settings.gSoundFile.clear();
     PlaySoundNumber(6);
     PutIniValue(iniSettings, u"PlaySound"_s, u"False"_s);
     PlaySoundNumber(1);
