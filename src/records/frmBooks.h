@@ -7,7 +7,7 @@ namespace vorel {
 class frmBooks : public frmSection {
     Q_OBJECT
 public:
-    explicit frmBooks(QWidget *parent = nullptr) : frmSection(records::booksSection(), parent) { Load(); }
+    explicit frmBooks(QWidget *parent = nullptr) : frmSection(records::booksRecord(), parent) { Load(); }
 };
 
 }

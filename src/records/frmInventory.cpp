@@ -19,7 +19,7 @@ void frmInventory::createOwn()
 {
     QPushButton *refresh = addButton(u"cmdRefresh"_s, {}, u"view-refresh"_s, u" Builds the tree anew "_s);
     placeBesideTrees(refresh);
-    on(refresh, &QPushButton::clicked, this, [this] { showTree(records::TreeMode::ByFirstCharacter, section().treeField.toString()); });
+    on(refresh, &QPushButton::clicked, this, [this] { showTree(records::TreeMode::ByFirstCharacter, design().treeField.toString()); });
     QPushButton *transfer = addButton(u"cmdTransfer"_s, u"> &Events"_s, {}, u" Puts the end of the Warranty into the Events "_s);
     placeBeside(u"txtWarrantyExpiryDate"_s, transfer);
     on(transfer, &QPushButton::clicked, this, [this] { cmdTransfer_Click(); });

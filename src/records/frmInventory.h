@@ -8,7 +8,7 @@ namespace vorel {
 class frmInventory : public frmSection {
     Q_OBJECT
 public:
-    explicit frmInventory(QWidget *parent = nullptr) : frmSection(records::inventorySection(), parent) { Load(); }
+    explicit frmInventory(QWidget *parent = nullptr) : frmSection(records::inventoryRecord(), parent) { Load(); }
 
 protected:
     void createOwn() override;

@@ -7,7 +7,7 @@ namespace vorel {
 class frmMovies : public frmSection {
     Q_OBJECT
 public:
-    explicit frmMovies(QWidget *parent = nullptr) : frmSection(records::moviesSection(), parent) { Load(); }
+    explicit frmMovies(QWidget *parent = nullptr) : frmSection(records::moviesRecord(), parent) { Load(); }
 
 protected:
     void afterSave() override { ShowPic(); }

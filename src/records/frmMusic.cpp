@@ -25,7 +25,7 @@ void frmMusic::createOwn()
     dtaTracks = new controls::DataControl(this);
     dtaTracks->setObjectName(u"dtaTracks"_s);
     dtaTracks->setConnect(u"Access"_s);
-    dtaTracks->setDatabaseName(state().path(section().file));
+    dtaTracks->setDatabaseName(state().path(design().file));
     grdTracks = new controls::Grid(this);
     grdTracks->setObjectName(u"grdTracks"_s);
     grdTracks->setAccessibleName(u"Tracks"_s);
@@ -96,7 +96,7 @@ void frmMusic::deleteChildren(dao::Database &database, qint32 id)
 std::vector<records::ViewBlock> frmMusic::pageBlocks() const
 {
     std::vector<records::ViewBlock> blocks = frmSection::pageBlocks();
-    const QStringList tracks = records::Tracks(state().path(section().file), currentId());
+    const QStringList tracks = records::Tracks(state().path(design().file), currentId());
     if (!tracks.isEmpty())
         blocks.push_back({u"TRACKS"_s, tracks.join(u"\r\n"_s), true, true});
     return blocks;

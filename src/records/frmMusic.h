@@ -12,7 +12,7 @@ class Grid;
 class frmMusic : public frmSection {
     Q_OBJECT
 public:
-    explicit frmMusic(QWidget *parent = nullptr) : frmSection(records::musicSection(), parent) { Load(); }
+    explicit frmMusic(QWidget *parent = nullptr) : frmSection(records::musicRecord(), parent) { Load(); }
     ~frmMusic() override;
 
 protected:

@@ -29,15 +29,15 @@ using namespace Qt::StringLiterals;
 using controls::on;
 using records::TreeMode;
 
-frmSection::frmSection(const records::Section &section, QWidget *parent)
-    : Form(section.screen.toString(), parent), m_section(section), m_data(new controls::DataControl(this)),
+frmSection::frmSection(const records::RecordDesign &design, QWidget *parent)
+    : Form(design.screen.toString(), parent), m_design(design), m_data(new controls::DataControl(this)),
       m_main(dynamic_cast<MainScreen *>(parent))
 {
-    setWindowTitle(section.title.toString());
-    m_data->setObjectName(section.dataControl.toString());
-    m_data->setDatabaseName(state().path(section.file));
+    setWindowTitle(design.title.toString());
+    m_data->setObjectName(design.dataControl.toString());
+    m_data->setDatabaseName(state().path(design.file));
     m_data->setConnect(u"Access"_s);
-    m_data->setRecordSource(section.rows.toString());
+    m_data->setRecordSource(design.rows.toString());
     m_data->setMovesAsk(true);
 }
 
@@ -65,7 +65,7 @@ void frmSection::Load()
     if (m_data->Recordset()) {                          // else the reason has been told
         limitTexts();
         FillLists();
-        showTree(TreeMode::ByFirstCharacter, m_section.treeField.toString());
+        showTree(TreeMode::ByFirstCharacter, m_design.treeField.toString());
     }
     AllowInput();
     CheckOptions();
@@ -89,15 +89,15 @@ void frmSection::connectHandlers()
     click(u"cmdColor"_s, &frmSection::cmdColor_Click);
     on(control<QPushButton>(u"cmdNew"_s), &QPushButton::clicked, this, [this] { AddNewRecord(); });
     on(control<QPushButton>(u"cmdClose"_s), &QPushButton::clicked, this, [this] { Close(); });
-    on(control<QPushButton>(u"cmdInfo"_s), &QPushButton::clicked, this, [this] { ShowInfoPage(m_section.letter); });
+    on(control<QPushButton>(u"cmdInfo"_s), &QPushButton::clicked, this, [this] { ShowInfoPage(m_design.letter); });
     on(control<QPushButton>(u"cmdWeb"_s), &QPushButton::clicked, this, [this] {
-        const QString page = m_section.web.toString();
+        const QString page = m_design.web.toString();
         if (!desktop::ShellExecute(page))
             basic::MsgBox(u"Unable to open "_s + page, {}, basic::Icon::Exclamation);
     });
-    for (const records::TreeButton &button : m_section.trees)
+    for (const records::TreeButton &button : m_design.trees)
         on(control<QPushButton>(button.name.toString()), &QPushButton::clicked, this, [this, &button] { treeButton_Click(button); });
-    for (const records::Option &option : m_section.options)
+    for (const records::Option &option : m_design.options)
         on(control<QCheckBox>(option.check.toString()), &QCheckBox::toggled, this, [this] { CheckOptions(); });
 
     const auto key = [this](const QKeySequence &keys, const QString &name) {
@@ -171,7 +171,7 @@ void frmSection::TreeView_NodeClick(qint32 id)
 
 void frmSection::showTree(TreeMode mode, const QString &field)
 {
-    FillRecordTree(*m_tree, mode, state().path(m_section.file), m_section.table.toString(), field);
+    FillRecordTree(*m_tree, mode, state().path(m_design.file), m_design.table.toString(), field);
     selectNode();
 }
 
@@ -194,10 +194,10 @@ void frmSection::AllowInput()
 
 void frmSection::FillLists()
 {
-    for (const records::Choices &list : m_section.lists) {
+    for (const records::Choices &list : m_design.lists) {
         auto *box = control<QComboBox>(list.control.toString());
         basic::Trap([&] {
-            const QStringList values = records::listValues(state().path(m_section.file), list);
+            const QStringList values = records::listValues(state().path(m_design.file), list);
             const QString typed = box->currentText();
             box->clear();
             box->addItems(values);
@@ -209,7 +209,7 @@ void frmSection::FillLists()
 
 void frmSection::CheckOptions()
 {
-    for (const records::Option &option : m_section.options) {
+    for (const records::Option &option : m_design.options) {
         const bool on = ticked(option.check.toString());
         for (const QStringView name : option.controls) {
             const QString field = name.toString();
@@ -237,14 +237,14 @@ void frmSection::GetFilePath()
     if (!m_data->hasRows())
         return;
     m_path = text(u"lblPictureFile"_s);
-    m_path = chooseDataPath({m_section.chooser.toString(), m_path, text(m_section.nameControl.toString()), this});
+    m_path = chooseDataPath({m_design.chooser.toString(), m_path, text(m_design.nameControl.toString()), this});
     setText(u"lblPictureFile"_s, m_path);
     ShowPic();
 }
 
 void frmSection::chooseSound(const QString &name)
 {
-    setText(name, chooseDataPath({m_section.sound.toString(), text(name), text(m_section.nameControl.toString()), this}));
+    setText(name, chooseDataPath({m_design.sound.toString(), text(name), text(m_design.nameControl.toString()), this}));
 }
 
 void frmSection::ShowPic()
@@ -256,7 +256,7 @@ void frmSection::ShowPic()
 std::vector<records::ViewBlock> frmSection::pageBlocks() const
 {
     std::vector<records::ViewBlock> blocks;
-    for (const records::PageBlock &block : m_section.page) {
+    for (const records::PageBlock &block : m_design.page) {
         QString words = text(block.control.toString());
         words.replace(u"\r\n"_s, u"\n"_s).replace(u'\n', u"\r\n"_s);
         blocks.push_back({block.label.toString(), words, block.onlyIfFilled, block.dashed});
@@ -269,7 +269,7 @@ void frmSection::cmdView_Click()
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     constexpr int twipsPerPixel = 15;
-    records::showViewPage({m_section.pageFile.toString(), m_section.pageHeading.toString(), m_path,
+    records::showViewPage({m_design.pageFile.toString(), m_design.pageHeading.toString(), m_path,
                            m_image->pictureSize() * twipsPerPixel, pageBlocks()});
 }
 

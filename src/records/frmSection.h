@@ -2,7 +2,7 @@
 
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/form.h"
-#include "records/sections.h"
+#include "records/recordrows.h"
 #include "records/viewpage.h"
 
 #include <QHash>
@@ -25,7 +25,7 @@ class SectionPanel;
 
 // The one frame of the record sections: a tree of the records, the picture of the current one, its fields on panels. What
 // it shows is the section's table; a screen of its own has a constructor that ends with Load, and its own rules:
-//     frmBooks(QWidget *parent) : frmSection(records::booksSection(), parent) { Load(); }
+//     frmBooks(QWidget *parent) : frmSection(records::booksRecord(), parent) { Load(); }
 // Every road away from a row goes through DataControl::Leave, which writes it.
 class frmSection : public controls::Form {
     Q_OBJECT
@@ -43,7 +43,7 @@ public:
     void ShowPic();
 
 protected:
-    frmSection(const records::Section &section, QWidget *parent);
+    frmSection(const records::RecordDesign &design, QWidget *parent);
     void Load();
 
     // The rules of a section's own.
@@ -70,7 +70,7 @@ protected:
     void placeBesideTrees(QWidget *made);
     void placeBeside(const QString &field, QWidget *made);      // at the end of a field's line
     void showTree(records::TreeMode mode, const QString &field);
-    const records::Section &section() const { return m_section; }
+    const records::RecordDesign &design() const { return m_design; }
 
 private:
     // Fields (frmSectionFields.cpp)
@@ -110,7 +110,7 @@ private:
     void cmdView_Click();
     void cmdColor_Click();
 
-    const records::Section &m_section;
+    const records::RecordDesign &m_design;
     controls::DataControl *m_data;
     MainScreen *m_main = nullptr;
     QHBoxLayout *m_treeKeys = nullptr;

@@ -56,7 +56,7 @@ QString labelName(const Field &field)
 
 void frmSection::createFields()
 {
-    for (const Field &field : m_section.fields) {
+    for (const Field &field : m_design.fields) {
         QWidget *widget = createWidget(field);
         widget->setObjectName(field.control.toString());
         keep(widget);
@@ -184,7 +184,7 @@ QFormLayout *frmSection::formOf(const Field &field)
     if (QFormLayout *form = m_groups.value(name))
         return form;
     QString title;
-    for (const records::Group &group : m_section.groups) {
+    for (const records::Group &group : m_design.groups) {
         if (group.name == field.group)
             title = group.title.toString();
     }
@@ -224,7 +224,7 @@ void frmSection::placeField(const Field &field, QWidget *widget)
 // More than the field can hold is not taken in.
 void frmSection::limitTexts()
 {
-    for (const Field &field : m_section.fields) {
+    for (const Field &field : m_design.fields) {
         auto *edit = control<QLineEdit>(field.control.toString());
         if (auto *combo = control<QComboBox>(field.control.toString()))
             edit = combo->lineEdit();

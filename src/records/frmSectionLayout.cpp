@@ -57,7 +57,7 @@ constexpr KeyRow screenKeys[] = {
 
 void frmSection::loadSettings()
 {
-    const QString back = GetIniValue(iniSettings, m_section.colourKey.toString(), {});
+    const QString back = GetIniValue(iniSettings, m_design.colourKey.toString(), {});
     if (!back.isEmpty()) {
         if (const auto number = colourNumber(back); number && *number <= 0xFFFFFF)
             m_back = QColor(static_cast<int>(*number & 0xff), static_cast<int>(*number >> 8 & 0xff), static_cast<int>(*number >> 16));
@@ -68,9 +68,9 @@ void frmSection::loadSettings()
 
 QImage frmSection::groundPicture() const
 {
-    if (!m_section.pictureKey.isEmpty() && GetIniValue(iniSettings, m_section.pictureKey.toString(), u"1"_s) != u"1")
+    if (!m_design.pictureKey.isEmpty() && GetIniValue(iniSettings, m_design.pictureKey.toString(), u"1"_s) != u"1")
         return {};
-    const QString file = desktop::findResource(m_section.picture.toString());
+    const QString file = desktop::findResource(m_design.picture.toString());
     return file.isEmpty() ? QImage() : QImage(file);
 }
 
@@ -94,7 +94,7 @@ void frmSection::createButtons()
         addButton(text(row.name), text(row.caption), text(row.icon), text(row.tip));
     for (const auto &row : screenKeys)
         addButton(text(row.name), text(row.caption), text(row.icon), text(row.tip));
-    for (const records::TreeButton &row : m_section.trees)
+    for (const records::TreeButton &row : m_design.trees)
         addButton(row.name.toString(), row.caption.toString(), {}, row.tip.toString())->setMinimumWidth(8 * layout::unit);
 }
 
@@ -140,12 +140,12 @@ QLayout *frmSection::createLeft()
 {
     m_treeKeys = new QHBoxLayout;
     m_treeKeys->setSpacing(layout::unit);
-    for (const records::TreeButton &row : m_section.trees)
+    for (const records::TreeButton &row : m_design.trees)
         m_treeKeys->addWidget(control<QWidget>(row.name.toString()), 1);
     m_tree = new RecordTree(this);
     m_tree->setAccessibleName(u"Records"_s);
     keep(m_tree);
-    m_empty = new QLabel(m_section.emptyNote.toString(), m_tree->viewport());
+    m_empty = new QLabel(m_design.emptyNote.toString(), m_tree->viewport());
     m_empty->setObjectName(u"lblEmpty"_s);
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
@@ -182,7 +182,7 @@ QLayout *frmSection::createRight()
     m_tabs->setExpanding(false);
     keep(m_tabs);
     m_stack = new QStackedWidget(this);
-    for (const records::Panel &row : m_section.panels) {
+    for (const records::Panel &row : m_design.panels) {
         auto *made = new SectionPanel(row.name.toString(), m_stack);
         m_panels.insert(row.name.toString(), made);
         keep(made);
@@ -252,14 +252,14 @@ void frmSection::orderTabs()
         if (widget && widget->focusPolicy() != Qt::NoFocus && !chain.contains(widget))
             chain += widget;
     };
-    for (const records::TreeButton &row : m_section.trees)
+    for (const records::TreeButton &row : m_design.trees)
         add(control<QWidget>(row.name.toString()));
     add(m_tree);
     for (QAbstractButton *step : m_navigator->findChildren<QAbstractButton *>())
         add(step);
     add(m_image);
     add(m_tabs);
-    for (const records::Field &field : m_section.fields) {
+    for (const records::Field &field : m_design.fields) {
         add(control<QWidget>(field.control.toString()));
         if (QWidget *line = m_lines.value(field.control.toString())) {
             for (QPushButton *key : line->findChildren<QPushButton *>())
@@ -276,7 +276,7 @@ void frmSection::orderTabs()
 
 void frmSection::highlight(const QString &name)
 {
-    for (const records::TreeButton &row : m_section.trees) {
+    for (const records::TreeButton &row : m_design.trees) {
         auto *key = control<QPushButton>(row.name.toString());
         QPalette own = QApplication::palette(key);
         if (row.name == name) {

@@ -18,21 +18,21 @@ void frmSection::AddNewRecord(const QString &)
         return;
     if (!m_data->Recordset())
         m_data->Refresh();
-    if (!m_data->Recordset() || !m_data->setBookmark(records::addRow(m_data->Recordset(), m_section)))
+    if (!m_data->Recordset() || !m_data->setBookmark(records::addRow(m_data->Recordset(), m_design)))
         return;
     m_new = true;
     AllowInput();
     ShowInfo(1);
-    control<QWidget>(m_section.newFocus.toString())->setFocus();
+    control<QWidget>(m_design.newFocus.toString())->setFocus();
 }
 
 // A number is kept of a copy of the user's own alone.
 void frmSection::beforeSave()
 {
-    if (m_section.copyCheck.isEmpty())
+    if (m_design.copyCheck.isEmpty())
         return;
-    const QString number = m_section.copyNumber.toString();
-    if (!ticked(m_section.copyCheck.toString()))
+    const QString number = m_design.copyNumber.toString();
+    if (!ticked(m_design.copyCheck.toString()))
         setText(number, {});
     else if (text(number).trimmed().isEmpty())
         setText(number, u"N/A"_s);
@@ -48,7 +48,7 @@ void frmSection::cmdUpdate_Click()
         return;
     dao::DBEngine::Idle(dao::dbRefreshCache);
     if (std::exchange(m_new, false))
-        showTree(TreeMode::ByFirstCharacter, m_section.treeField.toString());
+        showTree(TreeMode::ByFirstCharacter, m_design.treeField.toString());
     afterSave();
     FillLists();
     m_data->FindFirst(u"ID="_s + id);
@@ -74,7 +74,7 @@ void frmSection::cmdDelete_Click()
             m_data->setBookmark(m_data->Recordset().bookmarkAt(std::min(here, left - 1)));
     }
     AllowInput();
-    showTree(TreeMode::ByFirstCharacter, m_section.treeField.toString());
+    showTree(TreeMode::ByFirstCharacter, m_design.treeField.toString());
 }
 
 void frmSection::cmdColor_Click()
@@ -86,7 +86,7 @@ void frmSection::cmdColor_Click()
     m_back = QColor::fromRgb(*chosen);
     GetColours();
     const int number = m_back.red() | m_back.green() << 8 | m_back.blue() << 16;
-    PutIniValue(iniSettings, m_section.colourKey.toString(), QString::number(number));
+    PutIniValue(iniSettings, m_design.colourKey.toString(), QString::number(number));
     m_tree->setFocus();
     if (m_data->hasRows())
         m_data->FindFirst(u"ID="_s + text(u"lblIDNum"_s));

@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QString>
-#include <vector>
+#include "session/recorddesign.h"
 
 // The tree of a record section as plain data.
 namespace vorel::records {
-
-enum class TreeMode { ByFirstCharacter = 1, ByCategory = 2, ByField = 3 };
 
 struct TreeLeaf { qint32 id = 0; QString text; };
 struct TreeGroup { QString text; std::vector<TreeLeaf> leaves; };

@@ -1,4 +1,4 @@
-#include "records/sections.h"
+#include "session/recorddesign.h"
 
 namespace vorel::records {
 
@@ -45,10 +45,10 @@ const std::vector<Field> &inventoryFields()
 
 }
 
-const Section &inventorySection()
+const RecordDesign &inventoryRecord()
 {
-    static const Section section = [] {
-        Section made;
+    static const RecordDesign design = [] {
+        RecordDesign made;
         made.letter = u"I";
         made.screen = u"frmInventory";
         made.title = u"Inventory";
@@ -84,7 +84,7 @@ const Section &inventorySection()
                      {u"DISPOSED TO", u"txtDisposedTo"}, {u"NOTES", u"txtComments"}};
         return made;
     }();
-    return section;
+    return design;
 }
 
 }

@@ -1,13 +1,12 @@
 #pragma once
 
-#include "records/recordtree.h"
 #include "session/state.h"
 
 #include <QStringList>
 #include <vector>
 
-// The record sections as plain data. frmSection is the one frame that reads them; a new section is one more table and,
-// where it has rules of its own, a small class over the frame.
+// The record screens as plain data. frmSection is the one frame that reads them; a new record section is one more design
+// and, where it has rules of its own, a small class over the frame.
 namespace vorel::records {
 
 enum class FieldKind {
@@ -37,6 +36,8 @@ struct Field {
     bool doubleClick = false;           // ... which a double click does too
 };
 
+enum class TreeMode { ByFirstCharacter = 1, ByCategory = 2, ByField = 3 };
+
 struct TreeButton { QStringView name, caption, tip; TreeMode mode; QStringView field; };
 struct Panel { QStringView name, caption; };
 struct Group { QStringView name, title; };
@@ -48,7 +49,7 @@ struct FirstValue { QStringView field, text; };
 // A block of the page of a record: a label and the control whose text it holds.
 struct PageBlock { QStringView label, control; bool onlyIfFilled = true; bool dashed = false; };
 
-struct Section {
+struct RecordDesign {
     QStringView letter, screen, title;
     DataFile file = DataFile::Main;
     QStringView table, rows, dataControl;           // rows: the record source
@@ -72,18 +73,10 @@ struct Section {
     std::vector<PageBlock> page;
 };
 
-const Section &booksSection();
-const Section &moviesSection();
-const Section &musicSection();
-const Section &inventorySection();
-
-// Adds a row with the section's first values and the user's name and stores it. A value that the field's kind cannot hold
-// empty is Null.
-dao::Bookmark addRow(dao::Recordset &rows, const Section &section);
-
-// The choices of a list, read by a short connection of its own. A null is an empty entry.
-QStringList listValues(const QString &databasePath, const Choices &list);
-// The tracks of a music title, in the order in which they were entered.
-QStringList Tracks(const QString &databasePath, qint32 id);
+// Each lies in session/sections, in the file of its section.
+const RecordDesign &booksRecord();
+const RecordDesign &moviesRecord();
+const RecordDesign &musicRecord();
+const RecordDesign &inventoryRecord();
 
 }
