@@ -50,5 +50,6 @@ int main(int argc, char **argv)
     vorel::desktop::setNotifier(nullptr);
     vorel::setSoundPlayer({});
     vorel::basic::setPrompts(nullptr);
+    vorel::desktop::releaseSingleInstance();
     return result;
 }

@@ -90,8 +90,8 @@ std::vector<FirstRows> collections()
            {u"PurchasedFrom", u"Home and Hearth Electrical"_s}, {u"Cost", money(249)}, {u"Category", u"Electrical"_s},
            {u"FILENAME", picture(u"vacuumcleaner.jpg"_s)}}}},
         {DataFile::Main, u"select * from [SHOPPING];",
-         {{{u"ITEM", u"COFFEE 150g"_s}, {u"NUMBER", u"1"_s}, {u"LASTCOST", u"4.25"_s}, {u"AMOUNT", u"3.90"_s},
-           {u"TOTAL", u"3.90"_s}, {u"PICK", true}, {u"STORE", u"Corner Grocery"_s}}}},
+         {{{u"ITEM", u"COFFEE 150g"_s}, {u"NUMBER", number(1)}, {u"LASTCOST", 4.25}, {u"AMOUNT", 3.90},
+           {u"TOTAL", 3.90}, {u"PICK", true}, {u"STORE", u"Corner Grocery"_s}}}},
     };
 }
 

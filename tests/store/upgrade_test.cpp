@@ -107,6 +107,37 @@ TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
               QStringList{u"2"_s});
 }
 
+// Amounts, rows and texts are the same whatever marks a country sets in its numbers and dates.
+TEST_F(PassTest, aFirstStartInAnyCountry)
+{
+    for (const QString &region : {u"fr_FR"_s, u"pl_PL"_s, u"fi_FI"_s, u"sv_SE"_s, u"cs_CZ"_s, u"hu_HU"_s, u"ru_RU"_s, u"ar_EG"_s,
+                                  u"fa_IR"_s, u"de_DE"_s, u"es_ES"_s, u"it_IT"_s, u"nl_NL"_s, u"tr_TR"_s, u"en_AU"_s}) {
+        SCOPED_TRACE(region.toStdString());
+        setRegion(region);
+        for (const DataFile file : {DataFile::Main, DataFile::HowTo})
+            QFile::remove(state().path(file));
+        UpgradeAllDatabases();
+        EXPECT_EQ(state().mainFile, MainFileAccess::Full);
+        dao::Database file = open();
+        const dao::Recordset coffee = file.OpenRecordset(u"SELECT [NUMBER],[LASTCOST],[AMOUNT],[TOTAL] FROM [SHOPPING]"_s);
+        EXPECT_EQ(coffee.Get(0).get<std::int16_t>(), 1);
+        EXPECT_EQ(coffee.Get(1).get<double>(), 4.25);
+        EXPECT_EQ(coffee.Get(2).get<double>(), 3.90);
+        EXPECT_EQ(coffee.Get(3).get<double>(), 3.90);
+        dao::Recordset bills = file.OpenRecordset(u"SELECT [AMOUNT] FROM [BILLS]"_s);
+        EXPECT_EQ(bills.Get(0).get<basic::Currency>(), basic::Currency::fromDouble(64.50));
+        bills.MoveNext();
+        EXPECT_EQ(bills.Get(0).get<basic::Currency>(), basic::Currency::fromDouble(412));
+        EXPECT_EQ(file.OpenRecordset(u"SELECT [COST] FROM [INVENTORY]"_s).Get(0).get<basic::Currency>(), basic::Currency::fromDouble(249));
+        EXPECT_EQ(file.OpenRecordset(u"SELECT [DATE] FROM [Appointments]"_s).Get(0), basic::Value(basic::DateTime::fromParts(2026, 11, 22)));
+        EXPECT_EQ(file.OpenRecordset(u"SELECT [DeleteAfterDays] FROM [Setup]"_s).Get(0).get<std::int16_t>(), 30);
+        file.Close();
+        EXPECT_EQ(count(u"Subjects"_s), 3);
+        EXPECT_EQ(count(u"Events"_s), 5);
+        EXPECT_EQ(rowsOf(DataFile::HowTo, u"SELECT [VISITDATE] FROM [HEALTHVISITS]"_s).size(), 1);
+    }
+}
+
 TEST_F(PassTest, theRowsThatMustExist)
 {
     const QString heading = u"SELECT [InvoiceHeading],[TAXNAME1],[TAXNAME2],[Printname],[FiscalMonth] FROM [SETUP]"_s;

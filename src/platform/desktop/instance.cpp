@@ -1,8 +1,8 @@
 #include "platform/desktop/desktop.h"
 
 #include "platform/basic/files.h"
+#include "platform/desktop/systemlock.h"
 
-#include <QLockFile>
 #include <memory>
 
 namespace vorel::desktop {
@@ -13,7 +13,8 @@ namespace {
 
 struct Claim {
     QString folder;
-    std::unique_ptr<QLockFile> lock;
+    std::unique_ptr<SystemLock> lock;
+    bool brokenOff = false;         // the run before this one did not come to its end
 };
 
 Claim &claim()
@@ -21,6 +22,8 @@ Claim &claim()
     static Claim held;
     return held;
 }
+
+const QByteArray running("running\n");
 
 }
 
@@ -30,17 +33,25 @@ bool claimSingleInstance()
     Claim &held = claim();
     if (held.lock && held.folder == folder)
         return true;
-    auto lock = std::make_unique<QLockFile>(folder + u"/.vorelreminder.lock"_s);
-    // Never stale by age: the program runs for weeks. A lock whose process is gone is taken over all the same.
-    lock->setStaleLockTime(0);
-    if (!lock->tryLock(0))
-        return lock->error() != QLockFile::LockFailedError;
-    held = {folder, std::move(lock)};
+    auto lock = std::make_unique<SystemLock>(folder + u"/.vorelreminder.lock"_s, SystemLock::Kind::File);
+    if (lock->isTaken())
+        return false;
+    // The content only tells how the last run ended; whatever a stranger put there ends no start.
+    const bool brokenOff = !lock->content().isEmpty();
+    lock->setContent(running);
+    held = {folder, std::move(lock), brokenOff};
     return true;
 }
 
-void releaseSingleInstance()
+bool lastRunWasBrokenOff()
 {
+    return claim().brokenOff;
+}
+
+void releaseSingleInstance(bool checkNextTime)
+{
+    if (claim().lock && !checkNextTime)
+        claim().lock->setContent({});
     claim() = {};
 }
 

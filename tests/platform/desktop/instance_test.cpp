@@ -80,7 +80,41 @@ TEST(SingleInstance, LockOfDeadProcessIsTakenOver)
     ASSERT_TRUE(other.claims());
     EXPECT_FALSE(desktop::claimSingleInstance());
     other.die();
-    EXPECT_FALSE(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).isEmpty()) << "the lock was left behind";
+    EXPECT_TRUE(desktop::claimSingleInstance());
+    EXPECT_TRUE(desktop::lastRunWasBrokenOff());
+    desktop::releaseSingleInstance();
+    for (const bool check : {true, false}) {        // the end of this run is what the next one is told
+        EXPECT_TRUE(desktop::claimSingleInstance());
+        EXPECT_FALSE(desktop::lastRunWasBrokenOff());
+        desktop::releaseSingleInstance(check);
+        EXPECT_TRUE(desktop::claimSingleInstance());
+        EXPECT_EQ(desktop::lastRunWasBrokenOff(), check);
+        desktop::releaseSingleInstance();
+    }
+}
+
+// Whatever lies under the lock's name ends no start; only a living process does.
+TEST(SingleInstance, LockFileOfAnyOriginIsNoInstance)
+{
+    const struct {
+        QByteArray content;
+        QFile::Permissions permissions;
+    } cases[] = {
+        {"", QFile::ReadOwner | QFile::WriteOwner},
+        {"1\nVorel2005\nanother-machine\n0123456789abcdef\n\n", QFile::ReadOwner | QFile::WriteOwner},
+        {QByteArray(5000, 'x'), QFile::ReadOwner | QFile::WriteOwner},
+        {"running\n", QFile::ReadOwner},
+    };
+    for (const auto &c : cases) {
+        const test::TestFolder folder;
+        OtherProcess second(folder.path());
+        QFile::setPermissions(folder.write(u".vorelreminder.lock"_s, c.content), c.permissions);
+        EXPECT_TRUE(desktop::claimSingleInstance()) << c.content.left(40).constData();
+        EXPECT_FALSE(second.claims());
+        desktop::releaseSingleInstance();
+    }
+    const test::TestFolder folder;
+    ASSERT_TRUE(QDir(folder.path()).mkdir(u".vorelreminder.lock"_s));
     EXPECT_TRUE(desktop::claimSingleInstance());
     desktop::releaseSingleInstance();
 }
