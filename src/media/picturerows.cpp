@@ -63,6 +63,38 @@ QString selectOf(const PictureTable &table, const PictureOwner &owner)
     return sql + u" ORDER BY "_s + order.join(u',');
 }
 
+PictureSlot slotOf(dao::Recordset &row, int slot)
+{
+    const Value number = row.Get(numberField(slot));
+    return {textOf(row.Get(pathField(slot))), textOf(row.Get(captionField(slot))), number.isNull() ? 0 : basic::CDbl(number)};
+}
+
+void startRow(dao::Recordset &rows, const PictureTable &table, const PictureOwner &owner)
+{
+    rows.AddNew();
+    rows.Set(table.ownKey, owner.id);
+    rows.Set(u"USERNAME", graveApostrophes(owner.user));
+}
+
+// Fills and writes the row that is being edited or added; a refused one is dropped.
+dao::Bookmark store(dao::Recordset &rows, const PictureTable &table, const std::vector<PictureSlot> &pictures)
+{
+    try {
+        for (int slot = 1; slot <= table.slotCount; ++slot) {
+            const auto index = static_cast<std::size_t>(slot - 1);
+            const PictureSlot picture = index < pictures.size() ? pictures[index] : PictureSlot();
+            rows.Set(pathField(slot), basic::Trim(picture.path));
+            rows.Set(captionField(slot), basic::Trim(picture.caption));
+            rows.Set(numberField(slot), picture.sortNumber);
+        }
+        rows.Update();
+    } catch (...) {
+        rows.CancelUpdate();
+        throw;
+    }
+    return rows.LastModified();
+}
+
 const PictureTable &known(const QString &section)
 {
     const PictureTable *table = pictureTableOf(section);
@@ -80,47 +112,65 @@ const PictureTable *pictureTableOf(const QString &section)
     return found == tables.end() ? nullptr : &*found;
 }
 
-std::vector<PictureSlot> GetSlideShowFiles(const QString &section, const PictureOwner &owner)
-{
-    const PictureTable &table = known(section);
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
-    dao::Recordset rows = file.OpenRecordset(selectOf(table, owner), dao::dbOpenSnapshot);
-    std::vector<PictureSlot> pictures;
-    for (; !rows.EOF_(); rows.MoveNext()) {
-        const auto firstOfRow = static_cast<std::ptrdiff_t>(pictures.size());
-        for (int slot = 1; slot <= table.slotCount; ++slot) {
-            const Value number = rows.Get(numberField(slot));
-            const PictureSlot one{textOf(rows.Get(pathField(slot))), textOf(rows.Get(captionField(slot))),
-                                  number.isNull() ? 0 : basic::CDbl(number)};
-            if (!one.path.isEmpty())
-                pictures.push_back(one);
-        }
-        std::stable_sort(pictures.begin() + firstOfRow, pictures.end(),
-                         [](const PictureSlot &a, const PictureSlot &b) { return a.sortNumber < b.sortNumber; });
-    }
-    return pictures;
-}
-
-void savePictureRow(const QString &section, const PictureOwner &owner, const std::vector<PictureSlot> &pictures)
+std::vector<PictureSet> readPictureSets(const QString &section, const PictureOwner &owner)
 {
     const PictureTable &table = known(section);
     dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
     dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
-    if (rows.EOF_()) {
-        rows.AddNew();
-        rows.Set(table.ownKey, owner.id);
-        rows.Set(u"USERNAME", graveApostrophes(owner.user));
-    } else {
+    std::vector<PictureSet> sets;
+    for (; !rows.EOF_(); rows.MoveNext()) {
+        PictureSet &set = sets.emplace_back(PictureSet{rows.Bookmark(), {}});
+        for (int slot = 1; slot <= table.slotCount; ++slot)
+            set.pictures.push_back(slotOf(rows, slot));
+    }
+    return sets;
+}
+
+std::vector<PictureSlot> GetSlideShowFiles(const QString &section, const PictureOwner &owner)
+{
+    std::vector<PictureSlot> shown;
+    for (PictureSet &set : readPictureSets(section, owner)) {
+        std::erase_if(set.pictures, [](const PictureSlot &slot) { return slot.path.isEmpty(); });
+        std::stable_sort(set.pictures.begin(), set.pictures.end(),
+                         [](const PictureSlot &a, const PictureSlot &b) { return a.sortNumber < b.sortNumber; });
+        std::move(set.pictures.begin(), set.pictures.end(), std::back_inserter(shown));
+    }
+    return shown;
+}
+
+PictureSet addPictureSet(const QString &section, const PictureOwner &owner)
+{
+    const PictureTable &table = known(section);
+    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
+    PictureSet set;
+    set.pictures.resize(static_cast<std::size_t>(table.slotCount));
+    startRow(rows, table, owner);
+    set.row = store(rows, table, set.pictures);
+    return set;
+}
+
+void savePictureRow(const QString &section, const PictureOwner &owner, PictureSet &set)
+{
+    const PictureTable &table = known(section);
+    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
+    if (set.row.isValid())
+        rows.setBookmark(set.row);
+    if (rows.EOF_())
+        startRow(rows, table, owner);
+    else
         rows.Edit();
-    }
-    for (int slot = 1; slot <= table.slotCount; ++slot) {
-        const auto index = static_cast<std::size_t>(slot - 1);
-        const PictureSlot one = index < pictures.size() ? pictures[index] : PictureSlot();
-        rows.Set(pathField(slot), basic::Trim(one.path));
-        rows.Set(captionField(slot), basic::Trim(one.caption));
-        rows.Set(numberField(slot), one.sortNumber);
-    }
-    rows.Update();
+    set.row = store(rows, table, set.pictures);
+}
+
+void removePictureSet(const QString &section, const PictureOwner &owner, const PictureSet &set)
+{
+    const PictureTable &table = known(section);
+    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
+    rows.setBookmark(set.row);
+    rows.Delete();
 }
 
 void removePictureRows(const QString &section, const PictureOwner &owner)
@@ -128,6 +178,21 @@ void removePictureRows(const QString &section, const PictureOwner &owner)
     const PictureTable &table = known(section);
     dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
     file.Execute(table.remove.toString() + QString::number(owner.id));
+}
+
+void movePicture(PictureSet &set, std::size_t from, std::size_t to)
+{
+    if (from >= set.pictures.size() || to >= set.pictures.size())
+        return;
+    const auto at = [&](std::size_t slot) { return set.pictures.begin() + static_cast<std::ptrdiff_t>(slot); };
+    if (from < to)
+        std::rotate(at(from), at(from + 1), at(to + 1));
+    else
+        std::rotate(at(to), at(from), at(from + 1));
+    // Empty slots take no number.
+    double number = 0;
+    for (PictureSlot &slot : set.pictures)
+        slot.sortNumber = slot.path.isEmpty() ? 0 : ++number;
 }
 
 }

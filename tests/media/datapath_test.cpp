@@ -181,7 +181,8 @@ TEST_F(DataPath, ABackupFileBringsItsDate)
 TEST_F(DataPath, TheSlideShowStepsRoundAndByItself)
 {
     const QString first = picture(u"1.jpg"_s), second = picture(u"2.jpg"_s);
-    savePictureRow(u"P"_s, {4, u"Name"_s}, {{second, u"Second"_s, 2}, {first, u"First"_s, 1}, {m_folder.path(u"gone.jpg"_s), {}, 3}});
+    PictureSet set{{}, {{second, u"Second"_s, 2}, {first, u"First"_s, 1}, {m_folder.path(u"gone.jpg"_s), {}, 3}}};
+    savePictureRow(u"P"_s, {4, u"Name"_s}, set);
     DataPathCall call;
     call.caption = u"Slide Show - Name"_s;
     call.slideShow = true;
