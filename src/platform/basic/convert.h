@@ -19,6 +19,7 @@ bool IsDate(const Value &v);
 bool IsNumeric(const Value &v);
 
 double Val(QStringView text);           // the number at the head of a text, 0 if none; BasicError 13 on "50.5%"
+double valOr(QStringView text, double otherwise);   // Val, and `otherwise` where that throws
 QString Str(double number);             // a leading blank when not negative, no zero before the point
 double Int(double number);              // floor
 double Fix(double number);              // toward zero

@@ -45,7 +45,6 @@ constexpr StandardText standardTexts[] = {
     {321, u"Invalid file format"},
     {380, u"Invalid property value"},
     {424, u"Object required"},
-    {429, u"ActiveX component can't create object"},
     {457, u"This key is already associated with an element of this collection"},
     {481, u"Invalid picture"},
     {482, u"Printer error"},
@@ -86,8 +85,6 @@ int IgnoreErrors(const std::function<void()> &step)
         return 0;
     } catch (const Error &error) {
         return error.number();
-    } catch (const std::exception &) {
-        return -1;
     }
 }
 

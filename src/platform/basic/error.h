@@ -32,7 +32,8 @@ public:
 // the program goes on. Returns false if the step failed. Nothing is caught but Error and std::exception.
 bool Trap(const std::function<void()> &step);
 
-// Runs a step whose failure is expected: it is swallowed. Returns the error number, 0 when the step passed.
+// Runs a step whose failure is expected: an Error is swallowed, anything else (bad_alloc, logic_error) is thrown on. Returns
+// the error number, 0 when the step passed.
 int IgnoreErrors(const std::function<void()> &step);
 
 }

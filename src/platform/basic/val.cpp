@@ -101,6 +101,15 @@ double Val(QStringView text)
     return *p == '&' ? radixNumber(p + 1) : decimalNumber(p);
 }
 
+double valOr(QStringView text, double otherwise)
+{
+    try {
+        return Val(text);
+    } catch (const Error &) {
+        return otherwise;
+    }
+}
+
 double Round(double number, int digits)
 {
     if (digits < 0 || digits > 22)

@@ -197,12 +197,12 @@ namespace {
 Value textAssigned(const FieldRules &field, const Value &value)
 {
     if (value.type() == basic::ValueType::Binary)
-        throw EngineError(3421);
+        throw EngineError(err::Conversion);
     QString text = value.isText() ? value.get<QString>() : basic::CStr(value);
     if (field.type == dbText && field.size > 0 && text.size() > field.size)
-        throw EngineError(3163);
+        throw EngineError(err::TooLong);
     if (text.isEmpty() && !field.allowZeroLength)
-        throw EngineError(3315, field.name);
+        throw EngineError(err::ZeroLengthText, field.name);
     return text.isNull() ? QString(u""_s) : text;
 }
 
@@ -235,14 +235,14 @@ Value assigned(const FieldRules &field, const Value &value)
             return value;
         if (value.isText())
             return value.get<QString>().toUtf8();
-        throw EngineError(3421);
+        throw EngineError(err::Conversion);
     }
     if (binary)
-        throw EngineError(3421);
+        throw EngineError(err::Conversion);
     try {
         return converted(field.type, value);
     } catch (const basic::Error &) {
-        throw EngineError(3421);
+        throw EngineError(err::Conversion);
     }
 }
 

@@ -93,7 +93,7 @@ void Connection::openHandle(bool create)
     const int access = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (create ? SQLITE_OPEN_CREATE : 0);
     const int code = sqlite3_open_v2(QFile::encodeName(m_path).constData(), &m_handle, access, nullptr);
     if (!m_handle)
-        throw EngineError(3035);
+        throw EngineError(err::OutOfResources);
     if (code != SQLITE_OK)
         throwStoreError(code, QString::fromUtf8(sqlite3_errmsg(m_handle)), m_path, sqlite3_system_errno(m_handle));
     sqlite3_extended_result_codes(m_handle, 1);
@@ -156,7 +156,7 @@ bool Connection::isSound() const
         const ResetGuard reset(check);
         return check.step() && check.text(0) == u"ok";
     } catch (const EngineError &error) {
-        if (error.number() == 3218)
+        if (error.number() == err::Locked)
             throw;
         return false;
     }
@@ -196,7 +196,7 @@ void Connection::lockExclusively()
     }
     executeQuietly(m_handle, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master");
     if ((code & 0xff) == SQLITE_BUSY)
-        throw EngineError(3045, m_path);
+        throw EngineError(err::FileInUse, m_path);
     throwStoreError(m_handle, code);
 }
 
@@ -308,7 +308,7 @@ int Connection::begin()
 void Connection::commitTo(int level)
 {
     if (level > m_depth || level < 1)
-        throw EngineError(3034);
+        throw EngineError(err::NoTransaction);
     if (level > 1) {
         execute(m_handle, "RELEASE level" + QByteArray::number(level));
         m_depth = level - 1;
@@ -361,7 +361,7 @@ qint64 Connection::nextCounter(const StoredTable &table)
     Statement &statement = m_counterStatements[name];
     if (!statement) {
         const bool counted = integerOf(m_handle, "SELECT count(*) FROM sqlite_master WHERE name = 'sqlite_sequence'") > 0;
-        const QByteArray given = counted ? "(SELECT seq FROM sqlite_sequence WHERE name = " + literal(table.def.Name) + ')'
+        const QByteArray given = counted ? "(SELECT seq FROM sqlite_sequence WHERE name = " + sqlText(table.def.Name) + ')'
                                          : QByteArray("0");
         statement = Statement(m_handle, "SELECT max(ifnull(" + given + ", 0), ifnull((SELECT max(rowid) FROM "
                                             + quoted(table.def.Name) + "), 0))");
@@ -371,7 +371,7 @@ qint64 Connection::nextCounter(const StoredTable &table)
     qint64 &last = m_counters[name];
     last = std::max(last, stored) + 1;
     if (last > std::numeric_limits<qint32>::max())
-        throw EngineError(3349);
+        throw EngineError(err::NumericOverflow);
     return last;
 }
 

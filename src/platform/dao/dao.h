@@ -122,17 +122,38 @@ public:
     Recordset Clone() const;
     void Requery();
 
-    // For grids: rows by position without moving the current row. rowTotal costs nothing beyond the keys.
+    // Questions that do not throw: a closed recordset, a row that is gone and an unknown field answer with false or `otherwise`.
+    bool tryBookmark(dao::Bookmark mark);                       // makes it the current row; where it cannot, that stays
+    Value valueOr(QStringView name, const Value &otherwise) const;
+    bool hasCurrentRow() const;
+
+    // For grids: rows by position without moving the current row; a closed recordset has none. rowTotal costs nothing
+    // beyond the keys.
     qsizetype rowTotal() const;
-    Value cell(qsizetype row, int column) const;                // Null for a row deleted meanwhile
+    Value cell(qsizetype row, int column) const;                // Null for a row deleted meanwhile; 3218 while locked
     dao::Bookmark bookmarkAt(qsizetype row) const;
     qsizetype positionOf(dao::Bookmark mark) const;             // -1 if it is not in the set
 
 private:
     friend class Database;
     friend class RecordsetPrivate;
+    friend class NewRow;
     explicit Recordset(std::shared_ptr<RecordsetPrivate> p) : d(std::move(p)) {}
     std::shared_ptr<RecordsetPrivate> d;
+};
+
+// AddNew that takes itself back unless it is saved, so that no failure leaves the recordset with a row pending.
+class NewRow {
+public:
+    explicit NewRow(Recordset &rows);                           // as AddNew
+    ~NewRow();
+    NewRow(const NewRow &) = delete;
+    NewRow &operator=(const NewRow &) = delete;
+    NewRow &set(QStringView name, const Value &value);
+    void save();                                                // as Update; after a failure it can be tried again
+private:
+    Recordset m_rows;
+    bool m_pending = true;
 };
 
 class Database {
@@ -194,6 +215,15 @@ private:
     std::shared_ptr<DatabasePrivate> m_database;
 };
 
+// What RepairDatabase found and did.
+struct RepairReport {
+    bool damaged = false;
+    qsizetype rowsSeen = 0;         // rows that the damaged file still shows some trace of
+    qsizetype rowsSaved = 0;
+    QString original;               // where the damaged file lies now
+    QStringList lost;               // tables that the new file lacks, or has without all the rows that were seen
+};
+
 namespace DBEngine {
 
 // connect: "" or ";pwd=..." or "Access". Errors: 3024 no such file, 3044 no such folder, 3049/3343 not a database or
@@ -208,11 +238,12 @@ Database createScratch(const QString &path, const QString &locale);
 // power loss, finds the old file or the new one. 3045 if a handle is open, 3026 without room, 3051 where it may not.
 void putInPlace(const QString &scratch, const QString &place);
 void CompactDatabase(const QString &source, const QString &destination, const QString &locale = {}, int version = dbVersion30);
-// Checks a file and leaves a sound one as it is, byte for byte. A damaged one is replaced, in one step, by a new file with
-// the rows that can be read; it stays beside it as PATH.damaged (.damaged2, ... while older ones stand there). If no
-// table's design can be read, it goes there and nothing stands at the path. Untouched, with an error: 3031 wrong
-// password, 3356 another program uses it, 3045 this one does, 3051 no permission, 3026 disk full.
-void RepairDatabase(const QString &path, const QString &connect = {});
+// Checks a file, every row included, and leaves a sound one as it is, byte for byte. A damaged one is replaced, in one
+// step, by a new file with the rows that can be read; it stays beside it as PATH.damaged (.damaged2, ... while older ones
+// exist). If no table can be read, it goes there and nothing stands at the path. `wanted` are the designs that the file
+// should hold: a table whose own design text is damaged is built by them and keeps its rows. Untouched, with an error: 3031
+// wrong password, 3356 another program uses it, 3045 this one does, 3051 no permission, 3026 disk full.
+RepairReport RepairDatabase(const QString &path, const QString &connect = {}, const std::vector<TableDef> &wanted = {});
 void Idle(int what = dbRefreshCache);                           // rows of other handles are seen from here on
 
 // Lets go of what is kept of a file between its uses (its connection, the key of a protected one). Nobody needs to call it
@@ -230,5 +261,12 @@ void Rollback();
 
 // The ";pwd=" part of a connect or locale string, "" if none.
 QString passwordOf(const QString &connect);
+
+// A value as a query text spells it, whatever the region: 'it''s', #11/22/2026 09:30:00#, 12.5, -1, Null. What a user typed
+// or a row holds enters a query in this way unless a rule wants asTyped. 3421 for bytes.
+QString literal(const Value &value);
+// The text between single quotes with nothing done to the quotes in it, for the queries whose rule is that a name with an
+// apostrophe breaks them: they fail with 3075 rather than find a row.
+QString asTyped(QStringView text);
 
 }

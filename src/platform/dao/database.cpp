@@ -15,7 +15,7 @@ namespace {
 DatabasePrivate &opened(const std::shared_ptr<DatabasePrivate> &d)
 {
     if (!d)
-        throw EngineError(3420);
+        throw EngineError(err::ObjectInvalid);
     d->connection();
     return *d;
 }
@@ -37,7 +37,7 @@ bool changesRows(jet::StatementKind kind)
     return kind == jet::StatementKind::Insert || kind == jet::StatementKind::Update || kind == jet::StatementKind::Delete;
 }
 
-const StoredTable &storedTable(Connection &file, QStringView name, int error = 3265)
+const StoredTable &storedTable(Connection &file, QStringView name, int error = err::ItemNotFound)
 {
     const StoredTable *table = file.schema().stored(name);
     if (!table || table->view)
@@ -66,7 +66,7 @@ void Database::Execute(const QString &sql)
     opened(d).connection().pollNowAndThen();
     const auto translation = d->connection().translation(sql);
     if (translation->kind == jet::StatementKind::Select)
-        throw EngineError(3065);
+        throw EngineError(err::SelectExecuted);
     Connection &file = d->writable();
     d->affected = 0;
     if (!changesRows(translation->kind))
@@ -120,7 +120,7 @@ void Database::AppendTable(const TableDef &design)
     Connection &file = opened(d).writable();
     file.poll();
     if (file.schema().stored(design.Name))
-        throw EngineError(3010, design.Name);
+        throw EngineError(err::TableExists, design.Name);
     file.atomically([&] { createTable(file, design); });
     file.schemaChanged();
 }
@@ -139,9 +139,9 @@ void Database::RenameTable(QStringView oldName, const QString &newName)
     const QString stored = storedTable(file, oldName).def.Name;
     const bool otherCase = stored.compare(newName, Qt::CaseInsensitive) == 0;
     if (newName.isEmpty())
-        throw EngineError(3271);
+        throw EngineError(err::InvalidProperty);
     if (!otherCase && file.schema().stored(newName))
-        throw EngineError(3010, newName);
+        throw EngineError(err::TableExists, newName);
     const auto rename = [&](const QString &from, const QString &to) {
         execute(file.handle(), "ALTER TABLE " + quoted(from) + " RENAME TO " + quoted(to));
     };
@@ -189,7 +189,7 @@ void Database::DeleteQuery(const QString &name)
     Connection &file = opened(d).writable();
     const StoredTable *view = file.schema().stored(name);
     if (!view || !view->view)
-        throw EngineError(3265);
+        throw EngineError(err::ItemNotFound);
     execute(file.handle(), "DROP VIEW " + quoted(view->def.Name));
     file.schemaChanged();
 }
@@ -197,7 +197,7 @@ void Database::DeleteQuery(const QString &name)
 ManyReads::ManyReads(Database &database) : m_database(database.d)
 {
     if (!m_database)
-        throw EngineError(3420);
+        throw EngineError(err::ObjectInvalid);
     m_database->connection().useLargeCache(true);
 }
 

@@ -25,7 +25,7 @@ public:
     Connection &connection() const
     {
         if (!m_connection)
-            throw EngineError(3420);
+            throw EngineError(err::ObjectInvalid);
         return *m_connection;
     }
     bool readOnly() const { return m_readOnly || connection().readOnly(); }
@@ -33,7 +33,7 @@ public:
     Connection &writable() const
     {
         if (readOnly())
-            throw EngineError(3027);
+            throw EngineError(err::ReadOnly);
         m_connection->beforeWrite();
         return *m_connection;
     }

@@ -27,7 +27,7 @@ QByteArray spelling(const FieldDef &field)
     case dbMemo: return "LONGTEXT";
     case dbUnknown: break;
     }
-    throw EngineError(3271);
+    throw EngineError(err::InvalidProperty);
 }
 
 QByteArray defaultSql(const FieldDef &field)
@@ -41,7 +41,7 @@ QByteArray defaultSql(const FieldDef &field)
     if (value.isNull())
         return {};
     if (value.isText())
-        return " DEFAULT " + literal(value.get<QString>());
+        return " DEFAULT " + sqlText(value.get<QString>());
     if (const auto *money = value.tryGet<basic::Currency>())
         return " DEFAULT " + QByteArray::number(money->scaled());
     return " DEFAULT " + QByteArray::number(basic::CDbl(value), 'g', 17);
@@ -116,22 +116,22 @@ QByteArray column(const TableDef &design, const FieldDef &field)
 void checkFields(const TableDef &design)
 {
     if (design.Name.isEmpty() || design.Fields.empty())
-        throw EngineError(3271);
+        throw EngineError(err::InvalidProperty);
     int counters = 0;
     QStringList names;
     for (const FieldDef &field : design.Fields) {
         if (field.Name.isEmpty() || names.contains(field.Name, Qt::CaseInsensitive))
-            throw EngineError(field.Name.isEmpty() ? 3271 : 3191);
+            throw EngineError(field.Name.isEmpty() ? err::InvalidProperty : err::FieldDefinedTwice);
         names.append(field.Name);
         if (field.Attributes & dbAutoIncrField)
             ++counters;
     }
     if (counters > 1)
-        throw EngineError(3271);
+        throw EngineError(err::InvalidProperty);
     QStringList indexes;
     for (const IndexDef &index : design.Indexes) {
         if (indexes.contains(index.Name, Qt::CaseInsensitive))
-            throw EngineError(3284);
+            throw EngineError(err::IndexExists);
         indexes.append(index.Name);
     }
 }
@@ -150,7 +150,7 @@ const FieldDef &fieldOf(const TableDef &design, const QString &name)
         if (field.Name.compare(name, Qt::CaseInsensitive) == 0)
             return field;
     }
-    throw EngineError(3018, name);
+    throw EngineError(err::FieldNotFound, name);
 }
 
 }
@@ -176,7 +176,7 @@ QByteArray createTable(const TableDef &design)
 QByteArray createIndex(const TableDef &design, const IndexDef &index, const std::function<bool(const QString &)> &takenName)
 {
     if (index.Name.isEmpty() || index.Fields.isEmpty())
-        throw EngineError(3271);
+        throw EngineError(err::InvalidProperty);
     const bool unique = index.Unique || index.Primary;
     QByteArray sql = unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ";
     sql += quoted(freeName(index.Name + u" on "_s + design.Name, takenName)) + " ON " + quoted(design.Name) + " (";

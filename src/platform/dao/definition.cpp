@@ -36,9 +36,9 @@ void addIndex(TableDef &design, const jet::IndexDesign &asked)
         index.Fields.append(part.first);      // the store walks an index either way
     for (const IndexDef &other : design.Indexes) {
         if (other.Name.compare(index.Name, Qt::CaseInsensitive) == 0)
-            throw EngineError(3284);
+            throw EngineError(err::IndexExists);
         if (other.Primary && index.Primary)
-            throw EngineError(3283);
+            throw EngineError(err::PrimaryKeyExists);
     }
     design.Indexes.push_back(std::move(index));
 }
@@ -48,7 +48,7 @@ void addColumns(TableDef &design, const jet::TableDesign &asked)
     for (const jet::ColumnDesign &column : asked.columns) {
         const auto same = [&](const FieldDef &field) { return field.Name.compare(column.name, Qt::CaseInsensitive) == 0; };
         if (std::any_of(design.Fields.begin(), design.Fields.end(), same))
-            throw EngineError(3380, column.name);
+            throw EngineError(err::FieldExists, column.name);
         design.Fields.push_back(fieldOf(column));
     }
 }
@@ -59,10 +59,10 @@ void dropColumns(TableDef &design, const QStringList &names)
         const auto before = design.Fields.size();
         std::erase_if(design.Fields, [&](const FieldDef &field) { return field.Name.compare(name, Qt::CaseInsensitive) == 0; });
         if (design.Fields.size() == before)
-            throw EngineError(3018, name);
+            throw EngineError(err::FieldNotFound, name);
         for (const IndexDef &index : design.Indexes) {
             if (index.Fields.contains(name, Qt::CaseInsensitive))
-                throw EngineError(3280, u"Cannot delete a field that is part of an index or is needed by the system."_s, nullptr);
+                throw EngineError(err::FieldInUse);
         }
         design.Helpers.removeIf([&](const QString &helper) { return helper.compare(name, Qt::CaseInsensitive) == 0; });
     }
@@ -99,7 +99,7 @@ TableDef designNamed(Connection &file, const QString &name)
 {
     const StoredTable *table = file.schema().stored(name);
     if (!table || table->view)
-        throw EngineError(3376, name);
+        throw EngineError(err::NoSuchTable, name);
     return table->def;
 }
 
@@ -107,7 +107,7 @@ void createAsked(Connection &file, const jet::Translation &statement)
 {
     const QString name = statement.created.name.isEmpty() ? statement.keyTable : statement.created.name;
     if (file.schema().stored(name))
-        throw EngineError(3010, name);
+        throw EngineError(err::TableExists, name);
     TableDef design;
     design.Name = name;
     addColumns(design, statement.created);
@@ -127,7 +127,7 @@ void changeDesign(Connection &file, const jet::Translation &statement)
             return index.Name.compare(statement.index.name, Qt::CaseInsensitive) == 0;
         };
         if (std::erase_if(design.Indexes, named) == 0)
-            throw EngineError(3372, statement.index.name);
+            throw EngineError(err::NoSuchIndex, statement.index.name);
     } else {
         dropColumns(design, statement.dropped);
         addColumns(design, statement.created);

@@ -33,9 +33,9 @@ Database createFile(const QString &path, const QString &locale, Connection::Purp
     const QString place = basic::realPath(path);
     const QFileInfo info(place);
     if (place.isEmpty() || !info.dir().exists())
-        throw EngineError(3044, QDir::toNativeSeparators(place));
+        throw EngineError(err::NoSuchPath, QDir::toNativeSeparators(place));
     if (info.exists() || info.isSymLink())
-        throw EngineError(3204);
+        throw EngineError(err::DatabaseExists);
     // A journal that some file of this name left behind must not be played into the new one.
     QFile::remove(place + u"-journal"_s);
     try {

@@ -45,13 +45,13 @@ bool isWhole(const QString &place, const QString &password)
         const DatabasePrivate opened(registry::acquire(place, password, false), false);
         return opened.connection().isSound() && takesWrites(opened.connection());
     } catch (const EngineError &error) {
-        if (error.number() == 3218)
-            throw EngineError(3356, QDir::toNativeSeparators(place));
-        for (const int number : { 3049, 3343, 3043, 3219 }) {
+        if (error.number() == err::Locked)
+            throw EngineError(err::OpenedExclusively, QDir::toNativeSeparators(place));
+        for (const int number : { err::Damaged, err::UnknownFormat, err::DiskError, err::InvalidOperation }) {
             if (error.number() == number)
                 return false;
         }
-        if (error.number() != 3031 || !isDamaged(place, password))
+        if (error.number() != err::WrongPassword || !isDamaged(place, password))
             throw;
         return false;
     }
@@ -84,10 +84,10 @@ bool saveProtected(const QString &copy, const QString &password, Connection &men
         damaged.verify();
         return copy::readableRows(damaged, mended);
     } catch (const EngineError &error) {
-        if (error.number() != 3343 && error.number() != 3049)
+        if (error.number() != err::UnknownFormat && error.number() != err::Damaged)
             throw;
         if (!isDamaged(copy, password))
-            throw EngineError(3031);
+            throw EngineError(err::WrongPassword);
         return false;
     }
 }
@@ -102,25 +102,28 @@ bool save(const QString &place, const QString &password, const Scratch &made)
     Connection mended(made.path(), key, Connection::Purpose::Create);
     const bool saved = plain ? savePlain(copy.path(), mended) : saveProtected(copy.path(), key, mended);
     if (saved && !mended.isSound())
-        throw EngineError(3049, QDir::toNativeSeparators(place));
+        throw EngineError(err::Damaged, QDir::toNativeSeparators(place));
     return saved;
 }
 
-void mend(const QString &place, const QString &password)
+// Where the damaged file lies then.
+QString mend(const QString &place, const QString &password)
 {
     const Scratch made(place, making);
     const FileLock lock(place);
     const bool saved = save(place, password, made);
+    QString original;
     if (saved) {
         setSamePermissions(place, made.path());
-        keepDamaged(place);
+        original = keepDamaged(place);
     }
     // Before the new file stands there: it must not have the old one's journal played into it.
     sidefiles::setAllAside(place);
     if (saved)
         made.moveTo(place);
     else
-        setAside(place);
+        original = setAside(place);
+    return original;
 }
 
 }
@@ -130,9 +133,9 @@ void DBEngine::CompactDatabase(const QString &source, const QString &destination
     const QString from = basic::realPath(source);
     const QString to = basic::realPath(destination);
     if (!QFileInfo(to).dir().exists())
-        throw EngineError(3044, QDir::toNativeSeparators(to));
+        throw EngineError(err::NoSuchPath, QDir::toNativeSeparators(to));
     if (QFileInfo::exists(to))
-        throw EngineError(3204);
+        throw EngineError(err::DatabaseExists);
     QString password = passwordOf(locale);
     if (password.isEmpty())
         password = registry::knownPassword(from);
@@ -147,7 +150,7 @@ void DBEngine::CompactDatabase(const QString &source, const QString &destination
     putInPlace(scratch.path(), to);
 }
 
-void DBEngine::RepairDatabase(const QString &path, const QString &connect)
+RepairReport DBEngine::RepairDatabase(const QString &path, const QString &connect, const std::vector<TableDef> &)
 {
     const QString place = basic::realPath(path);
     QString password = passwordOf(connect);
@@ -155,12 +158,15 @@ void DBEngine::RepairDatabase(const QString &path, const QString &connect)
         password = registry::knownPassword(place);
     const bool shared = registry::inUse(place);
     if (isWhole(place, password))
-        return;
+        return {};
     if (shared)
-        throw EngineError(3045, QDir::toNativeSeparators(place));
+        throw EngineError(err::FileInUse, QDir::toNativeSeparators(place));
     registry::forget(place);
-    mend(place, password);
+    RepairReport report;
+    report.damaged = true;
+    report.original = mend(place, password);
     registry::forget(place);
+    return report;
 }
 
 }

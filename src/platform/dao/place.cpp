@@ -20,8 +20,8 @@ namespace {
 [[noreturn]] void fail(int systemError, const QString &path)
 {
     if (systemError == ENOSPC || systemError == EDQUOT || systemError == EFBIG)
-        throw EngineError(3026);
-    throw EngineError(3051, QDir::toNativeSeparators(path));
+        throw EngineError(err::DiskFull);
+    throw EngineError(err::NoPermission, QDir::toNativeSeparators(path));
 }
 
 void sync(const QString &path, int flags)
@@ -65,7 +65,7 @@ void DBEngine::putInPlace(const QString &scratch, const QString &place)
     const QString linked = QFileInfo(basic::realPath(place)).canonicalFilePath();
     const QString to = linked.isEmpty() ? basic::realPath(place) : linked;
     if (registry::inUse(from) || registry::inUse(to))
-        throw EngineError(3045, QDir::toNativeSeparators(to));
+        throw EngineError(err::FileInUse, QDir::toNativeSeparators(to));
     registry::forget(from);
     registry::forget(to);
     sync(from, O_RDONLY);

@@ -11,9 +11,14 @@ namespace {
 RecordsetPrivate &opened(const std::shared_ptr<RecordsetPrivate> &d)
 {
     if (!d)
-        throw EngineError(3420);
+        throw EngineError(err::ObjectInvalid);
     d->requireOpen();
     return *d;
+}
+
+bool isOpen(const std::shared_ptr<RecordsetPrivate> &d)
+{
+    return d && !d->isClosed && d->database->isOpen();
 }
 
 }
@@ -44,7 +49,7 @@ void Recordset::MoveFirst()
     RecordsetPrivate &p = opened(d);
     p.discard();
     if (p.rows() == 0)
-        throw EngineError(3021);
+        throw EngineError(err::NoCurrentRecord);
     p.moveTo(0);
 }
 
@@ -53,7 +58,7 @@ void Recordset::MoveLast()
     RecordsetPrivate &p = opened(d);
     p.discard();
     if (p.rows() == 0)
-        throw EngineError(3021);
+        throw EngineError(err::NoCurrentRecord);
     p.moveTo(p.rows() - 1);
 }
 
@@ -67,14 +72,14 @@ Value Recordset::Get(int column) const
 {
     RecordsetPrivate &p = opened(d);
     if (column < 0 || static_cast<size_t>(column) >= p.fields.size())
-        throw EngineError(3265);
+        throw EngineError(err::ItemNotFound);
     if (p.buffer.mode != CopyBuffer::Mode::None)
         return p.buffer.values[static_cast<size_t>(column)];
     p.requireCurrent();
     bool there = false;
     Value value = p.stored(p.currentRows, p.position, column, &there);
     if (!there)
-        throw EngineError(3167);
+        throw EngineError(err::RecordDeleted);
     return value;
 }
 
@@ -84,7 +89,7 @@ void Recordset::Set(int column, const Value &value)
 {
     RecordsetPrivate &p = opened(d);
     if (column < 0 || static_cast<size_t>(column) >= p.fields.size())
-        throw EngineError(3265);
+        throw EngineError(err::ItemNotFound);
     p.assign(column, value);
 }
 
@@ -97,7 +102,7 @@ bool Recordset::editPending() const { return opened(d).buffer.mode != CopyBuffer
 void Recordset::CancelUpdate()
 {
     if (!editPending())
-        throw EngineError(3020);
+        throw EngineError(err::NoEditPending);
     d->discard();
 }
 
@@ -114,7 +119,7 @@ void Recordset::setBookmark(dao::Bookmark mark)
     const qsizetype row = mark.isValid() ? p.positionOfKey(mark.key()) : -1;
     p.discard();
     if (row < 0)
-        throw EngineError(mark.isValid() && p.deleted.contains(mark.key()) ? 3167 : 3159);
+        throw EngineError(mark.isValid() && p.deleted.contains(mark.key()) ? err::RecordDeleted : err::BadBookmark);
     p.moveTo(row);
 }
 
@@ -136,14 +141,14 @@ QString Recordset::Filter() const { return opened(d).filter; }
 void Recordset::setSort(const QString &fields)
 {
     if (opened(d).type == dbOpenTable)
-        throw EngineError(3251);
+        throw EngineError(err::NotSupported);
     d->sort = fields;
 }
 
 void Recordset::setFilter(const QString &criteria)
 {
     if (opened(d).type == dbOpenTable)
-        throw EngineError(3251);
+        throw EngineError(err::NotSupported);
     d->filter = criteria;
 }
 
@@ -162,11 +167,37 @@ Recordset Recordset::OpenRecordset(RecordsetType type) const
 Recordset Recordset::Clone() const { return Recordset(std::make_shared<RecordsetPrivate>(opened(d))); }
 void Recordset::Requery() { opened(d).open(); }
 
-qsizetype Recordset::rowTotal() const { return opened(d).rows(); }
+bool Recordset::tryBookmark(dao::Bookmark mark)
+{
+    const qsizetype row = positionOf(mark);
+    if (row < 0)
+        return false;
+    d->discard();
+    d->moveTo(row);
+    return true;
+}
+
+bool Recordset::hasCurrentRow() const { return isOpen(d) && d->hasCurrent(); }
+
+Value Recordset::valueOr(QStringView name, const Value &otherwise) const
+{
+    const bool pending = isOpen(d) && d->buffer.mode != CopyBuffer::Mode::None;
+    if (!pending && !hasCurrentRow())
+        return otherwise;
+    try {
+        return Get(name);
+    } catch (const EngineError &) {
+        return otherwise;
+    }
+}
+
+qsizetype Recordset::rowTotal() const { return isOpen(d) ? d->rows() : 0; }
 
 Value Recordset::cell(qsizetype row, int column) const
 {
-    RecordsetPrivate &p = opened(d);
+    if (!isOpen(d))
+        return {};
+    RecordsetPrivate &p = *d;
     if (row < 0 || row >= p.rows() || column < 0 || static_cast<size_t>(column) >= p.fields.size())
         return {};
     bool there = false;
@@ -175,14 +206,35 @@ Value Recordset::cell(qsizetype row, int column) const
 
 dao::Bookmark Recordset::bookmarkAt(qsizetype row) const
 {
-    const RecordsetPrivate &p = opened(d);
-    return row >= 0 && row < p.rows() ? dao::Bookmark(p.keyAt(row)) : dao::Bookmark();
+    return isOpen(d) && row >= 0 && row < d->rows() ? dao::Bookmark(d->keyAt(row)) : dao::Bookmark();
 }
 
 qsizetype Recordset::positionOf(dao::Bookmark mark) const
 {
-    const RecordsetPrivate &p = opened(d);
-    return mark.isValid() ? p.positionOfKey(mark.key()) : -1;
+    return isOpen(d) && mark.isValid() ? d->positionOfKey(mark.key()) : -1;
+}
+
+NewRow::NewRow(Recordset &rows) : m_rows(rows)
+{
+    m_rows.AddNew();
+}
+
+NewRow::~NewRow()
+{
+    if (m_pending && isOpen(m_rows.d))
+        m_rows.d->discard();
+}
+
+NewRow &NewRow::set(QStringView name, const Value &value)
+{
+    m_rows.Set(name, value);
+    return *this;
+}
+
+void NewRow::save()
+{
+    m_rows.Update();
+    m_pending = false;
 }
 
 }

@@ -15,16 +15,16 @@ constexpr int counterTries = 8;
 void RecordsetPrivate::requireUpdatable() const
 {
     if (type == dbOpenSnapshot)
-        throw EngineError(3251);
+        throw EngineError(err::NotSupported);
     if (!updatable)
-        throw EngineError(3027);
+        throw EngineError(err::ReadOnly);
 }
 
 const StoredTable &RecordsetPrivate::keyTable() const
 {
     const StoredTable *table = connection().schema().stored(translation->keyTable);
     if (!table)
-        throw EngineError(3011, translation->keyTable);
+        throw EngineError(err::ObjectNotFound, translation->keyTable);
     return *table;
 }
 
@@ -64,7 +64,7 @@ void RecordsetPrivate::readBefore(CopyBuffer &fresh)
     const ResetGuard reset(m_before);
     m_before.bind(1, keyAt(position));
     if (!m_before.step())
-        throw EngineError(3167);
+        throw EngineError(err::RecordDeleted);
     CellBlock cells;
     cells.start(static_cast<int>(targets.size()));
     cells.appendRow(m_before.get(), 0);
@@ -93,19 +93,19 @@ void RecordsetPrivate::edit()
 void RecordsetPrivate::assign(int column, const Value &value)
 {
     if (buffer.mode == CopyBuffer::Mode::None)
-        throw EngineError(3020);
+        throw EngineError(err::NoEditPending);
     const size_t i = static_cast<size_t>(column);
     const TargetColumn &target = targets[i];
     if (target.column.isEmpty())
-        throw EngineError(3164);
+        throw EngineError(err::FieldLocked);
     const Value fresh = assigned(target.rules, value);
     const bool adding = buffer.mode == CopyBuffer::Mode::Add;
     if (fresh == buffer.values[i] && !adding)
         return;
     if (target.counter && !adding)
-        throw EngineError(3164);
+        throw EngineError(err::FieldLocked);
     if (target.counter && fresh.isNull())
-        throw EngineError(3162);
+        throw EngineError(err::NullAssigned);
     buffer.values[i] = fresh;
     buffer.changed[i] = true;
     buffer.counterGiven |= target.counter;
@@ -114,7 +114,7 @@ void RecordsetPrivate::assign(int column, const Value &value)
 void RecordsetPrivate::update()
 {
     if (buffer.mode == CopyBuffer::Mode::None)
-        throw EngineError(3020);
+        throw EngineError(err::NoEditPending);
     Connection &file = database->writable();
     try {
         if (buffer.mode == CopyBuffer::Mode::Add)
@@ -172,7 +172,7 @@ void RecordsetPrivate::insertRow()
             key = runInsert();
             break;
         } catch (const EngineError &error) {
-            if (error.number() != 3022 || tries == counterTries || !counterTaken())
+            if (error.number() != err::DuplicateValue || tries == counterTries || !counterTaken())
                 throw;
             buffer.values[static_cast<size_t>(counterColumn())]
                 = static_cast<std::int32_t>(connection().nextCounter(keyTable()));
@@ -193,7 +193,7 @@ void RecordsetPrivate::rowGone(qint64 key) const
 {
     const bool there = integerOf(connection().handle(), "SELECT count(*) FROM " + quoted(translation->keyTable)
                                      + " WHERE rowid = " + QByteArray::number(key)) > 0;
-    throw EngineError(there ? 3197 : 3167);
+    throw EngineError(there ? err::ChangedByOther : err::RecordDeleted);
 }
 
 void RecordsetPrivate::updateRow()
@@ -246,7 +246,7 @@ void RecordsetPrivate::erase()
         throw;
     }
     if (sqlite3_changes(file.handle()) == 0)
-        throw EngineError(3167);
+        throw EngineError(err::RecordDeleted);
     keys.erase(keys.begin() + position);
     m_places = KeyPlaces();
     deleted.insert(key);

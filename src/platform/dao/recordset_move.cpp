@@ -14,7 +14,7 @@ bool RecordsetPrivate::atStart() const
 void RecordsetPrivate::requireCurrent() const
 {
     if (!hasCurrent())
-        throw EngineError(3021);
+        throw EngineError(err::NoCurrentRecord);
 }
 
 void RecordsetPrivate::moveTo(qsizetype row)
@@ -35,7 +35,7 @@ void RecordsetPrivate::move(qsizetype by)
     }
     if (!gap && ((by > 0 && position >= rows()) || (by < 0 && position < 0) || rows() == 0)) {
         discard();
-        throw EngineError(3021);
+        throw EngineError(err::NoCurrentRecord);
     }
     // After a deletion `position` is already the row after it.
     moveTo(position + by - (gap && by > 0 ? 1 : 0));
@@ -56,7 +56,7 @@ void RecordsetPrivate::find(Find which, QStringView criteria)
 {
     discard();
     if (type == dbOpenTable || !keyed)
-        throw EngineError(3251);
+        throw EngineError(err::NotSupported);
     const std::vector<qint64> found = matches(criteria);
     const bool forward = which == Find::First || which == Find::Next;
     qsizetype row = 0;

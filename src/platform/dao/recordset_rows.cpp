@@ -64,7 +64,7 @@ RecordsetPrivate::~RecordsetPrivate()
 void RecordsetPrivate::requireOpen() const
 {
     if (isClosed || !database->isOpen())
-        throw EngineError(3420);
+        throw EngineError(err::ObjectInvalid);
 }
 
 void RecordsetPrivate::open()
@@ -76,7 +76,7 @@ void RecordsetPrivate::open()
     else
         translation = std::make_shared<const jet::Translation>(jet::translate(source, file.schema(), refinement));
     if (translation->kind != jet::StatementKind::Select)
-        throw EngineError(3219);
+        throw EngineError(err::InvalidOperation);
     describe();
     currentRows = RowWindow();
     gridRows = RowWindow();
@@ -328,7 +328,7 @@ int RecordsetPrivate::fieldIndex(QStringView name) const
             return known.second;
         }
     }
-    throw EngineError(3265);
+    throw EngineError(err::ItemNotFound);
 }
 
 }

@@ -70,11 +70,11 @@ std::shared_ptr<Connection> share(Entry &entry, const QString &password, bool ex
 {
     const auto &connection = entry.connection;
     if (connection->keyed() && password != connection->password())
-        throw EngineError(3031);
+        throw EngineError(err::WrongPassword);
     if (entry.users > 0 && exclusive)
-        throw EngineError(3045, connection->path());
+        throw EngineError(err::FileInUse, connection->path());
     if (entry.users > 0 && connection->exclusive())
-        throw EngineError(3356, connection->path());
+        throw EngineError(err::OpenedExclusively, connection->path());
     if (exclusive)
         connection->lockExclusively();
     ++entry.users;
@@ -106,10 +106,10 @@ std::shared_ptr<Connection> openFresh(const QString &path, const QString &passwo
         connection = std::make_shared<Connection>(path, kind == FileKind::Plain ? QString() : password,
                                                   Connection::Purpose::Open);
     } catch (const EngineError &error) {
-        if (error.number() == 3343 && kind == FileKind::Protected)
-            throw EngineError(3031);
-        if (error.number() == 3218)
-            throw EngineError(3356, path);
+        if (error.number() == err::UnknownFormat && kind == FileKind::Protected)
+            throw EngineError(err::WrongPassword);
+        if (error.number() == err::Locked)
+            throw EngineError(err::OpenedExclusively, path);
         throw;
     }
     if (exclusive)
@@ -125,26 +125,26 @@ FileKind inspect(const QString &path, const QString &password)
     const QFileInfo info(path);
     const QString name = QDir::toNativeSeparators(path);
     if (path.isEmpty() || !info.dir().exists())
-        throw EngineError(3044, name);
+        throw EngineError(err::NoSuchPath, name);
     if (!info.exists())
-        throw EngineError(3024, name);
+        throw EngineError(err::FileNotFound, name);
     QFile file(path);
     if (!info.isFile() || !file.open(QIODevice::ReadOnly))
-        throw EngineError(3051, name);
+        throw EngineError(err::NoPermission, name);
     const QByteArray header = file.read(100);
     const qint64 size = file.size();
     if (header.size() < 100 || !header.startsWith(plainMark)) {
         if (password.isEmpty() || size == 0 || size % protectedPage != 0)
-            throw EngineError(3343, name);
+            throw EngineError(err::UnknownFormat, name);
         return FileKind::Protected;
     }
     const int stored = static_cast<quint8>(header[16]) << 8 | static_cast<quint8>(header[17]);
     const int page = stored == 1 ? 65536 : stored;
     if (page < 512 || (page & (page - 1)) != 0)
-        throw EngineError(3049, name);
+        throw EngineError(err::Damaged, name);
     // The store itself passes over a last page that is cut short. Under a journal a write may have been broken off.
     if (size % page != 0 && !QFileInfo::exists(path + u"-journal"_s))
-        throw EngineError(3049, name);
+        throw EngineError(err::Damaged, name);
     return FileKind::Plain;
 }
 

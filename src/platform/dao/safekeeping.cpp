@@ -27,7 +27,7 @@ constexpr off_t lockedBytes = 512;
     const int error = errno;
     const bool full = error == ENOSPC || error == EFBIG || error == EDQUOT;
     const bool refused = error == EACCES || error == EPERM || error == EROFS || error == ENOENT || error == EISDIR;
-    throw EngineError(full ? 3026 : refused ? 3051 : 3043, QDir::toNativeSeparators(path));
+    throw EngineError(full ? err::DiskFull : refused ? err::NoPermission : err::DiskError, QDir::toNativeSeparators(path));
 }
 
 class Descriptor {
@@ -87,7 +87,7 @@ void syncFolderOf(const QString &path)
 void rename(const QString &from, const QString &to)
 {
     if (std::rename(QFile::encodeName(from).constData(), QFile::encodeName(to).constData()) != 0)
-        throw EngineError(3051, QDir::toNativeSeparators(to));
+        throw EngineError(err::NoPermission, QDir::toNativeSeparators(to));
     syncFolderOf(to);
 }
 
@@ -114,7 +114,7 @@ FileLock::FileLock(const QString &path)
     constexpr int pause = 20;
     m_file = ::open(QFile::encodeName(path).constData(), O_RDWR | O_CLOEXEC);
     if (m_file < 0)
-        throw EngineError(3051, QDir::toNativeSeparators(path));
+        throw EngineError(err::NoPermission, QDir::toNativeSeparators(path));
     struct flock lock = lockOf(pendingByte, lockedBytes, F_WRLCK);
     for (int waited = 0; ::fcntl(m_file, F_OFD_SETLK, &lock) != 0; waited += pause) {
         const bool taken = errno == EAGAIN || errno == EACCES;
@@ -123,7 +123,7 @@ FileLock::FileLock(const QString &path)
             continue;
         }
         ::close(m_file);
-        throw EngineError(taken ? 3356 : 3043, QDir::toNativeSeparators(path));
+        throw EngineError(taken ? err::OpenedExclusively : err::DiskError, QDir::toNativeSeparators(path));
     }
 }
 
@@ -181,16 +181,20 @@ QString freeDamagedName(const QString &path)
     return name;
 }
 
-void setAside(const QString &path)
-{
-    rename(path, freeDamagedName(path));
-}
-
-void keepDamaged(const QString &path)
+QString setAside(const QString &path)
 {
     const QString name = freeDamagedName(path);
-    if (::link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0)
-        return syncFolderOf(name);
+    rename(path, name);
+    return name;
+}
+
+QString keepDamaged(const QString &path)
+{
+    const QString name = freeDamagedName(path);
+    if (::link(QFile::encodeName(path).constData(), QFile::encodeName(name).constData()) == 0) {
+        syncFolderOf(name);
+        return name;
+    }
     // Not every file system knows a second name.
     try {
         copyFile(path, name);
@@ -199,6 +203,7 @@ void keepDamaged(const QString &path)
         QFile::remove(name);
         throw;
     }
+    return name;
 }
 
 }

@@ -46,9 +46,9 @@ void setSamePermissions(const QString &from, const QString &to);
 
 // The first of NAME.damaged, NAME.damaged2, ... that is free: what was kept before stays.
 QString freeDamagedName(const QString &path);
-// The file goes to that name, so that nothing stands at its place; 3051.
-void setAside(const QString &path);
-// The file gets that name as well and keeps its own for now.
-void keepDamaged(const QString &path);
+// Moves the file to that name, so that nothing is at its place; 3051. Both return the name.
+QString setAside(const QString &path);
+// Gives the file that name as well; it keeps its own for now.
+QString keepDamaged(const QString &path);
 
 }

@@ -30,7 +30,7 @@ template <class Step> bool passOver(const Step &step)
         step();
         return true;
     } catch (const EngineError &error) {
-        for (const int number : { 3026, 3027, 3035, 3043, 3051 }) {
+        for (const int number : { err::DiskFull, err::ReadOnly, err::OutOfResources, err::DiskError, err::NoPermission }) {
             if (error.number() == number)
                 throw;
         }

@@ -88,9 +88,9 @@ Trial tryOut(const QString &path, const QString &password, const QString &beside
         const Connection file(copy.path(), password, Connection::Purpose::Open);
         return file.isSound() ? Trial::Sound : Trial::Damaged;
     } catch (const EngineError &error) {
-        if (error.number() == 3026)
+        if (error.number() == err::DiskFull)
             throw;
-        return error.number() == 3343 && !password.isEmpty() ? Trial::Locked : Trial::Damaged;
+        return error.number() == err::UnknownFormat && !password.isEmpty() ? Trial::Locked : Trial::Damaged;
     }
 }
 

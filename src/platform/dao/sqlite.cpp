@@ -22,15 +22,15 @@ QString failedName(const QString &text)
 {
     const QString name = failedName(text);
     if (code == SQLITE_CONSTRAINT_NOTNULL)
-        throw EngineError(3314, name.mid(name.indexOf(u'.') + 1));
+        throw EngineError(err::ValueRequired, name.mid(name.indexOf(u'.') + 1));
     if (code != SQLITE_CONSTRAINT_CHECK)
-        throw EngineError(3022);
+        throw EngineError(err::DuplicateValue);
     const QString zeroLength = u"AllowZeroLength "_s;
     if (name.startsWith(zeroLength))
-        throw EngineError(3315, name.mid(zeroLength.size()));
+        throw EngineError(err::ZeroLengthText, name.mid(zeroLength.size()));
     if (name.startsWith(u"Required "_s))
-        throw EngineError(3058);
-    throw EngineError(3317, name);
+        throw EngineError(err::NullInIndex);
+    throw EngineError(err::ValidationRule, name);
 }
 
 bool outOfSpace(int systemError)
@@ -46,33 +46,33 @@ void throwStoreError(int code, const QString &text, const QString &path, int sys
     switch (code & 0xff) {
     case SQLITE_BUSY:
     case SQLITE_LOCKED:
-        throw EngineError(3218);
+        throw EngineError(err::Locked);
     case SQLITE_READONLY:
         if (code == SQLITE_READONLY_DBMOVED)        // what it would write to has no name any more, or stands elsewhere
-            throw EngineError(3024, name);
-        throw EngineError(3027);
+            throw EngineError(err::FileNotFound, name);
+        throw EngineError(err::ReadOnly);
     case SQLITE_CONSTRAINT:
         throwConstraint(code, text);
     case SQLITE_FULL:
-        throw EngineError(3026);
+        throw EngineError(err::DiskFull);
     case SQLITE_IOERR:
-        throw EngineError(outOfSpace(systemError) ? 3026 : 3043);
+        throw EngineError(outOfSpace(systemError) ? err::DiskFull : err::DiskError);
     case SQLITE_CORRUPT:
-        throw EngineError(3049, name);
+        throw EngineError(err::Damaged, name);
     case SQLITE_NOTADB:
-        throw EngineError(3343, name);
+        throw EngineError(err::UnknownFormat, name);
     case SQLITE_CANTOPEN:
     case SQLITE_PERM:
     case SQLITE_AUTH:
-        throw EngineError(3051, name);
+        throw EngineError(err::NoPermission, name);
     case SQLITE_NOMEM:
-        throw EngineError(3035);
+        throw EngineError(err::OutOfResources);
     case SQLITE_TOOBIG:
-        throw EngineError(3163);
+        throw EngineError(err::TooLong);
     case SQLITE_MISMATCH:
-        throw EngineError(3421);
+        throw EngineError(err::Conversion);
     case SQLITE_INTERRUPT:
-        throw EngineError(3059, u"Operation canceled by user."_s, nullptr);
+        throw EngineError(err::Canceled);
     case SQLITE_ERROR:
         jet::throwFunctionError(text.toUtf8().constData());
         break;
@@ -82,7 +82,7 @@ void throwStoreError(int code, const QString &text, const QString &path, int sys
     jet::throwFunctionError(text.toUtf8().constData());
     // Code 0 says "not an error", which nobody must ever read as an error's text.
     const bool told = (code & 0xff) != SQLITE_OK && !text.isEmpty();
-    throw EngineError(3219, told ? u"Invalid operation. ("_s + text + u')' : EngineError::standardText(3219), nullptr);
+    throw EngineError(err::InvalidOperation, told ? u"Invalid operation. ("_s + text + u')' : EngineError::standardText(err::InvalidOperation), nullptr);
 }
 
 void throwStoreError(sqlite3 *connection, int code)
@@ -113,7 +113,7 @@ Statement::Statement(sqlite3 *connection, const QByteArray &sql)
     if (code != SQLITE_OK)
         throwStoreError(connection, code);
     if (!m_statement)
-        throw EngineError(3219);
+        throw EngineError(err::InvalidOperation);
 }
 
 bool Statement::step()
@@ -196,7 +196,7 @@ QByteArray quoted(QStringView name)
     return '"' + name.toUtf8().replace('"', "\"\"") + '"';
 }
 
-QByteArray literal(QStringView text)
+QByteArray sqlText(QStringView text)
 {
     return '\'' + text.toUtf8().replace('\'', "''") + '\'';
 }

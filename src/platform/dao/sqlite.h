@@ -75,6 +75,6 @@ qint64 integerOf(sqlite3 *connection, const QByteArray &sql);
 // A name as an identifier of SQL: in double quotes, its own doubled.
 QByteArray quoted(QStringView name);
 // A text as a literal of SQL.
-QByteArray literal(QStringView text);
+QByteArray sqlText(QStringView text);
 
 }

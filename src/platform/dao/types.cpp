@@ -40,8 +40,10 @@ constexpr Text texts[] = {
     { 3051, u"The database engine cannot open the file '|'. It is already opened exclusively by another user, or you need "
             u"permission to view its data." },
     { 3058, u"Index or primary key cannot contain a Null value." },
+    { 3059, u"Operation canceled by user." },
     { 3061, u"Too few parameters. Expected |." },
     { 3062, u"Duplicate output alias '|'." },
+    { 3063, u"Duplicate output destination '|'." },
     { 3065, u"Cannot execute a select query." },
     { 3067, u"Query input must contain at least one table or query." },
     { 3070, u"The database engine does not recognize '|' as a valid field name or expression." },
@@ -79,6 +81,7 @@ constexpr Text texts[] = {
     { 3167, u"Record is deleted." },
     { 3175, u"Date is out of range or is in an invalid format." },
     { 3187, u"Could not read; currently locked by another user or process." },
+    { 3190, u"Too many fields defined." },
     { 3191, u"Cannot define field more than once." },
     { 3196, u"The database '|' is already in use by another person or process. When the database is available, try the "
             u"operation again." },
@@ -94,6 +97,7 @@ constexpr Text texts[] = {
     { 3265, u"Item not found in this collection." },
     { 3270, u"Property not found." },
     { 3271, u"Invalid property value." },
+    { 3280, u"Cannot delete a field that is part of an index or is needed by the system." },
     { 3283, u"Primary key already exists." },
     { 3284, u"Index already exists." },
     { 3289, u"Syntax error in CONSTRAINT clause." },
@@ -118,6 +122,7 @@ constexpr Text texts[] = {
             u"the first query can be included in an ORDER BY expression." },
     { 3356, u"The database '|' is already opened exclusively by another user or process. Try again when the database is "
             u"available." },
+    { 3360, u"Query is too complex." },
     { 3372, u"No such index '|'." },
     { 3376, u"Table '|' does not exist." },
     { 3380, u"Field '|' already exists in table." },

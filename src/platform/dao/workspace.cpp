@@ -52,7 +52,7 @@ void DBEngine::CommitTrans()
 {
     auto &levels = workspace::levels();
     if (levels.empty())
-        throw EngineError(3034);
+        throw EngineError(err::NoTransaction);
     const auto parts = std::move(levels.back());
     levels.pop_back();
     for (size_t i = 0; i < parts.size(); ++i) {
@@ -70,7 +70,7 @@ void DBEngine::Rollback()
 {
     auto &levels = workspace::levels();
     if (levels.empty())
-        throw EngineError(3034);
+        throw EngineError(err::NoTransaction);
     const auto parts = std::move(levels.back());
     levels.pop_back();
     for (const auto &part : parts)
@@ -86,7 +86,7 @@ struct Transaction::State {
 Transaction::Transaction(Database &database) : m_state(std::make_unique<State>())
 {
     if (!database.d)
-        throw EngineError(3420);
+        throw EngineError(err::ObjectInvalid);
     m_state->database = database.d;
     m_state->connection = &database.d->writable();
     m_state->level = m_state->connection->begin();
@@ -101,7 +101,7 @@ Transaction::~Transaction()
 void Transaction::Commit()
 {
     if (m_state->level == 0)
-        throw EngineError(3034);
+        throw EngineError(err::NoTransaction);
     m_state->database->connection().commitTo(std::exchange(m_state->level, 0));
 }
 

@@ -111,6 +111,9 @@ TEST_F(Numbers, ValBeyondTheVectors)
     EXPECT_EQ(Val(u"\t12\n34"), 1234);
     EXPECT_EQ(errorOf([] { Val(u"50.5%"); }), 13);
     EXPECT_EQ(errorOf([] { Val(u"1e999"); }), 6);
+    EXPECT_EQ(valOr(u"12 eggs", -1), 12);
+    for (const QStringView refused : {u"50.5%", u"1e999"})
+        EXPECT_EQ(valOr(refused, -1), -1);
 }
 
 TEST_F(Numbers, GermanMachine)

@@ -411,4 +411,94 @@ TEST_F(Recordsets, WindowsFollowTheirPlaceInALargeSet)
     }
 }
 
+TEST_F(Recordsets, ALiteralFindsTheValueThatItSpells)
+{
+    const auto date = [](auto... parts) { return basic::DateTime::fromParts(parts...); };
+    struct Case { QString field; Value value; QString text; };
+    const std::vector<Case> cases = {
+        { u"NAME"_s, u"Mum's \"call\""_s, u"'Mum''s \"call\"'"_s },
+        { u"NAME"_s, u"''"_s, u"''''''"_s },
+        { u"NOTE"_s, u"#1#, [x] \r\n; é漢"_s, u"'#1#, [x] \r\n; é漢'"_s },
+        { u"DAY"_s, date(2026, 2, 1), u"#02/01/2026#"_s },
+        { u"DAY"_s, date(2026, 12, 31, 23, 59, 58), u"#12/31/2026 23:59:58#"_s },
+        { u"DAY"_s, date(1899, 12, 30, 9, 30), u"#12/30/1899 09:30:00#"_s },
+        { u"DAY"_s, date(150, 3, 4), u"#03/04/0150#"_s },
+        { u"PRICE"_s, basic::Currency::fromScaled(-15), u"-0.0015"_s },
+        { u"PRICE"_s, basic::Currency::fromScaled(9223372036854775807LL), u"922337203685477.5807"_s },
+        { u"PRICE"_s, basic::Currency::fromScaled(std::numeric_limits<qint64>::min()), u"-922337203685477.5808"_s },
+        { u"FLAG"_s, true, u"-1"_s },
+        { u"TINY"_s, std::uint8_t { 7 }, u"7"_s },
+        { u"SMALL"_s, std::int16_t { -5 }, u"-5"_s },
+        { u"LARGE"_s, -2147483647, u"-2147483647"_s },
+        { u"HALF"_s, 0.1f, u"0.10000000149011612"_s },
+        { u"WHOLE"_s, 0.1, u"0.1"_s },
+        { u"WHOLE"_s, 1e300, u"1e+300"_s },
+    };
+    Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
+    for (const Case &one : cases)
+        add(rows, { { one.field, one.value } });
+    for (const Case &one : cases) {
+        EXPECT_EQ(literal(one.value), one.text);
+        const QString query = u"SELECT * FROM SAMPLE WHERE [%1]=%2"_s.arg(one.field, literal(one.value));
+        const Recordset found = m_file.OpenRecordset(query, dbOpenSnapshot);
+        ASSERT_EQ(found.rowTotal(), 1) << query.toStdString();
+        EXPECT_EQ(found.Get(one.field), one.value) << query.toStdString();
+    }
+    m_file.Execute(u"UPDATE SAMPLE SET [NAME]="_s + literal(Value()));
+    EXPECT_EQ(m_file.OpenRecordset(u"SELECT * FROM SAMPLE WHERE [NAME] IS NULL"_s).rowTotal(), qsizetype(cases.size()));
+    for (const Value &none : { Value(QByteArray("x")), Value(std::numeric_limits<double>::infinity()) })
+        EXPECT_EQ(errorOf([&] { literal(none); }), 3421);
+    EXPECT_EQ(asTyped(u"Mum's"), u"'Mum's'"_s);
+    EXPECT_EQ(errorOf([&] { m_file.OpenRecordset(u"SELECT * FROM SAMPLE WHERE [NAME]="_s + asTyped(u"Mum's")); }), 3075);
+}
+
+TEST_F(Recordsets, ANewRowThatIsNotSavedTakesItselfBack)
+{
+    Recordset rows = m_file.OpenRecordset(u"SAMPLE"_s);
+    EXPECT_EQ(errorOf([&] { NewRow(rows).set(u"NAME", QString(21, u'x')).save(); }), 3163);
+    EXPECT_FALSE(rows.editPending());
+    EXPECT_EQ(rows.rowTotal(), 0);
+    {
+        NewRow row(rows);
+        row.set(u"NAME", u"kept"_s).set(u"LARGE", 3).save();
+        rows.MoveFirst();
+        rows.Edit();        // whatever follows is not the new row's any more
+    }
+    EXPECT_TRUE(rows.editPending());
+    EXPECT_EQ(names(rows), QStringList(u"kept"_s));
+    {
+        NewRow closed(rows);
+        m_file.Close();
+    }
+    EXPECT_EQ(errorOf([&] { NewRow row(rows); }), 3420);
+}
+
+TEST_F(Recordsets, QuestionsAreAnsweredWithoutARow)
+{
+    Recordset rows;
+    const auto asked = [&rows](dao::Bookmark mark) {
+        return QStringList { rows.tryBookmark(mark) ? u"there"_s : u"gone"_s, rows.valueOr(u"NAME", u"none"_s).text(),
+                             rows.valueOr(u"NO FIELD", u"?"_s).text(), rows.hasCurrentRow() ? u"row"_s : u"no row"_s,
+                             QString::number(rows.rowTotal()), rows.bookmarkAt(0).isValid() ? u"first"_s : u"empty"_s,
+                             QString::number(rows.positionOf(mark)) };
+    };
+    const QStringList nothing = { u"gone"_s, u"none"_s, u"?"_s, u"no row"_s, u"0"_s, u"empty"_s, u"-1"_s };
+    EXPECT_EQ(asked({}), nothing);
+    rows = m_file.OpenRecordset(u"SAMPLE"_s);
+    EXPECT_EQ(asked({}), nothing);
+    add(rows, { { u"NAME", u"one"_s } });
+    add(rows, { { u"NAME", u"two"_s } });
+    const dao::Bookmark second = rows.LastModified();
+    EXPECT_EQ(asked(second), (QStringList { u"there"_s, u"two"_s, u"?"_s, u"row"_s, u"2"_s, u"first"_s, u"1"_s }));
+    rows.AddNew();
+    rows.Set(u"NAME", u"typed"_s);
+    EXPECT_EQ(rows.valueOr(u"NAME", {}), Value(u"typed"_s));
+    rows.CancelUpdate();
+    rows.MoveFirst();
+    EXPECT_FALSE(rows.tryBookmark(dao::Bookmark(77)));
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"one"_s));      // a vain wish moves nothing
+    m_file.Close();
+    EXPECT_EQ(asked(second), nothing);
+}
+
 }

@@ -90,7 +90,7 @@ ExprPtr columnExpr(const Source *source, const ColumnDesign &column)
 void Binder::checkParameters() const
 {
     if (!m_unknown.isEmpty())
-        throw EngineError(3061, QString::number(m_unknown.size()));
+        throw EngineError(err::TooFewParameters, QString::number(m_unknown.size()));
 }
 
 void Binder::bind(Statement &statement)
@@ -115,7 +115,7 @@ void Binder::bind(Statement &statement)
 void Binder::bindSelect(Select &select, const Scope *parent)
 {
     if (++m_depth > maximumDepth)
-        throw EngineError(3360, u"Query is too complex."_s, nullptr);
+        throw EngineError(err::TooComplex);
     bindBranch(select, parent);
     for (const auto &branch : select.branches)
         bindBranch(*branch, parent);
@@ -165,15 +165,15 @@ void Binder::bindFrom(FromNode &node, Select &select, const Scope *parent)
     } else {
         source.design = m_schema.table(source.name);
         if (!source.design)
-            throw EngineError(3078, source.name);
+            throw EngineError(err::TableNotFound, source.name);
     }
     for (const Source *other : select.sources) {
         if (sameName(other->alias, source.alias))
-            throw EngineError(3131);
+            throw EngineError(err::FromSyntax);
     }
     select.sources.push_back(&source);
     if (select.sources.size() > maximumSources)
-        throw EngineError(3360, u"Query is too complex."_s, nullptr);
+        throw EngineError(err::TooComplex);
 }
 
 void Binder::bindJoins(FromNode &node, const Scope &scope)
@@ -203,10 +203,10 @@ void Binder::expandStars(Select &select)
                 items.push_back({.expr = columnExpr(source, column), .qualifier = {}, .alias = {}});
         }
         if (!found)
-            throw item.qualifier.isEmpty() ? EngineError(3141) : EngineError(3078, item.qualifier);
+            throw item.qualifier.isEmpty() ? EngineError(err::SelectSyntax) : EngineError(err::TableNotFound, item.qualifier);
     }
     if (items.size() > maximumColumns)
-        throw EngineError(3190, u"Too many fields defined."_s, nullptr);
+        throw EngineError(err::TooManyFields);
     select.items = std::move(items);
 }
 
@@ -224,7 +224,7 @@ void Binder::bindItems(Select &select, const Scope *parent)
             bindExpr(*item.expr, scope);
         item.expr->weight = weightOf(*item.expr);
         if (usesOutput(*item.expr) && (item.expr->weight > maximumWeight || item.expr->depth > maximumOutputDepth))
-            throw EngineError(3360, u"Query is too complex."_s, nullptr);
+            throw EngineError(err::TooComplex);
         OutputColumn output;
         output.type = item.expr->type == dbUnknown ? dbText : item.expr->type;
         if (isPlainColumn(*item.expr)) {
@@ -236,7 +236,7 @@ void Binder::bindItems(Select &select, const Scope *parent)
         }
         if (!item.alias.isEmpty()) {
             if (usesField(*item.expr, item.alias))
-                throw EngineError(3103, item.alias);
+                throw EngineError(err::CircularAlias, item.alias);
             output.name = item.alias;
         }
         select.columns.push_back(std::move(output));
@@ -254,7 +254,7 @@ void Binder::nameColumns(Select &select)
             if (!sameName(select.columns[i].name, select.columns[j].name))
                 continue;
             if (!select.items[i].alias.isEmpty() && !select.items[j].alias.isEmpty())
-                throw EngineError(3062, select.columns[i].name);
+                throw EngineError(err::DuplicateAlias, select.columns[i].name);
             const Expr &first = *select.items[i].expr;
             const Expr &second = *select.items[j].expr;
             if (isPlainColumn(first) && isPlainColumn(second) && first.source != second.source)
@@ -275,7 +275,7 @@ void Binder::checkGrouping(const Select &select) const
         return;
     for (const SelectItem &item : select.items) {
         if (!isGrouped(*item.expr, select)) {
-            throw EngineError(3122, item.expr->end > item.expr->begin ? textOf(*item.expr) : item.expr->text);
+            throw EngineError(err::NotInAggregate, item.expr->end > item.expr->begin ? textOf(*item.expr) : item.expr->text);
         }
     }
 }
@@ -289,14 +289,14 @@ void Binder::bindOrderBy(Select &select, const Scope *parent)
         bindExpr(expr, scope);
         if (expr.kind == ExprKind::Integer) {
             if (expr.integer < 1 || expr.integer > static_cast<qint64>(select.items.size()))
-                throw EngineError(3138);
+                throw EngineError(err::OrderBySyntax);
             continue;
         }
         const bool selected = std::any_of(select.items.begin(), select.items.end(), [&](const SelectItem &item) {
             return sameExpression(*item.expr, expr);
         });
         if (select.distinct && !selected && !expr.isLiteral() && m_unknown.isEmpty())
-            throw EngineError(3093, textOf(expr));
+            throw EngineError(err::OrderConflictsWithDistinct, textOf(expr));
     }
 }
 
@@ -310,7 +310,7 @@ void Binder::bindUnionOrderBy(Select &select)
                 position = static_cast<qint64>(i) + 1;
         }
         if (position < 1 || position > static_cast<qint64>(select.columns.size()))
-            throw EngineError(3351, textOf(expr));
+            throw EngineError(err::OrderNotSelected, textOf(expr));
         expr.kind = ExprKind::Integer;
         expr.integer = position;
     }
@@ -320,7 +320,7 @@ void Binder::joinBranchTypes(Select &select)
 {
     for (const auto &branch : select.branches) {
         if (branch->columns.size() != select.columns.size())
-            throw EngineError(3307);
+            throw EngineError(err::UnionColumnsDiffer);
     }
     for (size_t i = 0; i < select.columns.size(); ++i) {
         DataType type = select.items[i].expr->type;
@@ -334,7 +334,7 @@ void Binder::bindInsert(Statement &statement)
 {
     const TableDesign *design = m_schema.table(statement.table);
     if (!design)
-        throw EngineError(3078, statement.table);
+        throw EngineError(err::TableNotFound, statement.table);
     statement.table = design->name;
     if (statement.select) {
         bindSelect(*statement.select, nullptr);
@@ -345,20 +345,20 @@ void Binder::bindInsert(Statement &statement)
             }
         }
         if (statement.assignments.size() != statement.select->columns.size())
-            throw EngineError(3346);
+            throw EngineError(err::ValueCountDiffers);
     } else if (statement.allColumns) {
         if (statement.assignments.size() != design->columns.size())
-            throw EngineError(3346);
+            throw EngineError(err::ValueCountDiffers);
         for (size_t i = 0; i < statement.assignments.size(); ++i)
             statement.assignments[i].column = design->columns[i].name;
     }
     for (Assignment &assignment : statement.assignments) {
         assignment.design = findColumn(*design, assignment.column);
         if (!assignment.design)
-            throw EngineError(3127, assignment.column);
+            throw EngineError(err::UnknownInsertField, assignment.column);
         const auto same = [&](const Assignment &other) { return other.design == assignment.design; };
         if (std::count_if(statement.assignments.begin(), statement.assignments.end(), same) > 1)
-            throw EngineError(3063, u"Duplicate output destination '%1'."_s.arg(assignment.column), nullptr);
+            throw EngineError(err::DuplicateDestination, assignment.column);
         if (assignment.value)
             bindExpr(*assignment.value, {});
     }
@@ -369,7 +369,7 @@ void Binder::bindTarget(Statement &statement)
     Source &source = *statement.source;
     source.design = m_schema.table(source.name);
     if (!source.design)
-        throw EngineError(3078, source.name);
+        throw EngineError(err::TableNotFound, source.name);
     statement.table = source.design->name;
     const std::vector<const Source *> sources = {&source};
     const Scope scope{.sources = &sources};

@@ -49,7 +49,7 @@ DataType logicalType(DataType a, DataType b)
 void requireNoText(const Expr &expr)
 {
     if (isTextType(expr.type))
-        throw EngineError(3464);
+        throw EngineError(err::CriteriaMismatch);
 }
 
 }
@@ -159,7 +159,7 @@ void Binder::bindName(Expr &expr, const Scope &scope)
         if (at->outputs == Outputs::Earlier && bindOutput(expr, *at))
             return;
         if (at->outputs == Outputs::Only)
-            throw EngineError(3070, expr.text);
+            throw EngineError(err::UnknownNameInExpression, expr.text);
     }
     const QString name = expr.qualifier.isEmpty() ? expr.text : expr.qualifier + u'.' + expr.text;
     if (!m_unknown.contains(name, Qt::CaseInsensitive))
@@ -177,7 +177,7 @@ bool Binder::bindColumn(Expr &expr, const Scope &scope) const
         if (!column)
             continue;
         if (expr.column)
-            throw EngineError(3079, expr.text);
+            throw EngineError(err::AmbiguousField, expr.text);
         expr.source = source;
         expr.column = column;
         expr.type = column->type;
@@ -269,11 +269,11 @@ void Binder::bindCall(Expr &expr)
 {
     expr.function = findFunction(expr.text);
     if (!expr.function)
-        throw EngineError(3085, expr.text);
+        throw EngineError(err::UndefinedFunction, expr.text);
     const auto count = static_cast<int>(expr.operands.size());
     if (count < expr.function->minimum() || count > expr.function->maximum()
         || (expr.function->form == CallForm::Switch && count % 2 != 0))
-        throw EngineError(3075, u"Wrong number of arguments used with function in query expression '"_s + textOf(expr)
+        throw EngineError(err::QuerySyntax, u"Wrong number of arguments used with function in query expression '"_s + textOf(expr)
                                     + u"'."_s, nullptr);
     expr.type = expr.function->type;
     switch (expr.function->form) {
@@ -304,7 +304,7 @@ void Binder::bindCall(Expr &expr)
 void Binder::bindAggregate(Expr &expr, const Scope &scope)
 {
     if (!scope.aggregating)
-        throw EngineError(3096, textOf(expr));
+        throw EngineError(err::AggregateInWhere, textOf(expr));
     scope.aggregating->aggregated = true;
     Scope inner = scope;
     inner.aggregating = nullptr;
@@ -315,7 +315,7 @@ void Binder::bindAggregate(Expr &expr, const Scope &scope)
         return;
     }
     if (expr.operands.size() != 1)
-        throw EngineError(3075, u"Wrong number of arguments used with function in query expression '"_s + textOf(expr)
+        throw EngineError(err::QuerySyntax, u"Wrong number of arguments used with function in query expression '"_s + textOf(expr)
                                     + u"'."_s, nullptr);
     const DataType type = expr.operands[0]->type;
     switch (expr.aggregate) {
@@ -325,7 +325,7 @@ void Binder::bindAggregate(Expr &expr, const Scope &scope)
     case AggregateKind::Sum:
     case AggregateKind::Average:
         if (isTextType(type))
-            throw EngineError(3464);
+            throw EngineError(err::CriteriaMismatch);
         expr.type = type == dbCurrency ? dbCurrency : dbDouble;
         break;
     default:
@@ -336,14 +336,14 @@ void Binder::bindAggregate(Expr &expr, const Scope &scope)
 void Binder::bindSubSelect(Expr &expr, const Scope &scope)
 {
     if (++m_depth > 8)
-        throw EngineError(3360, u"Query is too complex."_s, nullptr);
+        throw EngineError(err::TooComplex);
     bindSelect(*expr.select, &scope);
     --m_depth;
     expr.type = dbBoolean;
     if (expr.kind == ExprKind::Exists)
         return;
     if (expr.select->columns.size() != 1)
-        throw EngineError(3306);
+        throw EngineError(err::TooManyFieldsInSubquery);
     if (expr.kind == ExprKind::InSelect)
         comparisonType(expr.operands[0]->type, expr.select->columns[0].type);
     else

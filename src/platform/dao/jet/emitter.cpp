@@ -269,7 +269,7 @@ void Emitter::concatenation(const Expr &expr)
     std::vector<const Expr *> parts;
     collectConcatenated(expr, parts);
     if (parts.size() > 90)      // a function of SQLite takes at most 100 arguments
-        throw EngineError(3360, QStringLiteral("Query is too complex."), nullptr);
+        throw EngineError(err::TooComplex);
     const bool neverNull = std::any_of(parts.begin(), parts.end(), [](const Expr *part) {
         return part->isLiteral() && part->kind != ExprKind::Null;
     });

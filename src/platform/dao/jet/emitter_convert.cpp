@@ -3,9 +3,12 @@
 #include "platform/dao/jet/functions.h"
 #include "platform/dao/jet/storedtime.h"
 
+#include <QtNumeric>
 #include <cstdlib>
 
 namespace vorel::dao::jet {
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -14,24 +17,26 @@ constexpr qint64 currencyUnits = 922337203685477;
 // Ten-thousandths of a number as written; half to even where it has more decimals.
 qint64 scaledDecimal(const QString &written)
 {
-    const bool plain = !written.contains(u'e', Qt::CaseInsensitive) && written.size() < 18;
-    if (!plain) {
-        try {
-            return basic::Currency::fromDouble(written.toDouble()).scaled();
-        } catch (const basic::Error &) {
-            throw EngineError(3349);
-        }
-    }
     const bool negative = written.startsWith(u'-');
     const qsizetype point = written.indexOf(u'.');
     const QStringView units = QStringView(written).mid(negative, (point < 0 ? written.size() : point) - negative);
+    if (written.contains(u'e', Qt::CaseInsensitive) || units.size() > 15) {
+        try {
+            return basic::Currency::fromDouble(written.toDouble()).scaled();
+        } catch (const basic::Error &) {
+            throw EngineError(err::NumericOverflow);
+        }
+    }
     const QString decimals = (point < 0 ? QString() : written.mid(point + 1)).leftJustified(5, u'0');
-    qint64 scaled = (units.toString() + decimals.left(4)).toLongLong();
+    bool ok = false;
+    qint64 scaled = ((negative ? u"-"_s : QString()) + units.toString() + decimals.left(4)).toLongLong(&ok);
     const QChar next = decimals[4];
     const bool tie = next == u'5' && decimals.mid(5).count(u'0') == decimals.size() - 5;
-    if (tie ? scaled % 2 != 0 : next >= u'5')
-        ++scaled;
-    return negative ? -scaled : scaled;
+    const bool up = tie ? scaled % 2 != 0 : next >= u'5';
+    const qint64 step = !up ? 0 : negative ? -1 : 1;
+    if (!ok || qAddOverflow(scaled, step, &scaled))
+        throw EngineError(err::NumericOverflow);
+    return scaled;
 }
 
 bool isNumberLiteral(const Expr &expr)
@@ -130,7 +135,7 @@ void Emitter::date(const Expr &expr)
     } else if (isNumberLiteral(expr)) {
         StoredTime time;
         if (!fromSerial(expr.text.toDouble(), time))
-            throw EngineError(3175);
+            throw EngineError(err::DateOutOfRange);
         const auto stored = writeStored(time);
         m_out += '\'';
         m_out.append(stored.data(), static_cast<qsizetype>(stored.size()));
@@ -148,7 +153,7 @@ void Emitter::currency(const Expr &expr)
         m_out += QByteArray::number(scaledDecimal(expr.text));
     } else if (expr.kind == ExprKind::Integer) {
         if (std::llabs(expr.integer) > currencyUnits)
-            throw EngineError(3349);
+            throw EngineError(err::NumericOverflow);
         m_out += QByteArray::number(expr.integer * 10000);
     } else if (isIntegerType(expr.type)) {
         m_out += '(';
@@ -197,9 +202,9 @@ void Emitter::assignedText(const Expr &expr, const ColumnDesign &target)
     }
     if (expr.kind == ExprKind::Text) {
         if (target.type == dbText && target.size > 0 && expr.text.size() > target.size)
-            throw EngineError(3163);
+            throw EngineError(err::TooLong);
         if (expr.text.isEmpty() && !target.allowZeroLength)
-            throw EngineError(3315, target.name);
+            throw EngineError(err::ZeroLengthText, target.name);
         textLiteral(expr.text);
         return;
     }

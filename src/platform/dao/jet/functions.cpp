@@ -157,7 +157,7 @@ DataType comparisonType(DataType a, DataType b)
     if (a == dbUnknown || b == dbUnknown)
         return commonType(a, b);
     if (isTextType(a) != isTextType(b) && a != dbLongBinary && b != dbLongBinary)
-        throw EngineError(3464);
+        throw EngineError(err::CriteriaMismatch);
     return commonType(a, b);
 }
 

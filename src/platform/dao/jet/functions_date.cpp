@@ -44,7 +44,7 @@ void dateSerial(sqlite3_context *context, sqlite3_value **values, int)
         year += year < 30 ? 2000 : 1900;
     constexpr qint64 limit = 4000000;
     if (std::abs(year) > 10000 || std::abs(month) > limit || std::abs(day) > limit) {
-        fail(context, 3175);
+        fail(context, err::DateOutOfRange);
         return;
     }
     const qint64 months = year * 12 + month - 1;
@@ -54,7 +54,7 @@ void dateSerial(sqlite3_context *context, sqlite3_value **values, int)
     if (fromDayNumber(first + static_cast<int>(day) - 1, time))
         resultTime(context, time);
     else
-        fail(context, 3175);
+        fail(context, err::DateOutOfRange);
 }
 
 void timeSerial(sqlite3_context *context, sqlite3_value **values, int)
@@ -70,14 +70,14 @@ void datePlus(sqlite3_context *context, sqlite3_value **values, int)
     const double days = std::floor(sqlite3_value_double(values[1]));
     const double fraction = sqlite3_value_double(values[1]) - days;
     if (!(std::fabs(days) < 4e6)) {
-        fail(context, 3175);
+        fail(context, err::DateOutOfRange);
         return;
     }
     qint64 seconds = time.hour * 3600 + time.minute * 60 + time.second + std::llround(fraction * 86400);
     const int day = dayNumber(time.year, time.month, time.day) + static_cast<int>(days) + static_cast<int>(seconds / 86400);
     seconds %= 86400;
     if (!fromDayNumber(day, time)) {
-        fail(context, 3175);
+        fail(context, err::DateOutOfRange);
         return;
     }
     time.hour = static_cast<int>(seconds / 3600);

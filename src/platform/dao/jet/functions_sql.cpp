@@ -37,7 +37,7 @@ void dispatch(sqlite3_context *context, int count, sqlite3_value **values)
         sqlite3_result_null(context);
     } catch (const basic::Error &error) {
         if (error.number() == 13)
-            fail(context, 3464);
+            fail(context, err::CriteriaMismatch);
         else
             fail(context, error.number(), error.text());
     } catch (const std::exception &) {
@@ -124,7 +124,7 @@ void resultStored(sqlite3_context *context, double serial)
 {
     StoredTime time;
     if (!fromSerial(serial, time)) {
-        fail(context, 3175);
+        fail(context, err::DateOutOfRange);
         return;
     }
     const auto stored = writeStored(time);

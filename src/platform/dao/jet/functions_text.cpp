@@ -204,9 +204,9 @@ void fit(sqlite3_context *context, sqlite3_value **values, int)
     const std::string_view text = utf8Of(values[0]);
     const int size = sqlite3_value_int(values[1]);
     if (text.empty() && sqlite3_value_int(values[2]) == 0)
-        fail(context, 3315, EngineError(3315, textOf(values[3])).text());
+        fail(context, err::ZeroLengthText, EngineError(err::ZeroLengthText, textOf(values[3])).text());
     else if (size > 0 && text.size() > static_cast<size_t>(size) && textOf(values[0]).size() > size)
-        fail(context, 3163);
+        fail(context, err::TooLong);
     else
         sqlite3_result_value(context, values[0]);
 }

@@ -147,8 +147,8 @@ QString Parser::clauseText() const
 void Parser::failClause(QStringView message)
 {
     if (m_criteria)
-        throw EngineError(3077, message.toString() + u" in expression."_s, nullptr);
-    throw EngineError(3075, message.toString() + u" in query expression '"_s + clauseText() + u"'."_s, nullptr);
+        throw EngineError(err::ExpressionSyntax, message.toString() + u" in expression."_s, nullptr);
+    throw EngineError(err::QuerySyntax, message.toString() + u" in query expression '"_s + clauseText() + u"'."_s, nullptr);
 }
 
 void Parser::failAt(const Token &token, QStringView message)
@@ -159,7 +159,7 @@ void Parser::failAt(const Token &token, QStringView message)
     case TokenKind::OpenDate:
         failClause(u"Syntax error in date");
     case TokenKind::OpenBracket:
-        throw EngineError(3126, token.text.toString());
+        throw EngineError(err::BadBracketing, token.text.toString());
     case TokenKind::Unknown:
         failClause(u"Syntax error");
     default:
@@ -192,7 +192,7 @@ ExprPtr Parser::finish(ExprPtr expr, std::initializer_list<ExprPtr *> operands)
         expr->depth = std::max(expr->depth, expr->select->depth + subSelectDepth);
     m_nodes += expr->operands.empty() ? 0 : 1;
     if (m_nodes > maximumNodes || expr->depth > maximumDepth)
-        throw EngineError(3360, u"Query is too complex."_s, nullptr);
+        throw EngineError(err::TooComplex);
     if (m_at > 0)
         expr->end = m_tokens[m_at - 1].end;
     return expr;
@@ -209,7 +209,7 @@ ExprPtr Parser::clauseExpression(bool inList)
 ExprPtr Parser::expression(int minimum)
 {
     if (++m_nesting > maximumNesting)
-        throw EngineError(3360, u"Query is too complex."_s, nullptr);
+        throw EngineError(err::TooComplex);
     ExprPtr left = unary();
     while (true) {
         const Token &token = peek();
@@ -325,7 +325,7 @@ ExprPtr Parser::unary()
 std::unique_ptr<Select> Parser::subSelect()
 {
     if (++m_nesting > maximumNesting)
-        throw EngineError(3360, u"Query is too complex."_s, nullptr);
+        throw EngineError(err::TooComplex);
     const size_t clauseBegin = m_clauseBegin;
     const bool clauseInList = m_clauseInList;
     std::unique_ptr<Select> select = selectStatement();

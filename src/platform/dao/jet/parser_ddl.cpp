@@ -8,13 +8,6 @@ namespace vorel::dao::jet {
 
 namespace {
 
-constexpr int errorField = 3292;        // field definition
-constexpr int errorTable = 3290;        // CREATE TABLE
-constexpr int errorIndex = 3291;
-constexpr int errorDrop = 3295;
-constexpr int errorAlter = 3293;
-constexpr int errorConstraint = 3289;
-
 struct TypeName { QStringView word; DataType type; bool counter = false; };
 constexpr std::array typeNames = {
     TypeName{u"TEXT", dbText}, TypeName{u"STRING", dbText}, TypeName{u"CHAR", dbText}, TypeName{u"VARCHAR", dbText},
@@ -42,38 +35,38 @@ Statement Parser::createStatement()
     const bool unique = acceptWord(u"UNIQUE");
     if (acceptWord(u"INDEX"))
         return createIndex(unique);
-    throw EngineError(errorTable);
+    throw EngineError(err::CreateTableSyntax);
 }
 
 Statement Parser::createTable()
 {
     Statement statement;
     statement.kind = StatementKind::CreateTable;
-    statement.table = expectName(errorTable);
+    statement.table = expectName(err::CreateTableSyntax);
     statement.created.name = statement.table;
-    expectSymbol(u'(', errorTable);
+    expectSymbol(u'(', err::CreateTableSyntax);
     do {
         if (isWord(peek(), u"CONSTRAINT") || (isWord(peek(), u"PRIMARY") && isWord(peek(1), u"KEY")))
             tableConstraint(statement.constraints);
         else
             statement.created.columns.push_back(columnDefinition(statement.constraints));
     } while (acceptSymbol(u','));
-    expectSymbol(u')', errorTable);
+    expectSymbol(u')', err::CreateTableSyntax);
     if (statement.created.columns.empty())
-        throw EngineError(errorTable);
+        throw EngineError(err::CreateTableSyntax);
     return statement;
 }
 
 ColumnDesign Parser::columnDefinition(std::vector<IndexDesign> &constraints)
 {
     ColumnDesign column;
-    column.name = expectName(errorField);
-    const QString word = expectName(errorField);
+    column.name = expectName(err::FieldSyntax);
+    const QString word = expectName(err::FieldSyntax);
     const auto found = std::find_if(typeNames.begin(), typeNames.end(), [&](const TypeName &candidate) {
         return candidate.word.compare(word, Qt::CaseInsensitive) == 0;
     });
     if (found == typeNames.end())
-        throw EngineError(errorField);
+        throw EngineError(err::FieldSyntax);
     column.type = found->type;
     column.autoIncrement = found->counter;
     column.allowZeroLength = false;
@@ -82,23 +75,23 @@ ColumnDesign Parser::columnDefinition(std::vector<IndexDesign> &constraints)
         bool ok = false;
         const int size = next().text.toInt(&ok);
         if (!ok || size < 1 || (column.type == dbText && size > 255))
-            throw EngineError(errorField);
+            throw EngineError(err::FieldSyntax);
         if (column.type == dbText)
             column.size = size;
         if (acceptSymbol(u','))
             next();
-        expectSymbol(u')', errorField);
+        expectSymbol(u')', err::FieldSyntax);
     }
     IndexDesign key;
     while (true) {
         if (acceptWord(u"NOT")) {
-            expectWord(u"NULL", errorField);
+            expectWord(u"NULL", err::FieldSyntax);
         } else if (acceptWord(u"CONSTRAINT")) {
-            key.name = expectName(errorConstraint);
+            key.name = expectName(err::ConstraintSyntax);
         } else if (acceptWord(u"UNIQUE")) {
             key.unique = true;
         } else if (acceptWord(u"PRIMARY")) {
-            expectWord(u"KEY", errorConstraint);
+            expectWord(u"KEY", err::ConstraintSyntax);
             key.unique = key.primary = key.disallowNull = true;
         } else {
             break;
@@ -118,12 +111,12 @@ void Parser::tableConstraint(std::vector<IndexDesign> &constraints)
     IndexDesign key;
     key.name = u"PrimaryKey"_s;
     if (acceptWord(u"CONSTRAINT"))
-        key.name = expectName(errorConstraint);
+        key.name = expectName(err::ConstraintSyntax);
     if (acceptWord(u"PRIMARY")) {
-        expectWord(u"KEY", errorConstraint);
+        expectWord(u"KEY", err::ConstraintSyntax);
         key.primary = key.disallowNull = true;
     } else {
-        expectWord(u"UNIQUE", errorConstraint);
+        expectWord(u"UNIQUE", err::ConstraintSyntax);
     }
     key.unique = true;
     key.fields = indexFields();
@@ -133,15 +126,15 @@ void Parser::tableConstraint(std::vector<IndexDesign> &constraints)
 std::vector<std::pair<QString, bool>> Parser::indexFields()
 {
     std::vector<std::pair<QString, bool>> fields;
-    expectSymbol(u'(', errorIndex);
+    expectSymbol(u'(', err::CreateIndexSyntax);
     do {
-        const QString name = expectName(errorIndex);
+        const QString name = expectName(err::CreateIndexSyntax);
         const bool descending = acceptWord(u"DESC");
         if (!descending)
             acceptWord(u"ASC");
         fields.emplace_back(name, descending);
     } while (acceptSymbol(u','));
-    expectSymbol(u')', errorIndex);
+    expectSymbol(u')', err::CreateIndexSyntax);
     return fields;
 }
 
@@ -149,20 +142,20 @@ Statement Parser::createIndex(bool unique)
 {
     Statement statement;
     statement.kind = StatementKind::CreateIndex;
-    statement.index.name = expectName(errorIndex);
+    statement.index.name = expectName(err::CreateIndexSyntax);
     statement.index.unique = unique;
-    expectWord(u"ON", errorIndex);
-    statement.table = expectName(errorIndex);
+    expectWord(u"ON", err::CreateIndexSyntax);
+    statement.table = expectName(err::CreateIndexSyntax);
     statement.index.fields = indexFields();
     if (acceptWord(u"WITH")) {
         if (acceptWord(u"PRIMARY")) {
             statement.index.primary = statement.index.unique = statement.index.disallowNull = true;
         } else if (acceptWord(u"DISALLOW")) {
-            expectWord(u"NULL", errorIndex);
+            expectWord(u"NULL", err::CreateIndexSyntax);
             statement.index.disallowNull = true;
         } else {
-            expectWord(u"IGNORE", errorIndex);
-            expectWord(u"NULL", errorIndex);
+            expectWord(u"IGNORE", err::CreateIndexSyntax);
+            expectWord(u"NULL", err::CreateIndexSyntax);
         }
     }
     return statement;
@@ -174,14 +167,14 @@ Statement Parser::dropStatement()
     Statement statement;
     if (acceptWord(u"TABLE")) {
         statement.kind = StatementKind::DropTable;
-        statement.table = expectName(errorDrop);
+        statement.table = expectName(err::DropSyntax);
         return statement;
     }
-    expectWord(u"INDEX", errorDrop);
+    expectWord(u"INDEX", err::DropSyntax);
     statement.kind = StatementKind::DropIndex;
-    statement.index.name = expectName(errorDrop);
-    expectWord(u"ON", errorDrop);
-    statement.table = expectName(errorDrop);
+    statement.index.name = expectName(err::DropSyntax);
+    expectWord(u"ON", err::DropSyntax);
+    statement.table = expectName(err::DropSyntax);
     return statement;
 }
 
@@ -190,8 +183,8 @@ Statement Parser::alterStatement()
     next();
     Statement statement;
     statement.kind = StatementKind::AlterTable;
-    expectWord(u"TABLE", errorAlter);
-    statement.table = expectName(errorAlter);
+    expectWord(u"TABLE", err::AlterTableSyntax);
+    statement.table = expectName(err::AlterTableSyntax);
     if (acceptWord(u"ADD")) {
         if (isWord(peek(), u"CONSTRAINT")) {
             tableConstraint(statement.constraints);
@@ -203,14 +196,14 @@ Statement Parser::alterStatement()
         while (acceptSymbol(u','));
         return statement;
     }
-    expectWord(u"DROP", errorAlter);
+    expectWord(u"DROP", err::AlterTableSyntax);
     if (acceptWord(u"CONSTRAINT")) {
-        statement.index.name = expectName(errorAlter);
+        statement.index.name = expectName(err::AlterTableSyntax);
         return statement;
     }
     acceptWord(u"COLUMN");
     do
-        statement.dropped.append(expectName(errorAlter));
+        statement.dropped.append(expectName(err::AlterTableSyntax));
     while (acceptSymbol(u','));
     return statement;
 }

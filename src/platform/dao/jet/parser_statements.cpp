@@ -7,13 +7,6 @@ namespace vorel::dao::jet {
 namespace {
 
 constexpr size_t maximumBranches = 50;
-constexpr int errorDelete = 3130;
-constexpr int errorFrom = 3131;
-constexpr int errorInsert = 3134;
-constexpr int errorOrderBy = 3138;
-constexpr int errorSelect = 3141;
-constexpr int errorTrailing = 3142;
-constexpr int errorUpdate = 3144;
 
 }
 
@@ -57,7 +50,7 @@ Statement Parser::statement()
     } else if (isWord(first, u"ALTER")) {
         result = alterStatement();
     } else {
-        throw EngineError(3129);
+        throw EngineError(err::InvalidStatement);
     }
     endOfStatement();
     return result;
@@ -67,7 +60,7 @@ void Parser::endOfStatement()
 {
     if (acceptSymbol(u';')) {
         if (peek().kind != TokenKind::End)
-            throw EngineError(errorTrailing);
+            throw EngineError(err::TrailingCharacters);
         return;
     }
     const Token &token = peek();
@@ -86,12 +79,12 @@ std::unique_ptr<Select> Parser::selectStatement()
     while (acceptWord(u"UNION")) {
         const bool all = acceptWord(u"ALL");
         if (select->branches.size() >= maximumBranches)
-            throw EngineError(3360, u"Query is too complex."_s, nullptr);
+            throw EngineError(err::TooComplex);
         select->branches.push_back(selectBranch());
         select->branches.back()->all = all;
     }
     if (acceptWord(u"ORDER")) {
-        expectWord(u"BY", errorOrderBy);
+        expectWord(u"BY", err::OrderBySyntax);
         select->orderBy = orderByList();
     }
     return select;
@@ -102,10 +95,10 @@ std::unique_ptr<Select> Parser::selectBranch()
     if (isSymbol(peek(), u'(') && isWord(peek(1), u"SELECT")) {
         next();
         std::unique_ptr<Select> inner = selectBranch();
-        expectSymbol(u')', errorFrom);
+        expectSymbol(u')', err::FromSyntax);
         return inner;
     }
-    expectWord(u"SELECT", errorSelect);
+    expectWord(u"SELECT", err::SelectSyntax);
     auto select = std::make_unique<Select>();
     selectOptions(*select);
     do
@@ -119,7 +112,7 @@ std::unique_ptr<Select> Parser::selectBranch()
     if (acceptWord(u"WHERE"))
         select->where = clauseExpression(false);
     if (acceptWord(u"GROUP")) {
-        expectWord(u"BY", errorSelect);
+        expectWord(u"BY", err::SelectSyntax);
         do
             select->groupBy.push_back(clauseExpression(true));
         while (acceptSymbol(u','));
@@ -139,7 +132,7 @@ void Parser::selectOptions(Select &select)
             bool ok = false;
             select.top = next().text.toInt(&ok);
             if (!ok || select.top < 1)
-                throw EngineError(errorSelect);
+                throw EngineError(err::SelectSyntax);
             select.topPercent = acceptWord(u"PERCENT");
         } else if (!acceptWord(u"ALL") && !acceptWord(u"DISTINCTROW")) {
             return;
@@ -159,12 +152,12 @@ SelectItem Parser::selectItem()
         return item;
     }
     if (isWord(peek(), u"FROM") || peek().kind == TokenKind::End || isSymbol(peek(), u','))
-        throw EngineError(errorSelect);
+        throw EngineError(err::SelectSyntax);
     item.expr = clauseExpression(true);
     if (acceptWord(u"AS")) {
-        item.alias = expectName(errorSelect);
+        item.alias = expectName(err::SelectSyntax);
         if (item.alias.isEmpty())
-            throw EngineError(errorSelect);
+            throw EngineError(err::SelectSyntax);
     }
     return item;
 }
@@ -179,7 +172,7 @@ std::vector<std::unique_ptr<FromNode>> Parser::fromClause()
     const bool ends = token.kind == TokenKind::End || isSymbol(token, u';') || isSymbol(token, u')') || isWord(token, u"WHERE")
         || isWord(token, u"GROUP") || isWord(token, u"HAVING") || isWord(token, u"ORDER") || isWord(token, u"UNION");
     if (!ends)
-        throw EngineError(errorFrom);
+        throw EngineError(err::FromSyntax);
     return list;
 }
 
@@ -198,12 +191,12 @@ std::unique_ptr<FromNode> Parser::joined()
         } else if (!isWord(token, u"JOIN")) {
             return left;
         }
-        expectWord(u"JOIN", errorFrom);
+        expectWord(u"JOIN", err::FromSyntax);
         if (++m_nesting > 60)
-            throw EngineError(3360, u"Query is too complex."_s, nullptr);
+            throw EngineError(err::TooComplex);
         join->left = std::move(left);
         join->right = fromPrimary();
-        expectWord(u"ON", errorFrom);
+        expectWord(u"ON", err::FromSyntax);
         join->on = clauseExpression(false);
         left = std::move(join);
     }
@@ -214,10 +207,10 @@ std::unique_ptr<FromNode> Parser::fromPrimary()
     if (isSymbol(peek(), u'(') && !isWord(peek(1), u"SELECT")) {
         next();
         if (++m_nesting > 60)
-            throw EngineError(3360, u"Query is too complex."_s, nullptr);
+            throw EngineError(err::TooComplex);
         std::unique_ptr<FromNode> inner = joined();
         --m_nesting;
-        expectSymbol(u')', errorFrom);
+        expectSymbol(u')', err::FromSyntax);
         return inner;
     }
     auto node = std::make_unique<FromNode>();
@@ -227,8 +220,8 @@ std::unique_ptr<FromNode> Parser::fromPrimary()
     } else {
         static const QStringList reserved = {u"WHERE"_s, u"ORDER"_s, u"GROUP"_s, u"SELECT"_s, u"HAVING"_s, u"UNION"_s};
         if (peek().kind == TokenKind::Name && reserved.contains(peek().text, Qt::CaseInsensitive))
-            throw EngineError(errorFrom);
-        node->source->name = expectName(errorFrom);
+            throw EngineError(err::FromSyntax);
+        node->source->name = expectName(err::FromSyntax);
     }
     const QString alias = tableAlias();
     node->source->alias = alias.isEmpty() ? node->source->name : alias;
@@ -240,7 +233,7 @@ QString Parser::tableAlias()
     static const QStringList following = {u"WHERE"_s, u"ORDER"_s, u"GROUP"_s, u"HAVING"_s, u"UNION"_s, u"INNER"_s,
                                           u"LEFT"_s, u"RIGHT"_s, u"JOIN"_s, u"ON"_s, u"SET"_s};
     if (acceptWord(u"AS"))
-        return expectName(errorFrom);
+        return expectName(err::FromSyntax);
     if (!isName(peek()) || (peek().kind == TokenKind::Name && following.contains(peek().text, Qt::CaseInsensitive)))
         return {};
     return next().text.toString();
@@ -251,7 +244,7 @@ std::vector<Ordering> Parser::orderByList()
     std::vector<Ordering> list;
     do {
         if (peek().kind == TokenKind::End || isSymbol(peek(), u';') || isSymbol(peek(), u','))
-            throw EngineError(errorOrderBy);
+            throw EngineError(err::OrderBySyntax);
         Ordering ordering;
         ordering.expr = clauseExpression(true);
         ordering.descending = acceptWord(u"DESC") || acceptWord(u"DESCENDING");
@@ -274,18 +267,18 @@ Statement Parser::insertStatement()
     next();
     Statement statement;
     statement.kind = StatementKind::Insert;
-    expectWord(u"INTO", errorInsert);
-    statement.table = expectName(errorInsert);
+    expectWord(u"INTO", err::InsertSyntax);
+    statement.table = expectName(err::InsertSyntax);
     if (isSymbol(peek(), u'(') && !isWord(peek(1), u"SELECT")) {
         next();
         do {
             Assignment assignment;
-            assignment.column = expectName(errorInsert);
+            assignment.column = expectName(err::InsertSyntax);
             if (acceptSymbol(u'.'))
-                assignment.column = expectName(errorInsert);
+                assignment.column = expectName(err::InsertSyntax);
             statement.assignments.push_back(std::move(assignment));
         } while (acceptSymbol(u','));
-        expectSymbol(u')', errorInsert);
+        expectSymbol(u')', err::InsertSyntax);
     } else {
         statement.allColumns = true;
     }
@@ -294,29 +287,29 @@ Statement Parser::insertStatement()
     else if (isWord(peek(), u"SELECT") || isSymbol(peek(), u'('))
         statement.select = selectStatement();
     else
-        throw EngineError(errorInsert);
+        throw EngineError(err::InsertSyntax);
     return statement;
 }
 
 void Parser::insertValues(Statement &statement)
 {
-    expectSymbol(u'(', errorInsert);
+    expectSymbol(u'(', err::InsertSyntax);
     size_t position = 0;
     do {
         ExprPtr value = clauseExpression(true);
         if (statement.allColumns)
             statement.assignments.emplace_back();
         else if (position >= statement.assignments.size())
-            throw EngineError(3346);
+            throw EngineError(err::ValueCountDiffers);
         statement.assignments[position].value = std::move(value);
         ++position;
     } while (acceptSymbol(u','));
     if (peek().kind == TokenKind::End || isSymbol(peek(), u';'))
-        throw EngineError(errorInsert);
+        throw EngineError(err::InsertSyntax);
     if (!acceptSymbol(u')'))
         failAt(peek(), u"Syntax error (missing operator)");
     if (position != statement.assignments.size())
-        throw EngineError(3346);
+        throw EngineError(err::ValueCountDiffers);
 }
 
 Statement Parser::updateStatement()
@@ -325,17 +318,17 @@ Statement Parser::updateStatement()
     Statement statement;
     statement.kind = StatementKind::Update;
     statement.source = std::make_unique<Source>();
-    statement.table = expectName(errorUpdate);
+    statement.table = expectName(err::UpdateSyntax);
     statement.source->name = statement.table;
     const QString alias = tableAlias();
     statement.source->alias = alias.isEmpty() ? statement.table : alias;
-    expectWord(u"SET", errorUpdate);
+    expectWord(u"SET", err::UpdateSyntax);
     do {
         Assignment assignment;
-        assignment.column = expectName(errorUpdate);
+        assignment.column = expectName(err::UpdateSyntax);
         if (acceptSymbol(u'.'))
-            assignment.column = expectName(errorUpdate);
-        expectSymbol(u'=', errorUpdate);
+            assignment.column = expectName(err::UpdateSyntax);
+        expectSymbol(u'=', err::UpdateSyntax);
         assignment.value = clauseExpression(true);
         statement.assignments.push_back(std::move(assignment));
     } while (acceptSymbol(u','));
@@ -354,16 +347,16 @@ Statement Parser::deleteStatement()
         next();
         next();
     }
-    expectWord(u"FROM", errorDelete);
+    expectWord(u"FROM", err::DeleteSyntax);
     statement.source = std::make_unique<Source>();
-    statement.table = expectName(errorFrom);
+    statement.table = expectName(err::FromSyntax);
     statement.source->name = statement.table;
     const QString alias = tableAlias();
     statement.source->alias = alias.isEmpty() ? statement.table : alias;
     if (acceptWord(u"WHERE"))
         statement.where = clauseExpression(false);
     else if (isName(peek()))
-        throw EngineError(errorFrom);
+        throw EngineError(err::FromSyntax);
     return statement;
 }
 

@@ -215,7 +215,7 @@ Translation translate(QStringView text, const Schema &schema, const Refinement &
     if (!refined)
         return emitStatement(statement);
     if (statement.kind != StatementKind::Select)
-        throw EngineError(3219);
+        throw EngineError(err::InvalidOperation);
     if (needsEnclosing(*statement.select)) {
         statement = parse(text, schema);
         enclose(statement);
@@ -232,7 +232,7 @@ QByteArray translateCriteria(QStringView query, QStringView criteria, const Sche
     Binder binder(query, schema);
     binder.bind(statement);
     if (statement.kind != StatementKind::Select || !isKeyed(*statement.select))
-        throw EngineError(3251);
+        throw EngineError(err::NotSupported);
     Select &select = *statement.select;
     ExprPtr expr = Parser(criteria).criteria();
     Binder criteriaBinder(criteria, schema);
