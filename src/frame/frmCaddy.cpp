@@ -61,9 +61,9 @@ CaddyControls &frmCaddy::controls()
 
 void frmCaddy::requeryReminders()
 {
-    for (ReminderGrid &one : d->c.reminders)
-        if (!one.grid->isHidden())
-            one.data->Refresh();
+    for (GridPane &pane : d->c.reminders())
+        if (!pane.grid->isHidden())
+            pane.data->Refresh();
     d->search.forgetRows();
 }
 
@@ -116,10 +116,10 @@ void frmCaddy::Load()
     // A step that fails shows its error, and the next one is taken all the same.
     basic::Trap([this] { loadSettings(); });
     basic::Trap([this] { openData(); });
-    for (controls::DataControl *rows : {c.appointments().data, c.bills().data, c.events().data, c.dtaSubjects}) {
-        rows->setConnect(u"Access"_s);
+    for (const GridPane &pane : c.panes) {
+        pane.data->setConnect(u"Access"_s);
         if (state().mainFile != MainFileAccess::None)
-            rows->setDatabaseName(state().path(DataFile::Main));
+            pane.data->setDatabaseName(state().path(DataFile::Main));
     }
     basic::Trap([] { loadUserName(); });
     basic::Trap([this] { showStart(); });
@@ -263,7 +263,7 @@ void frmCaddy::showEvent(QShowEvent *event)
     if (event->spontaneous())
         return;
     d->sections.SizeGrids();
-    if (const ReminderGrid *first = d->c.firstShown())
+    if (const GridPane *first = d->c.firstShown())
         first->grid->setFocus();
     emit Activated();
 }
@@ -305,7 +305,7 @@ void frmCaddy::cmdCat_Click(int index)
 
 void frmCaddy::panEditS_Click()
 {
-    if (d->c.panEditS->text() == u"Edit"_s)
+    if (d->c.subjects().panEdit->text() == u"Edit"_s)
         d->edit.ShowEdit();
     else
         d->cells.ClearShoppingChecks();
@@ -331,15 +331,14 @@ void frmCaddy::Unload()
     basic::Trap([this] {
         const desktop::ProfileBatch oneWrite;
         d->sections.UpdateRowHeight();
-        SaveGridSettings(d->sizes, static_cast<std::int16_t>(d->c.SUBJECTGRID->rowHeightTwips()));
+        SaveGridSettings(d->sizes, static_cast<std::int16_t>(d->c.subjects().grid->rowHeightTwips()));
     });
     if (state().settings.gPopUpCloser)
         startProgram(u"PopUpCloser.exe"_s);
     d->c.Timer2->stop();
     d->c.TimerMessages->stop();
-    for (ReminderGrid &one : d->c.reminders)
-        one.data->Close();
-    d->c.dtaSubjects->Close();
+    for (const GridPane &pane : d->c.panes)
+        pane.data->Close();
     state().gMainDb = {};
     hide();
     emit Unloaded();

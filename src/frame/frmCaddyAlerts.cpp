@@ -21,7 +21,7 @@ namespace vorel {
 using namespace Qt::StringLiterals;
 
 CaddyAlerts::CaddyAlerts(CaddyControls &c, CaddyPainting &painting, CaddyEdit &edit, QWidget *window)
-    : QObject(window), m_c(c), m_painting(painting), m_edit(edit), m_window(window)
+    : m_c(c), m_painting(painting), m_edit(edit), m_window(window)
 {
     initialiseSounds();
     m_c.tools.at(u"cmdPopUpCloser"_s)->setEnabled(false);
@@ -41,7 +41,7 @@ void CaddyAlerts::Timer2_Timer()
 // The rows that the grid shows; while it is hidden they may not have been read yet.
 bool CaddyAlerts::canWarn() const
 {
-    const ReminderGrid &appointments = m_c.appointments();
+    const GridPane &appointments = m_c.appointments();
     return appointments.waits || appointments.data->hasRows();
 }
 

@@ -51,59 +51,56 @@ QStringList subjects(controls::DataControl &data)
 
 CaddyCells::CaddyCells(CaddyControls &c, MainScreen &screen) : m_c(c), m_screen(screen)
 {
-    for (ReminderGrid &one : m_c.reminders)
-        openReminderCells(one);
+    for (GridPane &pane : m_c.reminders())
+        openReminderCells(pane);
     Grid *first = m_c.appointments().grid;
     // No alert comes up over an appointment that is just being typed.
     controls::on(first, &Grid::EditBegun, first, [this] { m_c.Timer2->stop(); });
     controls::on(first, &Grid::EditEnded, first, [this] { m_c.Timer2->start(); });
     controls::on(first, &Grid::CellMove, first, [this, first](int from, int to) { capitals(first, from, to); });
-    controls::on(m_c.SUBJECTGRID, &Grid::DeleteKey, m_c.SUBJECTGRID, [this] { deleteRow(); });
+    controls::on(m_c.subjects().grid, &Grid::DeleteKey, m_c.subjects().grid, [this] { deleteRow(); });
 }
 
 bool CaddyCells::writeRows()
 {
-    for (ReminderGrid &one : m_c.reminders)
-        if (!one.grid->UpdateRow())
-            return false;
-    return subjects().UpdateRow();
+    return std::all_of(m_c.panes.begin(), m_c.panes.end(), [](const GridPane &pane) { return pane.grid->UpdateRow(); });
 }
 
-void CaddyCells::openReminderCells(ReminderGrid &one)
+void CaddyCells::openReminderCells(GridPane &pane)
 {
     std::vector<CellEdit> cells = {{u"DATE"_s, {}, {}, true}};
-    if (one.code == u"A"_s) {
+    if (pane.code == u"A"_s) {
         cells.push_back({u"APPTIME"_s, [] { return record::timeList(); }});
         cells.push_back({u"APPOINTMENT"_s});
         cells.push_back({u"MET"_s});
-    } else if (one.code == u"B"_s) {
+    } else if (pane.code == u"B"_s) {
         cells.push_back({u"BILL"_s});
         cells.push_back({u"AMOUNT"_s});
         cells.push_back({u"PAID"_s});
     } else {
-        cells.push_back({u"SUBJECT"_s, [&one] { return vorel::subjects(*one.data); }, u"SUBJECTLIST"_s});
+        cells.push_back({u"SUBJECT"_s, [&pane] { return vorel::subjects(*pane.data); }, u"SUBJECTLIST"_s});
         cells.push_back({u"EVENT"_s});
         cells.push_back({u"CARD"_s});
         cells.push_back({u"CARDSENT"_s});
     }
     EditHandlers rules;
-    rules.beforeCellChange = [this, &one](CellChange &change) { changeReminderCell(one, change); };
-    rules.beforeUpdate = [this, &one](RowUpdate &update) { completeReminder(one, update); };
-    rules.afterUpdate = [&one](const RowUpdate &update) { rememberRow(*one.grid, update); };
-    if (one.code == u"B"_s)
+    rules.beforeCellChange = [this, &pane](CellChange &change) { changeReminderCell(pane, change); };
+    rules.beforeUpdate = [this, &pane](RowUpdate &update) { completeReminder(pane, update); };
+    rules.afterUpdate = [&pane](const RowUpdate &update) { rememberRow(*pane.grid, update); };
+    if (pane.code == u"B"_s)
         rules.updateError = [](UpdateFailure &failure) {
             if (failure.number != controls::duplicateRowError)
                 return;
             basic::MsgBox(u"You already have a Bill by that Name\r\nPlease re-enter"_s, {}, basic::Icon::Exclamation);
             failure.answered = true;
         };
-    one.grid->setEditing(std::move(cells), std::move(rules));
-    one.grid->setAllowAddNew(true);
-    controls::on(one.grid, &Grid::BtnClick, one.grid,
-                 [this, &one](int column, qsizetype row) { pickDate(one, column, row); });
+    pane.grid->setEditing(std::move(cells), std::move(rules));
+    pane.grid->setAllowAddNew(true);
+    controls::on(pane.grid, &Grid::BtnClick, pane.grid,
+                 [this, &pane](int column, qsizetype row) { pickDate(pane, column, row); });
 }
 
-void CaddyCells::changeReminderCell(const ReminderGrid &one, CellChange &change)
+void CaddyCells::changeReminderCell(const GridPane &pane, CellChange &change)
 {
     if (change.column == dateColumn) {
         if (change.text == change.before && !change.text.trimmed().isEmpty())
@@ -111,26 +108,26 @@ void CaddyCells::changeReminderCell(const ReminderGrid &one, CellChange &change)
         const basic::DateTime day = typedDate(change.text).value_or(basic::Date());
         change.text = displayDate(day);
         change.value = day;
-        one.grid->setEditValue(dayColumn, basic::Format(day, u"ddd"));
-    } else if (one.code == u"A"_s && change.column == appointmentTime && change.text != change.before) {
+        pane.grid->setEditValue(dayColumn, basic::Format(day, u"ddd"));
+    } else if (pane.code == u"A"_s && change.column == appointmentTime && change.text != change.before) {
         change.text = typedTime(change.text);
     }
 }
 
 // What every reminder has, whatever was typed: a day, its name, and for an appointment a time.
-void CaddyCells::completeReminder(const ReminderGrid &one, RowUpdate &update)
+void CaddyCells::completeReminder(const GridPane &pane, RowUpdate &update)
 {
-    if (one.grid->EditText(dateColumn).trimmed().isEmpty()) {
-        one.grid->setEditValue(dateColumn, basic::Date());
-        one.grid->setEditValue(dayColumn, basic::Format(basic::Date(), u"ddd"));
+    if (pane.grid->EditText(dateColumn).trimmed().isEmpty()) {
+        pane.grid->setEditValue(dateColumn, basic::Date());
+        pane.grid->setEditValue(dayColumn, basic::Format(basic::Date(), u"ddd"));
     }
     if (!update.isNew)
         return;
     update.more.emplace_back(u"UsersName"_s, state().settings.gUserName);
-    if (one.code != u"A"_s)
+    if (pane.code != u"A"_s)
         return;
-    if (one.grid->EditText(appointmentTime).trimmed().isEmpty())
-        one.grid->setEditValue(appointmentTime, basic::Format(basic::Now(), u"hh:mm am/pm"));
+    if (pane.grid->EditText(appointmentTime).trimmed().isEmpty())
+        pane.grid->setEditValue(appointmentTime, basic::Format(basic::Now(), u"hh:mm am/pm"));
     update.more.emplace_back(u"TimeUpdate"_s, true);    // so that the housekeeping leaves the time alone
 }
 
@@ -144,13 +141,13 @@ void CaddyCells::capitals(Grid *grid, int from, int to)
         grid->ChangeCell(appointmentText, upper);
 }
 
-void CaddyCells::pickDate(const ReminderGrid &one, int column, qsizetype row)
+void CaddyCells::pickDate(const GridPane &pane, int column, qsizetype row)
 {
-    Grid &grid = *one.grid;
+    Grid &grid = *pane.grid;
     if (column != dateColumn)
         return;
     const QRect cell = grid.cellRect(column, row).translated(grid.viewport()->pos());
-    const auto day = openDatePickerOnCell(&grid, cell, grid.EditText(column), one.code);
+    const auto day = openDatePickerOnCell(&grid, cell, grid.EditText(column), pane.code);
     if (!day || grid.currentRow() != row)
         return;
     grid.setEditValue(dateColumn, *day);
@@ -161,8 +158,8 @@ void CaddyCells::enterSection()
 {
     const QString &code = state().selection.gSection;
     m_shopping = {};
-    m_c.panEditS->setText(code == u"H"_s ? u"Clear"_s : u"Edit"_s);
-    m_c.panEditS->setToolTip(code == u"H"_s ? u"Take the check off every item"_s : u"Open the selected record"_s);
+    m_c.subjects().panEdit->setText(code == u"H"_s ? u"Clear"_s : u"Edit"_s);
+    m_c.subjects().panEdit->setToolTip(code == u"H"_s ? u"Take the check off every item"_s : u"Open the selected record"_s);
     if (code == u"G"_s)
         openToDo();
     else if (code == u"H"_s)
@@ -208,7 +205,7 @@ EditHandlers CaddyCells::shoppingHandlers()
     };
     rules.beforeUpdate = [this](RowUpdate &update) {
         const QString item = subjects().EditText(shopItem);
-        if (update.isNew && !item.trimmed().isEmpty() && isOnShoppingList(m_c.dtaSubjects->Database(), item)) {
+        if (update.isNew && !item.trimmed().isEmpty() && isOnShoppingList(m_c.subjects().data->Database(), item)) {
             basic::MsgBox(u"This item has been entered already !"_s, {}, basic::Icon::Exclamation);
             update.cancel = true;
         }
@@ -238,8 +235,8 @@ void CaddyCells::openShopping()
                            {u"AMOUNT"_s},
                            {u"PICK"_s}},
                           shoppingHandlers());
-    if (m_c.dtaSubjects->Recordset())        // the file may be that of the section before
-        m_shopping = FillShoppingVariables(m_c.dtaSubjects->Database());
+    if (m_c.subjects().data->Recordset())        // the file may be that of the section before
+        m_shopping = FillShoppingVariables(m_c.subjects().data->Database());
     showShoppingTotal();
 }
 
@@ -258,10 +255,10 @@ void CaddyCells::showShoppingTotal()
 
 void CaddyCells::ClearShoppingChecks()
 {
-    if (state().selection.gSection != u"H"_s || !writeRows() || !m_c.dtaSubjects->Database())
+    if (state().selection.gSection != u"H"_s || !writeRows() || !m_c.subjects().data->Database())
         return;
-    vorel::ClearShoppingChecks(m_c.dtaSubjects->Database(), m_c.dtaSubjects->Recordset(), m_shopping);
-    m_c.dtaSubjects->showRow();
+    vorel::ClearShoppingChecks(m_c.subjects().data->Database(), m_c.subjects().data->Recordset(), m_shopping);
+    m_c.subjects().data->showRow();
     subjects().Repaint();
     showShoppingTotal();
 }
@@ -276,8 +273,8 @@ void CaddyCells::deleteRow()
     if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s) || !grid.Bookmark().isValid())
         return;
     const qint32 id = idOf(grid, grid.currentRow());
-    m_c.dtaSubjects->Recordset().Delete();
-    m_c.dtaSubjects->MoveNext();
+    m_c.subjects().data->Recordset().Delete();
+    m_c.subjects().data->MoveNext();
     if (code != u"H"_s)
         return;
     m_shopping.remove(id);

@@ -16,13 +16,13 @@ public:
     void ClearShoppingChecks();
 
 private:
-    controls::Grid &subjects() const { return *m_c.SUBJECTGRID; }
+    controls::Grid &subjects() const { return *m_c.subjects().grid; }
 
-    void openReminderCells(ReminderGrid &one);
-    void changeReminderCell(const ReminderGrid &one, controls::CellChange &change);
-    void completeReminder(const ReminderGrid &one, controls::RowUpdate &update);
+    void openReminderCells(GridPane &pane);
+    void changeReminderCell(const GridPane &pane, controls::CellChange &change);
+    void completeReminder(const GridPane &pane, controls::RowUpdate &update);
     void capitals(controls::Grid *grid, int from, int to);
-    void pickDate(const ReminderGrid &one, int column, qsizetype row);
+    void pickDate(const GridPane &pane, int column, qsizetype row);
 
     controls::EditHandlers shoppingHandlers();
     void openToDo();

@@ -17,7 +17,7 @@ constexpr int rowMargin = 3;
 
 }
 
-CaddyColumns::CaddyColumns(GridLayout &sizes, QObject *parent) : QObject(parent), m_sizes(sizes) {}
+CaddyColumns::CaddyColumns(GridLayout &sizes) : m_sizes(sizes) {}
 
 void CaddyColumns::show(Grid *grid, std::vector<controls::GridColumn> columns, Plan plan)
 {

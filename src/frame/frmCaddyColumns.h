@@ -14,7 +14,7 @@ namespace vorel {
 class CaddyColumns : public QObject {
     Q_OBJECT
 public:
-    CaddyColumns(GridLayout &sizes, QObject *parent);
+    explicit CaddyColumns(GridLayout &sizes);
 
     struct Plan {
         QString word;                   // of the width keys; "" keeps none

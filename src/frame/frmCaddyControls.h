@@ -5,6 +5,7 @@
 
 #include <array>
 #include <map>
+#include <span>
 
 class QAbstractButton;
 class QAction;
@@ -24,25 +25,30 @@ class DetailPane;
 class InfoPanel;
 class Rail;
 
-// One of the three reminder grids with all that goes with it.
-struct ReminderGrid {
-    QString code;                       // "A", "B", "E"
+// One of the main screen's four grids with all that belongs to it: three show the reminders of a period, the fourth
+// whatever other section is on show.
+struct GridPane {
+    QString code;                       // "A", "B", "E"; the general grid has that of the section on show
     QString sectionName;                // what DisplayCategory takes for this grid alone
-    QString table;
+    QString layoutWord;                 // of its keys in the layout
     controls::Grid *grid = nullptr;
     controls::DataControl *data = nullptr;
     QAbstractButton *panEdit = nullptr;
-    QString ShownPeriod::*sql = nullptr;      // the period's query
+    QString ShownPeriod::*sql = nullptr;      // the period's query; nullptr: the general grid
     QString newRowSource;               // what the record screen reads when it starts on a new row
     int textColumn = 4;                 // the column that names the row
     bool waits = false;                 // its query was set while it was hidden: read when it is shown
+
+    bool isReminder() const { return sql != nullptr; }
+    QString sectionCode() const { return isReminder() ? code : state().selection.gSection; }
+    bool isShown() const { return !grid->isHidden(); }
 };
 
 // Everything on the main screen, by the names that the rest of the program knows. Owned by the window.
 struct CaddyControls {
-    std::array<ReminderGrid, 3> reminders;
-    controls::Grid *SUBJECTGRID = nullptr;
-    controls::DataControl *dtaSubjects = nullptr;
+    explicit CaddyControls(QMainWindow *window);        // puts them in their places; nothing is connected yet
+
+    std::array<GridPane, 4> panes;      // appointments, bills, events, the general grid
 
     Rail *rail = nullptr;
     QToolBar *Toolbar1 = nullptr;
@@ -54,7 +60,7 @@ struct CaddyControls {
 
     CaddyGround *page = nullptr;        // all that lies between the rail and the strip
     QLabel *panPeriod = nullptr;
-    QAbstractButton *panNew = nullptr, *panEditS = nullptr;
+    QAbstractButton *panNew = nullptr;
     QSplitter *SSPanel1 = nullptr;
     DetailPane *picDetails = nullptr;
     std::map<QString, QAbstractButton *> tools;     // cmdCalendar, cmdInfo, ... by name
@@ -68,19 +74,17 @@ struct CaddyControls {
     std::map<QString, QAction *> actions;           // menu entries, the menus' own entries included
     QTimer *Timer2 = nullptr, *TimerMessages = nullptr;
 
-    ReminderGrid &appointments() { return reminders[0]; }
-    ReminderGrid &bills() { return reminders[1]; }
-    ReminderGrid &events() { return reminders[2]; }
-    // The reminder grid of a code, nullptr for any other section.
-    ReminderGrid *reminder(const QString &code)
-    {
-        for (ReminderGrid &one : reminders)
-            if (one.code == code)
-                return &one;
-        return nullptr;
-    }
+    GridPane &appointments() { return panes[0]; }
+    GridPane &bills() { return panes[1]; }
+    GridPane &events() { return panes[2]; }
+    GridPane &subjects() { return panes[3]; }
+    const GridPane &subjects() const { return panes[3]; }
+    std::span<GridPane> reminders() { return std::span(panes).first(3); }
+    // The reminder grid of a section's code, nullptr for any other section.
+    GridPane *reminder(const QString &code);
+    GridPane &paneOf(const controls::Grid *grid);
     // The first of the reminder grids that is on show.
-    ReminderGrid *firstShown();
+    GridPane *firstShown();
     void enableAction(const QString &name, bool enable);
     void showAction(const QString &name, bool show);
 };

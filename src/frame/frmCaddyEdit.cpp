@@ -30,56 +30,56 @@ qint32 selectedId(const controls::Grid *grid)
 }
 
 CaddyEdit::CaddyEdit(CaddyControls &c, MainScreen &screen, QWidget *window)
-    : QObject(window), m_c(c), m_screen(screen), m_window(window)
+    : m_c(c), m_screen(screen), m_window(window)
 {
     connect(qApp, &QApplication::focusChanged, this, [this](QWidget *, QWidget *now) {
-        for (const ReminderGrid &one : m_c.reminders)
-            if (now == one.grid)
-                m_lastUsed = &one;
+        for (const GridPane &pane : m_c.reminders())
+            if (now == pane.grid)
+                m_lastUsed = &pane;
         const auto *grid = qobject_cast<controls::Grid *>(now);
         if (grid && grid == activeGrid())
             emit activeGridChanged(activeGrid());
     });
 }
 
-void CaddyEdit::editReminder(ReminderGrid &one)
+void CaddyEdit::editReminder(GridPane &pane)
 {
     if (m_screen.writeRows())
-        openReminder(one, selectedId(one.grid));
+        openReminder(pane, selectedId(pane.grid));
 }
 
-void CaddyEdit::EditRow(ReminderGrid &one, qint32 id)
+void CaddyEdit::EditRow(GridPane &pane, qint32 id)
 {
     if (m_screen.writeRows())
-        openReminder(one, id, true);
+        openReminder(pane, id, true);
 }
 
-void CaddyEdit::openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod)
+void CaddyEdit::openReminder(GridPane &pane, qint32 id, bool inAnyPeriod)
 {
     State &s = state();
-    s.selection.gRecordCode = one.code;
+    s.selection.gRecordCode = pane.code;
     s.selection.gLastRecord = id;
     stopTimers();
-    basic::Trap([&] { showReminder(one, id, inAnyPeriod); });
+    basic::Trap([&] { showReminder(pane, id, inAnyPeriod); });
     startTimers();
     m_screen.GetData();
-    if (one.data->hasRows() && one.data->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
-        one.grid->setBookmark(one.data->Recordset().Bookmark());
+    if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
+        pane.grid->setBookmark(pane.data->Recordset().Bookmark());
 }
 
-void CaddyEdit::showReminder(const ReminderGrid &one, qint32 id, bool inAnyPeriod)
+void CaddyEdit::showReminder(const GridPane &pane, qint32 id, bool inAnyPeriod)
 {
     frmRecord record(m_window);
     controls::DataControl &rows = record.dtaData();
     if (id == 0) {
-        rows.setRecordSource(one.newRowSource);
+        rows.setRecordSource(pane.newRowSource);
         record.AddNewRecord({});
     } else {
-        rows.setRecordSource(state().period.*one.sql);
+        rows.setRecordSource(state().period.*pane.sql);
         rows.Refresh();
         const QString criteria = u"ID = %1"_s.arg(id);
         if (!rows.FindFirst(criteria) && inAnyPeriod) {
-            rows.setRecordSource(one.newRowSource);
+            rows.setRecordSource(pane.newRowSource);
             rows.Refresh();
             rows.FindFirst(criteria);
         }
@@ -88,13 +88,13 @@ void CaddyEdit::showReminder(const ReminderGrid &one, qint32 id, bool inAnyPerio
 }
 
 // The reminder grid that New works on: the section's own; where several are on show, the one used last.
-ReminderGrid *CaddyEdit::currentReminder() const
+GridPane *CaddyEdit::currentReminder() const
 {
-    if (ReminderGrid *own = m_c.reminder(state().selection.gSection))
+    if (GridPane *own = m_c.reminder(state().selection.gSection))
         return own;
-    for (ReminderGrid &one : m_c.reminders)
-        if (&one == m_lastUsed && !one.grid->isHidden())
-            return &one;
+    for (GridPane &pane : m_c.reminders())
+        if (&pane == m_lastUsed && !pane.grid->isHidden())
+            return &pane;
     return m_c.firstShown();
 }
 
@@ -122,7 +122,7 @@ void CaddyEdit::ShowEdit()
 {
     if (!m_screen.writeRows())
         return;
-    Grid *grid = m_c.SUBJECTGRID;
+    Grid *grid = m_c.subjects().grid;
     const qint32 id = selectedId(grid);
     const int column = grid->currentIndex().column();
     const bool isEditedHere = !recordScreen(state().selection.gSection) && !grid->isHidden();
@@ -142,16 +142,16 @@ void CaddyEdit::NewRecord()
 {
     if (!m_screen.writeRows())
         return;
-    ReminderGrid *reminder = currentReminder();
+    GridPane *reminder = currentReminder();
     if (reminder && !reminder->grid->isHidden()) {
         openReminder(*reminder, 0);
         m_c.txtSearch->clear();
         return;
     }
     openSubject(0);
-    if (!m_c.SUBJECTGRID->isHidden() && !recordScreen(state().selection.gSection)) {
-        m_c.SUBJECTGRID->setFocus();
-        m_c.SUBJECTGRID->EditNewRow();
+    if (!m_c.subjects().grid->isHidden() && !recordScreen(state().selection.gSection)) {
+        m_c.subjects().grid->setFocus();
+        m_c.subjects().grid->EditNewRow();
     }
 }
 
@@ -177,7 +177,7 @@ void CaddyEdit::panNew_Click()
 // A row with a picture shows it in the pane at the right; for one without, its screen is where a picture is chosen.
 void CaddyEdit::subjectButton(qsizetype row)
 {
-    const Grid *grid = m_c.SUBJECTGRID;
+    const Grid *grid = m_c.subjects().grid;
     const std::vector<controls::GridColumn> &columns = grid->columns();
     QString file;
     for (std::size_t i = 0; i < columns.size(); ++i)
@@ -191,37 +191,37 @@ void CaddyEdit::subjectButton(qsizetype row)
 
 void CaddyEdit::editSearched()
 {
-    if (!m_c.SUBJECTGRID->isHidden())
+    if (!m_c.subjects().grid->isHidden())
         ShowEdit();
-    else if (ReminderGrid *own = m_c.reminder(state().selection.gSection))
+    else if (GridPane *own = m_c.reminder(state().selection.gSection))
         editReminder(*own);
-    else if (ReminderGrid *first = m_c.firstShown())
+    else if (GridPane *first = m_c.firstShown())
         editReminder(*first);
 }
 
 // In the head lines a double click turns between this grid alone and all three; below them it opens the row.
-void CaddyEdit::DblClick(ReminderGrid &one, int yTwips)
+void CaddyEdit::DblClick(GridPane &pane, int yTwips)
 {
     if (yTwips > controls::headLinesTwips)
-        editReminder(one);
+        editReminder(pane);
     else
-        m_screen.DisplayCategory(state().selection.gSection == one.code ? u"All"_s : one.sectionName);
+        m_screen.DisplayCategory(state().selection.gSection == pane.code ? u"All"_s : pane.sectionName);
 }
 
-QString CaddyEdit::toolTip(const ReminderGrid &one, qsizetype row, int column) const
+QString CaddyEdit::toolTip(const GridPane &pane, qsizetype row, int column) const
 {
     if (row >= 0)
         return {};
-    if (one.code == u"E"_s && column == dateColumn)
+    if (pane.code == u"E"_s && column == dateColumn)
         return u" Click the DATE Heading to display the Events in either Day or Date Order "_s;
-    return state().selection.gSection == one.code ? u" Double Click Here for All Display "_s : u" Double Click Here for Full Display "_s;
+    return state().selection.gSection == pane.code ? u" Double Click Here for All Display "_s : u" Double Click Here for Full Display "_s;
 }
 
 controls::Grid *CaddyEdit::activeGrid() const
 {
-    if (!m_c.SUBJECTGRID->isHidden())
-        return m_c.SUBJECTGRID;
-    const ReminderGrid *reminder = currentReminder();
+    if (!m_c.subjects().grid->isHidden())
+        return m_c.subjects().grid;
+    const GridPane *reminder = currentReminder();
     return reminder ? reminder->grid : nullptr;
 }
 

@@ -14,14 +14,14 @@ public:
     void EditAppointment() { editReminder(m_c.appointments()); }
     void EditBill() { editReminder(m_c.bills()); }
     void EditEvent() { editReminder(m_c.events()); }
-    void EditRow(ReminderGrid &one, qint32 id);     // whatever row is selected, whatever the period on show
+    void EditRow(GridPane &pane, qint32 id);     // whatever row is selected, whatever the period on show
     void ShowEdit();
     void NewRecord();
     void panNew_Click();
     void subjectButton(qsizetype row);          // the button of a row of SUBJECTGRID
     void editSearched();                        // the row that the search box stands on
-    void DblClick(ReminderGrid &one, int yTwips);
-    QString toolTip(const ReminderGrid &one, qsizetype row, int column) const;
+    void DblClick(GridPane &pane, int yTwips);
+    QString toolTip(const GridPane &pane, qsizetype row, int column) const;
     controls::Grid *activeGrid() const;         // the grid on show that the keyboard works on, or worked on last
     void showDetails();                         // the pane at the right follows that grid's row
 
@@ -29,18 +29,18 @@ signals:
     void activeGridChanged(controls::Grid *grid);
 
 private:
-    void editReminder(ReminderGrid &one);
-    void openReminder(ReminderGrid &one, qint32 id, bool inAnyPeriod = false);
-    void showReminder(const ReminderGrid &one, qint32 id, bool inAnyPeriod);
+    void editReminder(GridPane &pane);
+    void openReminder(GridPane &pane, qint32 id, bool inAnyPeriod = false);
+    void showReminder(const GridPane &pane, qint32 id, bool inAnyPeriod);
     void openSubject(qint32 id);
-    ReminderGrid *currentReminder() const;
+    GridPane *currentReminder() const;
     void stopTimers();
     void startTimers();
 
     CaddyControls &m_c;
     MainScreen &m_screen;
     QWidget *m_window;
-    const ReminderGrid *m_lastUsed = nullptr;   // the reminder grid that last had the keyboard
+    const GridPane *m_lastUsed = nullptr;   // the reminder grid that last had the keyboard
 };
 
 }

@@ -157,34 +157,42 @@ controls::Grid *makeGrid(const QString &name, const QString &title, controls::Da
     return grid;
 }
 
+std::array<GridPane, 4> panesOfSections()
+{
+    return {{{.code = u"A"_s, .sectionName = u"Appointments"_s, .layoutWord = u"APPS"_s, .sql = &ShownPeriod::gSqlAppointments,
+              .newRowSource = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s},
+             {.code = u"B"_s, .sectionName = u"Bills"_s, .layoutWord = u"BILLS"_s, .sql = &ShownPeriod::gSqlBills,
+              .newRowSource = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s, .textColumn = 3},
+             {.code = u"E"_s, .sectionName = u"Events"_s, .layoutWord = u"EVENTS"_s, .sql = &ShownPeriod::gSqlEvents,
+              .newRowSource = u"select * from [EVENTS] ORDER BY [DATE],[DATETO],[SUBJECT],[EVENT]"_s},
+             {}}};
+}
+
+struct GridText {
+    const char16_t *grid, *title, *data;
+};
+constexpr GridText gridTexts[] = {
+    {u"APPOINTMENTSGRID", u"APPOINTMENTS, ENGAGEMENTS etc", u"dtaAppointmentsData"},
+    {u"BILLSGRID", u"BILLS", u"dtaBillsData"},
+    {u"EVENTSGRID", u"EVENTS eg  Birthdays, Anniversaries, Sports etc", u"dtaEventsData"},
+    {u"SUBJECTGRID", u"", u"dtaSubjects"},
+};
+
 void buildGrids(QMainWindow *window, CaddyControls &c)
 {
-    const auto data = [window](const QString &name) {
-        auto *made = new controls::DataControl(window);
-        made->setObjectName(name);
-        return made;
-    };
-    c.appointments() = {u"A"_s, u"Appointments"_s, u"APPOINTMENTS"_s, nullptr, data(u"dtaAppointmentsData"_s), nullptr,
-                        &ShownPeriod::gSqlAppointments, u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s, 4};
-    c.bills() = {u"B"_s, u"Bills"_s, u"BILLS"_s, nullptr, data(u"dtaBillsData"_s), nullptr,
-                 &ShownPeriod::gSqlBills, u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s, 3};
-    c.events() = {u"E"_s, u"Events"_s, u"EVENTS"_s, nullptr, data(u"dtaEventsData"_s), nullptr,
-                  &ShownPeriod::gSqlEvents, u"select * from [EVENTS] ORDER BY [DATE],[DATETO],[SUBJECT],[EVENT]"_s, 4};
-    c.appointments().grid = makeGrid(u"APPOINTMENTSGRID"_s, u"APPOINTMENTS, ENGAGEMENTS etc"_s, c.appointments().data);
-    c.bills().grid = makeGrid(u"BILLSGRID"_s, u"BILLS"_s, c.bills().data);
-    c.events().grid = makeGrid(u"EVENTSGRID"_s, u"EVENTS eg  Birthdays, Anniversaries, Sports etc"_s, c.events().data);
-    c.dtaSubjects = data(u"dtaSubjects"_s);
-    c.SUBJECTGRID = makeGrid(u"SUBJECTGRID"_s, {}, c.dtaSubjects);
+    c.panes = panesOfSections();
     c.SSPanel1 = new QSplitter(Qt::Vertical);
     c.SSPanel1->setObjectName(u"SSPanel1"_s);
     c.SSPanel1->setChildrenCollapsible(false);
     c.SSPanel1->setHandleWidth(unit);
-    for (ReminderGrid &one : c.reminders)
-        c.SSPanel1->addWidget(one.grid);
-    c.SSPanel1->addWidget(c.SUBJECTGRID);
-    for (int i = 0; i < c.SSPanel1->count(); ++i) {
-        c.SSPanel1->setStretchFactor(i, 1);
-        c.SSPanel1->widget(i)->hide();
+    for (std::size_t i = 0; i < c.panes.size(); ++i) {
+        GridPane &pane = c.panes[i];
+        pane.data = new controls::DataControl(window);
+        pane.data->setObjectName(QString::fromUtf16(gridTexts[i].data));
+        pane.grid = makeGrid(QString::fromUtf16(gridTexts[i].grid), QString::fromUtf16(gridTexts[i].title), pane.data);
+        c.SSPanel1->addWidget(pane.grid);
+        c.SSPanel1->setStretchFactor(static_cast<int>(i), 1);
+        pane.grid->hide();
     }
 }
 
@@ -198,11 +206,11 @@ QLayout *buildHead(CaddyControls &c)
     c.appointments().panEdit = controls::button(u"panEditA"_s, u"Appointment"_s, {}, u"Open the selected appointment"_s);
     c.bills().panEdit = controls::button(u"panEditB"_s, u"Bill"_s, {}, u"Open the selected bill"_s);
     c.events().panEdit = controls::button(u"panEditE"_s, u"Event"_s, {}, u"Open the selected event"_s);
-    for (ReminderGrid &one : c.reminders)
-        one.panEdit->setAccessibleName(u"Edit "_s + one.panEdit->text());
-    c.panEditS = controls::button(u"panEditS"_s, u"Edit"_s, {}, u"Open the selected record"_s);
+    for (GridPane &pane : c.reminders())
+        pane.panEdit->setAccessibleName(u"Edit "_s + pane.panEdit->text());
+    c.subjects().panEdit = controls::button(u"panEditS"_s, u"Edit"_s, {}, u"Open the selected record"_s);
     return layout::Row({c.panPeriod, layout::Stretch{}, c.panNew, c.appointments().panEdit, c.bills().panEdit,
-                        c.events().panEdit, c.panEditS});
+                        c.events().panEdit, c.subjects().panEdit});
 }
 
 QWidget *buildSide(CaddyControls &c)
@@ -273,12 +281,10 @@ void orderTabs(const CaddyControls &c)
     for (const int index : c.rail->order())
         order.push_back(c.rail->button(index));
     order.push_back(c.panNew);
-    for (const ReminderGrid &one : c.reminders)
-        order.push_back(one.panEdit);
-    order.push_back(c.panEditS);
-    for (const ReminderGrid &one : c.reminders)
-        order.push_back(one.grid);
-    order.push_back(c.SUBJECTGRID);
+    for (const GridPane &pane : c.panes)
+        order.push_back(pane.panEdit);
+    for (const GridPane &pane : c.panes)
+        order.push_back(pane.grid);
     for (const Tool &tool : tools)
         order.push_back(c.tools.at(QString::fromUtf16(tool.name)));
     for (std::size_t i = 1; i < order.size(); ++i)
@@ -349,13 +355,13 @@ void applyCaddyIcons(CaddyControls &c)
         c.tools.at(QString::fromUtf16(tool.name))->setIcon(caddyIcon(QString::fromUtf16(tool.icon)));
     c.cmdNext->setIcon(caddyIcon(u"go-down"_s));
     c.panNew->setIcon(caddyIcon(u"list-add"_s));
-    for (ReminderGrid &one : c.reminders)
-        one.panEdit->setIcon(caddyIcon(u"document-edit"_s));
-    c.panEditS->setIcon(caddyIcon(u"document-edit"_s));
+    for (GridPane &pane : c.panes)
+        pane.panEdit->setIcon(caddyIcon(u"document-edit"_s));
 }
 
-void buildCaddy(QMainWindow *window, CaddyControls &c)
+CaddyControls::CaddyControls(QMainWindow *window)
 {
+    CaddyControls &c = *this;
     buildToolbar(window, c);
     buildPage(window, c);
     buildStrip(window, c);
@@ -369,11 +375,24 @@ void buildCaddy(QMainWindow *window, CaddyControls &c)
     c.TimerMessages->setInterval(60000);
 }
 
-ReminderGrid *CaddyControls::firstShown()
+GridPane *CaddyControls::reminder(const QString &code)
 {
-    for (ReminderGrid &one : reminders)
-        if (!one.grid->isHidden())
-            return &one;
+    for (GridPane &pane : reminders())
+        if (pane.code == code)
+            return &pane;
+    return nullptr;
+}
+
+GridPane &CaddyControls::paneOf(const controls::Grid *grid)
+{
+    return *std::find_if(panes.begin(), panes.end(), [grid](const GridPane &pane) { return pane.grid == grid; });
+}
+
+GridPane *CaddyControls::firstShown()
+{
+    for (GridPane &pane : reminders())
+        if (pane.isShown())
+            return &pane;
     return nullptr;
 }
 

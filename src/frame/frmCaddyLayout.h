@@ -4,8 +4,6 @@
 
 namespace vorel {
 
-// Puts the main screen's controls in their places; nothing is connected yet.
-void buildCaddy(QMainWindow *window, CaddyControls &c);
 // The icons of everything but the rail, anew after a change of the palette.
 void applyCaddyIcons(CaddyControls &c);
 // Three text sizes serve the whole screen: small print, body, headings.

@@ -92,7 +92,7 @@ void CaddyMenus::printCurrent()
 
 void CaddyMenus::print(const QString &code)
 {
-    const ReminderGrid *shown = m_c.reminder(code);
+    const GridPane *shown = m_c.reminder(code);
     printSectionList(code, shown ? shown->data->RecordSource() : QString());
 }
 
@@ -128,9 +128,8 @@ void CaddyMenus::nextPane()
         if (RailButton *button = m_c.rail->button(entry.index); button->isChecked() && button->isVisible())
             panes.push_back(button);
     panes.push_back(m_c.txtSearch);
-    for (const ReminderGrid &one : m_c.reminders)
-        panes.push_back(one.grid);
-    panes.push_back(m_c.SUBJECTGRID);
+    for (const GridPane &pane : m_c.panes)
+        panes.push_back(pane.grid);
     panes.push_back(m_c.tools.at(u"cmdCalendar"_s));
     std::erase_if(panes, [](const QWidget *pane) { return !pane->isVisible() || !pane->isEnabled(); });
     if (panes.empty())

@@ -112,7 +112,7 @@ CaddyPainting::CaddyPainting(CaddyControls &c, GridLayout &sizes, CaddyColumns &
     m_c.appointments().grid->setRowLoad([this](RowPaint &row) { paintAppointment(row); });
     m_c.bills().grid->setRowLoad([this](RowPaint &row) { paintBill(row); });
     m_c.events().grid->setRowLoad([this](RowPaint &row) { paintEvent(row); });
-    m_c.SUBJECTGRID->setRowLoad([this](RowPaint &row) { paintSubject(row); });
+    m_c.subjects().grid->setRowLoad([this](RowPaint &row) { paintSubject(row); });
     applyPalette();
 }
 
@@ -131,7 +131,8 @@ void CaddyPainting::applyLayout()
 {
     QFont font(m_sizes.fontName);
     font.setPointSize(std::clamp(m_sizes.fontSize, 6, 36));
-    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+    for (const GridPane &pane : m_c.panes) {
+        Grid *grid = pane.grid;
         font.setBold(grid->font().bold());
         grid->setFont(font);
     }
@@ -143,7 +144,8 @@ void CaddyPainting::DefaultMenu()
 {
     const bool selectors = iniBoolean(GetIniValue(iniSettings, u"Selectors"_s, u"True"_s));
     const bool bold = iniBoolean(GetIniValue(iniSettings, u"FontBold"_s, u"True"_s));
-    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+    for (const GridPane &pane : m_c.panes) {
+        Grid *grid = pane.grid;
         grid->setRecordSelectors(selectors);
         QFont font = grid->font();
         font.setBold(bold);
@@ -157,7 +159,8 @@ void CaddyPainting::markActive(const Grid *active)
 {
     const QPalette system = QGuiApplication::palette();
     const QColor base = system.color(QPalette::Base);
-    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+    for (const GridPane &pane : m_c.panes) {
+        Grid *grid = pane.grid;
         QPalette colours = grid->palette();
         const QColor ground = grid == active ? system.color(QPalette::Highlight)
                                              : controls::blend(base, system.color(QPalette::Highlight), 0.22);
@@ -194,7 +197,8 @@ void CaddyPainting::applyPalette()
         u"WHITE"_s,    u"MOVIES"_s, u"BACKUP"_s, u"JOURNAL"_s,      u"PROFILE"_s, u"BOOKS"_s,     u"MESSAGES"_s, u"VEHICLE"_s,
         u"TODO"_s,     u"BILLS"_s,  u"EVENTS"_s, u"APPOINTMENTS"_s, u"PHONE"_s,   u"INVENTORY"_s, u"SHOPPING"_s, u"NOTES"_s,
         u"HEALTH"_s,   u"SPORT"_s,  u"MUSIC"_s,  u"PASSWORDS"_s};
-    for (Grid *grid : {m_c.appointments().grid, m_c.bills().grid, m_c.events().grid, m_c.SUBJECTGRID}) {
+    for (const GridPane &pane : m_c.panes) {
+        Grid *grid = pane.grid;
         for (const auto &[name, style] : designs)
             grid->setStyleSet(name, style);
         for (const QString &name : plain)
@@ -207,11 +211,7 @@ void CaddyPainting::applyPalette()
 // has the colour of its own word, the general grid those of all sections.
 void CaddyPainting::applyColours(Grid *grid)
 {
-    const QString words[] = {u"APPS"_s, u"BILLS"_s, u"EVENTS"_s};
-    QString own;
-    for (std::size_t i = 0; i < m_c.reminders.size(); ++i)
-        if (m_c.reminders[i].grid == grid)
-            own = words[i];
+    const QString own = m_c.paneOf(grid).layoutWord;
     for (const GridColour &entry : gridColours()) {
         const auto chosen = m_sizes.colours.find(entry.key);
         if (chosen == m_sizes.colours.end() || chosen->second == entry.design || (!own.isEmpty() && entry.word != own))
@@ -220,7 +220,7 @@ void CaddyPainting::applyColours(Grid *grid)
             grid->setStyleSet(name, {colourOf(chosen->second), {}, false});
     }
     grid->setStyleSet({}, defaultGround());
-    if (grid == m_c.SUBJECTGRID)
+    if (grid == m_c.subjects().grid)
         showGround();
 }
 
@@ -233,9 +233,9 @@ controls::StyleSet CaddyPainting::defaultGround() const
 void CaddyPainting::showGround()
 {
     const Section *section = sectionByCode(state().selection.gSection);
-    const controls::StyleSet own = section ? m_c.SUBJECTGRID->styleSet(section->styleSet) : controls::StyleSet{};
+    const controls::StyleSet own = section ? m_c.subjects().grid->styleSet(section->styleSet) : controls::StyleSet{};
     const bool isChosen = own.back.isValid() && section->layoutWord != u"CHRISTMAS"_s;     // those rows are painted one by one
-    m_c.SUBJECTGRID->setStyleSet({}, isChosen ? own : defaultGround());
+    m_c.subjects().grid->setStyleSet({}, isChosen ? own : defaultGround());
 }
 
 void CaddyPainting::paintAppointment(RowPaint &row) const
@@ -276,7 +276,7 @@ void CaddyPainting::paintEvent(RowPaint &row) const
 void CaddyPainting::paintSubject(RowPaint &row) const
 {
     const Section *section = sectionByCode(state().selection.gSection);
-    if (!section || section->kind != SectionKind::Grid || section->columns.size() != m_c.SUBJECTGRID->columns().size())
+    if (!section || section->kind != SectionKind::Grid || section->columns.size() != m_c.subjects().grid->columns().size())
         return;
     const RowLook look = subjectRowLook(section->code, row.cell);
     row.rowStyle = look.style;

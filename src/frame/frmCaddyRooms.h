@@ -16,17 +16,13 @@ namespace vorel {
 // The rooms of the main screen, in the order in which they need one another.
 struct frmCaddy::Rooms {
     explicit Rooms(frmCaddy &screen)
-        : build(&screen, c), columns(sizes, &screen), painting(c, sizes, columns), search(c),
+        : c(&screen), columns(sizes), painting(c, sizes, columns), search(c),
           sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
-          menus(c, screen, periods, &screen), strip(c, screen), tips(c, [this] { edit.showDetails(); }, &screen),
+          menus(c, screen, periods, &screen), strip(c, screen), tips(c, [this] { edit.showDetails(); }),
           alerts(c, painting, edit, &screen) {}
 
-    struct Build {
-        Build(QMainWindow *window, CaddyControls &c) { buildCaddy(window, c); }
-    };
     CaddyControls c;
     GridLayout sizes;
-    Build build;
     CaddyColumns columns;
     CaddyPainting painting;
     CaddySearch search;

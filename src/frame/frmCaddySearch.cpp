@@ -32,11 +32,12 @@ QString nameField(const QString &code)
 }
 
 // The recordset's text that is compared, as an expression.
-QString searchedText(const dao::Recordset &rows, const QString &code, const ReminderGrid *reminder)
+QString searchedText(const dao::Recordset &rows, const GridPane &pane)
 {
+    const QString code = pane.sectionCode();
     const auto bracketed = [](const QString &name) { return u'[' + name + u']'; };
-    if (reminder)
-        return bracketed(reminder->grid->columns()[static_cast<std::size_t>(reminder->textColumn)].field);
+    if (pane.isReminder())
+        return bracketed(pane.grid->columns()[static_cast<std::size_t>(pane.textColumn)].field);
     const std::vector<dao::RecordsetField> &fields = rows.Fields();
     QStringList joined;
     for (std::size_t i = 1; code == u"P"_s && i <= 6 && i < fields.size(); ++i)
@@ -78,11 +79,11 @@ dao::Bookmark firstHit(const dao::Recordset &rows, const QString &criteria, qsiz
 Grid *CaddySearch::searchGrid() const
 {
     const QString &code = state().selection.gSection;
-    if (const ReminderGrid *own = m_c.reminder(code))
+    if (const GridPane *own = m_c.reminder(code))
         return own->grid;
-    if (!m_c.SUBJECTGRID->isHidden())
-        return m_c.SUBJECTGRID;
-    const ReminderGrid *first = m_c.firstShown();
+    if (!m_c.subjects().grid->isHidden())
+        return m_c.subjects().grid;
+    const GridPane *first = m_c.firstShown();
     return first ? first->grid : m_c.appointments().grid;
 }
 
@@ -109,14 +110,10 @@ void CaddySearch::GridSearch(Grid *grid)
     const dao::Recordset rows = grid->dataControl()->Recordset();
     if (wanted.isEmpty() || !rows || rows.rowTotal() == 0)
         return;
-    const ReminderGrid *reminder = nullptr;
-    for (const ReminderGrid &one : m_c.reminders)
-        if (one.grid == grid)
-            reminder = &one;
     dao::Bookmark hit;
     // A pattern that is still being typed ("[a") is no fault of the user's: it finds nothing yet.
     basic::IgnoreErrors([&] {
-        const QString text = searchedText(rows, state().selection.gSection, reminder);
+        const QString text = searchedText(rows, m_c.paneOf(grid));
         hit = firstHit(rows, text + u" Like "_s + searchPattern(wanted), std::min(m_start, rows.rowTotal()));
     });
     m_start = 0;
@@ -129,8 +126,8 @@ void CaddySearch::GridSearch(Grid *grid)
 
 void CaddySearch::SortData(const QString &code)
 {
-    const ReminderGrid *reminder = m_c.reminder(code);
-    controls::DataControl *data = reminder ? reminder->data : m_c.dtaSubjects;
+    const GridPane *reminder = m_c.reminder(code);
+    controls::DataControl *data = reminder ? reminder->data : m_c.subjects().data;
     if (!data->UpdateRecord())
         return;
     dao::Recordset rows = data->Recordset();
@@ -161,10 +158,6 @@ void CaddySearch::HeadClick(Grid *grid, int column)
         return;
     if (!rows || rows.Type() == dao::dbOpenTable || column < 0 || at >= grid->columns().size())
         return;
-    QString code = state().selection.gSection;
-    for (const ReminderGrid &one : m_c.reminders)
-        if (one.grid == grid)
-            code = one.code;
     if (grid == m_c.events().grid && column == dateColumn) {
         alternateEventOrder();
         return;
@@ -175,7 +168,7 @@ void CaddySearch::HeadClick(Grid *grid, int column)
     bool &ascending = m_ascending[grid];
     ascending = !ascending;
     m_sortColumn = u'[' + field + (ascending ? u"]"_s : u"] desc"_s);
-    SortData(code);
+    SortData(m_c.paneOf(grid).sectionCode());
     m_sortColumn.clear();
     grid->setSortMark(column, ascending);
 }

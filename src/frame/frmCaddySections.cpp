@@ -104,7 +104,7 @@ void CaddySections::cmdCat_Click(int index)
     }
     m_screen.DisplayCategory(button.tag);
     SizeGrids();
-    if (state().selection.gSection == u"P"_s && m_c.SUBJECTGRID->rows() == 0)
+    if (state().selection.gSection == u"P"_s && m_c.subjects().grid->rows() == 0)
         showMissingContacts();
 }
 
@@ -140,12 +140,10 @@ void CaddySections::clearScreen(const Section &section)
     UpdateRowHeight();
     m_c.picDetails->showBanner(state().gProductTitle, bannerLine());
     state().selection.gAdminOk = false;
-    for (ReminderGrid &one : m_c.reminders) {
-        one.grid->hide();
-        one.panEdit->hide();
+    for (const GridPane &pane : m_c.panes) {
+        pane.grid->hide();
+        pane.panEdit->hide();
     }
-    m_c.SUBJECTGRID->hide();
-    m_c.panEditS->hide();
     m_c.panPeriod->setVisible(section.kind == SectionKind::Reminder && remindersSwitchedOn());
     m_c.panSearch->show();
     m_c.panNew->show();
@@ -156,8 +154,8 @@ void CaddySections::clearScreen(const Section &section)
         if (entry.call == MenuCall::Print)
             m_c.enableAction(entry.objectName, false);
     m_c.showAction(u"mnuTasksToOutlook"_s, false);
-    m_c.dtaSubjects->setRecordSource({});
-    m_c.dtaSubjects->Refresh();
+    m_c.subjects().data->setRecordSource({});
+    m_c.subjects().data->Refresh();
 }
 
 void CaddySections::showReminders(const Section &section)
@@ -165,9 +163,9 @@ void CaddySections::showReminders(const Section &section)
     state().selection.gSection = section.code;
     markButton(section.name);
     m_c.enableAction(u"mnuDisplayPeriod"_s, true);
-    for (std::size_t i = 0; i < m_c.reminders.size(); ++i) {
-        m_c.reminders[i].grid->setVisible(section.grids[i]);
-        m_c.reminders[i].panEdit->setVisible(section.grids[i]);
+    for (std::size_t i = 0; i < m_c.reminders().size(); ++i) {
+        m_c.reminders()[i].grid->setVisible(section.grids[i]);
+        m_c.reminders()[i].panEdit->setVisible(section.grids[i]);
     }
     SizeGrids();
     allowPrinting(section);
@@ -183,12 +181,12 @@ void CaddySections::showGrid(const Section &section)
     QString title = section.gridTitle;
     if (section.code == u"M"_s)
         title += u" for "_s + state().settings.gUserName;
-    m_c.SUBJECTGRID->setTitle(title);
-    m_c.SUBJECTGRID->setAccessibleName(title);
+    m_c.subjects().grid->setTitle(title);
+    m_c.subjects().grid->setAccessibleName(title);
     connectSubjects(section);
     showSubjectColumns(section);
-    m_c.SUBJECTGRID->show();
-    m_c.panEditS->show();
+    m_c.subjects().grid->show();
+    m_c.subjects().panEdit->show();
     m_c.showAction(u"mnuTasksToOutlook"_s, section.code == u"G"_s && m_sizes.outlookFunctions);
     m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().settings.gNetwork && state().settings.gFeature[u"Messages"_s]);
     allowPrinting(section);
@@ -234,15 +232,15 @@ void CaddySections::connectSubjects(const Section &section)
     const bool none = file == DataFile::DataJ && basic::Dir(path).isEmpty();
     const bool isProtected = dataFileEntry(file).isProtected;
     state().selection.gSqlSection[section.code] = section.query;
-    m_c.dtaSubjects->setConnect(isProtected ? protectedConnect() : u"Access"_s);
-    m_c.dtaSubjects->setDatabaseName(none ? QString() : path);
-    m_c.dtaSubjects->setRecordSource(section.query);
-    m_c.dtaSubjects->Refresh();
+    m_c.subjects().data->setConnect(isProtected ? protectedConnect() : u"Access"_s);
+    m_c.subjects().data->setDatabaseName(none ? QString() : path);
+    m_c.subjects().data->setRecordSource(section.query);
+    m_c.subjects().data->Refresh();
 }
 
 void CaddySections::showSubjectColumns(const Section &section)
 {
-    const dao::Recordset &rows = m_c.dtaSubjects->Recordset();
+    const dao::Recordset &rows = m_c.subjects().data->Recordset();
     const bool known = rows && rows.Fields().size() == section.columns.size();
     const QStringList growing = growingFields(section.code);
     std::vector<GridColumn> columns;
@@ -278,39 +276,39 @@ void CaddySections::showSubjectColumns(const Section &section)
         plan.numbers.push_back(from.widthColumn);
         columns.push_back(std::move(column));
     }
-    m_columns.show(m_c.SUBJECTGRID, std::move(columns), std::move(plan));
+    m_columns.show(m_c.subjects().grid, std::move(columns), std::move(plan));
 }
 
 // The query of a grid that is not on show is set and read later: nobody waits for rows that nobody sees.
-void CaddySections::refresh(ReminderGrid &one, bool quiet)
+void CaddySections::refresh(GridPane &pane, bool quiet)
 {
-    one.data->setRecordSource(state().period.*one.sql);
-    one.waits = one.grid->isHidden();
-    if (!one.waits)
-        one.data->Refresh(quiet);
+    pane.data->setRecordSource(state().period.*pane.sql);
+    pane.waits = pane.grid->isHidden();
+    if (!pane.waits)
+        pane.data->Refresh(quiet);
 }
 
 void CaddySections::readWaiting()
 {
-    for (ReminderGrid &one : m_c.reminders) {
-        if (!one.waits || one.grid->isHidden())
+    for (GridPane &pane : m_c.reminders()) {
+        if (!pane.waits || pane.grid->isHidden())
             continue;
-        one.waits = false;
-        one.data->Refresh();
+        pane.waits = false;
+        pane.data->Refresh();
     }
 }
 
 void CaddySections::GetData()
 {
     State &s = state();
-    for (ReminderGrid &one : m_c.reminders)
-        refresh(one);
+    for (GridPane &pane : m_c.reminders())
+        refresh(pane);
     const auto query = s.selection.gSqlSection.find(s.selection.gSection);
-    if (!isReminder(s.selection.gSection) && query != s.selection.gSqlSection.end() && !m_c.dtaSubjects->DatabaseName().isEmpty()) {
-        m_c.dtaSubjects->setRecordSource(query->second);
-        m_c.dtaSubjects->Refresh();
-        if (m_c.dtaSubjects->hasRows() && m_c.dtaSubjects->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
-            m_c.SUBJECTGRID->setBookmark(m_c.dtaSubjects->Recordset().Bookmark());
+    if (!isReminder(s.selection.gSection) && query != s.selection.gSqlSection.end() && !m_c.subjects().data->DatabaseName().isEmpty()) {
+        m_c.subjects().data->setRecordSource(query->second);
+        m_c.subjects().data->Refresh();
+        if (m_c.subjects().data->hasRows() && m_c.subjects().data->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
+            m_c.subjects().grid->setBookmark(m_c.subjects().data->Recordset().Bookmark());
     }
     m_search.forgetRows();
     m_screen.DisplayCaption();
@@ -323,17 +321,16 @@ void CaddySections::RefreshData()
         return;
     if (state().period.gSqlAppointments.isEmpty())
         SetDayPeriod(u"Today"_s);
-    for (ReminderGrid &one : m_c.reminders)
-        basic::IgnoreErrors([&] { refresh(one, true); });
+    for (GridPane &pane : m_c.reminders())
+        basic::IgnoreErrors([&] { refresh(pane, true); });
     m_search.forgetRows();
     m_screen.DisplayCaption();
 }
 
 void CaddySections::UpdateRowHeight()
 {
-    const auto height = [this](controls::Grid *grid) { return m_columns.rowHeight(grid); };
-    vorel::UpdateRowHeight(m_sizes, {height(m_c.appointments().grid), height(m_c.bills().grid), height(m_c.events().grid),
-                                     height(m_c.SUBJECTGRID)});
+    const auto height = [this](const GridPane &pane) { return m_columns.rowHeight(pane.grid); };
+    vorel::UpdateRowHeight(m_sizes, {height(m_c.appointments()), height(m_c.bills()), height(m_c.events()), height(m_c.subjects())});
 }
 
 // One grid alone has the whole middle; several share it evenly.

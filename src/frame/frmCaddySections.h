@@ -32,7 +32,7 @@ private:
     void openScreen(const QString &name);
     void connectSubjects(const Section &section);
     void showSubjectColumns(const Section &section);
-    void refresh(ReminderGrid &one, bool quiet = false);
+    void refresh(GridPane &pane, bool quiet = false);
     void readWaiting();
     void markButton(const QString &tag);
     void allowPrinting(const Section &section);

@@ -9,8 +9,8 @@
 
 namespace vorel {
 
-CaddyTips::CaddyTips(CaddyControls &c, std::function<void()> goBack, QObject *parent)
-    : QObject(parent), m_c(c), m_goBack(std::move(goBack))
+CaddyTips::CaddyTips(CaddyControls &c, std::function<void()> goBack)
+    : m_c(c), m_goBack(std::move(goBack))
 {
     for (const CategoryButton &entry : categoryButtons())
         m_c.rail->button(entry.index)->installEventFilter(this);

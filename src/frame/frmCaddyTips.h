@@ -10,7 +10,7 @@ namespace vorel {
 class CaddyTips : public QObject {
     Q_OBJECT
 public:
-    CaddyTips(CaddyControls &c, std::function<void()> goBack, QObject *parent);
+    CaddyTips(CaddyControls &c, std::function<void()> goBack);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

@@ -19,21 +19,21 @@ using namespace Qt::StringLiterals;
 
 void frmCaddy::connectGrids()
 {
-    for (ReminderGrid &one : d->c.reminders) {
+    for (GridPane &pane : d->c.reminders()) {
         using controls::Grid;
-        Grid *grid = one.grid;
-        grid->setToolTipProvider([this, &one](qsizetype row, int column) {
-            return row >= 0 ? rowTip(one.grid, one.code, row) : d->edit.toolTip(one, row, column);
+        Grid *grid = pane.grid;
+        grid->setToolTipProvider([this, &pane](qsizetype row, int column) {
+            return row >= 0 ? rowTip(pane.grid, pane.code, row) : d->edit.toolTip(pane, row, column);
         });
-        controls::on(grid, &Grid::DblClick, this, [this, &one](int y) { d->edit.DblClick(one, y); });
-        controls::on(grid, &Grid::EnterKey, this, [&one] { one.panEdit->click(); });
+        controls::on(grid, &Grid::DblClick, this, [this, &pane](int y) { d->edit.DblClick(pane, y); });
+        controls::on(grid, &Grid::EnterKey, this, [&pane] { pane.panEdit->click(); });
         controls::on(grid, &Grid::HeadClick, this, [this, grid](int column) { d->search.HeadClick(grid, column); });
         controls::on(grid, &Grid::RowChange, this, [this, grid] {
             if (grid == d->edit.activeGrid())
                 d->edit.showDetails();
         });
     }
-    controls::Grid *subjects = d->c.SUBJECTGRID;
+    controls::Grid *subjects = d->c.subjects().grid;
     controls::on(subjects, &controls::Grid::DblClick, this, [this](int y) {
         if (y > controls::headLinesTwips)
             d->edit.ShowEdit();
@@ -70,7 +70,7 @@ void frmCaddy::connectButtons()
     click(c.appointments().panEdit, [this] { d->edit.EditAppointment(); });
     click(c.bills().panEdit, [this] { d->edit.EditBill(); });
     click(c.events().panEdit, [this] { d->edit.EditEvent(); });
-    click(c.panEditS, [this] { panEditS_Click(); });
+    click(c.subjects().panEdit, [this] { panEditS_Click(); });
     click(c.cmdNext, [this] { d->search.next(); });
     click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
     click(c.panBackup, [this] { DisplayCategory(u"File Backup"_s); });
