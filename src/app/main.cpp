@@ -10,6 +10,7 @@
 #include "platform/desktop/soundplayer.h"
 #include "platform/printer/realprinter.h"
 #include "print/frmPreview.h"
+#include "print/script.h"
 
 #include <QApplication>
 
@@ -28,6 +29,7 @@ int main(int argc, char **argv)
     if (!vorel::desktop::claimSingleInstance())
         return 0;
 
+    vorel::removePrintScripts();
     vorel::applyIconTheme();
     QApplication::setWindowIcon(QIcon(u":/icons/vorelreminder.svg"_s));
     vorel::basic::setApplicationTitle(u"Vorel Reminder"_s);
@@ -47,6 +49,7 @@ int main(int argc, char **argv)
     vorel::Startup startup;
     startup.Load();
     const int result = QApplication::exec();
+    vorel::removePrintScripts();
     vorel::desktop::setNotifier(nullptr);
     vorel::setSoundPlayer({});
     vorel::basic::setPrompts(nullptr);

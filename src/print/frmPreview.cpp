@@ -5,6 +5,7 @@
 #include "print/frmPreviewPages.h"
 #include "print/output.h"
 #include "print/script.h"
+#include "session/ini.h"
 
 #include <QApplication>
 #include <QGridLayout>
@@ -27,6 +28,10 @@ namespace {
 constexpr double pixel = printer::twipsPerPixel;
 constexpr double pageMargin = 350;          // twips that the page leaves of the screen's width
 constexpr double zoomStep = 1.2;
+constexpr double fittedShare = 0.98;        // of the frame, so that the page's edges show
+
+const QString zoomKey = u"PreviewZoom"_s;   // in the configuration file: "" for the player's size, a factor, or
+const QString wholePage = u"page"_s;
 
 std::function<void(const QImage &)> &mailer()
 {
@@ -38,7 +43,7 @@ std::function<void(const QImage &)> &mailer()
 
 void frmPreview::install()
 {
-    setPreviewMaker([] { return std::make_unique<frmPreview>(QApplication::activeWindow()); });
+    setPreviewMaker([](PrintJob &job) { return std::make_unique<frmPreview>(job, QApplication::activeWindow()); });
 }
 
 void frmPreview::setMailer(std::function<void(const QImage &page)> step)
@@ -46,10 +51,9 @@ void frmPreview::setMailer(std::function<void(const QImage &page)> step)
     mailer() = std::move(step);
 }
 
-frmPreview::frmPreview(QWidget *parent) : Form(u"frmPreview"_s, parent)
+frmPreview::frmPreview(PrintJob &job, QWidget *parent) : Form(u"frmPreview"_s, parent), m_job(job), m_player(job.player())
 {
-    const QString caption = scriptState().PreviewCaption;
-    setWindowTitle(caption.isEmpty() ? tr("Print Preview") : caption);
+    setWindowTitle(job.PreviewCaption.isEmpty() ? tr("Print Preview") : job.PreviewCaption);
     setWindowFlag(Qt::WindowMaximizeButtonHint);
     Frame = new QWidget;
     Frame->setObjectName(u"Frame"_s);
@@ -86,6 +90,7 @@ frmPreview::frmPreview(QWidget *parent) : Form(u"frmPreview"_s, parent)
     resize(room);
     setWindowState(Qt::WindowMaximized);
     all->activate();
+    restoreZoom();
 }
 
 frmPreview::~frmPreview() = default;
@@ -114,24 +119,32 @@ void frmPreview::buildStrip()
     txtPage->setFixedWidth(56);
     LBL_Page = new QLabel;
     LBL_Page->setObjectName(u"LBL_Page"_s);
+    m_chosen = new QLabel;
+    m_chosen->setObjectName(u"lblChosen"_s);
+    m_chosen->hide();
     PNL_Control = new QWidget;
     PNL_Control->setObjectName(u"PNL_Control"_s);
-    QLayout *row = layout::Row({cmdPrint, cmdSetup, cmdBook, cmdEmail, cmdPdf, layout::Stretch{}, CMD_Move[0], CMD_Move[1], txtPage,
+    QLayout *row = layout::Row({cmdPrint, m_chosen, cmdSetup, cmdBook, cmdEmail, cmdPdf, layout::Stretch{}, CMD_Move[0], CMD_Move[1], txtPage,
                                 LBL_Page, CMD_Move[2], CMD_Move[3], layout::Stretch{}, cmdZoomOut, cmdFit, cmdZoomIn, cmdExit});
     layout::setMargins(row, layout::unit);
     PNL_Control->setLayout(row);
 
-    cmdEmail->setVisible(!scriptState().MailRecipient.trimmed().isEmpty() && !scriptState().hideEmail && mailer());
-    controls::on(cmdPrint, &QAbstractButton::clicked, this, [] { printPages(); });
+    cmdEmail->setVisible(!m_job.MailRecipient.trimmed().isEmpty() && !m_job.hideEmail && mailer());
+    controls::on(cmdPrint, &QAbstractButton::clicked, this, [this] { print(); });
     controls::on(cmdSetup, &QAbstractButton::clicked, this, [this] { cmdSetup_Click(); });
-    controls::on(cmdBook, &QAbstractButton::clicked, this, [] { printBooklet(); });
+    controls::on(cmdBook, &QAbstractButton::clicked, this, [this] {
+        printBooklet(m_job);
+        showChosenPages();
+    });
     controls::on(cmdEmail, &QAbstractButton::clicked, this, [this] { cmdEmail_Click(); });
-    controls::on(cmdPdf, &QAbstractButton::clicked, this, [] { savePdf(); });
+    controls::on(cmdPdf, &QAbstractButton::clicked, this, [this] { savePdf(m_job); });
     controls::on(cmdExit, &QAbstractButton::clicked, this, [this] { Close(); });
     controls::on(cmdZoomOut, &QAbstractButton::clicked, this, [this] { zoomTo(Zoom / zoomStep); });
     controls::on(cmdFit, &QAbstractButton::clicked, this, [this] { fitPage(); });
     controls::on(cmdZoomIn, &QAbstractButton::clicked, this, [this] { zoomTo(Zoom * zoomStep); });
-    controls::on(txtPage, &QLineEdit::textChanged, this, [](const QString &text) { MovePage(4, text); });
+    controls::on(txtPage, &QLineEdit::textChanged, this, [this](const QString &text) { m_player.MovePage(4, text); });
+    // What was typed was held within the pages: the box says which one is shown.
+    controls::on(txtPage, &QLineEdit::editingFinished, this, [this] { showPageNumber(); });
 }
 
 void frmPreview::addKeys()
@@ -139,8 +152,8 @@ void frmPreview::addKeys()
     const auto on = [this](const QKeySequence &key, std::function<void()> step) {
         controls::on(new QShortcut(key, this), &QShortcut::activated, this, std::move(step));
     };
-    on(Qt::CTRL | Qt::Key_P, [] { printPages(); });
-    on(Qt::CTRL | Qt::Key_S, [] { savePdf(); });
+    on(Qt::CTRL | Qt::Key_P, [this] { print(); });
+    on(Qt::CTRL | Qt::Key_S, [this] { savePdf(m_job); });
     on(Qt::CTRL | Qt::Key_Home, [this] { turnTo(0); });
     on(Qt::CTRL | Qt::Key_PageUp, [this] { turnTo(1); });
     on(Qt::CTRL | Qt::Key_PageDown, [this] { turnTo(2); });
@@ -151,6 +164,7 @@ void frmPreview::addKeys()
     on(Qt::CTRL | Qt::Key_0, [this] { zoomTo(1); });
     for (QWidget *control : findChildren<QWidget *>())
         control->installEventFilter(this);
+    installEventFilter(this);           // where no control has the keyboard
 }
 
 printer::Page &frmPreview::Page()
@@ -188,23 +202,31 @@ void frmPreview::setPageLabel(const QString &text)
 {
     LBL_Page->setText(text);
     m_page->setAccessibleDescription(text);
-    const int page = playerState().CurrentPage;
+    const int page = m_player.CurrentPage;
+    const bool isTyped = txtPage->hasFocus();
+    const QWidget *active = focusWidget();
     CMD_Move[0]->setEnabled(page > 0);
     CMD_Move[1]->setEnabled(page > 0);
-    CMD_Move[2]->setEnabled(page + 1 < playerState().TotalPages);
-    CMD_Move[3]->setEnabled(page + 1 < playerState().TotalPages);
-    if (txtPage->hasFocus())
-        return;                     // a number that is being typed stays as it is
+    CMD_Move[2]->setEnabled(page + 1 < m_player.TotalPages);
+    CMD_Move[3]->setEnabled(page + 1 < m_player.TotalPages);
+    if (active && !active->isEnabled())
+        VScroll1->setFocus();           // the next control in order is the box with the number
+    if (!isTyped)                       // a number that is being typed stays as it is
+        showPageNumber();
+}
+
+void frmPreview::showPageNumber()
+{
     const QSignalBlocker quiet(txtPage);
-    txtPage->setText(QString::number(page + 1));
+    txtPage->setText(QString::number(m_player.CurrentPage + 1));
 }
 
 void frmPreview::ShowPage()
 {
     m_page->finish();
     m_page->show();
-    playerState().VScrollShown = true;
-    playerState().HScrollShown = Page().Orientation() == printer::Landscape || m_page->width() > Frame->width();
+    m_player.VScrollShown = true;
+    m_player.HScrollShown = Page().Orientation() == printer::Landscape || m_page->width() > Frame->width();
     LayoutPreview();
     const auto range = [](QScrollBar *bar, int page, int frame) {
         const QSignalBlocker quiet(bar);
@@ -221,8 +243,8 @@ void frmPreview::ShowPage()
 
 void frmPreview::LayoutPreview()
 {
-    VScroll1->setVisible(playerState().VScrollShown);
-    HScroll1->setVisible(playerState().HScrollShown);
+    VScroll1->setVisible(m_player.VScrollShown);
+    HScroll1->setVisible(m_player.HScrollShown);
     layout()->activate();
 }
 
@@ -238,34 +260,69 @@ void frmPreview::placePage()
 void frmPreview::ShowModal()
 {
     cmdPrint->setFocus();
+    if (m_isFitted)
+        fitPage();
     Form::ShowModal();
 }
 
 void frmPreview::Unload()
 {
-    ClosePreview();
+    keepZoom();
+    m_player.ClosePreview();
+}
+
+void frmPreview::restoreZoom()
+{
+    m_keptZoom = GetIniValue(iniSettings, zoomKey, {});
+    m_isFitted = m_keptZoom == wholePage;
+    const double zoom = scanNumber(m_keptZoom);
+    if (zoom > 0)
+        Zoom = zoom;
+}
+
+void frmPreview::keepZoom()
+{
+    const QString zoom = m_isFitted ? wholePage : Zoom == 1 ? QString() : scriptNumber(Zoom);
+    if (zoom != m_keptZoom)             // in a folder that cannot be written the next preview just opens as this one did
+        basic::IgnoreErrors([&zoom] { PutIniValue(iniSettings, zoomKey, QString(zoom)); });
+}
+
+void frmPreview::print()
+{
+    printPages(m_job);
+}
+
+void frmPreview::showChosenPages()
+{
+    const QString pages = chosenPages(m_job);
+    m_chosen->setText(pages);
+    m_chosen->setVisible(!pages.isEmpty());
+    cmdPrint->setToolTip(pages.isEmpty() ? tr("Print the pages") : tr("Print %1").arg(pages));
+    cmdPrint->setAccessibleDescription(cmdPrint->toolTip());
 }
 
 // The page takes the size that the window leaves it.
 void frmPreview::resizeEvent(QResizeEvent *event)
 {
     Form::resizeEvent(event);
-    if (isVisible() && playerState().TotalPages > 0)
-        basic::Trap([this] { zoomTo(Zoom); });
+    if (isVisible() && m_player.TotalPages > 0)
+        basic::Trap([this] { m_isFitted ? fitPage() : zoomTo(Zoom); });
 }
 
 void frmPreview::turnTo(int index)
 {
-    setFocus();                     // a number half typed is given up
-    MovePage(index);
+    if (txtPage->hasFocus())
+        VScroll1->setFocus();           // a number half typed is given up
+    m_player.MovePage(index);
 }
 
 void frmPreview::zoomTo(double zoom)
 {
+    m_isFitted = false;
     const auto middle = [](const QScrollBar *bar) { return bar->value() + bar->pageStep() / 2.0; };
     const double across = middle(HScroll1) / m_page->width(), down = middle(VScroll1) / m_page->height();
     const bool isAtTop = VScroll1->value() == 0, isAtLeft = HScroll1->value() == 0;
-    zoomPreview(zoom);
+    m_player.zoomPreview(zoom);
     const auto bring = [](QScrollBar *bar, double place, int length) {
         bar->setValue(static_cast<int>(place * length - bar->pageStep() / 2.0));
     };
@@ -277,30 +334,32 @@ void frmPreview::zoomTo(double zoom)
 
 void frmPreview::fitPage()
 {
+    m_player.sizePreviewPage();         // the window may have another size than when the page was drawn
     const double across = 1.0 * Frame->width() / m_page->width(), down = 1.0 * Frame->height() / m_page->height();
-    zoomTo(Zoom * std::min(across, down) * 0.98);
+    zoomTo(Zoom * std::min(across, down) * fittedShare);
+    m_isFitted = true;
 }
 
 void frmPreview::cmdSetup_Click()
 {
-    const int first = playerState().FirstPrintPage, last = playerState().LastPrintPage;
-    frmPreviewPages pages(this);
+    frmPreviewPages pages(m_job, this);
     pages.ShowModal();
-    if (playerState().FirstPrintPage != first || playerState().LastPrintPage != last)
-        printPages();
+    showChosenPages();
+    if (pages.isChanged())
+        print();
 }
 
 void frmPreview::cmdEmail_Click()
 {
-    PlayScript(u"EMAIL"_s);
+    m_player.PlayScript(u"EMAIL"_s);
     mailer()(m_page->picture());
 }
 
 bool frmPreview::turnAtEnd(int direction)
 {
     const bool isAtEnd = VScroll1->value() == (direction > 0 ? VScroll1->maximum() : VScroll1->minimum());
-    const int target = playerState().CurrentPage + direction;
-    if (!isAtEnd || target < 0 || target >= playerState().TotalPages)
+    const int target = m_player.CurrentPage + direction;
+    if (!isAtEnd || target < 0 || target >= m_player.TotalPages)
         return false;
     turnTo(direction > 0 ? 2 : 1);
     if (direction < 0)

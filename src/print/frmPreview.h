@@ -11,11 +11,11 @@ namespace vorel {
 
 class PreviewPageBox;
 
-// The preview: a report's pages one at a time, with what can be done with them. One stands at a time, modal.
+// The preview: a report's pages one at a time, with what can be done with them. Modal.
 class frmPreview : public controls::Form, public PreviewScreen {
     Q_OBJECT
 public:
-    explicit frmPreview(QWidget *parent = nullptr);
+    explicit frmPreview(PrintJob &job, QWidget *parent = nullptr);
     ~frmPreview() override;
     static void install();              // reports open one of these from here on
     // What shows the mail screen with the picture of the page; without it there is no cmdEmail.
@@ -43,6 +43,11 @@ private:
     void turnTo(int index);
     void zoomTo(double zoom);           // the middle of what is shown stays in the middle
     void fitPage();
+    void restoreZoom();                 // the one that the last preview was closed with
+    void keepZoom();
+    void print();
+    void showChosenPages();
+    void showPageNumber();
     void cmdSetup_Click();
     void cmdEmail_Click();
     bool passToScrollBar(const QObject *watched, const QKeyEvent *event);
@@ -50,6 +55,10 @@ private:
     void LayoutPreview();
     void placePage();
 
+    PrintJob &m_job;
+    PrintPlayer &m_player;
+    bool m_isFitted = false;            // the whole page stays on show, whatever the window's size
+    QString m_keptZoom;
     QWidget *PNL_Control = nullptr;
     QWidget *Frame = nullptr;
     PreviewPageBox *m_page = nullptr;
@@ -57,6 +66,7 @@ private:
     QScrollBar *VScroll1 = nullptr;
     QLineEdit *txtPage = nullptr;
     QLabel *LBL_Page = nullptr;
+    QLabel *m_chosen = nullptr;         // what Print prints, where that is not all
     QAbstractButton *cmdPrint = nullptr;
     std::vector<QAbstractButton *> CMD_Move;
 };

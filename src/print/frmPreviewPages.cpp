@@ -47,28 +47,29 @@ QLineEdit *pageBox(const QString &name, const QString &spoken, int page)
 
 }
 
-frmPreviewPages::frmPreviewPages(QWidget *parent) : Form(u"frmPreviewPages"_s, parent)
+frmPreviewPages::frmPreviewPages(PrintJob &job, QWidget *parent) : Form(u"frmPreviewPages"_s, parent), m_job(job)
 {
     setWindowTitle(tr("Print Pages"));
     // The bounds themselves change with CMD_OK alone: cancelling leaves them, and prints nothing.
-    const PlayerState &state = playerState();
-    const bool isOutside = state.LastPrintPage > state.TotalPages || state.LastPrintPage < state.FirstPrintPage;
-    const int last = isOutside ? state.TotalPages : state.LastPrintPage;
+    const PrintPlayer &player = job.player();
+    const bool isOutside = player.LastPrintPage > player.TotalPages || player.LastPrintPage < player.FirstPrintPage;
+    const int last = isOutside ? player.TotalPages : player.LastPrintPage;
     m_all = new QRadioButton(tr("&All pages"));
     m_all->setObjectName(u"OPT_Pages(0)"_s);
     m_all->setChecked(true);
     m_range = new QRadioButton(tr("Pages &from"));
     m_range->setObjectName(u"OPT_Pages(1)"_s);
-    TXT_From = pageBox(u"TXT_From"_s, tr("First page"), state.FirstPrintPage);
+    TXT_From = pageBox(u"TXT_From"_s, tr("First page"), player.FirstPrintPage);
     TXT_To = pageBox(u"TXT_To"_s, tr("Last page"), last);
     m_copies = new QSpinBox;
     m_copies->setObjectName(u"spnCopies"_s);
     m_copies->setRange(1, 99);
-    m_copies->setValue(printer::thePrinter().Copies);
+    m_copies->setValue(job.device().Copies);
+    m_copies->setEnabled(job.device().hasHardware());       // a file is written once
     m_printer = new QComboBox;
     m_printer->setObjectName(u"cboPrinter"_s);
     m_printer->addItems(printer::printerNames());
-    m_printer->setCurrentText(printer::thePrinter().DeviceName());
+    m_printer->setCurrentText(job.device().DeviceName());
     m_printer->setEnabled(m_printer->count() > 0);
     m_printer->setPlaceholderText(tr("No printer"));
     QAbstractButton *CMD_OK = controls::button(u"CMD_OK"_s, tr("&OK"), u"dialog-ok"_s);
@@ -112,20 +113,27 @@ void frmPreviewPages::enter(QLineEdit *box)
 
 void frmPreviewPages::leave(QLineEdit *box)
 {
-    if (scanNumber(box->text()) > playerState().TotalPages)
-        box->setText(QString::number(playerState().TotalPages));
+    const double page = scanNumber(box->text());
+    const int last = m_job.player().TotalPages;
+    if (page > last || page < 1)
+        box->setText(QString::number(page > last ? last : 1));
     paintBack(box, leftColour);
 }
 
 void frmPreviewPages::CMD_OK_Click()
 {
-    PlayerState &state = playerState();
+    PrintPlayer &player = m_job.player();
+    printer::Printer &device = m_job.device();
+    const int first = player.FirstPrintPage, last = player.LastPrintPage, copies = device.Copies;
+    const QString name = device.DeviceName();
     const auto pageOf = [](const QLineEdit *box) { return static_cast<int>(std::clamp(scanNumber(box->text()), 0.0, 32767.0)); };
-    if (m_printer->isEnabled() && !printer::choosePrinter(m_printer->currentText()))
+    if (m_printer->isEnabled() && !printer::choosePrinter(device, m_printer->currentText()))
         basic::MsgBox(tr("The printer \"%1\" cannot be reached.").arg(m_printer->currentText()), {}, basic::Icon::Exclamation);
-    printer::thePrinter().Copies = m_copies->value();
-    state.FirstPrintPage = m_all->isChecked() ? 1 : pageOf(TXT_From);
-    state.LastPrintPage = m_all->isChecked() ? state.TotalPages : pageOf(TXT_To);
+    device.Copies = m_copies->value();
+    player.FirstPrintPage = m_all->isChecked() ? 1 : pageOf(TXT_From);
+    player.LastPrintPage = m_all->isChecked() ? player.TotalPages : pageOf(TXT_To);
+    m_isChanged = player.FirstPrintPage != first || player.LastPrintPage != last || device.Copies != copies
+                  || device.DeviceName() != name;
     Close();
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "print/listreport.h"
+#include "print/script.h"
 
 // Writes one list report into the script. Internal to this folder.
 namespace vorel {
@@ -11,21 +12,30 @@ public:
     void write(dao::Recordset &rows);       // from the first to the last, and plays them
 
 private:
-    struct Place { double position = 0, body = 0, room = 0; };      // of a column, twips
+    struct Place {                          // of a column, twips
+        double position = 0, body = 0;      // of its heading and of its cells
+        double left = 0;                    // where the text of the column before it may end
+        double room = 0;
+        double rule = 0;
+    };
 
     void findPlaces();
     void headPage();
     void headTable();
     void ruleColumns(double bottom);
     void breakPage();
-    void makeRoom();                        // for one more line
+    void makeRoom(int lines = 1);           // for so many lines more
+    void placeRules();
     bool isFull() const;
     void writeRecord(const dao::Recordset &rows);
     void writeLines(const std::vector<QStringList> &cells, bool isHeading);
+    void writeCell(std::size_t column, const QString &text, bool isHeading, double shrink);
+    double shrinkOf(const std::vector<QStringList> &cells) const;
     void writeBlock(const std::vector<QString> &texts);
     void close();
     QStringList cellLines(const ListColumn &column, const Place &place, QString text) const;
 
+    PrintJob m_job;
     const ListReport &m_report;
     QString m_title;
     double m_width = 0;
@@ -36,7 +46,11 @@ private:
     basic::Currency m_total;
 };
 
-// The text in lines that the current font shows within the room, broken at blanks where there are any.
-QStringList fitLines(const QString &text, double room);
+// The text in lines that the job's font shows within the room, broken at blanks where there are any. mostCharacters: of a
+// line, by the rule of wrapLines; 0: as many as the room holds.
+QStringList fitLines(const PrintJob &job, const QString &text, double room, int mostCharacters = 0);
+// As many whole characters of the text as fit into so many places; one at least. A sign of several codes, such as an
+// emoji, is one character that stays whole.
+qsizetype wholeCharacters(const QString &text, qsizetype most);
 
 }

@@ -15,27 +15,26 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool offerPdfInstead()
+bool offerPdfInstead(PrintJob &job, SavedPages which)
 {
-    if (printer::thePrinter().hasHardware())
+    if (job.device().hasHardware())
         return false;
     if (basic::askYesNo(u"There is no printer on this machine. Save the pages as PDF instead?"_s))
-        savePdf();
+        savePdf(job, which);
     return true;
 }
 
-void printEach(int first)
+void printEach(PrintPlayer &player, int first)
 {
-    PlayerState &state = playerState();
-    for (int page = first; page <= state.TotalPages; page += 2) {
-        state.FirstPrintPage = state.LastPrintPage = page;
-        PlayScript(u"PRINTER"_s);
+    for (int page = first; page <= player.TotalPages; page += 2) {
+        player.FirstPrintPage = player.LastPrintPage = page;
+        player.PlayScript(u"PRINTER"_s);
     }
 }
 
-QString suggestedFile()
+QString suggestedFile(const PrintJob &job)
 {
-    QString name = scriptState().PreviewCaption;
+    QString name = job.PreviewCaption;
     name.replace(QRegularExpression(u"[\\\\/:*?\"<>|\\s]+"_s), u" "_s);
     if (name.trimmed().isEmpty())
         name = u"Report"_s;
@@ -44,58 +43,70 @@ QString suggestedFile()
 
 }
 
-void printPages()
+void printPages(PrintJob &job)
 {
-    if (!offerPdfInstead())
-        PlayScript(u"PRINTER"_s);
+    if (!offerPdfInstead(job, SavedPages::Bounds))
+        job.player().PlayScript(u"PRINTER"_s);
 }
 
-void printBooklet()
+void printBooklet(PrintJob &job)
 {
-    if (offerPdfInstead())
+    if (offerPdfInstead(job, SavedPages::All))
         return;
-    printEach(1);
+    printEach(job.player(), 1);
     if (basic::askYesNo(u"Take out your Odd Printouts and re-align them in your Printer so the Even pages can be printed!"_s,
                         u"Booklet Printing"_s, basic::Icon::Critical))
-        printEach(2);
+        printEach(job.player(), 2);
 }
 
-void savePdf(const QString &path)
+void savePdf(PrintJob &job, const QString &path, SavedPages which)
 {
-    PlayerState &state = playerState();
-    const PlayerState before = state;
-    state.FirstPrintPage = 1;
-    state.LastPrintPage = 0;
+    PrintPlayer &player = job.player();
     struct Restore {
-        PlayerState &state;
-        const PlayerState &before;
+        PrintPlayer &player;
+        int first = player.FirstPrintPage, last = player.LastPrintPage;
         ~Restore()
         {
-            state.FirstPrintPage = before.FirstPrintPage;
-            state.LastPrintPage = before.LastPrintPage;
+            player.FirstPrintPage = first;
+            player.LastPrintPage = last;
         }
-    } const restore{state, before};
+    } const restore{player};
+    if (which == SavedPages::All) {
+        player.FirstPrintPage = 1;
+        player.LastPrintPage = 0;
+    }
     bool isStarted = false;
-    const printer::Printer::Redirection toFile(printer::thePrinter(), [&](const printer::JobSettings &settings) {
+    const printer::Printer::Redirection toFile(job.device(), [&](const printer::JobSettings &settings) {
         isStarted = true;
         return printer::startPdf(path, settings);
     });
-    PlayScript(u"PRINTER"_s);
+    player.PlayScript(u"PRINTER"_s);
     if (!isStarted) {           // pages without anything on them are still a document
-        printer::thePrinter().NewPage();
-        printer::thePrinter().EndDoc();
+        job.device().NewPage();
+        job.device().EndDoc();
     }
 }
 
-bool savePdf()
+bool savePdf(PrintJob &job, SavedPages which)
 {
-    std::optional<QString> path = basic::prompts().chooseFile({u"Save as PDF"_s, suggestedFile(), u"PDF documents (*.pdf)"_s, true});
+    std::optional<QString> path = basic::prompts().chooseFile({u"Save as PDF"_s, suggestedFile(job), u"PDF documents (*.pdf)"_s, true});
     if (!path || path->isEmpty())
         return false;
     if (!path->endsWith(u".pdf"_s, Qt::CaseInsensitive))
         *path += u".pdf"_s;
-    savePdf(*path);
+    savePdf(job, *path, which);
     return true;
+}
+
+QString chosenPages(PrintJob &job)
+{
+    const PrintPlayer &player = job.player();
+    const int first = std::max(player.FirstPrintPage, 1);
+    const bool isToEnd = player.LastPrintPage > player.TotalPages || player.LastPrintPage < first;
+    const int last = isToEnd ? player.TotalPages : player.LastPrintPage;
+    if (first <= 1 && last >= player.TotalPages)
+        return {};
+    return first == last ? u"page %1"_s.arg(first) : u"pages %1 to %2"_s.arg(first).arg(last);
 }
 
 }

@@ -2,13 +2,21 @@
 
 #include <QString>
 
-// What the preview's buttons do with the script that is open: onto paper, or into a file.
+// What the preview's buttons do with a job's pages: onto paper, or into a file.
 namespace vorel {
 
-void printPages();                      // the pages between the bounds; without a printer offers to save them instead
-// Each odd page as a job of its own, then, once the paper lies the other way round, each even one.
-void printBooklet();
-bool savePdf();                         // asks for the file; false when that was cancelled
-void savePdf(const QString &path);      // all pages; 75 when the file cannot be written
+class PrintJob;
+
+enum class SavedPages { All, Bounds };
+
+// The pages between the player's bounds; without a printer offers to save them instead.
+void printPages(PrintJob &job);
+// Each odd page as a print of its own, then, once the paper lies the other way round, each even one.
+void printBooklet(PrintJob &job);
+// Asks for the file; false when that was cancelled.
+bool savePdf(PrintJob &job, SavedPages which = SavedPages::All);
+void savePdf(PrintJob &job, const QString &path, SavedPages which = SavedPages::All);      // 75 when it cannot be written
+// "pages 2 to 4" where the bounds leave pages out, else "": what Print will print.
+QString chosenPages(PrintJob &job);
 
 }

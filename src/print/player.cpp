@@ -10,7 +10,7 @@
 
 #include <QCursor>
 #include <QGuiApplication>
-#include <cmath>
+#include <map>
 
 namespace vorel {
 
@@ -18,18 +18,23 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct Player {
-    PlayerState state;
-    PrintScriptFile script;
-    std::vector<QString> table;
-    std::function<std::unique_ptr<PreviewScreen>()> maker;
-    std::unique_ptr<PreviewScreen> screen;
-};
+// Values of Page::DrawMode and FillStyle that scripts start with.
+constexpr int drawCopying = 13;             // what is drawn covers what was there
+constexpr int drawSolid = 0;
+constexpr int fillNothing = 1;
 
-Player &player()
+// The page on the screen at zoom 1. Upright it is as wide as the screen but for the scroll bar and the borders; lying it is
+// larger than the free height, so that its small print can be read, and scrolls both ways.
+constexpr double besideUprightPage = 350;   // twips
+constexpr double belowLyingPage = 400;      // twips
+constexpr double lyingEnlargement = 1.8;
+constexpr double smallestScale = 0.05;      // of a window without room for a page
+constexpr double smallestZoom = 0.2, largestZoom = 2.5;
+
+std::function<std::unique_ptr<PreviewScreen>(PrintJob &)> &previewMaker()
 {
-    static Player one;
-    return one;
+    static std::function<std::unique_ptr<PreviewScreen>(PrintJob &)> maker;
+    return maker;
 }
 
 PlayTarget targetOf(const QString &name)
@@ -39,31 +44,13 @@ PlayTarget targetOf(const QString &name)
     return name == u"SCREEN" ? PlayTarget::Screen : PlayTarget::Email;
 }
 
-void positionOnScreen()
-{
-    PlayerState &state = player().state;
-    if (PreviewScreen *screen = preview()) {
-        screen->setPageLabel(u"Page %1 of %2"_s.arg(state.CurrentPage + 1).arg(state.TotalPages));
-        screen->ClearPage();
-    }
-    player().script.seekPage(state.CurrentPage);
-}
-
-void positionForPrinter()
-{
-    PlayerState &state = player().state;
-    state.FirstPrintPage = std::max(state.FirstPrintPage, 1);
-    player().script.seekPage(state.FirstPrintPage - 1);
-    if (state.LastPrintPage > state.TotalPages || state.LastPrintPage < state.FirstPrintPage)
-        state.LastPrintPage = state.TotalPages;
-}
-
 // A pass that fails leaves no half job behind.
 struct JobGuard {
+    printer::Printer &device;
     ~JobGuard()
     {
-        if (printer::thePrinter().isPrinting())
-            printer::thePrinter().KillDoc();
+        if (device.isPrinting())
+            device.KillDoc();
     }
 };
 
@@ -83,19 +70,9 @@ void copyDrawing(const printer::Page &from, printer::Page &to)
 
 }
 
-PlayerState &playerState()
+void setPreviewMaker(std::function<std::unique_ptr<PreviewScreen>(PrintJob &)> maker)
 {
-    return player().state;
-}
-
-void setPreviewMaker(std::function<std::unique_ptr<PreviewScreen>()> maker)
-{
-    player().maker = std::move(maker);
-}
-
-PreviewScreen *preview()
-{
-    return player().screen.get();
+    previewMaker() = std::move(maker);
 }
 
 void showHourglass(bool on)
@@ -112,86 +89,118 @@ void showHourglass(bool on)
 
 bool PrinterReady()
 {
-    if (printer::thePrinter().ScaleWidth() > 0)
+    if (printer::Printer().ScaleWidth() > 0)
         return true;
     basic::MsgBox(u"There is an error communicating with the Printer"_s, {}, basic::Icon::Exclamation);
     return false;
 }
 
-// Portrait fills the width of the screen, landscape is 1.8 times its free height, so that it scrolls both ways.
-void sizePreviewPage()
+void PrintPlayer::positionOnScreen()
 {
-    PreviewScreen *screen = preview();
-    if (!screen)
-        return;
-    const printer::Printer &paper = printer::thePrinter();
-    const double before = player().state.PreviewScale;
-    double width = screen->ScreenWidth() - 350;
-    if (paper.Orientation() == printer::Landscape)
-        width = (screen->ScreenHeight() - screen->ControlHeight() - 400) * 1.8 * paper.Width() / paper.Height();
-    player().state.PreviewScale = std::max(width * screen->Zoom / paper.Width(), 0.05);
-    printer::Page &page = screen->Page();
-    page.setPaper(paper.paper().scaled(player().state.PreviewScale));
-    page.setOrientation(paper.Orientation());
-    // A size that an earlier page left behind grows with the page.
-    page.setFontSize(page.FontSize() * player().state.PreviewScale / before);
-    screen->PageSized();
+    if (m_preview) {
+        m_preview->setPageLabel(u"Page %1 of %2"_s.arg(CurrentPage + 1).arg(TotalPages));
+        m_preview->ClearPage();
+    }
+    m_script.seekPage(CurrentPage);
 }
 
-void InitPage()
+void PrintPlayer::positionForPrinter()
 {
-    printer::Printer &paper = printer::thePrinter();
-    paper.DrawMode = 13;
-    paper.DrawStyle = 0;
+    FirstPrintPage = std::max(FirstPrintPage, 1);
+    m_script.seekPage(FirstPrintPage - 1);
+    if (LastPrintPage > TotalPages || LastPrintPage < FirstPrintPage)
+        LastPrintPage = TotalPages;
+}
+
+void PrintPlayer::sizePreviewPage()
+{
+    if (!m_preview)
+        return;
+    const printer::Printer &paper = m_job.device();
+    const double before = PreviewScale;
+    double width = m_preview->ScreenWidth() - besideUprightPage;
+    if (paper.Orientation() == printer::Landscape) {
+        const double height = (m_preview->ScreenHeight() - m_preview->ControlHeight() - belowLyingPage) * lyingEnlargement;
+        width = height * paper.Width() / paper.Height();
+    }
+    PreviewScale = std::max(width * m_preview->Zoom / paper.Width(), smallestScale);
+    printer::Page &page = m_preview->Page();
+    page.setPaper(paper.paper().scaled(PreviewScale));
+    page.setOrientation(paper.Orientation());
+    // A size that an earlier page left behind grows with the page.
+    page.setFontSize(page.FontSize() * PreviewScale / before);
+    m_preview->PageSized();
+}
+
+// Offsets from the printer's margin in the units of a scale mode. The page leaves the margin out already, so it counts as
+// nothing here, and so do they.
+void PrintPlayer::recomputeOffsets(int scaleMode)
+{
+    constexpr double printerPixels = 0;
+    struct Factor { double x, y; };
+    static constexpr double t = printer::twipsPerPixel;
+    static const std::map<int, Factor> factors{
+        {1, {t, t}}, {2, {t * 72 / 1440, t * 72 / 1440}}, {3, {1, 1}}, {4, {t / 120, t / 240}}, {5, {t / 1440, t / 1440}},
+        {6, {t / 56.7, t / 56.7}}, {7, {t / 567, t / 567}}};
+    const auto found = factors.find(scaleMode);
+    if (found == factors.end())
+        return;
+    PageOffsetX = found->second.x * printerPixels;
+    PageOffsetY = found->second.y * printerPixels;
+}
+
+void PrintPlayer::InitPage()
+{
+    printer::Printer &paper = m_job.device();
+    paper.DrawMode = drawCopying;
+    paper.DrawStyle = drawSolid;
     paper.DrawWidth = 1;
     paper.FillColor = 0;
-    paper.FillStyle = 1;
+    paper.FillStyle = fillNothing;
     paper.setFontName(u"Times New Roman"_s);
     paper.setFontSize(10);
     paper.setFontBold(false);
     paper.FontTransparent = true;
     paper.setScaleMode(printer::Twips);
     paper.Copies = 1;
-    PlayerState &state = player().state;
-    state.FirstPrintPage = 1;
-    state.LastPrintPage = 0;
-    state.PageOffsetX = state.PageOffsetY = 0;
+    FirstPrintPage = 1;
+    LastPrintPage = 0;
+    PageOffsetX = PageOffsetY = 0;
     sizePreviewPage();
-    if (preview())
-        copyDrawing(paper, preview()->Page());
+    if (m_preview)
+        copyDrawing(paper, m_preview->Page());
 }
 
-void RunPrintScript(const QString &name, const std::vector<QString> &table, const QString &target)
+void PrintPlayer::RunPrintScript(const QString &name, const std::vector<QString> &table, const QString &target)
 {
     struct Closing {
+        PrintPlayer &player;
         ~Closing()
         {
-            if (player().screen)
-                ClosePreview();
-            player().script.close();
-            player().screen.reset();
+            if (player.m_preview)
+                player.ClosePreview();
+            player.m_script.close();
+            player.m_preview.reset();
         }
     };
-    Player &p = player();
-    p.script.close();
-    const Closing closing;
-    if (targetOf(target) == PlayTarget::Screen && p.maker)
-        p.screen = p.maker();
+    m_script.close();
+    const Closing closing{*this};
+    if (targetOf(target) == PlayTarget::Screen && previewMaker())
+        m_preview = previewMaker()(m_job);
     InitPage();
-    p.table = table;
-    printer::thePrinter().documentTitle = scriptState().PreviewCaption;
-    if (name.isEmpty() || !p.script.open(name))
+    m_table = table;
+    m_job.device().documentTitle = m_job.PreviewCaption;
+    if (name.isEmpty() || !m_script.open(name))
         return;
-    p.state.TotalPages = p.script.pages();
-    p.state.CurrentPage = 0;
+    TotalPages = m_script.pages();
+    CurrentPage = 0;
     PlayScript(target);
-    if (p.screen)
-        p.screen->ShowModal();
+    if (m_preview)
+        m_preview->ShowModal();
 }
 
-void PlayScript(const QString &targetName)
+void PrintPlayer::PlayScript(const QString &targetName)
 {
-    Player &p = player();
     const Hourglass hourglass;
     const PlayTarget target = targetOf(targetName);
     if (target == PlayTarget::Screen)
@@ -199,38 +208,37 @@ void PlayScript(const QString &targetName)
     else if (target == PlayTarget::Printer)
         positionForPrinter();
     else
-        p.script.seekPage(0);
-    const JobGuard guard;
-    ScriptPass(target, p.script, p.table).play();
+        m_script.seekPage(0);
+    printer::Printer &paper = m_job.device();
+    const JobGuard guard{paper};
+    ScriptPass(target, m_job, m_script, m_table).play();
     if (target == PlayTarget::Printer) {
-        printer::Printer &paper = printer::thePrinter();
         const int mode = paper.ScaleMode();
         paper.EndDoc();
         paper.setScaleMode(mode);
-    } else if (target == PlayTarget::Screen && p.screen) {
-        p.screen->ShowPage();
+    } else if (target == PlayTarget::Screen && m_preview) {
+        m_preview->ShowPage();
     }
 }
 
-void MovePage(int index, const QString &txtPage)
+void PrintPlayer::MovePage(int index, const QString &txtPage)
 {
-    PlayerState &state = player().state;
-    const int last = std::max(state.TotalPages - 1, 0);
+    const int last = std::max(TotalPages - 1, 0);
     switch (index) {
     case 0:
-        state.CurrentPage = 0;
+        CurrentPage = 0;
         break;
     case 1:
-        state.CurrentPage = std::max(state.CurrentPage - 1, 0);
+        CurrentPage = std::max(CurrentPage - 1, 0);
         break;
     case 2:
-        state.CurrentPage = std::min(state.CurrentPage + 1, last);
+        CurrentPage = std::min(CurrentPage + 1, last);
         break;
     case 3:
-        state.CurrentPage = last;
+        CurrentPage = last;
         break;
     case 4:
-        state.CurrentPage = static_cast<int>(std::clamp(scanNumber(txtPage) - 1, 0.0, static_cast<double>(last)));
+        CurrentPage = static_cast<int>(std::clamp(scanNumber(txtPage) - 1, 0.0, static_cast<double>(last)));
         break;
     default:
         return;
@@ -238,26 +246,24 @@ void MovePage(int index, const QString &txtPage)
     PlayScript(u"SCREEN"_s);
 }
 
-void zoomPreview(double zoom)
+void PrintPlayer::zoomPreview(double zoom)
 {
-    if (!preview())
+    if (!m_preview)
         return;
-    preview()->Zoom = std::clamp(zoom, 0.2, 2.5);
+    m_preview->Zoom = std::clamp(zoom, smallestZoom, largestZoom);
     sizePreviewPage();
     PlayScript(u"SCREEN"_s);
 }
 
-void ClosePreview()
+void PrintPlayer::ClosePreview()
 {
-    Player &p = player();
-    printer::thePrinter().setCurrentX(0);
-    printer::thePrinter().setCurrentY(0);
-    const QString path = p.script.path();
-    const bool wasOpen = p.script.isOpen();
-    p.script.close();
+    m_job.SetCurrentX(0);
+    m_job.SetCurrentY(0);
+    const QString path = m_script.path();
+    const bool wasOpen = m_script.isOpen();
+    m_script.close();
     if (wasOpen && path.endsWith(u".TMP"_s, Qt::CaseInsensitive))
         QFile::remove(path);
-    scriptState().ScriptFile = 0;
 }
 
 }

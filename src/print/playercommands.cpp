@@ -16,7 +16,6 @@ namespace {
 
 constexpr int noFileError = 53;
 constexpr int pictureError = 481;
-constexpr int printerPixels = 0;        // the printer's own unprintable margin, which its page has left out already
 
 QImage loadPicture(const QString &path)
 {
@@ -48,24 +47,9 @@ bool saysTrue(const QString &line)
 
 }
 
-// Offsets from the printer's margin in the units of a scale mode. The margin is nothing, so they are too.
-void recomputeOffsets(int scaleMode)
-{
-    struct Factor { double x, y; };
-    static constexpr double t = printer::twipsPerPixel;
-    static const std::map<int, Factor> factors{
-        {1, {t, t}}, {2, {t * 72 / 1440, t * 72 / 1440}}, {3, {1, 1}}, {4, {t / 120, t / 240}}, {5, {t / 1440, t / 1440}},
-        {6, {t / 56.7, t / 56.7}}, {7, {t / 567, t / 567}}};
-    const auto found = factors.find(scaleMode);
-    if (found == factors.end())
-        return;
-    playerState().PageOffsetX = found->second.x * printerPixels;
-    playerState().PageOffsetY = found->second.y * printerPixels;
-}
-
-ScriptPass::ScriptPass(PlayTarget target, PrintScriptFile &script, const std::vector<QString> &table)
-    : m_target(target), m_script(script), m_table(table), m_printer(printer::thePrinter()), m_font(m_printer.FontName()),
-      m_page(playerState().FirstPrintPage) {}
+ScriptPass::ScriptPass(PlayTarget target, PrintJob &job, PrintScriptFile &script, const std::vector<QString> &table)
+    : m_target(target), m_job(job), m_player(job.player()), m_script(script), m_table(table), m_printer(job.device()),
+      m_font(m_printer.FontName()), m_page(m_player.FirstPrintPage) {}
 
 ScriptPass::Step ScriptPass::commandFor(const QString &word)
 {
@@ -96,7 +80,7 @@ template <class Change> void ScriptPass::onFonts(Change change)
 {
     change(m_printer, 1.0);
     if (onScreen())
-        change(preview()->Page(), playerState().PreviewScale);
+        change(previewPage(), m_player.PreviewScale);
 }
 
 template <class Change> void ScriptPass::onDrawing(Change change)
@@ -108,18 +92,18 @@ template <class Change> void ScriptPass::onDrawing(Change change)
 printer::Page *ScriptPass::drawn()
 {
     if (onScreen())
-        return &preview()->Page();
+        return &previewPage();
     return m_target == PlayTarget::Printer ? &m_printer : nullptr;
 }
 
 double ScriptPass::placeX(double x) const
 {
-    return onScreen() ? (x + playerState().PageOffsetX) * playerState().PreviewScale : x;
+    return onScreen() ? (x + m_player.PageOffsetX) * m_player.PreviewScale : x;
 }
 
 double ScriptPass::placeY(double y) const
 {
-    return onScreen() ? (y + playerState().PageOffsetY) * playerState().PreviewScale : y;
+    return onScreen() ? (y + m_player.PageOffsetY) * m_player.PreviewScale : y;
 }
 
 ScriptPass::Flow ScriptPass::print(const QString &line, double share)
@@ -130,7 +114,7 @@ ScriptPass::Flow ScriptPass::print(const QString &line, double share)
         return Flow::GoOn;
     double width = share > 0 ? page->TextWidth(parsed.text) : 0;
     if (onScreen())
-        width /= playerState().PreviewScale;
+        width /= m_player.PreviewScale;
     page->setCurrentX(placeX(parsed.x - width * share));
     page->setCurrentY(placeY(parsed.y));
     page->Print(parsed.text);
@@ -185,7 +169,7 @@ ScriptPass::Flow ScriptPass::orientation(const QString &line)
 {
     m_printer.setOrientation(wholeOf(parseSetting(line)));
     if (m_target != PlayTarget::Printer)
-        sizePreviewPage();
+        m_player.sizePreviewPage();
     return Flow::GoOn;
 }
 
@@ -194,8 +178,8 @@ ScriptPass::Flow ScriptPass::scaleMode(const QString &line)
     const int mode = wholeOf(parseSetting(line));
     m_printer.setScaleMode(mode);
     if (onScreen()) {
-        preview()->Page().setScaleMode(mode);
-        recomputeOffsets(mode);
+        previewPage().setScaleMode(mode);
+        m_player.recomputeOffsets(mode);
     }
     return Flow::GoOn;
 }
@@ -207,7 +191,7 @@ ScriptPass::Flow ScriptPass::line(const QString &text)
     if (!page)
         return Flow::GoOn;
     const double x1 = placeX(parsed.x1), y1 = placeY(parsed.y1);
-    const double scale = onScreen() ? playerState().PreviewScale : 1;
+    const double scale = onScreen() ? m_player.PreviewScale : 1;
     const double x2 = parsed.step ? x1 + parsed.x2 * scale : placeX(parsed.x2);
     const double y2 = parsed.step ? y1 + parsed.y2 * scale : placeY(parsed.y2);
     const bool isFilled = parsed.flag == u"BF";
@@ -223,10 +207,8 @@ ScriptPass::Flow ScriptPass::paintPicture(const QString &line)
 {
     const PictureLine parsed = parsePictureLine(line);
     const QImage picture = loadPicture(parsed.path);
-    const ScriptState &script = scriptState();
     if (printer::Page *page = drawn())
-        page->PaintPicture(picture, parsed.x, parsed.y, static_cast<double>(script.PictureWidth),
-                           static_cast<double>(script.PictureHeight));
+        page->PaintPicture(picture, parsed.x, parsed.y, m_job.PictureWidth, m_job.PictureHeight);
     return Flow::GoOn;
 }
 
@@ -238,7 +220,7 @@ ScriptPass::Flow ScriptPass::newPage(const QString &)
         return Flow::GoOn;
     m_printer.NewPage();
     ++m_page;
-    const int last = playerState().LastPrintPage;
+    const int last = m_player.LastPrintPage;
     return last >= 1 && m_page > last ? Flow::End : Flow::GoOn;
 }
 

@@ -1,8 +1,7 @@
 #pragma once
 
 #include "print/player.h"
-#include "print/scriptfile.h"
-#include "platform/printer/printer.h"
+#include "print/script.h"
 
 // One pass over the open script. Internal to this folder.
 namespace vorel {
@@ -11,7 +10,7 @@ enum class PlayTarget { Printer, Screen, Email };
 
 class ScriptPass {
 public:
-    ScriptPass(PlayTarget target, PrintScriptFile &script, const std::vector<QString> &table);
+    ScriptPass(PlayTarget target, PrintJob &job, PrintScriptFile &script, const std::vector<QString> &table);
     void play();                        // from where the script stands, to the end of what the target asks for
 
 private:
@@ -43,17 +42,17 @@ private:
     printer::Page *drawn();             // what is drawn on, nullptr for the mail target
     double placeX(double x) const;
     double placeY(double y) const;
-    bool onScreen() const { return m_target == PlayTarget::Screen && preview(); }
+    bool onScreen() const { return m_target == PlayTarget::Screen && m_player.preview(); }
+    printer::Page &previewPage() { return m_player.preview()->Page(); }
 
     PlayTarget m_target;
+    PrintJob &m_job;
+    PrintPlayer &m_player;
     PrintScriptFile &m_script;
     const std::vector<QString> &m_table;
     printer::Printer &m_printer;
     QString m_font;
     int m_page = 1;                     // that is being printed
 };
-
-void sizePreviewPage();
-void recomputeOffsets(int scaleMode);
 
 }

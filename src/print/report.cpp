@@ -2,7 +2,6 @@
 
 #include "platform/basic/clock.h"
 #include "platform/basic/format.h"
-#include "platform/printer/printer.h"
 #include "print/player.h"
 #include "print/script.h"
 #include "session/state.h"
@@ -19,88 +18,81 @@ constexpr quint32 black = 0;
 
 }
 
-void ReportStart(QString &fontName, double &fontSize, int &scaleMode, int &orientation)
+ReportStyle ReportStart(PrintJob &job, ReportStyle style)
 {
     showHourglass(true);
-    abandonScript();                    // of a report that failed half-way
-    printer::thePrinter().adoptPaper();
-    SetPrintTarget(u"SCREEN"_s);
-    if (fontName.isEmpty())
-        fontName = u"Arial"_s;
-    if (fontSize == 0)
-        fontSize = 10;
-    if (orientation == 0)
-        orientation = printer::Portrait;
-    if (scaleMode == 0)
-        scaleMode = printer::Millimetres;
-    SetFontName(fontName);
-    SetFontSize(fontSize);
-    SetOrientation(orientation);
-    SetScaleMode(scaleMode);
+    job.SetPrintTarget(u"SCREEN"_s);
+    if (style.fontName.isEmpty())
+        style.fontName = u"Arial"_s;
+    if (style.fontSize == 0)
+        style.fontSize = 10;
+    if (style.orientation == 0)
+        style.orientation = printer::Portrait;
+    if (style.scaleMode == 0)
+        style.scaleMode = printer::Millimetres;
+    job.SetFontName(style.fontName);
+    job.SetFontSize(style.fontSize);
+    job.SetOrientation(style.orientation);
+    job.SetScaleMode(style.scaleMode);
+    return style;
 }
 
-void ReportStart(const QString &fontName, double fontSize, int scaleMode, int orientation)
+void ReportHeading(PrintJob &job, const QString &title)
 {
-    QString name = fontName;
-    ReportStart(name, fontSize, scaleMode, orientation);
+    job.SetPreviewCaption(title + u" - REPORT"_s);
+    job.SetFontName(u"Arial"_s);
+    job.SetFontSize(14.0);
+    job.SetFontBold(true);
+    const double middle = job.GetScaleWidth() / 2;
+    job.PrintField(middle, u"C"_s, title, true);
+    job.SetFontSize(job.GetOrientation() == printer::Landscape ? 9.0 : 10.0);
+    job.PrintField(middle, u"C"_s, basic::Format(Value(basic::Date()), state().settings.gDateLong), true);
+    job.SetCurrentY(job.GetCurrentY() + 10);
+    job.SetForeColor(black);
+    job.SetFontBold(false);
 }
 
-void ReportHeading(const QString &title)
+void PrintRule(PrintJob &job)
 {
-    SetPreviewCaption(title + u" - REPORT"_s);
-    SetFontName(u"Arial"_s);
-    SetFontSize(14.0);
-    SetFontBold(true);
-    const double middle = GetScaleWidth() / 2;
-    PrintField(middle, u"C"_s, title, true);
-    SetFontSize(GetOrientation() == printer::Landscape ? 9.0 : 10.0);
-    PrintField(middle, u"C"_s, basic::Format(Value(basic::Date()), state().settings.gDateLong), true);
-    SetCurrentY(GetCurrentY() + 10);
-    SetForeColor(black);
-    SetFontBold(false);
+    const double y = job.GetCurrentY();
+    job.PrintLine(hair, y + hair, u"STEP"_s, job.GetScaleWidth(), 0, u"0"_s);
 }
 
-void PrintRule()
+void PrintLineTo(PrintJob &job, double x1, double y1, double x2, double y2)
 {
-    const double y = GetCurrentY();
-    PrintLine(hair, y + hair, u"STEP"_s, GetScaleWidth(), 0, u"0"_s);
+    job.PrintLine(x1, y1, u"STEP"_s, x2, y2, u"0"_s);
 }
 
-void PrintLineTo(double x1, double y1, double x2, double y2)
+bool isAtPageFoot(const PrintJob &job)
 {
-    PrintLine(x1, y1, u"STEP"_s, x2, y2, u"0"_s);
+    return job.GetCurrentY() > job.GetScaleHeight() - 5 * job.GetTextHeight(u"A"_s);
 }
 
-bool isAtPageFoot()
+void PageFootCheck(PrintJob &job)
 {
-    return GetCurrentY() > GetScaleHeight() - 5 * GetTextHeight(u"A"_s);
-}
-
-void PageFootCheck()
-{
-    if (!isAtPageFoot())
+    if (!isAtPageFoot(job))
         return;
-    SetFontBold(true);
-    SetFontBold(false);
-    PrintRule();
-    SetCurrentY(GetCurrentY() + hair);
-    SetForeColor(black);
-    const int page = GetPageNumber();
-    PrintField(5, u"L"_s, u"PAGE: %1      Dated:  %2"_s.arg(page).arg(shortDate(Value(basic::Date()))), true);
-    if (GetPageNumber() == page) {
-        PrintNewPage();
+    job.SetFontBold(true);
+    job.SetFontBold(false);
+    PrintRule(job);
+    job.SetCurrentY(job.GetCurrentY() + hair);
+    job.SetForeColor(black);
+    const int page = job.GetPageNumber();
+    job.PrintField(5, u"L"_s, u"PAGE: %1      Dated:  %2"_s.arg(page).arg(shortDate(Value(basic::Date()))), true);
+    if (job.GetPageNumber() == page) {
+        job.PrintNewPage();
     } else {                        // the foot line filled the page and turned it already
-        SetCurrentX(0);
-        SetCurrentY(0);
+        job.SetCurrentX(0);
+        job.SetCurrentY(0);
     }
 }
 
-void PrintPageNumber()
+void PrintPageNumber(PrintJob &job)
 {
-    SetForeColor(black);
-    SetFontBold(true);
-    PrintField(50, u"L"_s, u"PAGE:%1"_s.arg(GetPageNumber()), true);
-    SetFontBold(false);
+    job.SetForeColor(black);
+    job.SetFontBold(true);
+    job.PrintField(50, u"L"_s, u"PAGE:%1"_s.arg(job.GetPageNumber()), true);
+    job.SetFontBold(false);
 }
 
 }

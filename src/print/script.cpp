@@ -5,11 +5,10 @@
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
-#include "platform/printer/printer.h"
 #include "print/player.h"
-#include "print/recorder.h"
 #include "session/state.h"
 
+#include <QSet>
 #include <cmath>
 
 namespace vorel {
@@ -20,156 +19,155 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int accessError = 75;
-
-struct OpenFiles {
-    QFile script;
-    QFile html;
-};
-
-OpenFiles &openFiles()
-{
-    static OpenFiles files;
-    return files;
-}
-
-printer::Printer &target()
-{
-    return printer::thePrinter();
-}
+const QString scriptName = u"PRINT.TMP"_s;
 
 QString placeOf(const QString &name)
 {
     return QDir::isAbsolutePath(name) ? name : QDir(basic::programFolder()).filePath(name);
 }
 
-void writeHtml(std::initializer_list<const char *> lines)
+// The scripts that jobs of this program record or show. A second job takes the next name: its script must not replace one
+// that is still being read.
+QSet<QString> &scriptsInUse()
+{
+    static QSet<QString> paths;
+    return paths;
+}
+
+QString freeScriptPath()
+{
+    QString path = placeOf(scriptName);
+    for (int number = 2; scriptsInUse().contains(path); ++number)
+        path = placeOf(u"PRINT%1.TMP"_s.arg(number));
+    return path;
+}
+
+void writeHtml(QFile &html, std::initializer_list<const char *> lines)
 {
     for (const char *line : lines)
-        openFiles().html.write(QByteArray(line) + "\r\n");
+        html.write(QByteArray(line) + "\r\n");
 }
 
-void openHtml()
-{
-    if (scriptState().EmailFileName.trimmed().isEmpty())
-        return;
-    QFile &html = openFiles().html;
-    html.setFileName(placeOf(scriptState().EmailFileName));
-    if (!html.open(QIODevice::WriteOnly))
-        return;
-    scriptState().HtmlFile = 2;
-    writeHtml({"<html>", "<head>"});
 }
 
-void closeHtml()
-{
-    if (scriptState().EmailFileName.trimmed().isEmpty())
-        return;
-    if (scriptState().HtmlFile)
-        writeHtml({"</tr>", "</table>", "</body>", "</html>"});
-    openFiles().html.close();
-    scriptState().HtmlFile = 0;
-    scriptState().EmailFileName.clear();
-}
-
-void writeHeader()
-{
-    const QString stars = u"'"_s + QString(62, u'*');
-    const Value now(basic::Now());
-    recorder::write(stars);
-    recorder::write(u"'*      GENERATED: "_s + shortDate(now) + u' ' + basic::Format(now, u"hh:nn:ss"));
-    recorder::write(u"'* SOURCE PROGRAM: "_s + state().gProductTitle);
-    recorder::write(stars);
-}
-
-// What a report chose for its preview ends with it, also where it failed half-way.
-void forgetChoices()
-{
-    scriptState().hideEmail = false;
-    scriptState().PreviewCaption.clear();
-}
-
-// Whatever happens while the script plays, the next report starts with a new one.
-struct EndOfReport {
+// However the playing ends, the job is ready for a new script.
+struct PrintJob::EndOfReport {
+    PrintJob &job;
     ~EndOfReport()
     {
-        playerState().CurrentPage = 0;
-        abandonScript();
-        target().setCurrentX(0);
-        target().setCurrentY(0);
-        closeHtml();
+        job.m_player->CurrentPage = 0;
+        job.closeScript();
+        job.SetCurrentX(0);
+        job.SetCurrentY(0);
+        job.closeHtml();
     }
 };
 
+PrintJob::PrintJob() : m_player(std::make_unique<PrintPlayer>(*this)) {}
+
+PrintJob::~PrintJob()
+{
+    const QString path = m_script.fileName();
+    const bool isHalfWritten = m_script.isOpen() && !m_isPlayed;
+    closeScript();
+    if (isHalfWritten)
+        QFile::remove(path);
 }
 
-namespace recorder {
-
-void ensureOpen()
+void PrintJob::closeScript()
 {
-    if (scriptState().ScriptFile == 0)
+    m_script.close();
+    scriptsInUse().remove(m_script.fileName());
+}
+
+void PrintJob::openHtml()
+{
+    if (EmailFileName.trimmed().isEmpty())
+        return;
+    m_html.setFileName(placeOf(EmailFileName));
+    if (m_html.open(QIODevice::WriteOnly))
+        writeHtml(m_html, {"<html>", "<head>"});
+}
+
+void PrintJob::closeHtml()
+{
+    if (m_html.isOpen())
+        writeHtml(m_html, {"</tr>", "</table>", "</body>", "</html>"});
+    m_html.close();
+    EmailFileName.clear();
+}
+
+void PrintJob::writeHeader()
+{
+    const QString stars = u"'"_s + QString(62, u'*');
+    const Value now(basic::Now());
+    write(stars);
+    write(u"'*      GENERATED: "_s + shortDate(now) + u' ' + basic::Format(now, u"hh:nn:ss"));
+    write(u"'* SOURCE PROGRAM: "_s + state().gProductTitle);
+    write(stars);
+}
+
+void PrintJob::write(const QString &line)
+{
+    m_script.write(line.toUtf8() + "\r\n");
+}
+
+void PrintJob::record(const QString &line)
+{
+    if (!isRecording())
         OpenPrintScript();
-}
-
-void write(const QString &line)
-{
-    openFiles().script.write(line.toUtf8() + "\r\n");
-}
-
-void record(const QString &line)
-{
-    ensureOpen();
     write(line);
 }
 
-void newPage()
+void PrintJob::turnPage()
 {
     record(u"NEWPAGE"_s);
-    ++scriptState().RecordedPage;
+    ++m_recordedPage;
 }
 
-}
-
-ScriptState &scriptState()
+void PrintJob::OpenPrintScript()
 {
-    static ScriptState script;
-    return script;
-}
-
-void OpenPrintScript()
-{
-    ScriptState &script = scriptState();
-    script.RecordedPage = 1;
-    QFile &file = openFiles().script;
-    file.close();
-    file.setFileName(placeOf(script.ScriptName));
-    QFile::remove(file.fileName());
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+    closeScript();
+    m_isPlayed = false;
+    m_recordedPage = 1;
+    m_script.setFileName(freeScriptPath());
+    QFile::remove(m_script.fileName());
+    // Nobody else may read the pages, at no moment; an earlier file with weaker permissions is never written into.
+    if (!m_script.open(QIODevice::WriteOnly | QIODevice::NewOnly, QFile::ReadOwner | QFile::WriteOwner)) {
+        const QFileInfo place(m_script);
         throw basic::Error(accessError, u"%1 cannot be written in the folder %2: %3. Nothing was printed."_s
-                                            .arg(script.ScriptName, QFileInfo(file).path(), file.errorString()));
-    script.ScriptFile = 1;
+                                            .arg(place.fileName(), place.path(), m_script.errorString()));
+    }
+    scriptsInUse().insert(m_script.fileName());
     writeHeader();
     openHtml();
 }
 
-void abandonScript()
+void PrintJob::PrintEndDoc()
 {
-    openFiles().script.close();
-    scriptState().ScriptFile = 0;
-    forgetChoices();
+    const EndOfReport cleanUp{*this};
+    record(u"ENDDOC"_s);
+    const bool isWhole = m_script.flush() && m_script.error() == QFileDevice::NoError;
+    const QString reason = m_script.errorString();
+    m_script.close();
+    if (!isWhole) {
+        QFile::remove(m_script.fileName());
+        throw basic::Error(accessError, u"The pages do not fit into the folder %1: %2. Nothing was printed."_s
+                                            .arg(QFileInfo(m_script).path(), reason));
+    }
+    m_isPlayed = true;
+    m_player->RunPrintScript(m_script.fileName(), ScriptStrings, GetPrintTarget());
 }
 
-void PrintEndDoc()
+void removePrintScripts()
 {
-    const EndOfReport cleanUp;
-    recorder::record(u"ENDDOC"_s);
-    QFile &file = openFiles().script;
-    const bool isWhole = file.flush() && file.error() == QFileDevice::NoError;
-    const QString reason = file.errorString();
-    file.close();
-    if (!isWhole)
-        throw basic::Error(accessError, u"The pages do not fit into the folder %1: %2. Nothing was printed."_s
-                                            .arg(QFileInfo(file).path(), reason));
-    RunPrintScript(placeOf(scriptState().ScriptName), scriptState().ScriptStrings, GetPrintTarget());
+    const QDir folder(basic::programFolder());
+    const QStringList left = folder.entryList({u"PRINT*.TMP"_s}, QDir::Files | QDir::Hidden);
+    for (const QString &name : left) {
+        const QString path = folder.filePath(name);
+        if (!scriptsInUse().contains(path))
+            QFile::remove(path);
+    }
 }
 
 QString scriptNumber(double number)
@@ -215,132 +213,55 @@ double numberOf(const Value &value)
     return basic::CDbl(value);
 }
 
-void SetPrintTarget(const QString &printTarget)
+QString PrintJob::GetPrintTarget() const
 {
-    scriptState().PrintTarget = printTarget;
+    return m_target.isEmpty() ? u"PRINTER"_s : m_target;
 }
 
-QString GetPrintTarget()
-{
-    const QString &printTarget = scriptState().PrintTarget;
-    return printTarget.isEmpty() ? u"PRINTER"_s : printTarget;
-}
-
-void SetPreviewCaption(const QString &caption)
-{
-    scriptState().PreviewCaption = caption;
-}
-
-void SetFontName(const QString &name)
+void PrintJob::SetFontName(const QString &name)
 {
     const QString trimmed = name.trimmed();
-    recorder::record(u"FONTNAME = \"%1\""_s.arg(trimmed));
-    target().setFontName(trimmed);
+    record(u"FONTNAME = \"%1\""_s.arg(trimmed));
+    m_device.setFontName(trimmed);
 }
 
-void SetFontSize(Value &size)
+double PrintJob::SetFontSize(const Value &size)
 {
-    if (numberOf(size) == 0)
-        size = Value(target().FontSize());
-    const double points = numberOf(size);
-    recorder::record(u"FONTSIZE = "_s + scriptNumber(points));
-    target().setFontSize(points);
+    const double wanted = numberOf(size);
+    const double points = wanted == 0 ? m_device.FontSize() : wanted;
+    record(u"FONTSIZE = "_s + scriptNumber(points));
+    m_device.setFontSize(points);
+    return points;
 }
 
-void SetFontSize(double size)
+void PrintJob::SetFontBold(bool on)
 {
-    Value value(size);
-    SetFontSize(value);
+    record(on ? u"FONTBOLD = TRUE"_s : u"FONTBOLD = FALSE"_s);
+    m_device.setFontBold(on);
 }
 
-void SetFontBold(bool on)
+void PrintJob::SetForeColor(quint32 colour)
 {
-    recorder::record(on ? u"FONTBOLD = TRUE"_s : u"FONTBOLD = FALSE"_s);
-    target().setFontBold(on);
+    record(u"FORECOLOR = %1"_s.arg(colour));
+    m_device.setForeColor(colour);
 }
 
-void SetForeColor(quint32 colour)
+void PrintJob::SetOrientation(int orientation)
 {
-    recorder::record(u"FORECOLOR = %1"_s.arg(colour));
-    target().setForeColor(colour);
+    record(u"ORIENTATION = %1"_s.arg(orientation));
+    m_device.setOrientation(orientation);
 }
 
-quint32 GetForeColor()
+void PrintJob::SetScaleMode(int mode)
 {
-    return target().ForeColor();
+    record(u"SCALEMODE = %1"_s.arg(mode));
+    m_device.setScaleMode(mode);
 }
 
-void SetOrientation(int orientation)
+void PrintJob::SetScaleWidth(double width)
 {
-    recorder::record(u"ORIENTATION = %1"_s.arg(orientation));
-    target().setOrientation(orientation);
-}
-
-int GetOrientation()
-{
-    return target().Orientation();
-}
-
-void SetScaleMode(int mode)
-{
-    recorder::record(u"SCALEMODE = %1"_s.arg(mode));
-    target().setScaleMode(mode);
-}
-
-int GetScaleMode()
-{
-    return target().ScaleMode();
-}
-
-void SetScaleWidth(double width)
-{
-    recorder::record(u"SCALEWIDTH = "_s + scriptNumber(width));
-    target().setScaleWidth(width);
-}
-
-double GetScaleWidth()
-{
-    return target().ScaleWidth();
-}
-
-double GetScaleHeight()
-{
-    return target().ScaleHeight();
-}
-
-double GetCurrentX()
-{
-    return target().CurrentX();
-}
-
-double GetCurrentY()
-{
-    return target().CurrentY();
-}
-
-void SetCurrentX(double x)
-{
-    target().setCurrentX(x);
-}
-
-void SetCurrentY(double y)
-{
-    target().setCurrentY(y);
-}
-
-double GetTextWidth(const QString &text)
-{
-    return target().TextWidth(text);
-}
-
-double GetTextHeight(const QString &text)
-{
-    return target().TextHeight(text);
-}
-
-int GetPageNumber()
-{
-    return scriptState().RecordedPage;
+    record(u"SCALEWIDTH = "_s + scriptNumber(width));
+    m_device.setScaleWidth(width);
 }
 
 bool IsOddNumber(int number)

@@ -11,12 +11,20 @@ namespace {
 
 constexpr int subscriptError = 9;
 
-// The word at the head of a line as it lies in the file, in capitals.
-QByteArray firstWordOf(const QByteArray &line)
+// What a line of the file says. Blanks are those of ASCII alone: a no-break space belongs to the text.
+QString lineText(const QByteArray &line)
+{
+    return QString::fromUtf8(line.trimmed());
+}
+
+// By the same rule as the player's, but without decoding the lines that begin with an ASCII character, which nearly all do.
+bool endsPage(const QByteArray &line)
 {
     const QByteArray trimmed = line.trimmed();
+    if (trimmed.isEmpty() || static_cast<unsigned char>(trimmed[0]) >= 0x80)
+        return FirstWord(lineText(line)) == u"NEWPAGE";
     const qsizetype blank = trimmed.indexOf(' ');
-    return (blank < 0 ? trimmed : trimmed.left(blank)).toUpper();
+    return (blank < 0 ? trimmed : trimmed.left(blank)).toUpper() == "NEWPAGE";
 }
 
 QString between(const QString &line, QChar open, QChar close)
@@ -68,7 +76,7 @@ bool PrintScriptFile::open(const QString &path)
         return false;
     m_pages = {0};
     while (!m_file.atEnd()) {
-        if (firstWordOf(m_file.readLine()) == "NEWPAGE")
+        if (endsPage(m_file.readLine()))
             m_pages.push_back(m_file.pos());
     }
     return true;
@@ -91,7 +99,7 @@ void PrintScriptFile::seekPage(int page)
 std::optional<QString> PrintScriptFile::nextLine()
 {
     while (!m_file.atEnd()) {
-        const QString line = QString::fromUtf8(m_file.readLine()).trimmed();
+        const QString line = lineText(m_file.readLine());
         if (!line.isEmpty() && !line.startsWith(u'\''))
             return line;
     }

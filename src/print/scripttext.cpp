@@ -1,6 +1,5 @@
 #include "platform/basic/format.h"
 #include "session/state.h"
-#include "print/recorder.h"
 #include "print/script.h"
 
 namespace vorel {
@@ -25,35 +24,48 @@ QString scriptText(const Value &value)
     return text;
 }
 
-void writeText(QStringView command, const QString &piece)
+QString shownPiece(QString piece)
 {
-    recorder::write(command.toString() + scriptNumber(GetCurrentX()) + u',' + scriptNumber(GetCurrentY()) + u", \""_s + piece
+    return piece.replace(quoteStandIn, u'"');
+}
+
+QString lineOf(double x, double y)
+{
+    return u'(' + scriptNumber(x) + u',' + scriptNumber(y) + u')';
+}
+
+QString argument(const Value &value)
+{
+    return value.isNumber() ? scriptNumber(numberOf(value)) : value.text();
+}
+
+}
+
+void PrintJob::writeText(QStringView command, const QString &piece)
+{
+    write(command.toString() + scriptNumber(GetCurrentX()) + u',' + scriptNumber(GetCurrentY()) + u", \""_s + piece
                     + u'"');
 }
 
-void stepDown()
+void PrintJob::stepDown()
 {
     SetCurrentX(0);
     SetCurrentY(GetCurrentY() + GetTextHeight(u"A"_s));
 }
 
 // The pen keeps its x: the next field of the line sets its own.
-void breakFullPage()
+void PrintJob::breakFullPage()
 {
     if (GetScaleHeight() >= GetCurrentY() + GetTextHeight(u"A"_s))
         return;
     SetCurrentY(0);
-    recorder::newPage();
+    turnPage();
 }
 
-QString shownPiece(QString piece)
+void PrintJob::printPieces(QStringView command, const Value &value)
 {
-    return piece.replace(quoteStandIn, u'"');
-}
-
-void printPieces(QStringView command, const Value &value)
-{
-    recorder::ensureOpen();
+    if (!isRecording())
+        OpenPrintScript();
     const QString text = scriptText(value);
     qsizetype p = 0;
     do {
@@ -72,31 +84,20 @@ void printPieces(QStringView command, const Value &value)
     breakFullPage();
 }
 
-QString lineOf(double x, double y)
-{
-    return u'(' + scriptNumber(x) + u',' + scriptNumber(y) + u')';
-}
-
-QString argument(const Value &value)
-{
-    return value.isNumber() ? scriptNumber(numberOf(value)) : value.text();
-}
-
-}
-
-void PrintLeft(const Value &text)
+void PrintJob::PrintLeft(const Value &text)
 {
     printPieces(u"LPRINT ", text);
 }
 
-void PrintRight(const Value &text)
+void PrintJob::PrintRight(const Value &text)
 {
     printPieces(u"RPRINT ", text);
 }
 
-void PrintCentre(const Value &value)
+void PrintJob::PrintCentre(const Value &value)
 {
-    recorder::ensureOpen();
+    if (!isRecording())
+        OpenPrintScript();
     const QString text = scriptText(value);
     const qsizetype cut = text.indexOf(u'\r');
     writeText(u"CPRINT ", cut < 0 ? text : text.left(cut));
@@ -107,24 +108,22 @@ void PrintCentre(const Value &value)
     breakFullPage();
 }
 
-void PrintLine(double x1, double y1, const QString &step, double x2, double y2, const Value &colour, const QString &flag)
+void PrintJob::PrintLine(double x1, double y1, const QString &step, double x2, double y2, const Value &colour, const QString &flag)
 {
     const QString relative = step.trimmed().toUpper();
     // A colour is a whole number of up to seven digits and more, which single precision would round.
     const QString number = colour.isNumber() ? QString::number(static_cast<qint64>(numberOf(colour))) : colour.text();
-    recorder::record(u"LINE "_s + lineOf(x1, y1) + u'-' + relative + lineOf(x2, y2) + u',' + number + u',' + flag);
+    record(u"LINE "_s + lineOf(x1, y1) + u'-' + relative + lineOf(x2, y2) + u',' + number + u',' + flag);
     SetCurrentX(relative.isEmpty() ? x2 : x1 + x2);
     SetCurrentY(relative.isEmpty() ? y2 : y1 + y2);
 }
 
-void PrintPicture(const QString &path, float &x, float &y, const Value &width, const Value &height,
-                  const std::vector<Value> &further)
+void PrintJob::PrintPicture(const QString &path, double x, double y, const Value &width, const Value &height,
+                            const std::vector<Value> &further)
 {
-    ScriptState &script = scriptState();
-    script.PictureWidth = static_cast<float>(numberOf(width));
-    script.PictureHeight = static_cast<float>(numberOf(height));
-    QString line = u"PAINTPICTURE ["_s + path + u"]("_s + scriptNumber(static_cast<double>(x)) + u")<"_s
-        + scriptNumber(static_cast<double>(y));
+    PictureWidth = numberOf(width);
+    PictureHeight = numberOf(height);
+    QString line = u"PAINTPICTURE ["_s + path + u"]("_s + scriptNumber(x) + u")<"_s + scriptNumber(y);
     if (width.isNull()) {
         line += u'>';
     } else {
@@ -132,17 +131,17 @@ void PrintPicture(const QString &path, float &x, float &y, const Value &width, c
         for (const Value &value : further)
             line += argument(value) + u',';
     }
-    recorder::record(line);
+    record(line);
 }
 
-void PrintNewPage()
+void PrintJob::PrintNewPage()
 {
-    recorder::newPage();
+    turnPage();
     SetCurrentX(0);
     SetCurrentY(0);
 }
 
-void PrintField(double x, const QString &alignment, const Value &text, bool newLine)
+void PrintJob::PrintField(double x, const QString &alignment, const Value &text, bool newLine)
 {
     SetCurrentX(x);
     if (alignment == u"C")
@@ -155,17 +154,17 @@ void PrintField(double x, const QString &alignment, const Value &text, bool newL
         PrintLeft(lineEnd);
 }
 
-void PrintDateField(double x, const QString &alignment, const Value &date, bool newLine)
+void PrintJob::PrintDateField(double x, const QString &alignment, const Value &date, bool newLine)
 {
     PrintField(x, alignment, basic::Format(date, state().settings.gDateLong), newLine);
 }
 
-void PrintCurrencyField(double x, const QString &alignment, const Value &number, bool newLine)
+void PrintJob::PrintCurrencyField(double x, const QString &alignment, const Value &number, bool newLine)
 {
     PrintField(x, alignment, basic::Format(number, u"currency"), newLine);
 }
 
-void PrintDollarField(double x, const QString &alignment, const Value &number, bool newLine)
+void PrintJob::PrintDollarField(double x, const QString &alignment, const Value &number, bool newLine)
 {
     PrintField(x, alignment, basic::Format(number, u"$#,##0.00;($#,##0.00)"), newLine);
 }
@@ -194,7 +193,7 @@ QStringList wrapLines(const QString &text, int width)
     return lines;
 }
 
-void PrintWrapped(const QString &alignment, double x, int width, const Value &value)
+void PrintJob::PrintWrapped(const QString &alignment, double x, int width, const Value &value)
 {
     QString text = value.text();
     if (text.contains(u'\n') || text.contains(u'\r'))

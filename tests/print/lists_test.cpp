@@ -1,7 +1,7 @@
 #include "print/lists.h"
 
 #include "platform/basic/error.h"
-#include "print/listreport.h"
+#include "print/listwriter.h"
 #include "print/printfixture.h"
 #include "print/scriptfile.h"
 #include "session/datafiles.h"
@@ -55,7 +55,7 @@ protected:
     static void expectShape(const QStringList &script, const QString &shape, const QString &what)
     {
         const QStringList figures = shape.split(u' ');
-        printer::Page page(printer::thePrinter().paper());
+        printer::Page page(printer::Printer().paper());
         page.setOrientation(figures[0].toInt());
         EXPECT_EQ(script.filter(u"ORIENTATION"_s).value(0), u"ORIENTATION = "_s + figures[0]) << qPrintable(what);
         const auto row = script.indexOf(script.filter(QRegularExpression(u"PRINT.*\"Row"_s)).value(0));
@@ -69,7 +69,7 @@ protected:
     // Nothing of a script lies outside the page, and no two texts of a line cover each other.
     static void expectTidy(const QStringList &script, const QString &what)
     {
-        printer::Page page(printer::thePrinter().paper());
+        printer::Page page(printer::Printer().paper());
         std::map<double, std::vector<std::pair<double, double>>> taken;
         for (const QString &line : script) {
             const QString word = FirstWord(line);
@@ -292,6 +292,103 @@ TEST_F(Lists, LongTextsStayInTheirColumns)
     EXPECT_EQ(read.join(QString()).count(u"jumps"_s), 40);
     for (const QString &page : read)
         EXPECT_TRUE(page.contains(u"DATE NAME NOTE"_s) || page.contains(u"LISTED"_s)) << qPrintable(page.left(200));
+}
+
+TEST_F(Lists, WrappedCellsAreBrokenOnce)
+{
+    put(DataFile::Movies, {u"INSERT INTO [MOVIES] ([TITLE],[PRODUCER]) VALUES ('Long','November Oscar Hotel Hotel Yankee Zulu Mike')"_s});
+    put(DataFile::Main, {u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,"
+                         "'FOXTROT WHISKEY QUEBEC UNIFORM MIKE GOLF ROMEO HOTEL CHARLIE KILO',5)"_s});
+    // A line is as full as its column allows: the first word of the next one would not have fitted.
+    for (const QString &code : {u"V"_s, u"B"_s}) {
+        const QString word = code == u"V" ? u"November"_s : u"FOXTROT"_s;
+        printer::Page page{printer::Printer().paper()};
+        page.setFontName(u"Arial"_s);
+        page.setFontSize(code == u"V" ? 8 : 10);
+        page.setOrientation(code == u"V" ? 2 : 1);
+        const QStringList lines = script(list(code)).filter(u"LPRINT"_s);
+        const double x = parseTextLine(lines.filter(word).value(0), {}).x;
+        const double room = (code == u"V" ? 0.15 : 0.53) * page.ScaleWidth() - 70;
+        QStringList cell;
+        for (const QString &line : lines) {
+            const TextLine text = parseTextLine(line, {});
+            if (text.x == x && (!cell.isEmpty() || text.text.startsWith(word)))
+                cell << text.text;
+        }
+        ASSERT_GE(cell.size(), 2);
+        for (qsizetype line = 1; line < cell.size(); ++line)
+            EXPECT_GT(page.TextWidth(cell[line - 1] + u' ' + cell[line].section(u' ', 0, 0)), room) << qPrintable(cell[line]);
+    }
+}
+
+TEST_F(Lists, FiguresAreSetSmallerWhereTheyWouldCoverEachOther)
+{
+    for (const QString &region : {u"en_US"_s, u"de_DE"_s, u"id_ID"_s}) {
+        setRegion(region);
+        DetectDateOrder();
+        for (const double amount : {1999.99, 12345678.5, 900000000.0}) {
+            put(DataFile::Main, {u"DELETE FROM [SHOPPING]"_s,
+                                 u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[NUMBER],[LASTCOST],[AMOUNT],[TOTAL],[PICK]) VALUES "
+                                 "('Row','Corner',12345,%1,%1,%1,True)"_s.arg(amount, 0, 'f', 2),
+                                 u"INSERT INTO [SHOPPING] ([ITEM],[TOTAL],[PICK]) VALUES ('Row 2',3,True)"_s});
+            answerShopping(u"H"_s);
+            const QStringList lines = script(list(u"H"_s));
+            expectTidy(lines, region + u' ');
+            const auto second = lines.indexOf(lines.filter(u"\"Row 2\""_s).value(0));
+            EXPECT_EQ(parseSetting(lines.mid(0, second).filter(u"FONTSIZE"_s).last()), 12) << "of the next row";
+        }
+    }
+}
+
+TEST_F(Lists, RulesLeaveNoSlivers)
+{
+    put(DataFile::Main, {u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,'Gas',5)"_s,
+                         u"INSERT INTO [INVENTORY] ([ITEM],[COST]) VALUES ('Saw',5)"_s,
+                         u"INSERT INTO [SHOPPING] ([ITEM],[PICK]) VALUES ('Tea',True)"_s});
+    for (const QString &code : {u"B"_s, u"I"_s, u"H"_s}) {
+        answerShopping(code);
+        const QStringList lines = script(list(code));
+        printer::Page page(printer::Printer().paper());
+        page.setOrientation(lines.filter(u"ORIENTATION"_s).value(0).right(1).toInt());
+        std::vector<double> rules;
+        for (const QString &line : lines.filter(u"-STEP(0,"_s))
+            rules.push_back(parseDrawnLine(line).x1);
+        EXPECT_EQ(rules.size(), code == u"B" ? 4u : code == u"I" ? 8u : 6u) << "one a column";
+        std::sort(rules.begin(), rules.end());
+        for (std::size_t rule = 1; rule < rules.size(); ++rule)
+            EXPECT_GT(rules[rule] - rules[rule - 1], 0.05 * page.ScaleWidth()) << qPrintable(code) << rule;
+    }
+}
+
+TEST_F(Lists, SignsOfSeveralCodesStayWhole)
+{
+    const QString smiley = u"\U0001F600"_s, family = u"\U0001F468\u200D\U0001F469\u200D\U0001F467"_s;
+    const struct { QString text; int most; qsizetype kept; } cases[] = {
+        {QString(35, u'x') + smiley, 36, 35}, {QString(34, u'x') + smiley, 36, 36}, {u"ab"_s + family + u"c"_s, 5, 2},
+        {u"ae\u0301"_s, 2, 1}, {family, 3, family.size()}, {u"plain"_s, 3, 3}, {u"short"_s, 36, 5}};
+    for (const auto &one : cases)
+        EXPECT_EQ(wholeCharacters(one.text, one.most), one.kept) << qPrintable(one.text);
+    put(DataFile::Books, {u"INSERT INTO [BOOKS] ([TITLE]) VALUES ('"_s + QString(35, u'x') + smiley + u"')"_s});
+    EXPECT_EQ(script(list(u"K"_s)).filter(u'"' + QString(35, u'x') + u'"').size(), 1);
+}
+
+TEST_F(Lists, LabelsStayWithTheirTexts)
+{
+    for (int lines = 30; lines < 80; ++lines) {
+        put(DataFile::HowTo, {u"DELETE FROM [HowTo]"_s,
+                              u"INSERT INTO [HowTo] ([SUBJECT],[HOWTO],[SOLUTION]) VALUES ('A','a','"_s + u"line\r\n"_s.repeated(lines) + u"')"_s,
+                              u"INSERT INTO [HowTo] ([SUBJECT],[HOWTO],[SOLUTION]) VALUES ('B','b','last')"_s});
+        const QStringList written = script(list(u"Y"_s));
+        QString before;
+        for (const QString &line : written) {
+            if (line == u"NEWPAGE") {
+                for (const QString &label : {u"\"SUBJECT\""_s, u"\"HOW TO\""_s, u"\"SOLUTION\""_s})
+                    EXPECT_FALSE(before.endsWith(label)) << lines;
+            }
+            if (line.contains(u"PRINT"_s))
+                before = line;
+        }
+    }
 }
 
 // However the rows fill the last page, the closing lines stand whole, on it or on one of their own behind a foot line.

@@ -14,13 +14,12 @@ protected:
     {
         printer::setHardware({});
         setPrinterProbe([] { return true; });
-        setPreviewMaker([] { return std::make_unique<test::FakePreview>(); });
+        setPreviewMaker([](PrintJob &job) { return std::make_unique<test::FakePreview>(job); });
     }
     ~PrintMenu() override
     {
         setPreviewMaker({});
         setPrinterProbe({});
-        scriptState() = ScriptState{};
     }
 };
 
@@ -32,7 +31,7 @@ TEST_F(PrintMenu, EntryAndKeyPrintTheSectionOnShow)
     execute(u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/24/2026#,'GENERAL','In two days')"_s);
     start();
     QStringList captions;
-    test::FakePreview::whileOpen = [&](test::FakePreview &) { captions << scriptState().PreviewCaption; };
+    test::FakePreview::whileOpen = [&](test::FakePreview &preview) { captions << preview.job.PreviewCaption; };
     menu(u"mnuPrintEvents"_s)->trigger();               // the grid shows this week, and so does the paper
     EXPECT_EQ(captions, QStringList{u"EVENTS - REPORT"_s});
     const struct { QString section, entry, caption; } cases[] = {

@@ -2,6 +2,7 @@
 
 #include "platform/basic/error.h"
 #include "print/printfixture.h"
+#include "session/ini.h"
 #include "support/screens.h"
 
 #include <QComboBox>
@@ -19,6 +20,9 @@ using namespace Qt::StringLiterals;
 class Preview : public test::PrintTest {
 protected:
     Preview() { frmPreview::install(); }
+    std::unique_ptr<PrintJob> m_job;        // the latest
+    QString m_recipient;
+    bool m_isMailHidden = false;
     ~Preview() override { frmPreview::setMailer({}); }
 
     void open(int orientation, const std::function<void(frmPreview &)> &work)
@@ -27,9 +31,12 @@ protected:
         for (int page = 1; page <= 4; ++page)
             lines << u"LPRINT 100,100, \"Page number %1\""_s.arg(page) << (page < 4 ? u"NEWPAGE"_s : u"ENDDOC"_s);
         writeScript(lines);
+        m_job = std::make_unique<PrintJob>();
+        m_job->MailRecipient = m_recipient;
+        m_job->hideEmail = m_isMailHidden;
         bool worked = false;
         QTimer::singleShot(0, qApp, [&] {
-            auto *screen = dynamic_cast<frmPreview *>(preview());
+            auto *screen = dynamic_cast<frmPreview *>(m_job->player().preview());
             ASSERT_TRUE(screen && screen->isVisible());
             screen->resize(900, 640);
             QCoreApplication::processEvents();
@@ -37,9 +44,9 @@ protected:
             if (screen->isVisible())
                 press(*screen, u"cmdExit"_s);
         });
-        RunPrintScript(scriptPath(), {QString()}, u"SCREEN"_s);
+        m_job->player().RunPrintScript(scriptPath(), {QString()}, u"SCREEN"_s);
         EXPECT_TRUE(worked);
-        EXPECT_EQ(preview(), nullptr);
+        EXPECT_EQ(m_job->player().preview(), nullptr);
         EXPECT_FALSE(QFile::exists(scriptPath()));
     }
     template <class W> static W &at(QWidget &screen, const QString &name) { return *test::control<W>(screen, name); }
@@ -63,6 +70,11 @@ TEST_F(Preview, ButtonsAndBoxTurnThePages)
         box.setFocus();
         box.setText(u"3"_s);
         EXPECT_EQ(label(screen), u"Page 3 of 4"_s);
+        for (const QString &refused : {u"999"_s, u"0"_s, u"text"_s}) {
+            box.setText(refused);
+            QTest::keyClick(&box, Qt::Key_Return);
+            EXPECT_EQ(label(screen), u"Page %1 of 4"_s.arg(box.text())) << qPrintable(refused);
+        }
     });
 }
 
@@ -109,6 +121,17 @@ TEST_F(Preview, KeysAndWheelMoveThePage)
         QTest::keyClick(&screen, Qt::Key_PageDown, Qt::ControlModifier);
         QTest::keyClick(&screen, Qt::Key_End, Qt::ControlModifier);
         EXPECT_EQ(label(screen), u"Page 4 of 4"_s);
+        for (const QString &turned : {u"CMD_Move(0)"_s, u"CMD_Move(2)"_s}) {
+            at<QLineEdit>(screen, u"txtPage"_s).setFocus();
+            press(screen, turned);
+            down.setValue(0);
+            ASSERT_TRUE(screen.focusWidget());
+            QTest::keyClick(screen.focusWidget(), Qt::Key_Down);
+            EXPECT_EQ(down.value(), down.singleStep()) << qPrintable(turned);
+            QTest::keyClick(screen.focusWidget(), Qt::Key_Right);
+            EXPECT_GT(across.value(), 0) << qPrintable(turned);
+        }
+        press(screen, u"CMD_Move(3)"_s);
         const int width = at<QWidget>(screen, u"Page"_s).width();
         QTest::keyClick(&screen, Qt::Key_Plus, Qt::ControlModifier);
         EXPECT_NEAR(at<QWidget>(screen, u"Page"_s).width(), width * 1.2, 2);
@@ -139,7 +162,7 @@ TEST_F(Preview, PagesDialogPrintsWhatItSets)
             return m_jobs.sheetCounts();
         };
         EXPECT_EQ(dialog([](QWidget &pages) { press(pages, u"CDM_Cancel"_s); }), QList<int>{});
-        EXPECT_EQ(playerState().LastPrintPage, 0);
+        EXPECT_EQ(m_job->player().LastPrintPage, 0);
         EXPECT_EQ(dialog([](QWidget &pages) {
             auto &from = at<QLineEdit>(pages, u"TXT_From"_s), &to = at<QLineEdit>(pages, u"TXT_To"_s);
             EXPECT_EQ(to.text(), u"4"_s);
@@ -154,17 +177,29 @@ TEST_F(Preview, PagesDialogPrintsWhatItSets)
             QTest::keyClicks(&to, u"99"_s);
             from.setFocus();
             EXPECT_EQ(to.text(), u"4"_s);
+            from.setText(u"0"_s);
+            to.setFocus();
+            EXPECT_EQ(from.text(), u"1"_s);
+            from.setText(u"2"_s);
             to.setText(u"3"_s);
             press(pages, u"CMD_OK"_s);
         }), QList<int>{2});
+        EXPECT_EQ(at<QLabel>(screen, u"lblChosen"_s).text(), u"pages 2 to 3"_s);
+        EXPECT_TRUE(at<QLabel>(screen, u"lblChosen"_s).isVisible());
         EXPECT_EQ(dialog([](QWidget &pages) {
             at<QSpinBox>(pages, u"spnCopies"_s).setValue(3);
             press(pages, u"CMD_OK"_s);
         }), QList<int>{4});
+        EXPECT_EQ(dialog([](QWidget &pages) { press(pages, u"CMD_OK"_s); }), QList<int>{}) << "nothing has changed";
+        EXPECT_EQ(dialog([](QWidget &pages) {
+            at<QSpinBox>(pages, u"spnCopies"_s).setValue(2);
+            press(pages, u"CMD_OK"_s);
+        }), QList<int>{4}) << "the copies alone";
         ASSERT_EQ(m_jobs.documents.size(), 1u);
-        EXPECT_EQ(m_jobs.documents[0]->copies, 3);
+        EXPECT_EQ(m_jobs.documents[0]->copies, 2);
         EXPECT_EQ(m_jobs.documents[0]->printer, u"Test printer"_s);
-        const double width = printer::thePrinter().ScaleWidth();
+        EXPECT_FALSE(at<QLabel>(screen, u"lblChosen"_s).isVisible());
+        const double width = m_job->device().ScaleWidth();
         for (const QString &name : {u"Other printer"_s, u"Gone printer"_s}) {
             if (name.startsWith(u"Gone"))
                 m_prompts.expect(u"The printer \"Gone printer\" cannot be reached."_s);
@@ -175,8 +210,34 @@ TEST_F(Preview, PagesDialogPrintsWhatItSets)
             press(screen, u"cmdPrint"_s);
             EXPECT_EQ(m_jobs.documents.back()->printer, u"Other printer"_s);
         }
-        EXPECT_EQ(printer::thePrinter().ScaleWidth(), width);       // these pages were measured for the first one
+        EXPECT_EQ(m_job->device().ScaleWidth(), width);       // these pages were measured for the first one
     });
+}
+
+TEST_F(Preview, ZoomIsKeptForTheNext)
+{
+    state().gIniFile = m_folder.path(u"vorelreminder.ini"_s);
+    int fitted = 0;
+    const auto pageWidth = [](frmPreview &screen) { return at<QWidget>(screen, u"Page"_s).width(); };
+    const auto frame = [](frmPreview &screen) { return at<QWidget>(screen, u"Frame"_s).size(); };
+    open(2, [&](frmPreview &screen) {
+        EXPECT_GT(pageWidth(screen), frame(screen).width());
+        press(screen, u"cmdFit"_s);
+        fitted = pageWidth(screen);
+    });
+    open(2, [&](frmPreview &screen) {
+        EXPECT_NEAR(pageWidth(screen), fitted, 2);
+        screen.resize(700, 500);                                // fitted it stays, whatever the size
+        QCoreApplication::processEvents();
+        EXPECT_LE(pageWidth(screen), frame(screen).width());
+        press(screen, u"cmdZoomIn"_s);
+    });
+    EXPECT_NE(GetIniValue(iniSettings, u"PreviewZoom"_s, {}), u"page"_s);
+    open(2, [](frmPreview &screen) {
+        EXPECT_NEAR(screen.Zoom, scanNumber(GetIniValue(iniSettings, u"PreviewZoom"_s, {})), 0.001);
+        QTest::keyClick(&screen, Qt::Key_0, Qt::ControlModifier);
+    });
+    EXPECT_EQ(GetIniValue(iniSettings, u"PreviewZoom"_s, {}), QString());
 }
 
 TEST_F(Preview, MailIsOfferedWhereItCanBeSent)
@@ -191,10 +252,10 @@ TEST_F(Preview, MailIsOfferedWhereItCanBeSent)
                     return;
                 }
     });
-    scriptState().MailRecipient = u"ann@example.org"_s;
+    m_recipient = u"ann@example.org"_s;
     open(1, [](frmPreview &screen) { press(screen, u"cmdEmail"_s); });
     EXPECT_EQ(sent, 1);
-    scriptState().hideEmail = true;
+    m_isMailHidden = true;
     open(1, [](frmPreview &screen) { EXPECT_FALSE(at<QWidget>(screen, u"cmdEmail"_s).isVisible()); });
 }
 

@@ -95,7 +95,7 @@ QList<int> FakeJobs::sheetCounts() const
     return counts;
 }
 
-FakePreview::FakePreview() : m_page({}) {}
+FakePreview::FakePreview(PrintJob &printed) : job(printed), player(printed.player()), m_page({}) {}
 
 FakePreview::~FakePreview()
 {
@@ -120,8 +120,9 @@ void FakePreview::ClearPage()
 void FakePreview::ShowModal()
 {
     ++opened;
-    if (whileOpen)
-        whileOpen(*this);
+    const auto work = whileOpen;        // which may set another, for a preview within this one
+    if (work)
+        work(*this);
 }
 
 bool hasInk(const QImage &image, double scale, const QRectF &twips)
@@ -138,7 +139,6 @@ bool hasInk(const QImage &image, double scale, const QRectF &twips)
 
 PrintTest::PrintTest()
 {
-    scriptState() = ScriptState{};
     state().gProductTitle = u"Vorel Reminder"_s;
     DetectDateOrder();
     const auto find = [this](const QString &name) -> std::shared_ptr<printer::Hardware> {
@@ -147,15 +147,13 @@ PrintTest::PrintTest()
         return std::make_shared<FakeHardware>(m_jobs, name.isEmpty() ? u"Test printer"_s : name);
     };
     printer::setHardware(find, [] { return QStringList{u"Test printer"_s, u"Other printer"_s, u"Gone printer"_s}; });
-    setPreviewMaker([] { return std::make_unique<FakePreview>(); });
+    setPreviewMaker([](PrintJob &job) { return std::make_unique<FakePreview>(job); });
 }
 
 PrintTest::~PrintTest()
 {
     setPreviewMaker({});
     FakePreview::whileOpen = {};
-    abandonScript();
-    scriptState() = ScriptState{};
     printer::setHardware({});
 }
 
@@ -183,7 +181,7 @@ QStringList PrintTest::pages(const std::function<void()> &report)
 {
     const QString path = m_folder.path(u"read.pdf"_s);
     QFile::remove(path);
-    EXPECT_EQ(previewed(report, [&](FakePreview &) { savePdf(path); }), 1) << "no preview";
+    EXPECT_EQ(previewed(report, [&](FakePreview &screen) { savePdf(screen.job, path); }), 1) << "no preview";
     return readPdf(path);
 }
 

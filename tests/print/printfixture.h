@@ -30,7 +30,7 @@ bool hasInk(const QImage &image, double scale, const QRectF &twips);
 // A preview without a window, 1,200 x 800 pixels: what the user does is told beforehand.
 class FakePreview : public PreviewScreen {
 public:
-    FakePreview();
+    explicit FakePreview(PrintJob &job);
     ~FakePreview() override;
     printer::Page &Page() override { return m_page; }
     double ScreenWidth() const override { return 1200 * printer::twipsPerPixel; }
@@ -43,7 +43,9 @@ public:
     void ShowModal() override;
 
     // The ink between two places of the page, in twips of the printer.
-    bool hasInk(const QRectF &twips) const { return test::hasInk(image, playerState().PreviewScale / 15, twips); }
+    bool hasInk(const QRectF &twips) const { return test::hasInk(image, player.PreviewScale / 15, twips); }
+    PrintJob &job;
+    PrintPlayer &player;
     QString label;
     int pagesShown = 0;
     QImage image;

@@ -11,28 +11,32 @@ using namespace Qt::StringLiterals;
 class Script : public test::PrintTest {
 protected:
     // What a report writes, with a scale of twips and the pen at 100, 200.
-    QStringList lines(const std::function<void()> &drawing)
+    QStringList lines(const std::function<void(PrintJob &)> &drawing)
     {
         QStringList all = script([&] {
-            SetPrintTarget(u"SCREEN"_s);
-            SetScaleMode(1);
-            SetCurrentX(100);
-            SetCurrentY(200);
-            drawing();
-            PrintEndDoc();
+            PrintJob job;
+            job.SetPrintTarget(u"SCREEN"_s);
+            job.SetScaleMode(1);
+            job.SetCurrentX(100);
+            job.SetCurrentY(200);
+            drawing(job);
+            m_lineHeight = job.GetTextHeight(u"A"_s);
+            job.PrintEndDoc();
+            EXPECT_EQ(job.GetCurrentX() + job.GetCurrentY(), 0);
         });
         EXPECT_EQ(all.takeFirst(), u"SCALEMODE = 1"_s);
         EXPECT_EQ(all.takeLast(), u"ENDDOC"_s);
         return all;
     }
-    static double lineHeight() { return GetTextHeight(u"A"_s); }
+    static double lineHeight(const PrintJob &job) { return job.GetTextHeight(u"A"_s); }
+    double m_lineHeight = 0;
     static QString at(double x, double y) { return scriptNumber(x) + u',' + scriptNumber(y); }
 };
 
 TEST_F(Script, HeaderNamesTimeAndProgram)
 {
     QByteArray content;
-    previewed([] { SetPrintTarget(u"SCREEN"_s); PrintEndDoc(); },
+    previewed([] { PrintJob job; job.SetPrintTarget(u"SCREEN"_s); job.PrintEndDoc(); },
               [&](test::FakePreview &) { content = m_folder.read(u"PRINT.TMP"_s); });
     const QByteArray stars = "'" + QByteArray(62, '*') + "\r\n";
     EXPECT_EQ(content, stars + "'*      GENERATED: 11/22/2026 12:00:00\r\n'* SOURCE PROGRAM: Vorel Reminder\r\n" + stars + "ENDDOC\r\n");
@@ -41,29 +45,29 @@ TEST_F(Script, HeaderNamesTimeAndProgram)
 
 TEST_F(Script, LinesOfEachOperation)
 {
-    float x = 10, y = 20;
-    const struct { std::function<void()> step; QString line; } cases[] = {
-        {[] { SetFontName(u" Arial "_s); }, u"FONTNAME = \"Arial\""_s},
-        {[] { SetFontSize(7.5); }, u"FONTSIZE = 7.5"_s},
-        {[] { SetFontBold(true); }, u"FONTBOLD = TRUE"_s},
-        {[] { SetFontBold(false); }, u"FONTBOLD = FALSE"_s},
-        {[] { SetForeColor(16777215); }, u"FORECOLOR = 16777215"_s},
-        {[] { SetOrientation(2); }, u"ORIENTATION = 2"_s},
-        {[] { SetScaleMode(6); }, u"SCALEMODE = 6"_s},
-        {[] { SetScaleWidth(215.9); }, u"SCALEWIDTH = 215.9"_s},
-        {[] { PrintLeft(u"a \"b\""_s); }, u"LPRINT 100,200, \"a \u00ffb\u00ff\""_s},
-        {[] { PrintRight(u"7"_s); }, u"RPRINT 100,200, \"7\""_s},
-        {[] { PrintCentre(u"one\r\ntwo"_s); }, u"CPRINT 100,200, \"one\""_s},
-        {[] { PrintCentre(Value()); }, u"CPRINT 100,200, \"\""_s},
-        {[] { PrintLine(0.5, 1, u"step"_s, 300, 0, u"0"_s); }, u"LINE (0.5,1)-STEP(300,0),0,"_s},
-        {[] { PrintLine(1, 2, {}, 3, 4, Value(16777215), u"B"_s); }, u"LINE (1,2)-(3,4),16777215,B"_s},
-        {[] { PrintLine(1, 2, {}, 3, 4); }, u"LINE (1,2)-(3,4),,"_s},
-        {[&] { PrintPicture(u"c:\\a.jpg"_s, x, y); }, u"PAINTPICTURE [c:\\a.jpg](10)<20>"_s},
-        {[&] { PrintPicture(u"c:\\a.jpg"_s, x, y, 30.0, 40.0); }, u"PAINTPICTURE [c:\\a.jpg](10)<20 30,40,"_s},
-        {[] { PrintNewPage(); }, u"NEWPAGE"_s},
-        {[] { PrintDateField(5, u"L"_s, Value(basic::DateTime::fromParts(2026, 3, 4)), false); }, u"LPRINT 5,200, \"Mar 04 2026\""_s},
-        {[] { PrintCurrencyField(5, u"R"_s, -1234.5, false); }, u"RPRINT 5,200, \"($1,234.50)\""_s},
-        {[] { PrintDollarField(5, u"L"_s, -1234.5, false); }, u"LPRINT 5,200, \"($1,234.50)\""_s}};
+    const double x = 10, y = 20;
+    const struct { std::function<void(PrintJob &)> step; QString line; } cases[] = {
+        {[](PrintJob &job) { job.SetFontName(u" Arial "_s); }, u"FONTNAME = \"Arial\""_s},
+        {[](PrintJob &job) { job.SetFontSize(7.5); }, u"FONTSIZE = 7.5"_s},
+        {[](PrintJob &job) { job.SetFontBold(true); }, u"FONTBOLD = TRUE"_s},
+        {[](PrintJob &job) { job.SetFontBold(false); }, u"FONTBOLD = FALSE"_s},
+        {[](PrintJob &job) { job.SetForeColor(16777215); }, u"FORECOLOR = 16777215"_s},
+        {[](PrintJob &job) { job.SetOrientation(2); }, u"ORIENTATION = 2"_s},
+        {[](PrintJob &job) { job.SetScaleMode(6); }, u"SCALEMODE = 6"_s},
+        {[](PrintJob &job) { job.SetScaleWidth(215.9); }, u"SCALEWIDTH = 215.9"_s},
+        {[](PrintJob &job) { job.PrintLeft(u"a \"b\""_s); }, u"LPRINT 100,200, \"a \u00ffb\u00ff\""_s},
+        {[](PrintJob &job) { job.PrintRight(u"7"_s); }, u"RPRINT 100,200, \"7\""_s},
+        {[](PrintJob &job) { job.PrintCentre(u"one\r\ntwo"_s); }, u"CPRINT 100,200, \"one\""_s},
+        {[](PrintJob &job) { job.PrintCentre(Value()); }, u"CPRINT 100,200, \"\""_s},
+        {[](PrintJob &job) { job.PrintLine(0.5, 1, u"step"_s, 300, 0, u"0"_s); }, u"LINE (0.5,1)-STEP(300,0),0,"_s},
+        {[](PrintJob &job) { job.PrintLine(1, 2, {}, 3, 4, Value(16777215), u"B"_s); }, u"LINE (1,2)-(3,4),16777215,B"_s},
+        {[](PrintJob &job) { job.PrintLine(1, 2, {}, 3, 4); }, u"LINE (1,2)-(3,4),,"_s},
+        {[&](PrintJob &job) { job.PrintPicture(u"c:\\a.jpg"_s, x, y); }, u"PAINTPICTURE [c:\\a.jpg](10)<20>"_s},
+        {[&](PrintJob &job) { job.PrintPicture(u"c:\\a.jpg"_s, x, y, 30.0, 40.0); }, u"PAINTPICTURE [c:\\a.jpg](10)<20 30,40,"_s},
+        {[](PrintJob &job) { job.PrintNewPage(); }, u"NEWPAGE"_s},
+        {[](PrintJob &job) { job.PrintDateField(5, u"L"_s, Value(basic::DateTime::fromParts(2026, 3, 4)), false); }, u"LPRINT 5,200, \"Mar 04 2026\""_s},
+        {[](PrintJob &job) { job.PrintCurrencyField(5, u"R"_s, -1234.5, false); }, u"RPRINT 5,200, \"($1,234.50)\""_s},
+        {[](PrintJob &job) { job.PrintDollarField(5, u"L"_s, -1234.5, false); }, u"LPRINT 5,200, \"($1,234.50)\""_s}};
     for (const auto &one : cases) {
         if (!one.line.startsWith(u"PAINT"))
             EXPECT_EQ(lines(one.step), QStringList{one.line}) << qPrintable(one.line);
@@ -74,49 +78,48 @@ TEST_F(Script, LinesOfEachOperation)
 
 TEST_F(Script, PenAfterEachOperation)
 {
-    lines([] {
-        const double th = lineHeight();
-        PrintLeft(u"wide"_s);
-        EXPECT_NEAR(GetCurrentX(), 100 + GetTextWidth(u"wide"_s), 0.01);
-        EXPECT_NEAR(GetCurrentY(), 200, 0.01);
-        PrintLeft(u"\r\n"_s);
-        EXPECT_NEAR(GetCurrentX(), 0, 0.01);
-        EXPECT_NEAR(GetCurrentY(), 200 + th, 0.01);
-        PrintCentre(u"half"_s);
-        EXPECT_NEAR(GetCurrentX(), GetTextWidth(u"half"_s) / 2, 0.01);
-        PrintCentre(u"line\r\n"_s);
-        EXPECT_NEAR(GetCurrentY(), 200 + 2 * th, 0.01);
-        PrintLine(10, 20, u"STEP"_s, 5, 6);
-        EXPECT_NEAR(GetCurrentX() + GetCurrentY(), 15 + 26, 0.01);
-        PrintLine(10, 20, {}, 5, 6);
-        EXPECT_NEAR(GetCurrentX() + GetCurrentY(), 11, 0.01);
-        PrintField(44, u"?"_s, u"nothing"_s, false);
-        EXPECT_NEAR(GetCurrentX(), 44, 0.01);
+    lines([](PrintJob &job) {
+        const double th = lineHeight(job);
+        job.PrintLeft(u"wide"_s);
+        EXPECT_NEAR(job.GetCurrentX(), 100 + job.GetTextWidth(u"wide"_s), 0.01);
+        EXPECT_NEAR(job.GetCurrentY(), 200, 0.01);
+        job.PrintLeft(u"\r\n"_s);
+        EXPECT_NEAR(job.GetCurrentX(), 0, 0.01);
+        EXPECT_NEAR(job.GetCurrentY(), 200 + th, 0.01);
+        job.PrintCentre(u"half"_s);
+        EXPECT_NEAR(job.GetCurrentX(), job.GetTextWidth(u"half"_s) / 2, 0.01);
+        job.PrintCentre(u"line\r\n"_s);
+        EXPECT_NEAR(job.GetCurrentY(), 200 + 2 * th, 0.01);
+        job.PrintLine(10, 20, u"STEP"_s, 5, 6);
+        EXPECT_NEAR(job.GetCurrentX() + job.GetCurrentY(), 15 + 26, 0.01);
+        job.PrintLine(10, 20, {}, 5, 6);
+        EXPECT_NEAR(job.GetCurrentX() + job.GetCurrentY(), 11, 0.01);
+        job.PrintField(44, u"?"_s, u"nothing"_s, false);
+        EXPECT_NEAR(job.GetCurrentX(), 44, 0.01);
     });
-    EXPECT_EQ(GetCurrentX() + GetCurrentY(), 0);
 }
 
 TEST_F(Script, LineEndsPartTheText)
 {
     for (const QString &text : {u"ab\r\ncd"_s, u"ab\ncd"_s, u"ab\rcd"_s, u"ab\r\ncd\r\n"_s}) {
-        EXPECT_EQ(lines([&] { PrintLeft(text); }),
-                  (QStringList{u"LPRINT 100,200, \"ab\""_s, u"LPRINT "_s + at(0, 200 + lineHeight()) + u", \"cd\""_s}));
+        const QStringList written = lines([&](PrintJob &job) { job.PrintLeft(text); });
+        EXPECT_EQ(written, (QStringList{u"LPRINT 100,200, \"ab\""_s, u"LPRINT "_s + at(0, 200 + m_lineHeight) + u", \"cd\""_s}));
     }
-    EXPECT_EQ(lines([] { PrintLeft(u"\r\n"_s); PrintLeft(Value()); }), QStringList());
+    EXPECT_EQ(lines([](PrintJob &job) { job.PrintLeft(u"\r\n"_s); job.PrintLeft(Value()); }), QStringList());
 }
 
 TEST_F(Script, FullPageBreaksAfterTextAlone)
 {
-    EXPECT_EQ(lines([] {
-        SetCurrentY(GetScaleHeight() - lineHeight() - 1);
-        PrintLine(0, 20, {}, 5, GetScaleHeight() + 100);
-        EXPECT_EQ(GetPageNumber(), 1);
-        SetCurrentX(700);
-        SetCurrentY(GetScaleHeight() - lineHeight() / 2);
-        PrintLeft(Value());
-        EXPECT_EQ(GetPageNumber(), 2);
-        EXPECT_NEAR(GetCurrentX(), 700, 0.01);
-        EXPECT_EQ(GetCurrentY(), 0);
+    EXPECT_EQ(lines([](PrintJob &job) {
+        job.SetCurrentY(job.GetScaleHeight() - lineHeight(job) - 1);
+        job.PrintLine(0, 20, {}, 5, job.GetScaleHeight() + 100);
+        EXPECT_EQ(job.GetPageNumber(), 1);
+        job.SetCurrentX(700);
+        job.SetCurrentY(job.GetScaleHeight() - lineHeight(job) / 2);
+        job.PrintLeft(Value());
+        EXPECT_EQ(job.GetPageNumber(), 2);
+        EXPECT_NEAR(job.GetCurrentX(), 700, 0.01);
+        EXPECT_EQ(job.GetCurrentY(), 0);
     }).last(), u"NEWPAGE"_s);
 }
 
@@ -134,63 +137,119 @@ TEST_F(Script, WrappingAtBlanks)
         {u"any"_s, 0, {u"any"_s}}};
     for (const auto &one : cases)
         EXPECT_EQ(wrapLines(one.text, one.width), one.lines) << qPrintable(one.text.left(30));
-    EXPECT_EQ(lines([] { PrintWrapped(u"L"_s, 50, 4, u"ab cd\nef"_s); }).size(), 3);
+    EXPECT_EQ(lines([](PrintJob &job) { job.PrintWrapped(u"L"_s, 50, 4, u"ab cd\nef"_s); }).size(), 3);
 }
 
 TEST_F(Script, MissingFontSizeIsThePrinters)
 {
-    lines([] {
-        SetFontSize(13.0);
-        for (Value size : {Value(u""_s), Value(0.0), Value(u"big"_s)}) {
-            SetFontSize(size);
-            EXPECT_EQ(size, Value(13.0));
-        }
-        Value text(u"9.5pt"_s);
-        SetFontSize(text);
-        EXPECT_EQ(printer::thePrinter().FontSize(), 9.5);
+    lines([](PrintJob &job) {
+        job.SetFontSize(13.0);
+        for (const Value &size : {Value(u""_s), Value(0.0), Value(u"big"_s)})
+            EXPECT_EQ(job.SetFontSize(size), 13.0);
+        EXPECT_EQ(job.SetFontSize(Value(u"9.5pt"_s)), 9.5);
+        EXPECT_EQ(job.device().FontSize(), 9.5);
     });
 }
 
 TEST_F(Script, FolderThatCannotBeWrittenIsTold)
 {
     m_folder.write(u"PRINT.TMP/keep"_s, "x");          // a folder stands in its place
+    PrintJob job;
     try {
-        SetFontBold(true);
+        job.SetFontBold(true);
         ADD_FAILURE();
     } catch (const basic::Error &error) {
         EXPECT_EQ(error.number(), 75);
         EXPECT_TRUE(error.text().contains(u"PRINT.TMP"_s) && error.text().contains(m_folder.path()));
     }
-    EXPECT_EQ(scriptState().ScriptFile, 0);
+    EXPECT_FALSE(job.isRecording());
     QDir(m_folder.path(u"PRINT.TMP"_s)).removeRecursively();
-    EXPECT_EQ(lines([] { PrintLeft(u"again"_s); }).size(), 1);
+    EXPECT_EQ(lines([](PrintJob &next) { next.PrintLeft(u"again"_s); }).size(), 1);
 }
 
-TEST_F(Script, FailedReportLeavesNothingToTheNext)
+// Passwords and journal are printed too: what is printed is nobody else's to read, and goes with the preview.
+TEST_F(Script, PagesAreForTheOwnerAndDoNotStay)
 {
-    SetPrintTarget(u"SCREEN"_s);
-    PrintLeft(u"half a report"_s);
-    const QStringList lines = script([] {
-        ReportStart(u"Arial"_s, 8, 1, 2);
-        PrintEndDoc();
-    });
-    EXPECT_EQ(lines, (QStringList{u"FONTNAME = \"Arial\""_s, u"FONTSIZE = 8"_s, u"ORIENTATION = 2"_s, u"SCALEMODE = 1"_s, u"ENDDOC"_s}));
+    const QString path = m_folder.path(u"PRINT.TMP"_s);
+    m_folder.write(u"PRINT.TMP"_s, "of a program that was killed");
+    m_folder.write(u"PRINT2.TMP"_s, "of its second job");
+    m_folder.write(u"PRINTER.TXT"_s, "of the user");
+    ASSERT_TRUE(QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadOther));
+    const auto others = [&path] { return QFile::permissions(path) & (QFile::ReadOther | QFile::WriteOther | QFile::ReadGroup | QFile::WriteGroup); };
+    {
+        PrintJob failing;
+        failing.PrintLeft(u"half a report"_s);
+        EXPECT_EQ(others(), 0);
+    }
+    EXPECT_FALSE(QFile::exists(path)) << "a report that failed";
+    previewed([] { PrintJob job; job.SetPrintTarget(u"SCREEN"_s); job.PrintEndDoc(); },
+              [&](test::FakePreview &) {
+                  EXPECT_TRUE(QFile::exists(path));
+                  EXPECT_EQ(others(), 0);
+                  removePrintScripts();
+                  EXPECT_TRUE(QFile::exists(path)) << "it is on show";
+              });
+    EXPECT_FALSE(QFile::exists(path));
+    m_folder.write(u"PRINT.TMP"_s, "again");
+    removePrintScripts();
+    EXPECT_EQ(QDir(m_folder.path()).entryList({u"PRINT*"_s}), QStringList{u"PRINTER.TXT"_s});
 }
 
-TEST_F(Script, ReportDefaultsAreWrittenBack)
+TEST_F(Script, TwoJobsDoNotDisturbEachOther)
 {
-    QString font;
-    double size = 0;
-    int scale = 0, orientation = 0;
-    ReportStart(font, size, scale, orientation);
-    EXPECT_EQ(font, u"Arial"_s);
-    EXPECT_EQ(size, 10);
-    EXPECT_EQ(scale, 6);
-    EXPECT_EQ(orientation, 1);
-    EXPECT_EQ(GetPrintTarget(), u"SCREEN"_s);
-    SetPrintTarget({});
-    EXPECT_EQ(GetPrintTarget(), u"PRINTER"_s);
-    showHourglass(false);
+    PrintJob first;
+    first.SetPrintTarget(u"SCREEN"_s);
+    first.SetPreviewCaption(u"First"_s);
+    first.SetFontSize(24.0);
+    first.PrintLeft(u"one"_s);
+    first.PrintNewPage();
+    first.PrintLeft(u"two"_s);
+    int opened = 0;
+    test::FakePreview::whileOpen = [&](test::FakePreview &outer) {
+        EXPECT_EQ(++opened, 1);
+        EXPECT_EQ(outer.label, u"Page 1 of 2"_s);
+        PrintJob second;
+        second.SetPrintTarget(u"SCREEN"_s);
+        second.SetOrientation(2);
+        second.SetFontSize(8.0);
+        second.PrintLeft(u"other"_s);
+        test::FakePreview::whileOpen = [&](test::FakePreview &inner) {
+            EXPECT_EQ(++opened, 2);
+            EXPECT_EQ(inner.label, u"Page 1 of 1"_s);
+            EXPECT_EQ(inner.job.PreviewCaption, QString());
+        };
+        second.PrintEndDoc();
+        outer.player.MovePage(2);
+        EXPECT_EQ(outer.label, u"Page 2 of 2"_s);
+        EXPECT_EQ(outer.player.TotalPages, 2);
+        EXPECT_EQ(first.device().FontSize(), 24);
+        EXPECT_EQ(first.device().Orientation(), 1);
+        EXPECT_TRUE(m_folder.read(u"PRINT.TMP"_s).contains("\"two\""));
+    };
+    first.PrintEndDoc();
+    EXPECT_EQ(opened, 2);
+    EXPECT_EQ(QDir(m_folder.path()).entryList({u"PRINT*.TMP"_s}), QStringList());
+}
+
+TEST_F(Script, ReportDefaultsAreReturned)
+{
+    {
+        PrintJob job;
+        const ReportStyle style = ReportStart(job, {});
+        EXPECT_EQ(style.fontName, u"Arial"_s);
+        EXPECT_EQ(style.fontSize, 10);
+        EXPECT_EQ(style.scaleMode, 6);
+        EXPECT_EQ(style.orientation, 1);
+        EXPECT_EQ(job.GetPrintTarget(), u"SCREEN"_s);
+        job.SetPrintTarget({});
+        EXPECT_EQ(job.GetPrintTarget(), u"PRINTER"_s);
+        showHourglass(false);
+    }
+    EXPECT_EQ(script([] {
+        PrintJob next;
+        ReportStart(next, {u"Arial"_s, 8, 1, 2});
+        next.PrintEndDoc();
+    }), (QStringList{u"FONTNAME = \"Arial\""_s, u"FONTSIZE = 8"_s, u"ORIENTATION = 2"_s, u"SCALEMODE = 1"_s, u"ENDDOC"_s}));
 }
 
 }

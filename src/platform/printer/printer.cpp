@@ -24,9 +24,12 @@ public:
     }
 };
 
+// Which printer there is and what paper it holds is asked once: the answer may take the print system a while.
 struct Machine {
     HardwareFinder find;
     std::function<QStringList()> names;
+    std::shared_ptr<Hardware> chosen;
+    Paper paper;
 };
 
 Machine &machine()
@@ -43,10 +46,19 @@ std::shared_ptr<Hardware> findHardware(const QString &name)
     return found;
 }
 
-std::unique_ptr<Printer> &storedPrinter()
+void take(std::shared_ptr<Hardware> hardware)
 {
-    static std::unique_ptr<Printer> printer;
-    return printer;
+    machine().paper = hardware->paper();
+    machine().chosen = std::move(hardware);
+}
+
+const Machine &machineWithPrinter()
+{
+    if (!machine().chosen) {
+        std::shared_ptr<Hardware> found = findHardware({});
+        take(found ? std::move(found) : std::make_shared<NoHardware>());
+    }
+    return machine();
 }
 
 }
@@ -64,6 +76,8 @@ Paper withBorder(Paper paper)
         *border = std::clamp(*border, usualBorder, std::min(paper.width, paper.height) / 4);
     return paper;
 }
+
+Printer::Printer() : Page(machineWithPrinter().paper), m_hardware(machine().chosen) {}
 
 Printer::Printer(std::shared_ptr<Hardware> hardware)
     : Page(hardware ? hardware->paper() : localePaper()),
@@ -84,13 +98,6 @@ QString Printer::DeviceName() const
 void Printer::choose(std::shared_ptr<Hardware> hardware)
 {
     m_hardware = std::move(hardware);
-    m_otherPaper = true;
-}
-
-void Printer::adoptPaper()
-{
-    if (std::exchange(m_otherPaper, false))
-        setPaper(m_hardware->paper());
 }
 
 QPainter *Printer::surface()
@@ -149,18 +156,9 @@ Printer::Redirection::~Redirection()
     m_printer.m_starter = {};
 }
 
-Printer &thePrinter()
-{
-    std::unique_ptr<Printer> &printer = storedPrinter();
-    if (!printer)
-        printer = std::make_unique<Printer>(findHardware({}));
-    return *printer;
-}
-
 void setHardware(HardwareFinder finder, std::function<QStringList()> names)
 {
-    machine() = {std::move(finder), std::move(names)};
-    storedPrinter().reset();
+    machine() = {std::move(finder), std::move(names), nullptr, {}};
 }
 
 QStringList printerNames()
@@ -171,12 +169,16 @@ QStringList printerNames()
     return names;
 }
 
-bool choosePrinter(const QString &name)
+bool choosePrinter(Printer &pages, const QString &name)
 {
+    if (pages.DeviceName() == name)
+        return true;
     std::shared_ptr<Hardware> found = findHardware(name);
-    if (found)
-        thePrinter().choose(std::move(found));
-    return found != nullptr || thePrinter().DeviceName() == name;
+    if (!found)
+        return false;
+    take(found);
+    pages.choose(std::move(found));
+    return true;
 }
 
 }

@@ -44,14 +44,14 @@ std::unique_ptr<Job> startPdf(const QString &path, const JobSettings &settings);
 
 class Printer : public Page {
 public:
-    explicit Printer(std::shared_ptr<Hardware> hardware);
+    Printer();                              // the one that is chosen now; its pages keep the paper that it has now
+    explicit Printer(std::shared_ptr<Hardware> hardware);       // nullptr: none, on the locale's paper
     ~Printer() override;
 
     bool hasHardware() const;               // there is a printer to send a job to
     QString DeviceName() const;
-    // Jobs go to another printer from here on; pages that are measured already keep their paper until adoptPaper.
+    // This printer's jobs go elsewhere from here on, on the same paper: the pages have been measured for it.
     void choose(std::shared_ptr<Hardware> hardware);
-    void adoptPaper();
     void NewPage();                         // the sheet is fed when something is drawn on the next one, or left out at the end
     void EndDoc();
     void KillDoc();                         // the job is dropped
@@ -80,16 +80,14 @@ private:
     JobStarter m_starter;
     std::unique_ptr<Job> m_job;
     bool m_pageEnded = false;
-    bool m_otherPaper = false;
 };
 
-// The one printer of the program, made at its first use from the hardware that was set.
-Printer &thePrinter();
 // What finds a printer by its name, or the default one for ""; asked at the first use. Empty: a machine without a printer.
 using HardwareFinder = std::function<std::shared_ptr<Hardware>(const QString &name)>;
-// names: of all printers. A change starts with a new printer.
+// The printers of the machine; names: of all. The default one is chosen.
 void setHardware(HardwareFinder finder, std::function<QStringList()> names = {});
 QStringList printerNames();
-bool choosePrinter(const QString &name);    // false: it is not there, and the one before stays
+// Chooses a printer for the pages at hand and for those to come. false: it is not there, and the one before stays.
+bool choosePrinter(Printer &pages, const QString &name);
 
 }

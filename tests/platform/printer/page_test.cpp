@@ -154,12 +154,12 @@ TEST(Printer, PaperFollowsTheRegionWhereThereIsNoPrinter)
     for (const auto &one : cases) {
         basic::setRegional(basic::regionalFor(one.region));
         setHardware({});
-        EXPECT_EQ(thePrinter().Width(), one.width);
-        EXPECT_EQ(thePrinter().Height(), one.height);
-        EXPECT_GT(thePrinter().ScaleWidth(), 0);
-        EXPECT_FALSE(thePrinter().hasHardware());
+        EXPECT_EQ(Printer().Width(), one.width);
+        EXPECT_EQ(Printer().Height(), one.height);
+        EXPECT_GT(Printer().ScaleWidth(), 0);
+        EXPECT_FALSE(Printer().hasHardware());
         try {
-            thePrinter().Print(u"x"_s);
+            Printer().Print(u"x"_s);
             ADD_FAILURE() << "printed without a printer";
         } catch (const basic::Error &error) {
             EXPECT_EQ(error.number(), 482);
