@@ -15,7 +15,7 @@ using controls::on;
 
 frmMusic::~frmMusic()
 {
-    dtaData().setRowWriter({});             // the grid goes before the control that writes through it
+     
     grdTracks->disconnect(this);
     grdTracks->removeEventFilter(this);
 }
@@ -42,7 +42,7 @@ void frmMusic::createOwn()
     grdTracks->setEditing({{u"TRACK"_s}}, std::move(rules));
     keep(grdTracks);
     // A track that is being typed belongs to the row that is left: it is written with it, or keeps it.
-    dtaData().setRowWriter([this] { return grdTracks->UpdateRow(); }, [this] { grdTracks->UndoRow(); });
+    dtaData().addRowWriter(grdTracks, [this] { return grdTracks->UpdateRow(); }, [this] { grdTracks->UndoRow(); });
 
     QVBoxLayout *column = panel(u"picTracks"_s)->column();
     delete column->takeAt(column->count() - 1);     // the stretch of a panel without a box that grows

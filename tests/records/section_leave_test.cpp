@@ -34,7 +34,7 @@ protected:
         else if (road == u"next")
             QTest::mouseClick(form->findChild<QAbstractButton *>(u"next"_s), Qt::LeftButton);
         else if (road == u"key")
-            QTest::keyClick(at(u"txtTitle"_s), Qt::Key_Right, Qt::AltModifier);
+            QTest::keyClick(form.get(), Qt::Key_Right, Qt::AltModifier);
         else if (road == u"new")
             click(u"cmdNew"_s);
         else if (road == u"close")
@@ -62,30 +62,36 @@ TEST_F(Leave, EveryRoadWritesTheRow)
     }
 }
 
-// What the field cannot hold is refused: the first attempt says why and stays, the second one asks.
+// What the field cannot hold is refused: the first attempt names it, turns to its tab and stays, the second one asks.
 TEST_F(Leave, ARefusedRowIsKeptUntilTheUserLetsItGo)
 {
-    const QString tooLong(101, u'x');
+    run(DataFile::Main, {u"INSERT INTO [INVENTORY] (ITEM,COST) VALUES('Dune buggy',40)"_s, u"INSERT INTO [INVENTORY] (ITEM) VALUES('Emma')"_s});
     for (const QString &road : roads) {
         SCOPED_TRACE(qPrintable(road));
-        openDune();
-        type(u"txtAuthor"_s, tooLong);
-        user.expect(u"too small"_s);
+        openScreen<frmInventory>(u"I"_s);
+        form->activateWindow();
+        QCoreApplication::processEvents();
+        type(u"txtCost"_s, u"a lot"_s);
+        at<QTabBar>(u"TabStrip1"_s)->setCurrentIndex(0);
+        user.expect(u"Cost: \"a lot\" is not an amount"_s);
         leaveBy(road);
         EXPECT_TRUE(user.isDone() && form->isVisible());
-        EXPECT_EQ(text(u"txtAuthor"_s), tooLong);
+        EXPECT_EQ(text(u"txtCost"_s), u"a lot"_s);
         EXPECT_EQ(text(u"lblIDNum"_s), u"1"_s);
-        EXPECT_EQ(selectedNode(), u"Dune"_s);
-        user.expect(u"too small"_s);
+        EXPECT_EQ(selectedNode(), u"Dune Buggy"_s);
+        user.expect(u"not an amount"_s);
         user.expect(u"Leave without saving the changes?"_s, basic::Answer::No);
         leaveBy(road);
-        EXPECT_EQ(text(u"txtAuthor"_s), tooLong);
-        user.expect(u"too small"_s);
+        EXPECT_EQ(text(u"txtCost"_s), u"a lot"_s);
+        user.expect(u"not an amount"_s);
         user.expect(u"Leave without saving the changes?"_s, basic::Answer::Yes);
         leaveBy(road);
         EXPECT_TRUE(user.isDone());
         EXPECT_TRUE(!form->isVisible() || text(u"lblIDNum"_s) != u"1"_s);
-        EXPECT_EQ(stored(), QStringList{u"Herbert"_s});
+        EXPECT_EQ(read(DataFile::Main, u"select [COST] from [INVENTORY] where [ID]=1"_s), QStringList{u"40"_s});
+        run(DataFile::Main, {u"DELETE FROM [INVENTORY] WHERE [ID]>2"_s});
+        if (form->isVisible())
+            form->Close();
     }
 }
 

@@ -126,8 +126,7 @@ TEST_F(RecordSave, RefusedTextIsKeptOnTheScreen)
 {
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/22/2026#,'Gas')"_s);
     struct Case { QString control, typed; };
-    const Case cases[] = {{u"txtBill"_s, QString(101, u'x')}, {u"txtAmount"_s, u"a lot"_s}, {u"txtPaymentDate"_s, u"soon"_s},
-                          {u"txtPeriodDays"_s, u"99999"_s}};
+    const Case cases[] = {{u"txtAmount"_s, u"a lot"_s}, {u"txtPaymentDate"_s, u"soon"_s}, {u"txtPeriodDays"_s, u"99999"_s}};
     for (const Case &c : cases) {
         openScreen(u"B"_s, 1);
         if (c.control == u"txtPeriodDays")

@@ -16,6 +16,7 @@ namespace {
 constexpr int errNoCurrentRecord = 3021;
 constexpr int errZeroLength = 3315;
 constexpr int errDeleted = 3167;
+constexpr int errTooLong = 3163, errConversion = 3421, errRequired = 3314, errMismatch = 13, errOverflow = 6;
 
 struct Binding {
     QPointer<QWidget> widget;
@@ -48,6 +49,50 @@ bool isRowGone(int number)
     return number == errDeleted || number == errNoCurrentRecord;
 }
 
+QString captionOf(const Binding &binding)
+{
+    if (!binding.options.caption.isEmpty())
+        return binding.options.caption;
+    return binding.widget->accessibleName().isEmpty() ? binding.field : binding.widget->accessibleName();
+}
+
+QString kindOf(dao::DataType type)
+{
+    switch (type) {
+    case dao::dbCurrency: return u"an amount"_s;
+    case dao::dbDate: return u"a date"_s;
+    case dao::dbBoolean: return u"yes or no"_s;
+    default: return u"a number"_s;
+    }
+}
+
+// What happened to which field, in the user's words; what has no words of its own keeps the engine's behind the name.
+QString refusalText(const Binding &binding, const dao::RecordsetField &field, const dao::Value &value, const basic::Error &error)
+{
+    const QString start = captionOf(binding) + u": "_s;
+    const QString typed = adapter::content(*binding.widget);
+    switch (error.number()) {
+    case errTooLong:
+        return start + u"too long, %1 of %2"_s.arg(value.text().size()).arg(field.Size);
+    case errConversion:
+    case errMismatch:
+        return start + u"\"%1\" is not %2"_s.arg(typed, kindOf(field.Type));
+    case errOverflow:
+        return start + u"\"%1\" is too large"_s.arg(typed);
+    case errRequired:
+        return start + u"must be filled in"_s;
+    default:
+        return start + error.text();
+    }
+}
+
+struct RowWriter {
+    QPointer<QObject> owner;
+    std::function<bool()> write;
+    std::function<void()> undo;
+    std::function<bool()> changed;
+};
+
 }
 
 struct DataControl::Private {
@@ -61,8 +106,12 @@ struct DataControl::Private {
     dao::Recordset rows;
     dao::Bookmark shown;                    // the row that the widgets hold
     std::vector<Binding> bindings;
-    std::function<bool()> writer;
-    std::function<void()> undo;
+    std::vector<RowWriter> writers;
+    std::function<bool(bool)> validate;
+    QPointer<QWidget> refusedWidget;
+    int filling = 0;
+    bool dirty = false;                     // as DirtyChanged said last
+    bool validating = false;
     bool dropping = false;
     bool movesAsk = false;
     bool refused = false;                   // the last attempt to leave this row could not save it
@@ -96,6 +145,8 @@ struct DataControl::Private {
         dao::Value value;
         if (hasRow && findField(rows, binding.field))
             value = rows.Get(binding.field);
+        ++filling;
+        const auto filled = qScopeGuard([this] { --filling; });
         adapter::fill(*binding.widget, value, binding.options);
         if (binding.widget)                 // its change signal may have run anything
             binding.shown = adapter::content(*binding.widget);
@@ -106,6 +157,54 @@ struct DataControl::Private {
         // By index: a handler of a widget's change signal may bind more.
         for (std::size_t i = 0; i < bindings.size(); ++i)
             fill(bindings[i], hasRow);
+        noteDirty();
+    }
+
+    void noteDirty()
+    {
+        if (const bool now = isDirty(); now != std::exchange(dirty, now))
+            emit q->DirtyChanged(now);
+    }
+
+    // One changed widget makes the row dirty; whether it is clean again only all of them can say.
+    void noteChange(const QWidget *widget)
+    {
+        if (filling > 0 || !rows || !shown.isValid())
+            return;
+        const bool changed = std::any_of(bindings.begin(), bindings.end(),
+                                         [widget](const Binding &b) { return b.widget == widget && b.isChanged(); });
+        if (changed != dirty)
+            noteDirty();
+    }
+
+    void limit(const Binding &binding) const
+    {
+        const dao::RecordsetField *field = rows && binding.widget ? findField(rows, binding.field) : nullptr;
+        if (field)
+            adapter::limit(*binding.widget, field->Type == dao::dbText ? field->Size : 0, binding.options);
+    }
+
+    bool writeOthers()
+    {
+        std::erase_if(writers, [](const RowWriter &w) { return !w.owner; });
+        for (std::size_t i = 0; i < writers.size(); ++i) {      // by index: a writer may add another
+            if (writers[i].owner && !writers[i].write())
+                return false;
+        }
+        return true;
+    }
+
+    // The validation may itself save or move (a question, a box): it is not asked again meanwhile.
+    bool isValid()
+    {
+        if (!validate || validating || !shown.isValid())
+            return true;
+        const QPointer<DataControl> alive(q);
+        validating = true;
+        const bool valid = validate(isDirty());
+        if (alive)
+            validating = false;
+        return valid && alive;
     }
 
     void settle()
@@ -114,6 +213,7 @@ struct DataControl::Private {
             if (binding.widget)
                 binding.shown = adapter::content(*binding.widget);
         }
+        noteDirty();
     }
 
     // An empty text goes in as it is where the design takes it, else as Null.
@@ -128,8 +228,23 @@ struct DataControl::Private {
         }
     }
 
+    void writeField(const Binding &binding, const dao::RecordsetField &field)
+    {
+        dao::Value value;
+        try {
+            value = adapter::stored(*binding.widget, binding.options, field.Type);
+            set(field.Name, value);
+        } catch (const basic::Error &e) {
+            if (isRowGone(e.number()))
+                throw;
+            refusedWidget = binding.widget;
+            throw basic::Error(e.number(), refusalText(binding, field, value, e));
+        }
+    }
+
     void writeFields()
     {
+        refusedWidget = nullptr;
         rows.Edit();
         for (const Binding &binding : bindings) {
             if (!binding.isChanged())
@@ -137,7 +252,7 @@ struct DataControl::Private {
             const dao::RecordsetField *field = findField(rows, binding.field);
             if (!field)
                 throw dao::EngineError(3265);
-            set(field->Name, adapter::stored(*binding.widget, binding.options, field->Type));
+            writeField(binding, *field);
         }
         rows.Update();
     }
@@ -176,6 +291,42 @@ struct DataControl::Private {
             if (isRowGone(e.number()) && here != shown)
                 failure->number = 0;
             return isRowGone(e.number()) ? Written::Gone : Written::Refused;
+        }
+    }
+
+    // The row and the rows that hang on it are one change. Where one of them is refused the others are kept all the same:
+    // their typing has been taken. false: a writer refused and has told the user, or `failure` says why.
+    bool writeAll(Written *result, Failure *failure)
+    {
+        const bool several = isDirty() && std::any_of(writers.begin(), writers.end(), [](const RowWriter &w) {
+            return w.owner && w.changed && w.changed();
+        });
+        if (!several) {
+            const QPointer<DataControl> alive(q);
+            if (!writeOthers() || !alive)
+                return false;
+            *result = write(failure);
+            return true;
+        }
+        QStringList typed;
+        for (const Binding &binding : bindings)
+            typed += binding.shown;
+        try {
+            dao::Transaction all(database);
+            const QPointer<DataControl> alive(q);
+            const bool others = writeOthers();
+            if (!alive)
+                return false;
+            if (others)
+                *result = write(failure);
+            all.Commit();
+            return others;
+        } catch (const basic::Error &e) {
+            for (std::size_t i = 0; i < bindings.size(); ++i)   // nothing was stored: the typing is unsaved again
+                bindings[i].shown = typed[static_cast<qsizetype>(i)];
+            noteDirty();
+            *failure = {e.number(), e.text()};
+            return false;
         }
     }
 
@@ -221,6 +372,8 @@ struct DataControl::Private {
     {
         rows = recordset;
         shown = {};
+        for (const Binding &binding : bindings)
+            limit(binding);
         const QPointer<DataControl> alive(q);
         emit q->RowsChanged();
         if (alive)
@@ -291,10 +444,16 @@ const QString &DataControl::RecordSource() const
     return d->source;
 }
 
-void DataControl::setRowWriter(std::function<bool()> writer, std::function<void()> undo)
+void DataControl::setValidate(std::function<bool(bool changed)> validate)
 {
-    d->writer = std::move(writer);
-    d->undo = std::move(undo);
+    d->validate = std::move(validate);
+}
+
+void DataControl::addRowWriter(QObject *owner, std::function<bool()> writer, std::function<void()> undo,
+                               std::function<bool()> changed)
+{
+    std::erase_if(d->writers, [owner](const RowWriter &w) { return !w.owner || w.owner == owner; });
+    d->writers.push_back({owner, std::move(writer), std::move(undo), std::move(changed)});
 }
 
 void DataControl::setMovesAsk(bool on)
@@ -304,7 +463,7 @@ void DataControl::setMovesAsk(bool on)
 
 void DataControl::Refresh(bool quiet)
 {
-    if (d->writer && !d->writer())
+    if (!d->writeOthers())
         return;
     dao::Database opened;
     dao::Recordset recordset;
@@ -338,7 +497,7 @@ dao::Database &DataControl::Database()
 
 void DataControl::setRecordset(const dao::Recordset &recordset)
 {
-    if (!d->writer || d->writer())
+    if (d->writeOthers())
         d->take(recordset);
 }
 
@@ -367,9 +526,13 @@ void DataControl::Close()
 
 void DataControl::bind(QWidget *widget, const QString &field, BindOptions options)
 {
-    std::erase_if(d->bindings, [&](const Binding &b) { return !b.widget || b.widget == widget; });
+    const auto former = std::erase_if(d->bindings, [&](const Binding &b) { return b.widget == widget; });
+    std::erase_if(d->bindings, [](const Binding &b) { return !b.widget; });
     d->bindings.push_back({widget, field, std::move(options), {}});
     Binding &added = d->bindings.back();
+    d->limit(added);
+    if (former == 0)
+        adapter::onChange(*widget, this, [this, widget] { d->noteChange(widget); });
     if (!d->shown.isValid() || basic::IgnoreErrors([&] { d->fill(added, true); }) != 0)
         added.shown = adapter::content(*widget);
 }
@@ -381,10 +544,17 @@ void DataControl::unbindAll()
 
 bool DataControl::UpdateRecord()
 {
-    if (d->writer && !d->writer())
+    const QPointer<DataControl> alive(this);
+    if (!d->isValid() || !alive)
         return false;
     Private::Failure failure;
-    const Private::Written result = d->write(&failure);
+    Private::Written result = Private::Written::Refused;
+    const bool others = d->writeAll(&result, &failure);
+    if (!alive || !others) {
+        if (alive)
+            d->report(failure);
+        return false;
+    }
     if (result == Private::Written::Done) {
         d->refused = false;
         return true;
@@ -393,7 +563,6 @@ bool DataControl::UpdateRecord()
         d->settle();
         return true;
     }
-    const QPointer<DataControl> alive(this);
     if (result == Private::Written::Gone)
         d->showNeighbour();
     if (alive)
@@ -449,9 +618,26 @@ bool DataControl::isDirty() const
 
 void DataControl::revert()
 {
-    if (d->undo)
-        d->undo();
+    for (std::size_t i = 0; i < d->writers.size(); ++i) {
+        if (d->writers[i].owner && d->writers[i].undo)
+            d->writers[i].undo();
+    }
     basic::IgnoreErrors([&] { d->fillAll(d->shown.isValid()); });
+}
+
+void DataControl::contentChanged(const QWidget *widget)
+{
+    d->noteChange(widget);
+}
+
+bool DataControl::isFilling() const
+{
+    return d->filling > 0;
+}
+
+QWidget *DataControl::refusedWidget() const
+{
+    return d->refusedWidget;
 }
 
 void DataControl::takeAsShown(QWidget *widget)
@@ -460,6 +646,7 @@ void DataControl::takeAsShown(QWidget *widget)
         if (binding.widget == widget)
             binding.shown = adapter::content(*widget);
     }
+    d->noteDirty();
 }
 
 bool DataControl::MoveFirst()

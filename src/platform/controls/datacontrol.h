@@ -16,6 +16,8 @@ struct BindOptions {
     std::function<QString(const dao::Value &)> show = {};
     // From the shown text to what is stored; default: the text itself (an empty text is Null for dates and numbers).
     std::function<dao::Value(const QString &)> store = {};
+    // What a refusal calls the field; default: the widget's accessible name, else the field's own.
+    QString caption = {};
 };
 
 class DataControl : public QObject {
@@ -38,7 +40,8 @@ public:
     void Close();                                       // writes nothing; rows and file are let go
 
     // A widget for a field: QLineEdit, QComboBox, QCheckBox, QLabel, QTextEdit,
-    // QPlainTextEdit, RichTextBox. One field may have several.
+    // QPlainTextEdit, RichTextBox. One field may have several. From the next Refresh on the widget takes no more text than
+    // the field holds.
     void bind(QWidget *widget, const QString &field, BindOptions options = {});
     void unbindAll();
 
@@ -46,16 +49,24 @@ public:
     // false: the engine refused; Error was emitted, the row is still current and the widgets keep what was typed.
     bool UpdateRecord();
     void showRow();                                     // fills the widgets from the current row, then emits Reposition
-    // For a control that collects changes of the current row itself (a grid): writes them, false if they were refused.
-    // Asked before the row is left by any move, Refresh or setRecordset; those stay where they are if it says no.
-    // revert runs `undo`, which drops what the writer would write.
-    void setRowWriter(std::function<bool()> writer, std::function<void()> undo = {});
-    // The road away from the row for whoever has no move of his own (a screen that closes): UpdateRecord. Where the same
+    // Asked before a row is written or left, by whichever way; changed: there is typing to write. It may still change what
+    // the widgets hold. false: the row is neither written nor left, and the user has been told why.
+    void setValidate(std::function<bool(bool changed)> validate);
+    // For what collects changes of the current row itself (a grid): writes them, false if they were refused. Asked before
+    // the row is written, and before Refresh and setRecordset; those stay where they are if it says no. revert runs `undo`,
+    // which drops what the writer would write. With `changed`, which tells whether there is anything, the row and what the
+    // writers hold are stored in one transaction. Dropped with its owner; a second one of an owner replaces the first.
+    void addRowWriter(QObject *owner, std::function<bool()> writer, std::function<void()> undo = {},
+                      std::function<bool()> changed = {});
+    // Leaves the row for whoever has no move of his own (a screen that closes): UpdateRecord. Where the same
     // typing is refused a second time, the user is asked whether it may be dropped. false: stay.
     bool Leave();
-    void setMovesAsk(bool on);                          // every move goes that road too
+    void setMovesAsk(bool on);                          // every move leaves the row by Leave
     bool isDirty() const;
     void revert();                                      // back to the stored values
+    void contentChanged(const QWidget *widget);         // by code, where the widget has no signal for it (a label)
+    bool isFilling() const;                             // a row's values are being put into the widgets
+    QWidget *refusedWidget() const;                     // whose content the last write refused; nullptr = no single one
     void takeAsShown(QWidget *widget);                  // what code put into the widget on showing the row is no typing
 
     // Each writes the current row first (UpdateRecord) and stays if that fails; then moves and shows the row.
@@ -70,6 +81,7 @@ signals:
     void Reposition();                                  // after every change of the current row, no rows included
     void RowsChanged();                                 // the recordset itself was exchanged or requeried
     void Error(int number, const QString &text);        // unconnected: shown in a message box
+    void DirtyChanged(bool dirty);                      // bound widgets hold unsaved changes, or none any more
 
 private:
     struct Private;

@@ -4,6 +4,7 @@
 
 #include <QAbstractButton>
 #include <QDialog>
+#include <memory>
 
 // The frame that every screen but the main one stands in.
 namespace vorel::controls {
@@ -39,6 +40,11 @@ public:
 signals:
     void helpWanted();                  // F1
 
+public:
+    // The context for slots of this screen. It dies before the controls do: what they emit while they are destroyed must
+    // not reach a screen whose own part is gone already.
+    QObject *handlers() const { return m_handlers.get(); }
+
 protected:
     virtual bool QueryUnload() { return true; }
     virtual void Unload() {}
@@ -50,6 +56,7 @@ protected:
 private:
     bool leave(int result);
     bool m_closing = false;
+    std::unique_ptr<QObject> m_handlers = std::make_unique<QObject>();
 };
 
 // A named button with its caption ("&" mnemonics as usual) and, for icon-only ones, an accessible name.

@@ -9,31 +9,18 @@ Grid::Grid(QWidget *parent) : QTableView(parent), d(std::make_unique<Private>(th
     d->setUp();
 }
 
-// The base's destructor still sends events: none of them may reach what is gone.
-Grid::~Grid()
-{
-    d->head->viewport()->removeEventFilter(this);
-    d->title->removeEventFilter(this);
-    if (d->corner)
-        d->corner->removeEventFilter(this);
-    disconnect(d->rowsChanged);
-    disconnect(d->repositioned);
-    if (DataControl *control = dataControl())
-        control->setRowWriter({});
-}
+// What the control tells ends with the private part, before the base's own destruction.
+Grid::~Grid() = default;
 
 void Grid::setDataControl(DataControl *control)
 {
-    disconnect(d->rowsChanged);
-    disconnect(d->repositioned);
-    if (DataControl *former = dataControl())
-        former->setRowWriter({});
+    d->link = std::make_unique<QObject>();
     d->model->setControl(control);
     if (!control)
         return;
-    control->setRowWriter([this] { return UpdateRow(); });
-    d->rowsChanged = connect(control, &DataControl::RowsChanged, this, &Grid::Requery);
-    d->repositioned = connect(control, &DataControl::Reposition, this, [this] { d->follow(); });
+    control->addRowWriter(d->link.get(), [this] { return UpdateRow(); });
+    connect(control, &DataControl::RowsChanged, d->link.get(), [this] { Requery(); });
+    connect(control, &DataControl::Reposition, d->link.get(), [this] { d->follow(); });
     d->follow();
 }
 
