@@ -11,7 +11,8 @@ TEST(Contents, TheProgramCarriesItsPagesHintsAndPictures)
     const test::TestFolder folder;
     for (const char *page : {"APPOINTS", "BILLS", "EVENTS", "BILLENTER", "BILLPAY", "INCOME", "BACKUP", "ASSET", "JOURNAL",
                              "BOOKS", "PROFILE", "MESSAGES", "NOTES", "HEALTH", "CONTACTS", "SPORT", "RECIPE", "MUSIC",
-                             "MOVIES", "PASSWORDS", "HOWTO", "GARDEN", "VEHICLE", "ACCOUNTSSETUP", "INVOICE", "FILEPATH",
+                             "MOVIES", "PASSWORDS", "HOWTO", "GARDEN", "VEHICLE", "ACCOUNTSSETUP", "INVOICE", "FILEPATH", "TODO",
+                             "SHOPPING", "CALCULATOR",
                              "ALL"}) {
         QFile file(desktop::findResource(u"\\INFO"_s + QString::fromLatin1(page) + u".RTF"_s));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << page;
