@@ -1,4 +1,5 @@
-#include "platform/basic/calendar.h"
+#include "platform/basic/storedtime.h"
+
 #include "platform/basic/error.h"
 #include <cmath>
 
@@ -102,85 +103,25 @@ DateTime DateTime::fromQDateTime(const QDateTime &dateTime)
     return fromParts(date.year(), date.month(), date.day(), time.hour(), time.minute(), time.second());
 }
 
-namespace {
-
-// `count` digits at `at`, or -1.
-int number(QStringView text, qsizetype at, int count)
-{
-    int value = 0;
-    for (qsizetype i = at; i < at + count; ++i) {
-        const char16_t c = text[i].unicode();
-        if (c < u'0' || c > u'9')
-            return -1;
-        value = value * 10 + (c - u'0');
-    }
-    return value;
-}
-
-// "HH:MM" or "HH:MM:SS" at position 11, as seconds of the day, or -1.
-int storedTime(QStringView text)
-{
-    const int hour = number(text, 11, 2);
-    const int minute = number(text, 14, 2);
-    const int second = text.size() == 19 ? number(text, 17, 2) : 0;
-    if (text[13] != u':' || (text.size() == 19 && text[16] != u':'))
-        return -1;
-    if (hour < 0 || hour > 23 || minute < 0 || minute > 59 || second < 0 || second > 59)
-        return -1;
-    return (hour * 60 + minute) * 60 + second;
-}
-
-std::optional<DateTime> readStored(QStringView text)
-{
-    // Another tool may have written the day alone, the minutes without seconds or the "T" of ISO 8601.
-    if (text.size() != 19 && text.size() != 10 && text.size() != 16)
-        return std::nullopt;
-    if (text[4] != u'-' || text[7] != u'-')
-        return std::nullopt;
-    const int year = number(text, 0, 4);
-    const int month = number(text, 5, 2);
-    const int day = number(text, 8, 2);
-    if (year < 100 || month < 1 || month > 12 || day < 1 || day > daysInMonth(year, month))
-        return std::nullopt;
-    int seconds = 0;
-    if (text.size() > 10) {
-        if (text[10] != u' ' && text[10] != u'T')
-            return std::nullopt;
-        seconds = storedTime(text);
-        if (seconds < 0)
-            return std::nullopt;
-    }
-    return serialOf(daysFromCivil(year, month, day), seconds);
-}
-
-void put(char16_t *at, int value, int count)
-{
-    for (int i = count - 1; i >= 0; --i, value /= 10)
-        at[i] = static_cast<char16_t>(u'0' + value % 10);
-}
-
-}
-
 DateTime DateTime::fromStored(QStringView text, bool *ok)
 {
-    const std::optional<DateTime> date = readStored(text);
+    StoredTime time;
+    const bool read = readStored(text.toLatin1().toStdString(), time);
     if (ok)
-        *ok = date.has_value();
-    return date.value_or(DateTime());
+        *ok = read;
+    return read ? dateTimeOf(time) : DateTime();
 }
 
 QString DateTime::toStored() const
 {
+    StoredTime time;
     const Moment moment = momentOf(*this);
-    const Civil civil = civilFromDays(moment.days);
-    char16_t buffer[] = u"0000-00-00 00:00:00";
-    put(buffer, civil.year, 4);
-    put(buffer + 5, civil.month, 2);
-    put(buffer + 8, civil.day, 2);
-    put(buffer + 11, moment.seconds / 3600, 2);
-    put(buffer + 14, moment.seconds / 60 % 60, 2);
-    put(buffer + 17, moment.seconds % 60, 2);
-    return QString(reinterpret_cast<const QChar *>(buffer), 19);
+    fromDayNumber(moment.days, time);
+    time.hour = moment.seconds / 3600;
+    time.minute = moment.seconds / 60 % 60;
+    time.second = moment.seconds % 60;
+    const auto stored = writeStored(time);
+    return QString::fromLatin1(stored.data(), stored.size());
 }
 
 QDate DateTime::date() const

@@ -1,6 +1,7 @@
 #include "platform/dao/cells.h"
 
 #include "platform/basic/convert.h"
+#include "platform/basic/storedtime.h"
 
 #include <cstring>
 #include <limits>
@@ -11,59 +12,12 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-bool digits(const char *text, int count, int &number)
-{
-    number = 0;
-    for (int i = 0; i < count; ++i) {
-        if (text[i] < '0' || text[i] > '9')
-            return false;
-        number = number * 10 + (text[i] - '0');
-    }
-    return true;
-}
-
-// Days from 1970-01-01 in the proleptic Gregorian calendar: years run from March, so the leap day comes last.
-qint64 daysOf(int year, int month, int day)
-{
-    const qint64 y = month <= 2 ? year - 1 : year;
-    const qint64 era = (y >= 0 ? y : y - 399) / 400;
-    const qint64 yearOfEra = y - era * 400;
-    const qint64 dayOfYear = (153 * (month + (month > 2 ? -3 : 9)) + 2) / 5 + day - 1;
-    const qint64 dayOfEra = yearOfEra * 365 + yearOfEra / 4 - yearOfEra / 100 + dayOfYear;
-    return era * 146097 + dayOfEra - 719468;
-}
-
-// "YYYY-MM-DD HH:MM:SS", the form that this program writes; anything else goes the slow way.
-bool plainDate(const char *text, int length, basic::DateTime &date)
-{
-    int year, month, day, hour, minute, second;
-    if (length != 19 || text[4] != '-' || text[7] != '-' || text[10] != ' ' || text[13] != ':' || text[16] != ':')
-        return false;
-    if (!digits(text, 4, year) || !digits(text + 5, 2, month) || !digits(text + 8, 2, day) || !digits(text + 11, 2, hour)
-        || !digits(text + 14, 2, minute) || !digits(text + 17, 2, second))
-        return false;
-    // Leap days and times that do not exist are left to the full reader.
-    static const int monthDays[] = { 31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31 };
-    if (year < 1900 || month < 1 || month > 12 || day < 1 || day > monthDays[month - 1] || hour > 23 || minute > 59
-        || second > 59)
-        return false;
-    constexpr qint64 dayZero = -25569;      // 1899-12-30
-    const double fraction = (hour * 3600 + minute * 60 + second) / 86400.0;
-    date = basic::DateTime(static_cast<double>(daysOf(year, month, day) - dayZero) + fraction);
-    return true;
-}
-
 Value dateOf(const char *text, int length)
 {
-    basic::DateTime date;
-    if (plainDate(text, length, date))
-        return date;
-    QString stored = QString::fromUtf8(text, length).trimmed();
-    if (stored.size() == 10)
-        stored += u" 00:00:00"_s;
-    bool ok = false;
-    date = basic::DateTime::fromStored(stored, &ok);
-    return ok ? Value(date) : Value();
+    basic::StoredTime time;
+    if (!basic::readStored({ text, static_cast<size_t>(length) }, time))
+        return {};
+    return basic::dateTimeOf(time);
 }
 
 // Most texts are short and plain.

@@ -7,6 +7,7 @@
 #include <fcntl.h>
 #include <limits>
 #include <sys/stat.h>
+#include <utility>
 #include <ctime>
 #include <unistd.h>
 
@@ -21,12 +22,36 @@ constexpr qint64 pollEvery = 200;       // milliseconds
 
 int lockWaitMilliseconds = 5000;
 
+// After a wait that was in vain the next statements on the file fail at once for so long, or until one gets through: a
+// screen asks many statements in a row, and each would stand still anew.
+constexpr qint64 busyFor = 5000;
+
 // Coarse, because it is asked for each row that is shown.
 qint64 milliseconds()
 {
     timespec now = {};
     clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
     return now.tv_sec * 1000LL + now.tv_nsec / 1'000'000;
+}
+
+LockClock lockClock = { milliseconds, [](int pause) { sqlite3_sleep(pause); } };
+
+// Until when a file counts as busy, by its path: each opening of a locked file is a connection of its own.
+std::map<QString, qint64> &busyFiles()
+{
+    static std::map<QString, qint64> files;
+    return files;
+}
+
+bool isBusy(const QString &path)
+{
+    const auto found = busyFiles().find(path);
+    if (found == busyFiles().end())
+        return false;
+    if (lockClock.now() < found->second)
+        return true;
+    busyFiles().erase(found);
+    return false;
 }
 
 bool isSpent(const QString &journal)
@@ -45,6 +70,11 @@ std::string folded(const QString &name)
 
 }
 
+LockClock setLockClock(LockClock clock)
+{
+    return std::exchange(lockClock, clock);
+}
+
 int lockWait()
 {
     return lockWaitMilliseconds;
@@ -53,6 +83,7 @@ int lockWait()
 void DBEngine::setLockWait(int waitMilliseconds)
 {
     lockWaitMilliseconds = waitMilliseconds;
+    busyFiles().clear();        // the new wait is worth trying
 }
 
 FileIdentity FileIdentity::of(const QString &path)
@@ -97,7 +128,7 @@ void Connection::openHandle(bool create)
     if (code != SQLITE_OK)
         throwStoreError(code, QString::fromUtf8(sqlite3_errmsg(m_handle)), m_path, sqlite3_system_errno(m_handle));
     sqlite3_extended_result_codes(m_handle, 1);
-    sqlite3_busy_handler(m_handle, waitForLock, nullptr);
+    sqlite3_busy_handler(m_handle, waitForLock, this);
 }
 
 // A protected file keeps the format of SQLCipher 3 whatever library opens it: AES-256-CBC, pages of 1024 bytes, 64,000
@@ -154,11 +185,27 @@ bool Connection::isSound() const
     try {
         Statement check(m_handle, "PRAGMA integrity_check(1)");
         const ResetGuard reset(check);
-        return check.step() && check.text(0) == u"ok";
+        if (!check.step() || check.text(0) != u"ok")
+            return false;
+        readEveryRow();
+        return true;
     } catch (const EngineError &error) {
         if (error.number() == err::Locked)
             throw;
         return false;
+    }
+}
+
+// The store's check looks at the pages and not into the rows. A table that does not answer to its own name has a damaged design.
+void Connection::readEveryRow() const
+{
+    std::vector<QByteArray> tables;
+    Statement list(m_handle, "SELECT name FROM sqlite_master WHERE type = 'table' AND sql NOT LIKE 'CREATE VIRTUAL%'");
+    while (list.step())
+        tables.push_back(quoted(list.text(0)));
+    for (const QByteArray &table : tables) {
+        Statement rows(m_handle, "SELECT * FROM " + table + " NOT INDEXED");
+        while (rows.step()) { }
     }
 }
 
@@ -212,17 +259,29 @@ void Connection::unlockExclusively()
     executeQuietly(m_handle, "PRAGMA locking_mode = NORMAL; SELECT count(*) FROM sqlite_master");
 }
 
-int Connection::waitForLock(void *, int tries)
+int Connection::waitForLock(void *self, int tries)
 {
     static const int pauses[] = { 1, 2, 5, 10, 15, 20, 25, 25, 50, 50, 100 };
     constexpr int count = static_cast<int>(std::size(pauses));
+    const QString &path = static_cast<Connection *>(self)->m_path;
+    if (tries == 0 && isBusy(path))
+        return 0;
     int waited = 0;
     for (int i = 0; i < tries; ++i)
         waited += pauses[std::min(i, count - 1)];
-    if (waited >= lockWaitMilliseconds)
+    if (waited >= lockWaitMilliseconds) {
+        busyFiles()[path] = lockClock.now() + busyFor;
         return 0;
-    sqlite3_sleep(std::min(pauses[std::min(tries, count - 1)], lockWaitMilliseconds - waited));
+    }
+    lockClock.sleep(std::min(pauses[std::min(tries, count - 1)], lockWaitMilliseconds - waited));
     return 1;
+}
+
+// A read may get through while another program keeps every write out, so that a write alone ends the busy time early.
+void Connection::written()
+{
+    if (!busyFiles().empty())
+        busyFiles().erase(m_path);
 }
 
 const StoredSchema &Connection::schema()
@@ -267,6 +326,7 @@ void Connection::rowChanged(void *self, int, const char *, const char *table, sq
         connection->m_lastCounter = &connection->m_changes[folded(QString::fromUtf8(table))];
     }
     ++*connection->m_lastCounter;
+    connection->written();
 }
 
 void Connection::poll()
@@ -296,10 +356,16 @@ void Connection::pollNowAndThen()
         poll();
 }
 
+void Connection::beginWriting()
+{
+    execute(m_handle, "BEGIN IMMEDIATE");
+    written();
+}
+
 int Connection::begin()
 {
     if (m_depth == 0)
-        execute(m_handle, "BEGIN IMMEDIATE");
+        beginWriting();
     else
         execute(m_handle, "SAVEPOINT level" + QByteArray::number(m_depth + 1));
     return ++m_depth;

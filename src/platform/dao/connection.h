@@ -43,7 +43,7 @@ public:
     void unlockExclusively();
     void verify();                      // reads the schema again; throws if the file cannot be read
     void writeUnsynced();               // until the connection closes
-    bool isSound() const;               // every page, row and index entry holds together; 3218
+    bool isSound() const;               // every page and index entry holds together and every row can be read; 3218
     void useLargeCache(bool use);       // by one more user, or one less
     void releaseMemory();               // nobody uses the file for now
 
@@ -89,6 +89,9 @@ private:
     void readFirst();
     static void rowChanged(void *self, int operation, const char *database, const char *table, sqlite3_int64 row);
     static int waitForLock(void *self, int tries);
+    void written();
+    void beginWriting();
+    void readEveryRow() const;
 
     QString m_path;
     QString m_password;
@@ -113,5 +116,12 @@ private:
 
 // How long a write or read waits for another process, in milliseconds.
 int lockWait();
+
+// The time that the waits for a lock are counted by and spent in. Tests put another in its place.
+struct LockClock {
+    qint64 (*now)();                        // milliseconds
+    void (*sleep)(int milliseconds);
+};
+LockClock setLockClock(LockClock clock);    // returns the one before
 
 }

@@ -29,6 +29,11 @@ std::vector<Item> items(Connection &from, bool tolerant)
     return found;
 }
 
+bool isVirtual(const Item &item)
+{
+    return item.sql.first(std::min<qsizetype>(14, item.sql.size())).toUpper() == "CREATE VIRTUAL";
+}
+
 QByteArray columnsOf(Connection &file, const QByteArray &table, int *count)
 {
     QByteArrayList names;
@@ -64,14 +69,20 @@ public:
             m_up = Statement(m_from.handle(), select("ASC"));
             m_down = Statement(m_from.handle(), select("DESC"));
         } catch (const EngineError &) {
-            return all();       // without row ids, as far as it reads
+            all();              // without row ids, as far as it reads
+            m_whole = true;
+            return;
         }
         // Counted rows first: where nothing can be read, looking further soon ends.
         constexpr qint64 lastCounted = std::numeric_limits<qint32>::max();
+        m_whole = true;
         between(1, lastCounted);
         between(std::numeric_limits<qint64>::min(), 0);
         between(lastCounted + 1, std::numeric_limits<qint64>::max());
     }
+
+    qsizetype copied() const { return m_copied; }
+    bool isWhole() const { return m_whole; }    // nothing was passed over
 
 private:
     QByteArray select(const char *order) const
@@ -85,6 +96,7 @@ private:
         for (int i = 0; i < m_count; ++i)
             m_insert.bindCopy(i + 1, sqlite3_column_value(row.get(), first + i));
         m_insert.run();
+        ++m_copied;
     }
 
     // Copies the rows of the range in the statement's order. True if all were read; else `reached` is the last one read.
@@ -99,6 +111,7 @@ private:
                 if (!rows.step())
                     return true;
             } catch (const EngineError &) {
+                m_whole = false;
                 return false;
             }
             put(rows, 1);
@@ -136,6 +149,8 @@ private:
     int m_count = 0;
     int m_probes = 0;
     int m_inVain = 0;       // since the last row that was read
+    qsizetype m_copied = 0;
+    bool m_whole = false;
     Statement m_insert;
     Statement m_up;
     Statement m_down;
@@ -160,6 +175,12 @@ void everything(Connection &from, Connection &to)
             for (const Item &item : all) {
                 if ((item.type == "table") != tables)
                     continue;
+                // What rests on a table or a module that is not there hinders nothing but itself.
+                const bool dependent = item.type == "view" || item.type == "trigger" || isVirtual(item);
+                if (dependent) {
+                    executeQuietly(to.handle(), item.sql.constData());
+                    continue;
+                }
                 execute(to.handle(), item.sql);
                 if (tables)
                     TableCopy(from, to, item.name).all();
@@ -174,21 +195,30 @@ void everything(Connection &from, Connection &to)
     execute(from.handle(), "RELEASE copying");
 }
 
-bool readableRows(Connection &from, Connection &to)
+bool readableRows(Connection &from, Connection &to, RepairReport &report)
 {
     int tables = 0;
     const std::vector<Item> all = items(from, true);
     const int level = to.begin();
     for (const Item &item : all) {
-        if (item.type != "table" || executeQuietly(to.handle(), item.sql.constData()) != SQLITE_OK)
+        if (item.type != "table" || isVirtual(item))
             continue;
+        if (executeQuietly(to.handle(), item.sql.constData()) != SQLITE_OK) {
+            report.lost.append(QString::fromUtf8(item.name));
+            continue;
+        }
         ++tables;
-        TableCopy(from, to, item.name).readable();
+        TableCopy copy(from, to, item.name);
+        copy.readable();
+        report.rowsSaved += copy.copied();
+        if (!copy.isWhole())
+            report.lost.append(QString::fromUtf8(item.name));
     }
     for (const Item &item : all) {
         if (item.type != "table")
             executeQuietly(to.handle(), item.sql.constData());
     }
+    report.rowsSeen = report.rowsSaved;     // an enciphered page that is damaged shows nothing of its rows
     to.commitTo(level);
     return tables > 0;
 }

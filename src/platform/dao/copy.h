@@ -9,7 +9,7 @@ namespace vorel::dao::copy {
 // is in use. Throws at the first thing that cannot be read.
 void everything(Connection &from, Connection &to);
 
-// The same, passing over what cannot be read; false if no table's design could be read at all.
-bool readableRows(Connection &from, Connection &to);
+// The same, passing over what cannot be read, counted into the report; false if no table's design could be read at all.
+bool readableRows(Connection &from, Connection &to, RepairReport &report);
 
 }

@@ -249,7 +249,8 @@ void Idle(int what = dbRefreshCache);                           // rows of other
 // Lets go of what is kept of a file between its uses (its connection, the key of a protected one). Nobody needs to call it
 // before a file is deleted or replaced: a file that took the place of another is noticed at the next opening.
 void Forget(const QString &path);
-// How long a read or write waits for another process before it fails with 3218; 5,000 ms unless told otherwise.
+// How long a read or write waits for another process before it fails with 3218; 5,000 ms unless set. After a wait in vain
+// the next ones on that file fail at once, until a write gets through or 5 s have passed.
 void setLockWait(int waitMilliseconds);
 
 // The workspace's transaction over the databases open in it.

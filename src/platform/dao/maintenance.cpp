@@ -71,59 +71,69 @@ void copyWithJournal(const QString &place, const QString &password, const Scratc
     } catch (const EngineError &) { }
 }
 
-bool savePlain(const QString &copy, Connection &mended)
+// What a repair goes by and what it tells.
+struct Order {
+    const QString &password;
+    const std::vector<TableDef> &wanted;
+    RepairReport &report;
+};
+
+bool savePlain(const QString &copy, const Order &order, Connection &mended)
 {
-    return salvage::rows(contentOf(copy), mended);
+    return salvage::rows(contentOf(copy), order.wanted, mended, order.report);
 }
 
 // Only the store can read these pages, so the rows are asked for by their numbers.
-bool saveProtected(const QString &copy, const QString &password, Connection &mended)
+bool saveProtected(const QString &copy, const Order &order, Connection &mended)
 {
     try {
-        Connection damaged(copy, password, Connection::Purpose::Salvage);
+        Connection damaged(copy, order.password, Connection::Purpose::Salvage);
         damaged.verify();
-        return copy::readableRows(damaged, mended);
+        const bool saved = copy::readableRows(damaged, mended, order.report);
+        StoredSchema schema(mended.handle());
+        for (const TableDef &design : order.wanted) {
+            if (!schema.stored(design.Name) && !order.report.lost.contains(design.Name, Qt::CaseInsensitive))
+                order.report.lost.append(design.Name);
+        }
+        return saved;
     } catch (const EngineError &error) {
         if (error.number() != err::UnknownFormat && error.number() != err::Damaged)
             throw;
-        if (!isDamaged(copy, password))
+        if (!isDamaged(copy, order.password))
             throw EngineError(err::WrongPassword);
         return false;
     }
 }
 
 // The readable rows go into a new file, which takes the damaged one's place only when it is whole itself.
-bool save(const QString &place, const QString &password, const Scratch &made)
+bool save(const QString &place, const Order &order, const Scratch &made)
 {
     const Scratch copy(place, u".rescue"_s);
-    const bool plain = registry::looksPlain(place) || password.isEmpty() || !cipherpages::looksEnciphered(contentOf(place));
-    const QString key = plain ? QString() : password;
+    const bool plain = registry::looksPlain(place) || order.password.isEmpty() || !cipherpages::looksEnciphered(contentOf(place));
+    const QString key = plain ? QString() : order.password;
     copyWithJournal(place, key, copy);
     Connection mended(made.path(), key, Connection::Purpose::Create);
-    const bool saved = plain ? savePlain(copy.path(), mended) : saveProtected(copy.path(), key, mended);
+    const bool saved = plain ? savePlain(copy.path(), order, mended) : saveProtected(copy.path(), order, mended);
     if (saved && !mended.isSound())
         throw EngineError(err::Damaged, QDir::toNativeSeparators(place));
     return saved;
 }
 
-// Where the damaged file lies then.
-QString mend(const QString &place, const QString &password)
+void mend(const QString &place, const Order &order)
 {
     const Scratch made(place, making);
     const FileLock lock(place);
-    const bool saved = save(place, password, made);
-    QString original;
+    const bool saved = save(place, order, made);
     if (saved) {
         setSamePermissions(place, made.path());
-        original = keepDamaged(place);
+        order.report.original = keepDamaged(place);
     }
     // Before the new file stands there: it must not have the old one's journal played into it.
     sidefiles::setAllAside(place);
     if (saved)
         made.moveTo(place);
     else
-        original = setAside(place);
-    return original;
+        order.report.original = setAside(place);
 }
 
 }
@@ -150,7 +160,7 @@ void DBEngine::CompactDatabase(const QString &source, const QString &destination
     putInPlace(scratch.path(), to);
 }
 
-RepairReport DBEngine::RepairDatabase(const QString &path, const QString &connect, const std::vector<TableDef> &)
+RepairReport DBEngine::RepairDatabase(const QString &path, const QString &connect, const std::vector<TableDef> &wanted)
 {
     const QString place = basic::realPath(path);
     QString password = passwordOf(connect);
@@ -164,7 +174,7 @@ RepairReport DBEngine::RepairDatabase(const QString &path, const QString &connec
     registry::forget(place);
     RepairReport report;
     report.damaged = true;
-    report.original = mend(place, password);
+    mend(place, { password, wanted, report });
     registry::forget(place);
     return report;
 }

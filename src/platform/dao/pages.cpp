@@ -119,7 +119,7 @@ qsizetype readableRows(const QByteArray &content, Layout layout)
     const int step = std::max(1, file.count() / pagesTried);
     qsizetype found = 0;
     for (int page = 1; page <= file.count(); page += step) {
-        bool lost = false;
+        qsizetype lost = 0;
         if (file.kind(page) == PageKind::TableLeaf)
             found += static_cast<qsizetype>(file.rows(page, &lost).size());
     }
@@ -208,21 +208,46 @@ std::vector<int> PageFile::children(int page) const
     return found;
 }
 
-std::vector<Row> PageFile::rows(int page, bool *lost) const
+// The bytes of a leaf, and the pages that its rows go on in, that belong to a row already.
+class PageFile::Claims {
+public:
+    Claims(int pageSize, int pages) : m_bytes(static_cast<size_t>(pageSize)), m_pages(static_cast<size_t>(pages) + 1) {}
+    bool takeBytes(int begin, int end)
+    {
+        const auto from = m_bytes.begin() + begin, to = m_bytes.begin() + end;
+        if (std::find(from, to, true) != to)
+            return false;
+        std::fill(from, to, true);
+        return true;
+    }
+    bool takePage(quint32 page)
+    {
+        const bool free = !m_pages[page];
+        m_pages[page] = true;
+        return free;
+    }
+
+private:
+    std::vector<bool> m_bytes;
+    std::vector<bool> m_pages;
+};
+
+std::vector<Row> PageFile::rows(int page, qsizetype *lost) const
 {
     const int header = headerOf(page);
     std::vector<Row> found;
+    Claims claims(m_layout.pageSize, m_count);
     for (int i = 0; i < cellCount(page); ++i) {
         Row row;
-        if (readRow(page, twoBytes(bytes(page) + header + 8 + 2 * i), &row))
+        if (readRow(page, twoBytes(bytes(page) + header + 8 + 2 * i), claims, &row))
             found.push_back(std::move(row));
         else
-            *lost = true;
+            ++*lost;
     }
     return found;
 }
 
-bool PageFile::readRow(int page, int offset, Row *row) const
+bool PageFile::readRow(int page, int offset, Claims &claims, Row *row) const
 {
     if (offset < headerOf(page) + 8 + 2 * cellCount(page) || offset >= m_layout.usable)
         return false;
@@ -231,12 +256,12 @@ bool PageFile::readRow(int page, int offset, Row *row) const
     qint64 size = 0;
     if (!readNumber(at, end, &size) || !readNumber(at, end, &row->id) || size < 1 || size > m_content.size())
         return false;
-    const QByteArray record = payload(page, static_cast<int>(at - bytes(page)), size);
+    const QByteArray record = payload(page, offset, static_cast<int>(at - bytes(page)), size, claims);
     return !record.isEmpty() && decode(record, size, &row->cells);
 }
 
-// What stands in the page and in the chain of pages that it goes on in, as far as that holds.
-QByteArray PageFile::payload(int page, int offset, qint64 size) const
+// The cell's part in the page and the chain of pages that it goes on in, as far as that holds.
+QByteArray PageFile::payload(int page, int begin, int offset, qint64 size, Claims &claims) const
 {
     const int usable = m_layout.usable;
     const int most = usable - 35;
@@ -248,12 +273,13 @@ QByteArray PageFile::payload(int page, int offset, qint64 size) const
             local = least;
     }
     const bool goesOn = local < size;
-    if (offset + local + (goesOn ? 4 : 0) > usable)
+    const qint64 end = offset + local + (goesOn ? 4 : 0);
+    if (end > usable || !claims.takeBytes(begin, static_cast<int>(end)))
         return {};
     QByteArray record(reinterpret_cast<const char *>(bytes(page)) + offset, local);
     quint32 next = goesOn ? fourBytes(bytes(page) + offset + local) : 0;
     while (record.size() < size) {
-        if (next < 2 || next > static_cast<quint32>(m_count))
+        if (next < 2 || next > static_cast<quint32>(m_count) || !claims.takePage(next))
             break;
         const uchar *link = bytes(static_cast<int>(next));
         record.append(reinterpret_cast<const char *>(link) + 4, std::min<qint64>(size - record.size(), usable - 4));

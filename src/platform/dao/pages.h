@@ -37,8 +37,9 @@ public:
     int count() const { return m_count; }               // pages are numbered from 1
     PageKind kind(int page) const;
     std::vector<int> children(int page) const;          // of a node, in order; may name pages that are none
-    // The rows of a leaf that can be told; `lost` is set if there are others.
-    std::vector<Row> rows(int page, bool *lost) const;
+    // The rows of a leaf that can be read; `lost` counts the others. Cells that share bytes are damage, so that the rows never
+    // take more room than the file.
+    std::vector<Row> rows(int page, qsizetype *lost) const;
     // Free pages by the file's own list; nothing if the list is damaged.
     std::optional<std::vector<int>> freePages() const;
     quint32 number(int page, int offset) const;         // four bytes
@@ -47,8 +48,9 @@ private:
     const uchar *bytes(int page) const;
     int headerOf(int page) const { return page == 1 ? 100 : 0; }
     int cellCount(int page) const;
-    bool readRow(int page, int offset, Row *row) const;
-    QByteArray payload(int page, int offset, qint64 size) const;
+    class Claims;
+    bool readRow(int page, int offset, Claims &claims, Row *row) const;
+    QByteArray payload(int page, int begin, int offset, qint64 size, Claims &claims) const;
 
     const QByteArray m_content;
     Layout m_layout;

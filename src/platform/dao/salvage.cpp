@@ -1,5 +1,7 @@
 #include "platform/dao/salvage.h"
 
+#include "platform/basic/storedtime.h"
+#include "platform/dao/definition.h"
 #include "platform/dao/pages.h"
 
 #include <QStringDecoder>
@@ -43,31 +45,54 @@ struct Item {
     int root = 0;
 };
 
+const TableDef *designFor(const std::vector<TableDef> &designs, const QString &name)
+{
+    const auto found = std::find_if(designs.begin(), designs.end(), [&](const TableDef &design) {
+        return design.Name.compare(name, Qt::CaseInsensitive) == 0;
+    });
+    return found == designs.end() ? nullptr : &*found;
+}
+
+bool isStoredDate(const QByteArray &text)
+{
+    basic::StoredTime time;
+    return basic::readStored({ text.constData(), static_cast<size_t>(text.size()) }, time);
+}
+
 // One table of the new file and where its rows lay in the damaged one.
 class Target {
 public:
-    Target(Connection &to, const Item &item, Encoding encoding)
-        : m_to(to.handle()), m_name(quoted(QString::fromUtf8(item.name))), m_encoding(encoding), m_root(item.root)
+    // `design`: what the file should hold under this name, or nullptr. `own`: the file's own design was read.
+    Target(Connection &to, const QString &name, int root, Encoding encoding, const TableDef *design, bool own)
+        : m_to(to.handle()), m_tableName(name), m_name(quoted(name)), m_encoding(encoding), m_root(root), m_own(own)
     {
         int keys = 0;
+        QStringList names;
         Statement info(m_to, "PRAGMA table_info(" + m_name + ')');
         while (info.step()) {
             const QString type = info.text(2).toUpper();
+            names.append(info.text(1));
             m_columns.push_back({ quoted(info.text(1)), kindOf(type), type == u"INTEGER" && info.integer(5) == 1 });
             keys += info.integer(5) > 0;
         }
         for (Column &column : m_columns)
             column.rowId = column.rowId && keys == 1;
         m_inserts.resize(m_columns.size() + 1);
+        QStringList wanted;
+        for (const FieldDef &field : design ? design->Fields : std::vector<FieldDef>())
+            wanted.append(field.Name);
+        if (wanted == names && design)
+            m_fields = design->Fields;
     }
 
+    const QString &name() const { return m_tableName; }
     int root() const { return m_root; }
     size_t columns() const { return m_columns.size(); }
 
-    // A text column never holds a number, and the row's number stands beside the row.
+    // A text column never holds a number, and the row's number stands beside the row. A wanted design says more.
     bool fits(const Row &row) const
     {
-        if (row.cells.empty() || row.cells.size() > m_columns.size())
+        if (!mayHold(row))
             return false;
         for (size_t i = 0; i < row.cells.size(); ++i) {
             const Cell::Kind kind = row.cells[i].kind;
@@ -75,6 +100,8 @@ public:
             if (m_columns[i].rowId && kind != Cell::Kind::Null)
                 return false;
             if (isNumber ? m_columns[i].holds == Holds::Texts : kind == Cell::Kind::Text && m_columns[i].holds == Holds::Numbers)
+                return false;
+            if (!m_fields.empty() && !holds(m_fields[i], row.cells[i]))
                 return false;
         }
         return true;
@@ -85,14 +112,20 @@ public:
         return static_cast<size_t>(fitting) * 2 > rows.size();
     }
 
-    void put(const std::vector<Row> &rows)
+    // The number of rows that the table took.
+    qsizetype put(const std::vector<Row> &rows)
     {
+        qsizetype taken = 0;
         for (const Row &row : rows) {
-            if (row.cells.size() <= m_columns.size() && !row.cells.empty())
-                passOver([&] { put(row); });
+            if (mayHold(row) && (m_own || fits(row)))
+                passOver([&] { taken += put(row); });
         }
+        saved += taken;
+        return taken;
     }
 
+    qsizetype seen = 0;
+    qsizetype saved = 0;
     bool damaged = false;       // some of its pages are missing
 
 private:
@@ -102,6 +135,42 @@ private:
         Holds holds;
         bool rowId;
     };
+
+    // Without the file's own design the order of the fields is known by their number alone.
+    bool mayHold(const Row &row) const
+    {
+        return !row.cells.empty() && (m_own ? row.cells.size() <= m_columns.size() : row.cells.size() == m_columns.size());
+    }
+
+    bool holds(const FieldDef &field, const Cell &cell) const
+    {
+        const bool whole = cell.kind == Cell::Kind::Integer;
+        if (cell.kind == Cell::Kind::Null || cell.kind == Cell::Kind::Missing)
+            return true;
+        switch (field.Type) {
+        case dbBoolean:
+            return whole && (cell.integer == 0 || cell.integer == -1);
+        case dbByte:
+        case dbInteger:
+        case dbLong:
+        case dbCurrency:
+            return whole;
+        case dbSingle:
+        case dbDouble:
+            return whole || cell.kind == Cell::Kind::Real;
+        case dbDate:
+            return cell.kind == Cell::Kind::Text && isStoredDate(utf8(cell.bytes, m_encoding));
+        case dbText:
+            return cell.kind == Cell::Kind::Text && QString::fromUtf8(utf8(cell.bytes, m_encoding)).size() <= field.Size;
+        case dbMemo:
+            return cell.kind == Cell::Kind::Text;
+        case dbLongBinary:
+            return cell.kind == Cell::Kind::Bytes;
+        case dbUnknown:
+            break;
+        }
+        return true;
+    }
 
     static Holds kindOf(const QString &type)
     {
@@ -113,8 +182,8 @@ private:
         return has(u"REAL") || has(u"FLOA") || has(u"DOUB") ? Holds::Numbers : Holds::Anything;
     }
 
-    // A row that is there stays: it was found on the better way.
-    void put(const Row &row)
+    // A row that is there stays: it was found by the more reliable pass.
+    qsizetype put(const Row &row)
     {
         Statement &insert = m_inserts[row.cells.size()];
         if (!insert) {
@@ -135,6 +204,7 @@ private:
                 bind(insert, static_cast<int>(i + 2), row.cells[i]);
         }
         insert.run();
+        return sqlite3_changes(m_to);
     }
 
     void bind(Statement &insert, int index, const Cell &cell) const
@@ -155,32 +225,40 @@ private:
     }
 
     sqlite3 *m_to;
+    QString m_tableName;
     QByteArray m_name;
     Encoding m_encoding;
     int m_root;
+    bool m_own;
+    std::vector<FieldDef> m_fields{};       // the wanted design's, if it has the same columns
     std::vector<Column> m_columns;
     std::vector<Statement> m_inserts;       // by the number of values that a row has
 };
 
 class Salvage {
 public:
-    Salvage(const QByteArray &damaged, Connection &to)
-        : m_file(damaged, pages::layoutOf(damaged)), m_to(to), m_taken(static_cast<size_t>(m_file.count()) + 1)
+    Salvage(const QByteArray &damaged, const std::vector<TableDef> &wanted, Connection &to)
+        : m_file(damaged, pages::layoutOf(damaged)), m_wanted(wanted), m_to(to), m_taken(static_cast<size_t>(m_file.count()) + 1)
     {
     }
 
-    bool run()
+    bool run(RepairReport &report)
     {
         readDesigns();
         m_level = m_to.begin();
-        build();
-        if (m_targets.empty()) {
-            m_to.rollbackTo(m_level);
-            return false;
-        }
+        buildTables();
+        const bool ownDesign = !m_targets.empty();
+        buildWanted();
+        build("index");
         for (Target &target : m_targets)
             takeTree(target);
         takeCutOff();
+        build("view");
+        tell(report);
+        if (!ownDesign && report.rowsSaved == 0) {
+            m_to.rollbackTo(m_level);
+            return false;
+        }
         m_to.commitTo(m_level);
         return true;
     }
@@ -208,7 +286,13 @@ private:
         item->sql = utf8(row.cells[4].bytes, m_encoding);
         item->root = static_cast<int>(std::clamp<qint64>(row.cells[3].integer, 0, m_file.count()));
         static const std::set<QByteArray> kinds = { "table", "index", "view", "trigger" };
-        return kinds.contains(item->type) && item->sql.toUpper().startsWith("CREATE ") && !item->name.isEmpty();
+        if (item->name.isEmpty())
+            return false;
+        const bool design = kinds.contains(item->type) && item->sql.toUpper().startsWith("CREATE ");
+        // Its name and its place are worth keeping where the design itself is beyond reading.
+        if (!design && designFor(m_wanted, QString::fromUtf8(item->name)))
+            item->type = "place";
+        return design || item->type == "place";
     }
 
     void addDesigns(const std::vector<Row> &rows)
@@ -228,14 +312,14 @@ private:
     void readDesigns()
     {
         bool broken = false;
-        walk(1, broken, [&](const std::vector<Row> &rows) {
+        walk(1, broken, [&](const std::vector<Row> &rows, qsizetype) {
             addDesigns(rows);
             return true;
         });
         if (!broken)
             return;
         for (int page = 2; page <= m_file.count(); ++page) {
-            bool lost = false;
+            qsizetype lost = 0;
             if (taken(page) || m_file.kind(page) != PageKind::TableLeaf)
                 continue;
             const std::vector<Row> rows = m_file.rows(page, &lost);
@@ -247,17 +331,58 @@ private:
         }
     }
 
-    // Unique indexes stand before the rows, so that a damaged row is left out and not the index.
-    void build()
+    static bool isVirtual(const Item &item) { return item.sql.first(std::min<qsizetype>(14, item.sql.size())).toUpper() == "CREATE VIRTUAL"; }
+
+    // The name that the statement itself gives, which is another one where either of the two is damaged.
+    QString newestTable()
     {
-        for (const char *type : { "table", "index", "view" }) {
-            for (const Item &item : m_items) {
-                const bool built = item.type == type && passOver([&] { Statement(m_to.handle(), item.sql).run(); });
-                if (built && item.type == "table")
-                    m_targets.emplace_back(m_to, item, m_encoding);
+        Statement newest(m_to.handle(), "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite\\_%'"
+                                         " ESCAPE '\\' ORDER BY rowid DESC LIMIT 1");
+        return newest.step() ? newest.text(0) : QString();
+    }
+
+    void buildTables()
+    {
+        for (const Item &item : m_items) {
+            if (item.type != "table" || isVirtual(item) || !passOver([&] { Statement(m_to.handle(), item.sql).run(); }))
+                continue;
+            const QString stored = newestTable();
+            const bool wantedName = designFor(m_wanted, QString::fromUtf8(item.name)) && !designFor(m_wanted, stored);
+            if (wantedName) {
+                execute(m_to.handle(), "DROP TABLE " + quoted(stored));
+                continue;
             }
+            m_targets.emplace_back(m_to, stored, item.root, m_encoding, designFor(m_wanted, stored), true);
         }
         std::erase_if(m_targets, [](const Target &target) { return target.columns() == 0; });
+    }
+
+    // Tables whose designs the file has lost. Where their trees begin may still be known.
+    void buildWanted()
+    {
+        for (const TableDef &design : m_wanted) {
+            const auto same = [&](const QString &name) { return name.compare(design.Name, Qt::CaseInsensitive) == 0; };
+            if (std::any_of(m_targets.begin(), m_targets.end(), [&](const Target &target) { return same(target.name()); }))
+                continue;
+            const auto place = std::find_if(m_items.begin(), m_items.end(), [&](const Item &item) {
+                return (item.type == "table" || item.type == "place") && same(QString::fromUtf8(item.name));
+            });
+            createTable(m_to, design);
+            m_targets.emplace_back(m_to, design.Name, place == m_items.end() ? 0 : place->root, m_encoding, &design, false);
+        }
+    }
+
+    // Unique indexes come before the rows, so that a damaged row is left out and not the index. A view that rests on a
+    // table that is gone would make the new file harder to use than the damaged one.
+    void build(const QByteArray &type)
+    {
+        for (const Item &item : m_items) {
+            if (item.type != type || !passOver([&] { Statement(m_to.handle(), item.sql).run(); }) || type != "view")
+                continue;
+            const QByteArray view = quoted(QString::fromUtf8(item.name));
+            if (!passOver([&] { Statement(m_to.handle(), "SELECT * FROM " + view); }))
+                executeQuietly(m_to.handle(), ("DROP VIEW " + view).constData());
+        }
     }
 
     // Each page once, depth first; `leaf` says whether the page's rows belong here.
@@ -270,15 +395,20 @@ private:
             const PageKind kind = m_file.kind(page);
             if (kind == PageKind::Other || taken(page)) {
                 broken = true;
-            } else if (kind == PageKind::TableNode) {
+                continue;
+            }
+            if (kind == PageKind::TableNode) {
                 take(page);
                 const std::vector<int> children = m_file.children(page);
                 open.insert(open.end(), children.rbegin(), children.rend());
-            } else if (leaf(m_file.rows(page, &broken))) {
-                take(page);
-            } else {
-                broken = true;
+                continue;
             }
+            qsizetype lost = 0;
+            const std::vector<Row> rows = m_file.rows(page, &lost);
+            const bool belongs = leaf(rows, lost);
+            broken |= lost > 0 || !belongs;
+            if (belongs)
+                take(page);
         }
     }
 
@@ -288,10 +418,11 @@ private:
             target.damaged = true;
             return;
         }
-        walk(target.root(), target.damaged, [&](const std::vector<Row> &rows) {
+        walk(target.root(), target.damaged, [&](const std::vector<Row> &rows, qsizetype lost) {
             // Two pages may have changed places.
             if (!rows.empty() && !target.fits(rows) && anotherFits(target, rows))
                 return false;
+            target.seen += std::ssize(rows) + lost;
             target.put(rows);
             return true;
         });
@@ -313,12 +444,29 @@ private:
                 take(page);
         }
         for (int page = 2; page <= m_file.count(); ++page) {
-            bool lost = false;
+            qsizetype lost = 0;
             if (taken(page) || m_file.kind(page) != PageKind::TableLeaf)
                 continue;
             const std::vector<Row> rows = m_file.rows(page, &lost);
+            // A row that the table has already is an older copy and counts as none.
             if (Target *target = rows.empty() ? nullptr : bestFor(rows, freePages.has_value()))
-                target->put(rows);
+                target->seen += target->put(rows) + lost;
+        }
+    }
+
+    void tell(RepairReport &report) const
+    {
+        for (const Target &target : m_targets) {
+            report.rowsSeen += target.seen;
+            report.rowsSaved += target.saved;
+            if (target.damaged || target.saved < target.seen)
+                report.lost.append(target.name());
+        }
+        for (const Item &item : m_items) {
+            const QString name = QString::fromUtf8(item.name);
+            const auto same = [&](const Target &target) { return target.name().compare(name, Qt::CaseInsensitive) == 0; };
+            if (item.type == "table" && std::none_of(m_targets.begin(), m_targets.end(), same))
+                report.lost.append(name);
         }
     }
 
@@ -343,6 +491,7 @@ private:
     void take(int page) { m_taken[static_cast<size_t>(page)] = true; }
 
     PageFile m_file;
+    const std::vector<TableDef> &m_wanted;
     Connection &m_to;
     Encoding m_encoding = QStringConverter::Utf8;
     std::vector<bool> m_taken;
@@ -353,9 +502,9 @@ private:
 
 }
 
-bool rows(const QByteArray &damaged, Connection &to)
+bool rows(const QByteArray &damaged, const std::vector<TableDef> &wanted, Connection &to, RepairReport &report)
 {
-    return Salvage(damaged, to).run();
+    return Salvage(damaged, wanted, to).run(report);
 }
 
 }

@@ -85,6 +85,25 @@ std::unique_ptr<StoredTable> readTable(sqlite3 *connection, const QString &name,
     return table;
 }
 
+// A view whose tables are gone keeps its name, so that it can be deleted; a virtual table of a module that is not there is
+// passed over. Neither hinders the rest of the file. A table that cannot be read is damage.
+std::unique_ptr<StoredTable> readEntry(sqlite3 *connection, const QString &name, const QString &sql, bool view)
+{
+    try {
+        return readTable(connection, name, sql, view);
+    } catch (const EngineError &error) {
+        const bool broken = error.number() == err::InvalidOperation;
+        if (!broken || !(view || sql.startsWith(u"CREATE VIRTUAL", Qt::CaseInsensitive)))
+            throw;
+    }
+    if (!view)
+        return nullptr;
+    auto unread = std::make_unique<StoredTable>();
+    unread->view = true;
+    unread->def.Name = unread->design.name = name;
+    return unread;
+}
+
 }
 
 const FieldDef *StoredTable::field(QStringView name) const
@@ -108,7 +127,10 @@ StoredSchema::StoredSchema(sqlite3 *connection)
     while (list.step())
         entries.push_back({ list.text(0), list.text(1), list.text(2) == u"view" });
     for (const Entry &entry : entries) {
-        m_tables.push_back(readTable(connection, entry.name, entry.sql, entry.view));
+        auto table = readEntry(connection, entry.name, entry.sql, entry.view);
+        if (!table)
+            continue;
+        m_tables.push_back(std::move(table));
         m_byName.insert(entry.name.toLower(), m_tables.back().get());
     }
 }

@@ -1,4 +1,5 @@
 #include "daotest.h"
+#include "platform/dao/connection.h"
 #include "support/fulldisk.h"
 
 #include <QProcess>
@@ -71,6 +72,10 @@ void runJob(const QStringList &job)
     const QString path = job.value(1);
     if (job[0] == u"hold") {
         holdTransaction(path);
+    } else if (job[0] == u"exclusive") {
+        const Database file = DBEngine::OpenDatabase(path, true);
+        say(u"ready"_s);
+        waitForWord();
     } else if (job[0] == u"open") {
         DBEngine::setLockWait(50);
         say(QString::number(errorOf([&] { DBEngine::OpenDatabase(path, false, false, job.value(2)); })));
@@ -245,6 +250,61 @@ TEST_F(Processes, AnExclusiveOpeningLeavesAnothersWriteAlone)
     other.kill();
     other.waitForFinished();
     m_file = DBEngine::OpenDatabase(path(), true);
+    EXPECT_EQ(m_file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 3);
+}
+
+// A screen asks many statements in a row. The wait is spent on a clock of the test's own.
+TEST_F(Processes, AfterOneVainWaitTheNextStatementsFailAtOnce)
+{
+    static qint64 now, slept;
+    now = slept = 0;
+    const LockClock before = setLockClock({ [] { return now; }, [](int pause) { now += pause; slept += pause; } });
+    DBEngine::setLockWait(5000);
+    QProcess other;
+    start(other, u"hold"_s);
+    ASSERT_EQ(word(other), u"ready");
+    const auto write = [&] { return errorOf([&] { m_file.Execute(u"UPDATE SAMPLE SET LARGE=7"_s); }); };
+    EXPECT_EQ(write(), 3218);
+    EXPECT_EQ(slept, 5000);
+    for (int i = 0; i < 20; ++i)
+        EXPECT_EQ(write(), 3218);
+    EXPECT_EQ(slept, 5000);
+    EXPECT_EQ(m_file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 3);     // what needs no lock is not refused
+    now += 5000;
+    EXPECT_EQ(write(), 3218);       // after a while it is worth waiting again
+    EXPECT_EQ(slept, 10000);
+    other.write("go\n");
+    other.waitForFinished();
+    EXPECT_EQ(write(), 0);
+    QProcess next;                  // and what got through ends the time early
+    start(next, u"hold"_s);
+    ASSERT_EQ(word(next), u"ready");
+    EXPECT_EQ(write(), 3218);
+    EXPECT_EQ(slept, 15000);
+    next.kill();
+    next.waitForFinished();
+    setLockClock(before);
+}
+
+// However often it is opened: 5 s once, not for each.
+TEST_F(Processes, AFileThatIsLockedForLongIsAskedForQuickly)
+{
+    static qint64 now, slept;
+    now = slept = 0;
+    const LockClock before = setLockClock({ [] { return now; }, [](int pause) { now += pause; slept += pause; } });
+    DBEngine::setLockWait(5000);
+    m_file.Close();
+    DBEngine::Forget(path());
+    QProcess other;
+    start(other, u"exclusive"_s);
+    ASSERT_EQ(word(other), u"ready");
+    for (int i = 0; i < 12; ++i)
+        EXPECT_EQ(errorOf([&] { DBEngine::OpenDatabase(path()); }), 3356);
+    EXPECT_EQ(slept, 5000);
+    other.kill();
+    other.waitForFinished();
+    setLockClock(before);
+    m_file = DBEngine::OpenDatabase(path());
     EXPECT_EQ(m_file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 3);
 }
 

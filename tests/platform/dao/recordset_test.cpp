@@ -1,4 +1,5 @@
 #include "daotest.h"
+#include "platform/dao/connection.h"
 
 namespace vorel::dao::test {
 
@@ -499,6 +500,43 @@ TEST_F(Recordsets, QuestionsAreAnsweredWithoutARow)
     EXPECT_EQ(rows.Get(u"NAME"), Value(u"one"_s));      // a vain wish moves nothing
     m_file.Close();
     EXPECT_EQ(asked(second), nothing);
+}
+
+// A file from elsewhere, or from another tool.
+TEST_F(Recordsets, ADateReadsAlikeInARowAndInAQuery)
+{
+    struct Case { const char *stored; int day; };       // 0: no date
+    const std::vector<Case> cases = {
+        { "2026-11-22 09:30:00", 22 }, { "2026-11-22", 22 }, { "2026-11-22 09:30", 22 }, { "2026-11-22T09:30:00", 22 },
+        { " 2026-11-22 ", 22 }, { "2024-02-29", 29 }, { "2026-02-31 00:00:00", 0 }, { "2026-02-29", 0 }, { "2026-11-22 24:00:00", 0 },
+        { "2026-11-22 09:60", 0 }, { "2026-11-22x09:30:00", 0 }, { "0099-01-01", 0 }, { "22/11/2026", 0 }, { "", 0 },
+    };
+    {
+        Connection tool(path(), {}, Connection::Purpose::Open);
+        for (const Case &one : cases)
+            execute(tool.handle(), "INSERT INTO SAMPLE (DAY) VALUES ('" + QByteArray(one.stored) + "')");
+    }
+    Recordset rows = m_file.OpenRecordset(u"SELECT [DAY], Day([DAY]) AS D FROM SAMPLE ORDER BY [ID]"_s, dbOpenSnapshot);
+    for (const Case &one : cases) {
+        const Value date = rows.Get(0);
+        EXPECT_EQ(date.isNull() ? 0 : date.get<basic::DateTime>().day(), one.day) << one.stored;
+        EXPECT_EQ(rows.Get(1).text(), one.day == 0 ? QString() : QString::number(one.day)) << one.stored;
+        rows.MoveNext();
+    }
+}
+
+TEST_F(Recordsets, SortingByAColumnsNumberAsksForOneThatIsThere)
+{
+    Recordset rows = m_file.OpenRecordset(u"SELECT [ID],[NAME] FROM SAMPLE"_s);
+    add(rows, { { u"NAME", u"b"_s } });
+    add(rows, { { u"NAME", u"a"_s } });
+    for (const auto &[sort, error] : { std::pair { u"0"_s, 3138 }, std::pair { u"3"_s, 3138 }, std::pair { u"99"_s, 3138 },
+                                       std::pair { u"1, 99"_s, 3138 }, std::pair { u"2"_s, 0 } }) {
+        rows.setSort(sort);
+        EXPECT_EQ(errorOf([&] { rows.OpenRecordset(); }), error) << sort.toStdString();
+    }
+    rows.setSort(u"2"_s);
+    EXPECT_EQ(names(rows.OpenRecordset()), (QStringList { u"a"_s, u"b"_s }));
 }
 
 }

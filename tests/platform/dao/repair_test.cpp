@@ -1,4 +1,6 @@
 #include "daotest.h"
+#include "platform/dao/connection.h"
+#include "platform/dao/pages.h"
 #include "support/fulldisk.h"
 
 #include <QDir>
@@ -332,6 +334,138 @@ TEST_F(Repair, NoPermission)
             EXPECT_EQ(standing(), QStringList { u"DATA.MDB"_s });
         }
     }
+}
+
+// One bit of a table's design, or the whole page that the designs are on: the wanted designs bring the rows back.
+TEST_F(Repair, ATableWithoutItsDesignKeepsItsRows)
+{
+    const std::vector<TableDef> wanted = { sample(), subjects(), sample(u"NEW TABLE"_s) };
+    const QByteArray good = filled();
+    const auto flip = [](const char *text, int behind) {
+        return [=](QByteArray &content) {
+            const qsizetype at = content.indexOf(text) + behind;
+            content[at] = static_cast<char>(content[at] ^ 1);
+        };
+    };
+    struct Case { const char *what; Pages damage; };
+    const std::vector<Case> cases = {
+        { "bracket", flip("CREATE TABLE \"SAMPLE\" (", 22) },
+        { "name in the design", flip("CREATE TABLE \"SAMPLE\"", 15) },
+        { "verb", flip("CREATE TABLE \"SAMPLE\"", 2) },
+        { "type", flip("CREATE TABLE \"SUBJECTS\" (\"ID\" INTEGER", 30) },
+        { "first page", [](QByteArray &c) { zero(c, 1); } },
+        { "first page of noise", [](QByteArray &c) { c.replace(0, page, QByteArray(page, '\x5a')); } },
+    };
+    for (const Case &one : cases) {
+        SCOPED_TRACE(one.what);
+        QByteArray content = good;
+        one.damage(content);
+        ASSERT_NE(content, good);
+        damage(content);
+        const RepairReport report = DBEngine::RepairDatabase(path(), {}, wanted);
+        EXPECT_TRUE(report.damaged);
+        EXPECT_EQ(report.original, path() + u".damaged"_s);
+        EXPECT_EQ(report.rowsSeen, sampleRows + subjectRows);
+        EXPECT_EQ(report.rowsSaved, sampleRows + subjectRows);
+        Database file = DBEngine::OpenDatabase(path());
+        EXPECT_EQ(file.OpenRecordset(u"SELECT ID FROM SAMPLE WHERE LARGE+1=ID AND PRICE=1.5"_s).rowTotal(), sampleRows);
+        EXPECT_EQ(file.OpenRecordset(u"SUBJECTS"_s).rowTotal(), subjectRows);
+        EXPECT_EQ(file.TableDefByName(u"SAMPLE").Fields, sample().Fields);
+        EXPECT_EQ(file.TableDefByName(u"SUBJECTS").Indexes, subjects().Indexes);
+    }
+}
+
+TEST_F(Repair, TheReportCountsWhatIsLost)
+{
+    QByteArray content = filled();
+    EXPECT_FALSE(DBEngine::RepairDatabase(path()).damaged);
+    const qsizetype number = pageWith(content, nameOf(1000));
+    const QByteArray leaf = content.mid((number - 1) * page, page);
+    const int rows = static_cast<uchar>(leaf[3]) << 8 | static_cast<uchar>(leaf[4]);
+    // Every cell of one leaf points behind the page.
+    content.replace((number - 1) * page + 8, 2 * rows, QByteArray(2 * rows, '\xff'));
+    damage(content);
+    const RepairReport report = DBEngine::RepairDatabase(path());
+    EXPECT_TRUE(report.damaged);
+    EXPECT_EQ(report.lost, QStringList(u"SAMPLE"_s));
+    EXPECT_EQ(report.rowsSeen, sampleRows + subjectRows);
+    EXPECT_EQ(report.rowsSaved, sampleRows + subjectRows - rows);
+}
+
+// The wanted designs make no file of a text.
+TEST_F(Repair, WantedDesignsAloneAreNoFile)
+{
+    damage(QByteArray(8192, '\x5a'));
+    EXPECT_EQ(DBEngine::RepairDatabase(path(), {}, { sample() }).original, path() + u".damaged"_s);
+    EXPECT_FALSE(QFile::exists(path()));
+}
+
+// The store's own check passes over a row whose head says what is not so.
+TEST_F(Repair, ARowThatCannotBeReadCostsItselfAlone)
+{
+    QByteArray content = filled({}, 300);
+    // The head lies before the row's first value: its own size, then a type for each of the twelve columns.
+    const qsizetype head = content.indexOf(nameOf(151).toLatin1()) - 13;
+    ASSERT_EQ(content[head], 13);
+    content[head] = '\x7f';
+    damage(content);
+    EXPECT_TRUE(DBEngine::RepairDatabase(path()).damaged);
+    Database file = DBEngine::OpenDatabase(path());
+    EXPECT_EQ(file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 299);
+    file.Close();
+    EXPECT_FALSE(DBEngine::RepairDatabase(path()).damaged);
+}
+
+// What rests on a table or a module that is gone hinders nothing but itself, and no repair makes such a file.
+TEST_F(Repair, AViewOfNothingHindersNoOther)
+{
+    filled({}, 40);
+    DBEngine::Forget(path());
+    {
+        Connection tool(path(), {}, Connection::Purpose::Open);
+        execute(tool.handle(), "CREATE VIEW [Good] AS SELECT NAME FROM SAMPLE; CREATE VIEW [Broken] AS SELECT * FROM SUBJECTS;"
+                               "CREATE TABLE gone (a); CREATE VIEW [Dangling] AS SELECT * FROM gone; DROP TABLE gone;"
+                               "PRAGMA writable_schema = ON; INSERT INTO sqlite_master VALUES"
+                               " ('table', 'words', 'words', 0, 'CREATE VIRTUAL TABLE words USING no_such_module(a)')");
+    }
+    const QByteArray content = contentOf(path());
+    Database file = DBEngine::OpenDatabase(path());
+    EXPECT_EQ(file.QueryDefs(), (QStringList { u"Good"_s, u"Broken"_s, u"Dangling"_s }));
+    EXPECT_EQ(file.TableDefs().size(), 2u);
+    EXPECT_EQ(file.OpenRecordset(u"Good"_s).rowTotal(), 40);
+    EXPECT_NE(errorOf([&] { file.OpenRecordset(u"Dangling"_s); }), 0);
+    file.Close();
+    EXPECT_FALSE(DBEngine::RepairDatabase(path()).damaged);
+    DBEngine::CompactDatabase(path(), path(u"SMALL.MDB"_s));
+    file = DBEngine::OpenDatabase(path(u"SMALL.MDB"_s));
+    EXPECT_EQ(file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 40);
+    file.Close();
+    // The design of SUBJECTS is damaged, so that its view has nothing to rest on in the mended file.
+    QByteArray damaged = content;
+    const qsizetype at = damaged.indexOf("CREATE TABLE \"SUBJECTS\" (");
+    damaged[at + 24] = '!';
+    damage(damaged);
+    const RepairReport report = DBEngine::RepairDatabase(path());
+    EXPECT_EQ(report.lost, (QStringList { u"SUBJECTS"_s, u"words"_s }));
+    file = DBEngine::OpenDatabase(path());
+    EXPECT_EQ(file.QueryDefs(), QStringList(u"Good"_s));
+    EXPECT_EQ(file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 40);
+}
+
+// However many pointers name it, a cell is one row.
+TEST_F(Repair, OverlappingCellsTakeNoMoreRoomThanThePage)
+{
+    QByteArray content = filled({}, 400);
+    const qsizetype number = pageWith(content, nameOf(200));
+    char *leaf = content.data() + (number - 1) * page;
+    const int cells = static_cast<uchar>(leaf[3]) << 8 | static_cast<uchar>(leaf[4]);
+    ASSERT_GT(cells, 10);
+    for (int i = 1; i < cells; ++i)
+        std::copy_n(leaf + 8, 2, leaf + 8 + 2 * i);
+    qsizetype lost = 0;
+    const pages::PageFile file(content, pages::layoutOf(content));
+    EXPECT_EQ(file.rows(static_cast<int>(number), &lost).size(), 1u);
+    EXPECT_EQ(lost, cells - 1);
 }
 
 }

@@ -280,6 +280,13 @@ void Binder::checkGrouping(const Select &select) const
     }
 }
 
+// A number in ORDER BY is a column's, from 1.
+void Binder::requireColumn(const Expr &expr, const Select &select)
+{
+    if (expr.kind == ExprKind::Integer && (expr.integer < 1 || expr.integer > static_cast<qint64>(select.items.size())))
+        throw EngineError(err::OrderBySyntax);
+}
+
 void Binder::bindOrderBy(Select &select, const Scope *parent)
 {
     const bool grouped = select.aggregated || !select.groupBy.empty();
@@ -287,11 +294,9 @@ void Binder::bindOrderBy(Select &select, const Scope *parent)
     for (const Ordering &ordering : select.orderBy) {
         Expr &expr = *ordering.expr;
         bindExpr(expr, scope);
-        if (expr.kind == ExprKind::Integer) {
-            if (expr.integer < 1 || expr.integer > static_cast<qint64>(select.items.size()))
-                throw EngineError(err::OrderBySyntax);
+        requireColumn(expr, select);
+        if (expr.kind == ExprKind::Integer)
             continue;
-        }
         const bool selected = std::any_of(select.items.begin(), select.items.end(), [&](const SelectItem &item) {
             return sameExpression(*item.expr, expr);
         });
@@ -398,8 +403,10 @@ void Binder::bindOrdering(std::vector<Ordering> &orderBy, const Select &select)
 {
     const Scope scope{.sources = &select.sources, .select = &select, .outputs = Outputs::First,
                       .outputCount = select.columns.size()};
-    for (const Ordering &ordering : orderBy)
+    for (const Ordering &ordering : orderBy) {
         bindExpr(*ordering.expr, scope);
+        requireColumn(*ordering.expr, select);
+    }
 }
 
 }

@@ -38,6 +38,7 @@ private:
     void expandStars(Select &select);
     void nameColumns(Select &select);
     void checkGrouping(const Select &select) const;
+    static void requireColumn(const Expr &expr, const Select &select);
     void bindOrderBy(Select &select, const Scope *parent);
     void bindUnionOrderBy(Select &select);
     void joinBranchTypes(Select &select);

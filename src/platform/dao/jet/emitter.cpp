@@ -106,7 +106,11 @@ void Emitter::value(const Expr &expr)
     case ExprKind::Aggregate:
         aggregate(expr);
         break;
-    default:
+    case ExprKind::Between:
+    case ExprKind::In:
+    case ExprKind::InSelect:
+    case ExprKind::IsNull:
+    case ExprKind::Exists:     // conditions, each of them
         break;
     }
 }
@@ -156,7 +160,23 @@ void Emitter::binary(const Expr &expr)
     case Operator::Implies:
         bitwise(expr);
         break;
-    default:
+    case Operator::None:
+    case Operator::Negate:
+    case Operator::Not:
+    case Operator::Power:
+    case Operator::Multiply:
+    case Operator::Divide:
+    case Operator::IntegerDivide:
+    case Operator::Modulo:
+    case Operator::Add:
+    case Operator::Subtract:
+    case Operator::Equal:
+    case Operator::NotEqual:
+    case Operator::Less:
+    case Operator::LessEqual:
+    case Operator::Greater:
+    case Operator::GreaterEqual:
+    case Operator::Like:
         if (isTextType(expr.type))
             infix(expr, "||", &Emitter::text);
         else if (expr.type == dbDate)
@@ -177,7 +197,7 @@ void Emitter::arithmetic(const Expr &expr)
         infix(expr, "+", &Emitter::number);
         break;
     case Operator::Subtract:
-        infix(expr, "-", &Emitter::number);
+        infix(expr, "- ", &Emitter::number);     // a negative number may follow, and -- begins a comment
         break;
     case Operator::Multiply:
         infix(expr, "*", &Emitter::number);
@@ -191,8 +211,26 @@ void Emitter::arithmetic(const Expr &expr)
     case Operator::Modulo:
         call2("j_mod", left, right, &Emitter::number);
         break;
-    default:
+    case Operator::Power:
         call2("j_pow", left, right, &Emitter::number);
+        break;
+    case Operator::None:
+    case Operator::Negate:
+    case Operator::Not:
+    case Operator::Concatenate:
+    case Operator::Equal:
+    case Operator::NotEqual:
+    case Operator::Less:
+    case Operator::LessEqual:
+    case Operator::Greater:
+    case Operator::GreaterEqual:
+    case Operator::Like:
+    case Operator::And:
+    case Operator::Or:
+    case Operator::Xor:
+    case Operator::Equivalent:
+    case Operator::Implies:
+        break;
     }
 }
 
@@ -202,7 +240,7 @@ void Emitter::moneyArithmetic(const Expr &expr)
     const Expr &left = *expr.operands[0];
     const Expr &right = *expr.operands[1];
     if (expr.op == Operator::Add || expr.op == Operator::Subtract) {
-        infix(expr, expr.op == Operator::Add ? "+" : "-", &Emitter::currency);
+        infix(expr, expr.op == Operator::Add ? "+" : "- ", &Emitter::currency);
         return;
     }
     const bool fraction = left.kind != ExprKind::Decimal && right.kind != ExprKind::Decimal
@@ -227,13 +265,13 @@ void Emitter::dateArithmetic(const Expr &expr)
     const bool leftDate = left.type == dbDate;
     if (expr.op == Operator::Subtract && !leftDate) {       // a number less a date
         m_out += "j_todate(";
-        infix(expr, "-", &Emitter::number);
+        infix(expr, "- ", &Emitter::number);
         m_out += ')';
         return;
     }
     m_out += "j_dateplus(";
     date(leftDate ? left : right);
-    m_out += expr.op == Operator::Subtract ? ",-" : ",";
+    m_out += expr.op == Operator::Subtract ? ",- " : ",";
     number(leftDate ? right : left);
     m_out += ')';
 }
@@ -247,6 +285,12 @@ void Emitter::bitwise(const Expr &expr)
     case Operator::Or:
         infix(expr, "|", &Emitter::whole);
         break;
+    case Operator::Xor:         // SQLite has none, and (a | b) - (a & b) doubles the text at each level
+        call2("j_xor", *expr.operands[0], *expr.operands[1], &Emitter::whole);
+        break;
+    case Operator::Equivalent:
+        call2("~j_xor", *expr.operands[0], *expr.operands[1], &Emitter::whole);
+        break;
     case Operator::Implies:
         m_out += "(~";
         whole(*expr.operands[0]);
@@ -254,12 +298,25 @@ void Emitter::bitwise(const Expr &expr)
         whole(*expr.operands[1]);
         m_out += ')';
         break;
-    default:        // SQLite has no exclusive or
-        m_out += expr.op == Operator::Equivalent ? "(~(" : "((";
-        infix(expr, "|", &Emitter::whole);
-        m_out += '-';
-        infix(expr, "&", &Emitter::whole);
-        m_out += "))";
+    case Operator::None:
+    case Operator::Negate:
+    case Operator::Not:
+    case Operator::Power:
+    case Operator::Multiply:
+    case Operator::Divide:
+    case Operator::IntegerDivide:
+    case Operator::Modulo:
+    case Operator::Add:
+    case Operator::Subtract:
+    case Operator::Concatenate:
+    case Operator::Equal:
+    case Operator::NotEqual:
+    case Operator::Less:
+    case Operator::LessEqual:
+    case Operator::Greater:
+    case Operator::GreaterEqual:
+    case Operator::Like:
+        break;
     }
 }
 

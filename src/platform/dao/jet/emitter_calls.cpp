@@ -49,8 +49,10 @@ void Emitter::call(const Expr &expr)
     case CallForm::InStr:
         inStr(expr);
         break;
-    default:
+    case CallForm::IsNull:      // a condition
+    case CallForm::Plain:
         plainCall(expr);
+        break;
     }
 }
 
@@ -176,8 +178,14 @@ void Emitter::conversion(const Expr &expr)
         number(operand);
         m_out += ')';
         break;
-    default:
+    case dbCurrency:
+    case dbDate:
+    case dbText:
+    case dbMemo:
+    case dbLongBinary:
+    case dbUnknown:
         as(operand, expr.type);
+        break;
     }
 }
 
@@ -213,10 +221,15 @@ void Emitter::aggregate(const Expr &expr)
     case AggregateKind::Last:
         wrapped("j_last", operand, &Emitter::value);
         break;
-    default:
+    case AggregateKind::Min:
+    case AggregateKind::Max:
         m_out += expr.aggregate == AggregateKind::Min ? "MIN(" : "MAX(";
         value(operand);
         m_out += isTextType(operand.type) ? " COLLATE JET)" : ")";
+        break;
+    case AggregateKind::CountAll:
+    case AggregateKind::None:
+        break;
     }
 }
 

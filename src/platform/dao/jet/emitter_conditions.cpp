@@ -25,9 +25,28 @@ const char *comparisonSign(Operator op)
         return "<=";
     case Operator::Greater:
         return ">";
-    default:
+    case Operator::GreaterEqual:
         return ">=";
+    case Operator::None:
+    case Operator::Negate:
+    case Operator::Not:
+    case Operator::Power:
+    case Operator::Multiply:
+    case Operator::Divide:
+    case Operator::IntegerDivide:
+    case Operator::Modulo:
+    case Operator::Add:
+    case Operator::Subtract:
+    case Operator::Concatenate:
+    case Operator::Like:
+    case Operator::And:
+    case Operator::Or:
+    case Operator::Xor:
+    case Operator::Equivalent:
+    case Operator::Implies:
+        break;
     }
+    return "";
 }
 
 // Whether the bounds of a Between stand in the wrong order; nothing if that is known only when it runs.
@@ -62,9 +81,19 @@ bool isCondition(const Expr &expr)
             || (isLogical(expr.op) && expr.type == dbBoolean);
     case ExprKind::Call:
         return expr.function->form == CallForm::IsNull;
-    default:
-        return false;
+    case ExprKind::Null:
+    case ExprKind::Text:
+    case ExprKind::Integer:
+    case ExprKind::Decimal:
+    case ExprKind::Date:
+    case ExprKind::Boolean:
+    case ExprKind::Name:
+    case ExprKind::Alias:
+    case ExprKind::SubSelect:
+    case ExprKind::Aggregate:
+        break;
     }
+    return false;
 }
 
 DataType meetingType(std::span<const ExprPtr> operands)
@@ -120,11 +149,23 @@ void Emitter::condition(const Expr &expr)
         condition(*expr.operands[0]);
         m_out += ')';
         break;
-    default:
+    case ExprKind::Binary:
         if (isLogical(expr.op))
             logical(expr);
         else
             comparison(expr);
+        break;
+    case ExprKind::Null:
+    case ExprKind::Text:
+    case ExprKind::Integer:
+    case ExprKind::Decimal:
+    case ExprKind::Date:
+    case ExprKind::Boolean:
+    case ExprKind::Name:
+    case ExprKind::Alias:
+    case ExprKind::SubSelect:
+    case ExprKind::Aggregate:
+        break;
     }
 }
 
@@ -154,12 +195,32 @@ void Emitter::logical(const Expr &expr)
     case Operator::Equivalent:
         infix(expr, "=", &Emitter::truth);
         break;
-    default:
+    case Operator::Implies:
         m_out += "(NOT ";
         condition(*expr.operands[0]);
         m_out += " OR ";
         condition(*expr.operands[1]);
         m_out += ')';
+        break;
+    case Operator::None:
+    case Operator::Negate:
+    case Operator::Not:
+    case Operator::Power:
+    case Operator::Multiply:
+    case Operator::Divide:
+    case Operator::IntegerDivide:
+    case Operator::Modulo:
+    case Operator::Add:
+    case Operator::Subtract:
+    case Operator::Concatenate:
+    case Operator::Equal:
+    case Operator::NotEqual:
+    case Operator::Less:
+    case Operator::LessEqual:
+    case Operator::Greater:
+    case Operator::GreaterEqual:
+    case Operator::Like:
+        break;
     }
 }
 

@@ -1,7 +1,7 @@
 #include "platform/dao/jet/emitter.h"
 
 #include "platform/dao/jet/functions.h"
-#include "platform/dao/jet/storedtime.h"
+#include "platform/basic/storedtime.h"
 
 #include <QtNumeric>
 #include <cstdlib>
@@ -75,8 +75,10 @@ void Emitter::as(const Expr &expr, DataType type)
     case dbLong:
         whole(expr);
         break;
-    default:
+    case dbLongBinary:
+    case dbUnknown:
         value(expr);
+        break;
     }
 }
 
@@ -133,10 +135,10 @@ void Emitter::date(const Expr &expr)
     } else if (isTextType(expr.type)) {
         wrapped("j_cdate", expr, &Emitter::value);
     } else if (isNumberLiteral(expr)) {
-        StoredTime time;
-        if (!fromSerial(expr.text.toDouble(), time))
+        basic::StoredTime time;
+        if (!basic::fromSerial(expr.text.toDouble(), time))
             throw EngineError(err::DateOutOfRange);
-        const auto stored = writeStored(time);
+        const auto stored = basic::writeStored(time);
         m_out += '\'';
         m_out.append(stored.data(), static_cast<qsizetype>(stored.size()));
         m_out += '\'';
@@ -189,8 +191,13 @@ void Emitter::assigned(const Expr &expr, const ColumnDesign &target)
     case dbSingle:
         wrapped("j_single", expr, &Emitter::number);
         break;
-    default:
+    case dbCurrency:
+    case dbDouble:
+    case dbDate:
+    case dbLongBinary:
+    case dbUnknown:
         as(expr, target.type);
+        break;
     }
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
-#include "platform/dao/jet/storedtime.h"
+#include "platform/basic/storedtime.h"
 #include "platform/dao/jet/translator.h"
 
 namespace vorel::dao::jet {
@@ -28,9 +28,9 @@ Value decode(sqlite3_value *value, int type)
     case dbDouble:
         return sqlite3_value_double(value);
     case dbDate: {
-        StoredTime time;
-        if (readStored(utf8Of(value), time))
-            return basic::DateTime(serialOf(time));
+        basic::StoredTime time;
+        if (basic::readStored(utf8Of(value), time))
+            return basic::dateTimeOf(time);
         break;
     }
     default:

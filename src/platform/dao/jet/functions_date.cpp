@@ -2,33 +2,33 @@
 
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
-#include "platform/dao/jet/storedtime.h"
+#include "platform/basic/storedtime.h"
 #include "platform/dao/jet/translator.h"
 
 namespace vorel::dao::jet {
 
 namespace {
 
-StoredTime timeOf(sqlite3_value *value)
+basic::StoredTime timeOf(sqlite3_value *value)
 {
-    StoredTime time;
-    if (!readStored(utf8Of(value), time))
+    basic::StoredTime time;
+    if (!basic::readStored(utf8Of(value), time))
         throw UnreadableDate();
     return time;
 }
 
 basic::DateTime dateTimeOf(sqlite3_value *value)
 {
-    return basic::DateTime(serialOf(timeOf(value)));
+    return basic::dateTimeOf(timeOf(value));
 }
 
-void resultTime(sqlite3_context *context, const StoredTime &time)
+void resultTime(sqlite3_context *context, const basic::StoredTime &time)
 {
-    const auto stored = writeStored(time);
+    const auto stored = basic::writeStored(time);
     sqlite3_result_text(context, stored.data(), static_cast<int>(stored.size()), SQLITE_TRANSIENT);
 }
 
-template <int StoredTime::*part>
+template <int basic::StoredTime::*part>
 void partOf(sqlite3_context *context, sqlite3_value **values, int)
 {
     sqlite3_result_int(context, timeOf(values[0]).*part);
@@ -49,9 +49,9 @@ void dateSerial(sqlite3_context *context, sqlite3_value **values, int)
     }
     const qint64 months = year * 12 + month - 1;
     const qint64 wholeYear = months >= 0 ? months / 12 : (months - 11) / 12;
-    const int first = dayNumber(static_cast<int>(wholeYear), static_cast<int>(months - wholeYear * 12) + 1, 1);
-    StoredTime time;
-    if (fromDayNumber(first + static_cast<int>(day) - 1, time))
+    const qint64 first = basic::detail::daysFromCivil(wholeYear, static_cast<int>(months - wholeYear * 12) + 1, 1);
+    basic::StoredTime time;
+    if (basic::fromDayNumber(first + day - 1, time))
         resultTime(context, time);
     else
         fail(context, err::DateOutOfRange);
@@ -66,7 +66,7 @@ void timeSerial(sqlite3_context *context, sqlite3_value **values, int)
 void datePlus(sqlite3_context *context, sqlite3_value **values, int)
 {
     // Serials before the epoch run backwards within a day; whole days are added to the day, the rest to the time.
-    StoredTime time = timeOf(values[0]);
+    basic::StoredTime time = timeOf(values[0]);
     const double days = std::floor(sqlite3_value_double(values[1]));
     const double fraction = sqlite3_value_double(values[1]) - days;
     if (!(std::fabs(days) < 4e6)) {
@@ -74,9 +74,9 @@ void datePlus(sqlite3_context *context, sqlite3_value **values, int)
         return;
     }
     qint64 seconds = time.hour * 3600 + time.minute * 60 + time.second + std::llround(fraction * 86400);
-    const int day = dayNumber(time.year, time.month, time.day) + static_cast<int>(days) + static_cast<int>(seconds / 86400);
+    const qint64 day = basic::detail::daysFromCivil(time.year, time.month, time.day) + static_cast<qint64>(days) + seconds / 86400;
     seconds %= 86400;
-    if (!fromDayNumber(day, time)) {
+    if (!basic::fromDayNumber(day, time)) {
         fail(context, err::DateOutOfRange);
         return;
     }
@@ -88,7 +88,7 @@ void datePlus(sqlite3_context *context, sqlite3_value **values, int)
 
 void serial(sqlite3_context *context, sqlite3_value **values, int)
 {
-    sqlite3_result_double(context, serialOf(timeOf(values[0])));
+    sqlite3_result_double(context, dateTimeOf(values[0]).serial());
 }
 
 void toDate(sqlite3_context *context, sqlite3_value **values, int)
@@ -98,14 +98,14 @@ void toDate(sqlite3_context *context, sqlite3_value **values, int)
 
 void dayOnly(sqlite3_context *context, sqlite3_value **values, int)
 {
-    StoredTime time = timeOf(values[0]);
+    basic::StoredTime time = timeOf(values[0]);
     time.hour = time.minute = time.second = 0;
     resultTime(context, time);
 }
 
 void timeOnly(sqlite3_context *context, sqlite3_value **values, int)
 {
-    const StoredTime time = timeOf(values[0]);
+    const basic::StoredTime time = timeOf(values[0]);
     resultTime(context, {.hour = time.hour, .minute = time.minute, .second = time.second});
 }
 
@@ -153,9 +153,9 @@ void timeNow(sqlite3_context *context, sqlite3_value **, int)
 }
 
 constexpr SqlFunction functions[] = {
-    {"j_year", 1, partOf<&StoredTime::year>}, {"j_month", 1, partOf<&StoredTime::month>},
-    {"j_day", 1, partOf<&StoredTime::day>}, {"j_hour", 1, partOf<&StoredTime::hour>},
-    {"j_minute", 1, partOf<&StoredTime::minute>}, {"j_second", 1, partOf<&StoredTime::second>},
+    {"j_year", 1, partOf<&basic::StoredTime::year>}, {"j_month", 1, partOf<&basic::StoredTime::month>},
+    {"j_day", 1, partOf<&basic::StoredTime::day>}, {"j_hour", 1, partOf<&basic::StoredTime::hour>},
+    {"j_minute", 1, partOf<&basic::StoredTime::minute>}, {"j_second", 1, partOf<&basic::StoredTime::second>},
     {"j_dateserial", 3, dateSerial}, {"j_timeserial", 3, timeSerial}, {"j_dateplus", 2, datePlus},
     {"j_serial", 1, serial}, {"j_todate", 1, toDate}, {"j_datevalue", 1, dayOnly}, {"j_timevalue", 1, timeOnly},
     {"j_dateadd", 3, dateAdd}, {"j_datediff", -1, dateDiff}, {"j_datepart", -1, datePart}, {"j_weekday", -1, weekday},

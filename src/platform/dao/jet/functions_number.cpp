@@ -221,12 +221,17 @@ void toBoolean(sqlite3_context *context, sqlite3_value **values, int)
     sqlite3_result_int(context, number(values[0]) != 0 ? -1 : 0);
 }
 
+void exclusiveOr(sqlite3_context *context, sqlite3_value **values, int)
+{
+    sqlite3_result_int64(context, sqlite3_value_int64(values[0]) ^ sqlite3_value_int64(values[1]));
+}
+
 constexpr SqlFunction functions[] = {
     {"j_curmul", 2, moneyProduct}, {"j_curdiv", 2, moneyQuotient}, {"j_curmulr", 2, moneyTimesFraction},
     {"j_curdivr", 2, moneyByFraction}, {"j_div", 2, divide}, {"j_idiv", 2, divideWhole}, {"j_mod", 2, modulo},
     {"j_pow", 2, power}, {"j_int", 2, wholePart<false>}, {"j_fix", 2, wholePart<true>}, {"j_round", 2, roundTo},
     {"j_sgn", 1, signOf}, {"j_long", 1, toLong}, {"j_whole", 2, toWhole}, {"j_single", 1, toSingle},
-    {"j_bool", 1, toBoolean}, {"j_bool0", 1, toBoolean, true},
+    {"j_xor", 2, exclusiveOr}, {"j_bool", 1, toBoolean}, {"j_bool0", 1, toBoolean, true},
 };
 
 }

@@ -1,7 +1,7 @@
 #include "platform/dao/jet/functions_sql.h"
 
 #include "platform/dao/jet/collation.h"
-#include "platform/dao/jet/storedtime.h"
+#include "platform/basic/storedtime.h"
 #include "platform/dao/jet/translator.h"
 
 #include <cstring>
@@ -122,12 +122,12 @@ void resultText(sqlite3_context *context, const QString &text)
 
 void resultStored(sqlite3_context *context, double serial)
 {
-    StoredTime time;
-    if (!fromSerial(serial, time)) {
+    basic::StoredTime time;
+    if (!basic::fromSerial(serial, time)) {
         fail(context, err::DateOutOfRange);
         return;
     }
-    const auto stored = writeStored(time);
+    const auto stored = basic::writeStored(time);
     sqlite3_result_text(context, stored.data(), static_cast<int>(stored.size()), SQLITE_TRANSIENT);
 }
 

@@ -2,7 +2,7 @@
 
 #include "platform/basic/convert.h"
 #include "platform/basic/text.h"
-#include "platform/dao/jet/storedtime.h"
+#include "platform/basic/storedtime.h"
 #include "platform/dao/jet/translator.h"
 
 namespace vorel::dao::jet {

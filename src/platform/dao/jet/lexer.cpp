@@ -104,7 +104,9 @@ Token Lexer::enclosed(char16_t close, TokenKind closed, TokenKind open)
     const qsizetype end = m_text.indexOf(QChar(close), m_at + 1);
     if (end < 0)
         return make(open, m_text.size(), m_at + 1, m_text.size());
-    return make(closed, end + 1, m_at + 1, end);
+    // A zero would end the statement for SQLite, so a name with one counts as not closed.
+    const bool broken = closed == TokenKind::Bracketed && m_text.mid(m_at + 1, end - m_at - 1).contains(QChar(0));
+    return make(broken ? open : closed, end + 1, m_at + 1, end);
 }
 
 Token Lexer::quotedText(QChar quote)

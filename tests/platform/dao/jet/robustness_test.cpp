@@ -96,11 +96,42 @@ TEST(Robustness, DeepTextsAreRefusedNotCrashedOn)
     EXPECT_EQ(store.failure(u"SELECT * FROM T WHERE ID=1"_s + u" OR ID=1"_s.repeated(200)), QString());
 }
 
+TEST(Robustness, NestedOperatorsStaySmall)
+{
+    JetStore store;
+    store.add(u"T"_s, u"ID auto, A long"_s);
+    store.raw("INSERT INTO T VALUES (1,5)");
+    for (const auto &[op, value] : {std::pair{u" Xor "_s, u"5"_s}, std::pair{u" Eqv "_s, u"5"_s}, std::pair{u" Imp "_s, u"7"_s}}) {
+        QString nested = u"[A]"_s;
+        for (int i = 0; i < 18; ++i)
+            nested = u"("_s + nested + op + u"3)"_s;
+        const QString query = u"SELECT "_s + nested + u" FROM T"_s;
+        EXPECT_LT(store.translated(query).sql.size(), 3000) << op.toStdString();
+        EXPECT_EQ(store.run(query), JetStore::Rows{{value}}) << op.toStdString();
+    }
+}
+
+// SQLite would end the statement at the zero, and take two signs for a comment.
+TEST(Robustness, NothingCutsTheStatement)
+{
+    JetStore store;
+    store.add(u"T"_s, u"ID auto, A long, C currency, D date"_s);
+    store.raw("INSERT INTO T VALUES (1,5,15000,'2024-02-29 00:00:00')");
+    for (const auto &[expression, value] : {std::pair{"[A]--2", "7"}, std::pair{"[A]-(-2)", "7"}, std::pair{"[A]- -2", "7"},
+                                            std::pair{"[C]--2", "35000"}, std::pair{"[D]--1", "2024-03-01 00:00:00"},
+                                            std::pair{"--[A]", "5"}, std::pair{"- - -2", "-2"}, std::pair{"1---1", "0"}})
+        EXPECT_EQ(store.run(u"SELECT %1 FROM T WHERE [A]=5"_s.arg(QLatin1String(expression))), (JetStore::Rows{{QString::fromLatin1(value)}})) << expression;
+    const QString zero = QString(QChar(0));
+    for (const QString &query : {u"SELECT * FROM T AS [a%1]"_s, u"SELECT [A] AS [a%1b] FROM T"_s, u"CREATE TABLE [N%1] ([A] TEXT)"_s,
+                                 u"UPDATE T SET [A%1]=1"_s})
+        EXPECT_NE(store.failure(query.arg(zero)), QString()) << query.toStdString();
+}
+
 TEST(Robustness, ADamagedDateFailsNoQuery)
 {
     JetStore store;
     store.add(u"T"_s, u"ID auto, Day date"_s);
-    store.raw("INSERT INTO T VALUES (1,'2024-02-29 00:00:00'),(2,'rubbish'),(3,''),(4,x'00ff'),(5,'2024-13-45 00:00:00'),(6,7)");
+    store.raw("INSERT INTO T VALUES (1,'2024-02-29 00:00:00'),(2,'rubbish'),(3,''),(4,x'00ff'),(5,'2024-13-45 00:00:00'),(6,7),(7,'2024-02-30 00:00:00'),(8,'2024-02-29X00:00:00'),(9,'2024-02-29 77:00:00')");
     for (const auto *query : {"SELECT ID FROM T WHERE Month([Day])=2", "SELECT ID FROM T WHERE DateSerial(2024,Month([Day]),Day([Day]))=[Day]",
                               "SELECT ID FROM T WHERE Format([Day]+1,'d')='1'", "SELECT ID FROM T WHERE DateDiff('d',[Day],#3/1/2024#)=1"})
         EXPECT_EQ(store.run(QLatin1String(query)), (JetStore::Rows{{u"1"_s}})) << query;

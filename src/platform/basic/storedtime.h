@@ -1,11 +1,12 @@
 #pragma once
 
+#include "platform/basic/calendar.h"
 #include <array>
 #include <string_view>
 
 // The form in which files keep a date-time, "YYYY-MM-DD HH:MM:SS", read and written without allocation: these run for
-// every row of a query.
-namespace vorel::dao::jet {
+// every row of a grid and of a query.
+namespace vorel::basic {
 
 struct StoredTime {
     int year = 1899;
@@ -18,15 +19,14 @@ struct StoredTime {
 
 inline constexpr std::size_t storedLength = 19;
 
-// Also takes a date without a time. False if the text is neither.
+// Also reads what another tool may have written: the day alone, the minutes without seconds, the "T" of ISO 8601, blanks
+// around it all. False for anything else, and for a day or a time that does not exist.
 bool readStored(std::string_view text, StoredTime &time);
 std::array<char, storedLength> writeStored(const StoredTime &time);
 
-// Days since 1899-12-30 of the proleptic Gregorian calendar.
-int dayNumber(int year, int month, int day);
-double serialOf(const StoredTime &time);
+DateTime dateTimeOf(const StoredTime &time);
 // False outside of 0100-01-01 to 9999-12-31.
-bool fromDayNumber(int days, StoredTime &time);
+bool fromDayNumber(std::int64_t days, StoredTime &time);
 bool fromSerial(double serial, StoredTime &time);
 
 }
