@@ -36,6 +36,9 @@ function(vorel_policy target)
     target_compile_options(${target} PRIVATE -fsanitize=address,undefined -fno-omit-frame-pointer -fno-sanitize-recover=undefined)
     target_link_options(${target} PRIVATE -fsanitize=address,undefined)
   endif()
+  if(VOREL_FUZZ)
+    target_compile_options(${target} PRIVATE -fsanitize=fuzzer-no-link)
+  endif()
 endfunction()
 
 # vorel_precompile(TARGET KIND): the precompiled header of that kind. A header of Qt's takes ten seconds and 300 MB, so each kind

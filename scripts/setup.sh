@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Installs what a bare Debian 12 machine lacks. Usage: scripts/setup.sh [run|test|bench|lint]
+# Installs what a bare Debian 12 machine lacks. Usage: scripts/setup.sh [run|test|bench|fuzz|lint]
 set -euo pipefail
 
 packages=(build-essential cmake ninja-build ccache pkg-config
@@ -9,6 +9,7 @@ case "${1:-run}" in
   run)   if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then packages+=(xvfb xauth xdotool scrot); fi ;;
   test)  packages+=(libgtest-dev poppler-utils dbus-daemon) ;;
   bench) packages+=(libbenchmark-dev) ;;
+  fuzz)  packages+=(clang python3) ;;
   lint)  packages+=(clang clang-tidy libgtest-dev) ;;
 esac
 

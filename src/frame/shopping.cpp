@@ -17,9 +17,7 @@ double amountOf(const basic::Value &value)
 {
     if (value.isNumber())
         return basic::CDbl(value);
-    double amount = 0;
-    basic::IgnoreErrors([&] { amount = basic::Val(value.text()); });
-    return amount;
+    return basic::valOr(value.text(), 0);
 }
 
 }

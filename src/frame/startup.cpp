@@ -165,9 +165,7 @@ void loadSoundFile()
 void loadFeatures()
 {
     for (const FeatureEntry &feature : featureTable()) {
-        double number = 0;
-        basic::IgnoreErrors([&] { number = basic::Val(GetIniValue(iniFeatures, feature.key, u"1"_s)); });
-        state().settings.gFeature[feature.key] = number == 1;
+        state().settings.gFeature[feature.key] = basic::valOr(GetIniValue(iniFeatures, feature.key, u"1"_s), 0) == 1;
     }
 }
 

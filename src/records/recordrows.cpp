@@ -9,22 +9,17 @@ using namespace Qt::StringLiterals;
 dao::Bookmark addRow(dao::Recordset &rows, const RecordDesign &design)
 {
     constexpr int ownerSize = 20;
-    rows.AddNew();
-    try {
-        for (const FirstValue &first : design.newRow) {
-            const dao::RecordsetField &column = rows.Fields()[static_cast<std::size_t>(rows.fieldIndex(first.field))];
-            const bool isText = column.Type == dao::dbText || column.Type == dao::dbMemo;
-            rows.Set(first.field, first.text.isEmpty() && !isText ? dao::Value() : dao::Value(first.text.toString()));
-        }
-        for (const dao::RecordsetField &column : rows.Fields()) {       // the books' table tells no owner
-            if (column.Name.compare(u"UsersName", Qt::CaseInsensitive) == 0)
-                rows.Set(column.Name, state().settings.gUserName.left(ownerSize));
-        }
-        rows.Update();
-    } catch (...) {
-        basic::IgnoreErrors([&] { rows.CancelUpdate(); });
-        throw;
+    dao::NewRow row(rows);
+    for (const FirstValue &first : design.newRow) {
+        const dao::RecordsetField &column = rows.Fields()[static_cast<std::size_t>(rows.fieldIndex(first.field))];
+        const bool isText = column.Type == dao::dbText || column.Type == dao::dbMemo;
+        row.set(first.field, first.text.isEmpty() && !isText ? dao::Value() : dao::Value(first.text.toString()));
     }
+    for (const dao::RecordsetField &column : rows.Fields()) {       // the books' table names no owner
+        if (column.Name.compare(u"UsersName", Qt::CaseInsensitive) == 0)
+            row.set(column.Name, state().settings.gUserName.left(ownerSize));
+    }
+    row.save();
     return rows.LastModified();
 }
 

@@ -24,9 +24,7 @@ QString inQuery(QString text)
 
 double dayCount(const Value &days)
 {
-    double count = 0;
-    basic::IgnoreErrors([&] { count = basic::Val(days.text()); });
-    return count;
+    return basic::valOr(days.text(), 0);
 }
 
 // Strictly more days than set since the last backup, and the file has changed since.
@@ -99,16 +97,11 @@ dao::Bookmark addMessage(dao::Recordset &rows)
 {
     const basic::DateTime now = basic::Now();
     const QTime time = now.time();
-    rows.AddNew();
-    try {
-        rows.Set(u"Date", basic::DateTime::fromParts(now.year(), now.month(), now.day(), time.hour(), time.minute()));
-        rows.Set(u"From", state().settings.gUserName.left(nameSize));
-        rows.Set(u"UsersName", state().settings.gUserName.left(ownerSize));
-        rows.Update();
-    } catch (...) {
-        basic::IgnoreErrors([&] { rows.CancelUpdate(); });
-        throw;
-    }
+    dao::NewRow row(rows);
+    row.set(u"Date", basic::DateTime::fromParts(now.year(), now.month(), now.day(), time.hour(), time.minute()));
+    row.set(u"From", state().settings.gUserName.left(nameSize));
+    row.set(u"UsersName", state().settings.gUserName.left(ownerSize));
+    row.save();
     return rows.LastModified();
 }
 

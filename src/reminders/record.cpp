@@ -76,14 +76,9 @@ std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section
         if (source.RecordCount() == 0)
             return std::nullopt;
     }
-    rows.AddNew();
-    try {
-        fillRow(rows, section, source);
-        rows.Update();
-    } catch (...) {
-        basic::IgnoreErrors([&] { rows.CancelUpdate(); });
-        throw;
-    }
+    dao::NewRow row(rows);
+    fillRow(rows, section, source);
+    row.save();
     return rows.LastModified();
 }
 
@@ -104,9 +99,7 @@ QString dayMonthYear(DateTime date) { return basic::Format(date, u"dd mmm yyyy")
 
 double number(const QString &text)
 {
-    double value = 0;
-    basic::IgnoreErrors([&] { value = basic::Val(text); });
-    return value;
+    return basic::valOr(text, 0);
 }
 
 QString moneyText(const QString &amount)

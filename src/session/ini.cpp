@@ -91,8 +91,7 @@ bool iniBoolean(const QString &text)
 std::int16_t iniInteger(const QString &text)
 {
     using Limits = std::numeric_limits<std::int16_t>;
-    double number = 0;
-    basic::IgnoreErrors([&] { number = basic::Round(basic::Val(text)); });
+    const double number = basic::Round(basic::valOr(text, 0));
     return static_cast<std::int16_t>(std::clamp<double>(number, Limits::min(), Limits::max()));
 }
 

@@ -146,8 +146,7 @@ double MoneyValue(const Value &value)
         if (u"0123456789.-"_s.contains(c))
             digits += c;
     }
-    double amount = 0;
-    basic::IgnoreErrors([&] { amount = basic::Val(digits); });
+    const double amount = basic::valOr(digits, 0);
     return text.startsWith(u'(') && text.endsWith(u')') ? -std::abs(amount) : amount;
 }
 

@@ -124,12 +124,7 @@ struct DataControl::Private {
 
     dao::Bookmark currentMark() const
     {
-        dao::Bookmark mark;
-        basic::IgnoreErrors([&] {
-            if (rows && !rows.BOF() && !rows.EOF_())
-                mark = rows.Bookmark();
-        });
-        return mark;
+        return rows.hasCurrentRow() ? rows.Bookmark() : dao::Bookmark();
     }
 
     bool isDirty() const
@@ -332,8 +327,7 @@ struct DataControl::Private {
 
     void showNeighbour()
     {
-        qsizetype position = 0;
-        basic::IgnoreErrors([&] { position = rows.AbsolutePosition(); });
+        const qsizetype position = rows.hasCurrentRow() ? rows.AbsolutePosition() : 0;
         const int failed = basic::IgnoreErrors([&] {
             rows.Requery();
             const qsizetype last = rows.rowTotal() - 1;
@@ -400,10 +394,7 @@ struct DataControl::Private {
             }
         } catch (const basic::Error &e) {
             const Failure failure {e.number(), e.text()};
-            basic::IgnoreErrors([&] {
-                if (here.isValid())
-                    rows.setBookmark(here);
-            });
+            rows.tryBookmark(here);
             if (e.number() == errDeleted)
                 showNeighbour();
             if (alive)
@@ -503,9 +494,7 @@ void DataControl::setRecordset(const dao::Recordset &recordset)
 
 bool DataControl::hasRows() const
 {
-    bool any = false;
-    basic::IgnoreErrors([&] { any = d->rows && !(d->rows.BOF() && d->rows.EOF_()) && d->rows.rowTotal() > 0; });
-    return any;
+    return d->rows.rowTotal() > 0;
 }
 
 void DataControl::Close()

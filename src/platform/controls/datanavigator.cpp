@@ -39,10 +39,8 @@ struct DataNavigator::Private {
     {
         qsizetype row = -1, total = 0;
         if (control && control->hasRows()) {
-            basic::IgnoreErrors([&] {
-                row = control->Recordset().AbsolutePosition();
-                total = control->Recordset().rowTotal();
-            });
+            row = control->Recordset().hasCurrentRow() ? control->Recordset().AbsolutePosition() : -1;
+            total = control->Recordset().rowTotal();
         }
         position->setText(row < 0 ? u"0 of 0"_s : u"%1 of %2"_s.arg(row + 1).arg(total));
         first->setEnabled(row > 0);

@@ -152,10 +152,7 @@ void Grid::MoveFirst()
 
 dao::Bookmark Grid::getBookmark(qsizetype row) const
 {
-    dao::Bookmark mark;
-    if (row >= 0 && row < rows() && dataControl())
-        basic::IgnoreErrors([&] { mark = dataControl()->Recordset().bookmarkAt(row); });
-    return mark;
+    return row >= 0 && row < rows() && dataControl() ? dataControl()->Recordset().bookmarkAt(row) : dao::Bookmark();
 }
 
 dao::Bookmark Grid::Bookmark() const
@@ -165,11 +162,7 @@ dao::Bookmark Grid::Bookmark() const
 
 void Grid::setBookmark(dao::Bookmark mark)
 {
-    qsizetype row = -1;
-    basic::IgnoreErrors([&] {
-        if (dataControl() && dataControl()->Recordset() && mark.isValid())
-            row = dataControl()->Recordset().positionOf(mark);
-    });
+    const qsizetype row = dataControl() ? dataControl()->Recordset().positionOf(mark) : -1;
     if (row < 0)
         return;
     d->selectRow(row);

@@ -139,20 +139,8 @@ void Grid::Private::selectRow(qsizetype row)
 
 qsizetype Grid::Private::controlRow() const
 {
-    qsizetype row = -1;
-    basic::IgnoreErrors([&] {
-        DataControl *data = model->control();
-        if (!data || !data->hasRows())
-            return;
-        const dao::Recordset &rows = data->Recordset();
-        if (rows.BOF() || rows.EOF_())
-            return;
-        const dao::Bookmark mark = rows.Bookmark();
-        row = rows.AbsolutePosition();
-        if (rows.bookmarkAt(row) != mark)
-            row = rows.positionOf(mark);
-    });
-    return row;
+    DataControl *data = model->control();
+    return data && data->Recordset().hasCurrentRow() ? data->Recordset().AbsolutePosition() : -1;
 }
 
 void Grid::Private::follow()

@@ -120,8 +120,7 @@ bool Grid::Private::writeDraft(const RowUpdate &update, UpdateFailure *failure)
     const RowDraft draft = model->draft();
     dao::Recordset rows = model->control() ? model->control()->Recordset() : dao::Recordset();
     const bool isNew = !draft.mark.isValid();
-    dao::Bookmark here;
-    basic::IgnoreErrors([&] { here = rows.Bookmark(); });
+    const dao::Bookmark here = rows.hasCurrentRow() ? rows.Bookmark() : dao::Bookmark();
     try {
         if (isNew) {
             rows.AddNew();

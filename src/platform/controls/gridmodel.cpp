@@ -136,7 +136,7 @@ void GridModel::putDraft(qsizetype row, int column, const dao::Value &value)
     if (row != m_draft.row) {
         m_draft = {row, {}, {}};
         if (row < m_rows)
-            basic::IgnoreErrors([&] { m_draft.mark = m_data->Recordset().bookmarkAt(row); });
+            m_draft.mark = m_data->Recordset().bookmarkAt(row);
     }
     m_draft.cells[column] = value;
     forgetRow(row);
@@ -168,10 +168,8 @@ void GridModel::placeDraft()
     if (!m_draft.isOpen())
         return;
     qsizetype row = m_draft.mark.isValid() ? -1 : m_rows;
-    basic::IgnoreErrors([&] {
-        if (m_draft.mark.isValid() && m_rows > 0)
-            row = m_data->Recordset().positionOf(m_draft.mark);
-    });
+    if (m_draft.mark.isValid() && m_rows > 0)
+        row = m_data->Recordset().positionOf(m_draft.mark);
     m_draft.row = row;
     if (row < 0 || (row == m_rows && !m_hasNewLine))
         m_draft = {};
@@ -207,12 +205,7 @@ qsizetype GridModel::countRows() const
 
 bool GridModel::isOutdated() const
 {
-    qsizetype total = 0;
-    basic::IgnoreErrors([&] {
-        if (m_data && m_data->Recordset())
-            total = m_data->Recordset().rowTotal();
-    });
-    return total != m_rows;
+    return (m_data ? m_data->Recordset().rowTotal() : 0) != m_rows;
 }
 
 void GridModel::forgetRows()
