@@ -100,7 +100,6 @@ void frmCaddy::answerMenus()
     CaddyMenus &menus = d->menus;
     menus.answer(u"mnuExit"_s, [this] { close(); });
     menus.answer(u"mnuQuit"_s, [this] { close(); });
-    controls::setHelpOpener([](const QString &page) { ShowInfoPage(page); });
     menus.answer(u"mnuHelp"_s, [] { ShowInfoPage(state().selection.gSection); });
     menus.answer(u"mnuAbout"_s, [] {
         basic::MsgBox(state().gProductTitle + u"\n\nVersion "_s + QStringLiteral(VOREL_VERSION)

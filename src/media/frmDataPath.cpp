@@ -100,7 +100,6 @@ frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
       m_image(new controls::PictureBox(u"picImage"_s)), m_chooser(new QWidget), m_slide(composeSlide()),
       m_timer(new QTimer(this))
 {
-    setHelpPage(u"FILEPATH"_s);
     setWindowTitle(call.caption);
     QFont strong = m_title->font();
     strong.setBold(true);

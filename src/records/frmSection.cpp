@@ -105,7 +105,7 @@ void frmSection::connectHandlers()
     };
     key(QKeySequence::New, u"cmdNew"_s);
     key(QKeySequence::Save, u"cmdUpdate"_s);
-    setHelpPage(m_design.letter.toString());
+    connect(this, &Form::helpWanted, control<QPushButton>(u"cmdInfo"_s), &QPushButton::click);
     on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
     on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
     for (const auto &[keys, step] : {std::pair{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1}, {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1}})

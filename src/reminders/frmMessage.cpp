@@ -39,7 +39,6 @@ QString shownMoment(const basic::Value &stored)
 
 frmMessage::frmMessage(QWidget *parent) : Form(u"frmMessage"_s, parent), m_data(new controls::DataControl(this))
 {
-    setHelpPage(u"M"_s);
     m_data->setObjectName(u"dtaData"_s);
     m_data->setDatabaseName(state().path(DataFile::Main));
     m_data->setConnect(u"Access"_s);

@@ -99,7 +99,7 @@ void frmRecord::connectButtons()
     };
     key(QKeySequence::New, u"cmdNew"_s);
     key(QKeySequence::Save, u"cmdUpdate"_s);
-    setHelpPage(m_section.code.toString());
+    on(this, &Form::helpWanted, this, [this] { ShowInfoPage(m_section.code); });
     on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
     on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
 }

@@ -8,7 +8,6 @@
 #include "platform/controls/picturefile.h"
 #include "session/ini.h"
 #include "utilities/conversions.h"
-#include "utilities/infopages.h"
 
 #include <QGridLayout>
 #include <QKeyEvent>
@@ -69,7 +68,6 @@ frmCalculator::frmCalculator(QWidget *parent)
       m_result(label(u"lblResult"_s)), m_conversion(nullptr), m_amount(new QLineEdit),
       m_from(unitList(u"lstFrom"_s, u"Convert from"_s)), m_to(unitList(u"lstTo"_s, u"Convert to"_s))
 {
-    setHelpPage(infoCalculator.toString());
     setWindowTitle(u"Calculator"_s);
     setSizeGripEnabled(false);
     QLayout *whole = layout::Row({layout::Column({m_readout, composeKeys()}), layout::Space{layout::unit},

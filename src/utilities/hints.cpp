@@ -4,7 +4,6 @@
 #include "platform/desktop/desktop.h"
 
 #include <QFile>
-#include <algorithm>
 
 namespace vorel {
 
@@ -14,20 +13,6 @@ namespace {
 
 constexpr qint64 mostBytes = 1 << 20;       // a file this long holds no hints that anybody waits for
 constexpr double secondsPerDay = 86400;
-
-// The features that a hint may speak of before the program has them. A feature that is built loses its row here.
-constexpr QStringView comingFeatures[] = {u"accounts", u"backup", u"calendar", u"contacts", u"exchange", u"passwords",
-                                          u"picture sets", u"recipes", u"setup", u"vehicle"};
-
-// The hint without its tag; empty while its feature is still to come. A bracket that names no feature is part of the hint.
-QString hintOf(const QString &line)
-{
-    const qsizetype end = line.startsWith(u'[') ? line.indexOf(u"] "_s) : -1;
-    if (end < 0)
-        return line;
-    const QStringView feature = QStringView(line).mid(1, end - 1);
-    return std::find(std::begin(comingFeatures), std::end(comingFeatures), feature) == std::end(comingFeatures) ? line : QString();
-}
 
 QStringList &hints()
 {
@@ -51,11 +36,8 @@ void LoadHints()
     if (text.isEmpty())
         return;
     const QStringList lines = text.split(u'\n');
-    for (const QString &line : lines) {
-        const QString hint = hintOf(line);
-        if (!hint.isEmpty() || line.isEmpty())
-            hints().append(hint + hintEnd.toString());
-    }
+    for (const QString &line : lines)
+        hints().append(line + hintEnd.toString());
 }
 
 const QStringList &Hints()

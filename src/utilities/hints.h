@@ -5,8 +5,7 @@
 // The short hints that roll along the main screen's panel.
 namespace vorel {
 
-// Reads hints.txt, one hint a line, each with " .........." added. A line that begins with a feature in brackets
-// ("[setup] ...") is left out until that feature exists. No such file: there are no hints.
+// Reads hints.txt, one hint a line, each with " .........." added. No such file: there are no hints.
 void LoadHints();
 const QStringList &Hints();
 // One of the hints, picked by chance that is seeded with the time of day; "" when there is none.

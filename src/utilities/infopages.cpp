@@ -19,8 +19,6 @@ constexpr Page pages[] = {
     {infoPayBill, u"\\INFOBILLPAY.RTF"},
     {u"IN", u"\\INFOINCOME.RTF"},
     {u"F", u"\\INFOBACKUP.RTF"},
-    {u"G", u"\\INFOTODO.RTF"},
-    {u"H", u"\\INFOSHOPPING.RTF"},
     {u"I", u"\\INFOASSET.RTF"},
     {u"J", u"\\INFOJOURNAL.RTF"},
     {u"K", u"\\INFOBOOKS.RTF"},
@@ -40,7 +38,6 @@ constexpr Page pages[] = {
     {infoAccountsSetup, u"\\INFOACCOUNTSSETUP.RTF"},
     {infoInvoice, u"\\INFOINVOICE.RTF"},
     {infoFilePath, u"\\INFOFILEPATH.RTF"},
-    {infoCalculator, u"\\INFOCALCULATOR.RTF"},
     // The lists over the contacts.
     {u"T", u"\\INFOCONTACTS.RTF"},
     {u"D", u"\\INFOCONTACTS.RTF"},

@@ -5,9 +5,9 @@
 // Which page of help belongs to what.
 namespace vorel {
 
-// Pages of no section. A Form's helpPage() names one of these or a section's code.
+// Pages that stand for no section code.
 inline constexpr QStringView infoAll = u"All", infoPayBill = u"PAYBILL", infoAccountsSetup = u"ACCOUNTSSETUP",
-                             infoInvoice = u"INVOICE", infoFilePath = u"FILEPATH", infoCalculator = u"CALCULATOR";
+                             infoInvoice = u"INVOICE", infoFilePath = u"FILEPATH";
 
 // The page's resource name, e.g. "\INFOBOOKS.RTF", for a section code or one of the names above. A view that has no page
 // of its own gives that of the section it shows, else the general hints.

@@ -11,8 +11,7 @@ TEST(Contents, TheProgramCarriesItsPagesHintsAndPictures)
     const test::TestFolder folder;
     for (const char *page : {"APPOINTS", "BILLS", "EVENTS", "BILLENTER", "BILLPAY", "INCOME", "BACKUP", "ASSET", "JOURNAL",
                              "BOOKS", "PROFILE", "MESSAGES", "NOTES", "HEALTH", "CONTACTS", "SPORT", "RECIPE", "MUSIC",
-                             "MOVIES", "PASSWORDS", "HOWTO", "GARDEN", "VEHICLE", "ACCOUNTSSETUP", "INVOICE", "FILEPATH", "TODO",
-                             "SHOPPING", "CALCULATOR",
+                             "MOVIES", "PASSWORDS", "HOWTO", "GARDEN", "VEHICLE", "ACCOUNTSSETUP", "INVOICE", "FILEPATH",
                              "ALL"}) {
         QFile file(desktop::findResource(u"\\INFO"_s + QString::fromLatin1(page) + u".RTF"_s));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << page;

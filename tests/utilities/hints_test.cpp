@@ -16,7 +16,6 @@ TEST(Hints, EveryLineIsOneWithItsEnd)
         {"the last line's end begins no other", "a\n", {u"a .........."_s}},
         {"empty file", "", {}},
         {"accents", "caf\xC3\xA9", {u"caf\u00E9 .........."_s}},
-        {"hints of features to come wait", "[setup] a\nb\n[c] d\n[setup]e", {u"b .........."_s, u"[c] d .........."_s, u"[setup]e .........."_s}},
         {"accents, old", "caf\xE9", {u"caf\u00E9 .........."_s}},
     };
     for (const Case &c : cases) {
@@ -54,7 +53,6 @@ TEST(InfoPages, EachCodeHasItsPage)
     EXPECT_EQ(u"\\INFOAPPOINTS.RTF"_s, infoPageFile(u"A"));
     EXPECT_EQ(u"\\INFOVEHICLE.RTF"_s, infoPageFile(u"MV"));
     EXPECT_EQ(u"\\INFOBILLPAY.RTF"_s, infoPageFile(infoPayBill));
-    EXPECT_EQ(u"\\INFOSHOPPING.RTF"_s, infoPageFile(u"H"));
     EXPECT_EQ(u"\\INFOCONTACTS.RTF"_s, infoPageFile(u"X")) << "a list over the contacts";
     for (const QStringView code : {u"All", u"AB", u"", u"nothing"})
         EXPECT_EQ(u"\\INFOALL.RTF"_s, infoPageFile(code));

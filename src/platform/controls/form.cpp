@@ -12,17 +12,6 @@ namespace vorel::controls {
 
 using namespace Qt::StringLiterals;
 
-static std::function<void(const QString &)> &helpOpener()
-{
-    static std::function<void(const QString &)> opener;
-    return opener;
-}
-
-void setHelpOpener(std::function<void(const QString &page)> opener)
-{
-    helpOpener() = std::move(opener);
-}
-
 Form::Form(const QString &name, QWidget *parent) : QDialog(parent)
 {
     setObjectName(name);
@@ -77,8 +66,7 @@ void Form::keyPressEvent(QKeyEvent *event)
         Close();
     } else if (event->key() == Qt::Key_F1) {
         event->accept();
-        if (helpOpener())
-            basic::Trap([this] { helpOpener()(m_helpPage); });
+        emit helpWanted();
     } else {
         QDialog::keyPressEvent(event);
     }

@@ -4,7 +4,6 @@
 
 #include <QAbstractButton>
 #include <QDialog>
-#include <functional>
 #include <memory>
 
 // The frame that every screen but the main one stands in.
@@ -38,10 +37,10 @@ public:
     void ShowModal();                   // returns when the screen is closed
     bool Close();                       // false: QueryUnload said no (typing that could not be saved is kept)
 
-    // The page of help that F1 opens, by the name that the help opener understands; empty: the general page.
-    QString helpPage() const { return m_helpPage; }
-    void setHelpPage(const QString &page) { m_helpPage = page; }
+signals:
+    void helpWanted();                  // F1
 
+public:
     // The context for slots of this screen. It dies before the controls do: what they emit while they are destroyed must
     // not reach a screen whose own part is gone already.
     QObject *handlers() const { return m_handlers.get(); }
@@ -58,11 +57,7 @@ private:
     bool leave(int result);
     bool m_closing = false;
     std::unique_ptr<QObject> m_handlers = std::make_unique<QObject>();
-    QString m_helpPage;
 };
-
-// What F1 calls on every screen. The program sets it once; without it F1 does nothing.
-void setHelpOpener(std::function<void(const QString &page)> opener);
 
 // A named button with its caption ("&" mnemonics as usual) and, for icon-only ones, an accessible name.
 QAbstractButton *button(const QString &name, const QString &caption, const QString &icon = {}, const QString &toolTip = {});
