@@ -135,9 +135,7 @@ std::optional<QString> convertUnits(double amount, const QString &from, const QS
     const double result = row->convert(amount);
     if (!std::isfinite(result))
         throw basic::BasicError(6);
-    const QString text = basic::Format(result, row->format);
-    // The formats have no place that is always filled: a result of nothing would show as an empty text or a bare separator.
-    return std::any_of(text.begin(), text.end(), [](QChar c) { return c.isDigit(); }) ? text : u"0"_s;
+    return basic::Format(result, row->format);
 }
 
 }

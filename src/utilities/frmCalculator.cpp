@@ -171,9 +171,6 @@ QWidget *frmCalculator::composeConversion()
     m_result->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_result->setMinimumHeight(2 * m_result->fontMetrics().lineSpacing());
     m_from->addItems(conversionUnits());
-    for (QListWidget *list : {m_from, m_to})
-        list->setToolTip(u"Lengths and weights use rounded factors. Temperatures are a rule of thumb:\n"
-                         "Celsius to Farenheight doubles the number and adds 24."_s);
     on(m_from, &QListWidget::currentRowChanged, this, [this] { GetList(); });
     on(m_to, &QListWidget::currentRowChanged, this, [this] { m_result->clear(); });
     on(m_to, &QListWidget::itemDoubleClicked, this, [this] { cmdConvert_Click(); });
@@ -254,16 +251,10 @@ void frmCalculator::GetList()
     m_result->clear();
 }
 
-// The amount as the region writes numbers ("12,5" in Germany); what is no number as a whole counts by the number at its head.
-static double typedAmount(const QString &text)
-{
-    return basic::IsNumeric(text) ? basic::CDbl(text) : basic::valOr(text, 0);
-}
-
 void frmCalculator::cmdConvert_Click()
 {
     m_result->clear();
-    const double amount = typedAmount(m_amount->text());
+    const double amount = basic::Val(m_amount->text());
     if (!m_from->currentItem() || !m_to->currentItem())
         return;
     const QString from = m_from->currentItem()->text(), to = m_to->currentItem()->text();

@@ -3,7 +3,6 @@
 #include "support/screens.h"
 #include "support/scriptedprompts.h"
 #include "support/testfolder.h"
-#include "platform/basic/locale.h"
 #include "utilities/frmCalculator.h"
 
 #include <QImage>
@@ -93,25 +92,6 @@ TEST_F(CalculatorScreen, ConvertsWhatIsChosen)
         click(u"cmdConvert"_s);
         EXPECT_EQ(label(u"lblResult"_s), QString());
     }
-}
-
-TEST_F(CalculatorScreen, ReadsTheAmountAsTheRegionWritesIt)
-{
-    const basic::Regional before = basic::regional();
-    choose(u"lstFrom"_s, u"Inches"_s);
-    choose(u"lstTo"_s, u"Centimetres"_s);
-    const std::tuple<QString, QString, QString> cases[] = {
-        {u"de_DE"_s, u"12,5"_s, u"12,5 Inches = 31,75 Centimetres"_s},
-        {u"en_US"_s, u"12.5"_s, u"12.5 Inches = 31.75 Centimetres"_s},
-        {u"en_US"_s, u"2 boxes"_s, u"2 Inches = 5.08 Centimetres"_s},
-        {u"en_US"_s, u"50.5%"_s, QString()}};       // no number: the runtime refuses it
-    for (const auto &[locale, typed, shown] : cases) {
-        basic::setRegional(basic::regionalFor(locale));
-        at<QLineEdit>(u"txtConvert"_s)->setText(typed);
-        click(u"cmdConvert"_s);
-        EXPECT_EQ(label(u"lblResult"_s), shown) << qPrintable(locale) << " " << qPrintable(typed);
-    }
-    basic::setRegional(before);
 }
 
 TEST_F(CalculatorScreen, ColourAndPictureAreKept)

@@ -143,13 +143,6 @@ TEST(Conversions, EachPairByItsFactorAndFormat)
     EXPECT_EQ(pairs, qsizetype(std::size(cases))) << "each pair that can be chosen is in the table above";
 }
 
-TEST(Conversions, AResultOfNothingIsShownAsZero)
-{
-    EXPECT_EQ(convertUnits(32, u"Farenheight"_s, u"Celsius"_s), u"0"_s);
-    EXPECT_EQ(convertUnits(31.9, u"Farenheight"_s, u"Celsius"_s), u"0"_s) << "no bare sign either";
-    EXPECT_EQ(convertUnits(1, u"Inches"_s, u"Miles"_s), u"0"_s) << "no bare separator";
-}
-
 TEST(Conversions, ZeroAndUnlikeUnitsGiveNothing)
 {
     EXPECT_FALSE(convertUnits(0, u"Celsius"_s, u"Farenheight"_s));
