@@ -11,6 +11,7 @@
 #include "platform/printer/realprinter.h"
 #include "print/frmPreview.h"
 #include "print/script.h"
+#include "utilities/frmInformation.h"
 
 #include <QApplication>
 
@@ -44,6 +45,7 @@ int main(int argc, char **argv)
     // start short.
     vorel::printer::setHardware(vorel::printer::desktopPrinter, vorel::printer::desktopPrinterNames);
     vorel::frmPreview::install();
+    vorel::installScreenHelp();
     vorel::setPrinterProbe([] { return true; });
 
     vorel::Startup startup;
