@@ -12,6 +12,7 @@
 #include "print/frmPreview.h"
 #include "print/script.h"
 #include "store/upgrade.h"
+#include "utilities/frmInformation.h"
 
 #include <QApplication>
 
@@ -45,6 +46,7 @@ int main(int argc, char **argv)
     // start short.
     vorel::printer::setHardware(vorel::printer::desktopPrinter, vorel::printer::desktopPrinterNames);
     vorel::frmPreview::install();
+    vorel::installScreenHelp();
     vorel::setPrinterProbe([] { return true; });
 
     vorel::Startup startup;

@@ -33,6 +33,13 @@ constexpr double fittedShare = 0.98;        // of the frame, so that the page's 
 const QString zoomKey = u"PreviewZoom"_s;   // in the configuration file: "" for the player's size, a factor, or
 const QString wholePage = u"page"_s;
 
+// A magnifier of the program's own: the icon sets draw frames and arrows for zoom, which look like a window's size.
+QString ownIcon(const QString &name)
+{
+    const bool isDark = QGuiApplication::palette().window().color().lightness() < 128;
+    return (isDark ? u":/icons/dark/%1.svg"_s : u":/icons/%1.svg"_s).arg(name);
+}
+
 std::function<void(const QImage &)> &mailer()
 {
     static std::function<void(const QImage &)> step;
@@ -109,9 +116,9 @@ void frmPreview::buildStrip()
         CMD_Move.push_back(button(u"CMD_Move(%1)"_s.arg(index), {}, QString::fromLatin1(moves[index].icon), moves[index].tip));
         controls::on(CMD_Move.back(), &QAbstractButton::clicked, this, [this, index] { turnTo(index); });
     }
-    QAbstractButton *cmdZoomOut = button(u"cmdZoomOut"_s, {}, u"zoom-out"_s, tr("Smaller"));
-    QAbstractButton *cmdFit = button(u"cmdFit"_s, {}, u"zoom-fit-page"_s, tr("The whole page"));
-    QAbstractButton *cmdZoomIn = button(u"cmdZoomIn"_s, {}, u"zoom-in"_s, tr("Larger"));
+    QAbstractButton *cmdZoomOut = button(u"cmdZoomOut"_s, {}, ownIcon(u"magnifier-minus"_s), tr("Smaller"));
+    QAbstractButton *cmdFit = button(u"cmdFit"_s, {}, ownIcon(u"magnifier-page"_s), tr("The whole page"));
+    QAbstractButton *cmdZoomIn = button(u"cmdZoomIn"_s, {}, ownIcon(u"magnifier-plus"_s), tr("Larger"));
     txtPage = new QLineEdit;
     txtPage->setObjectName(u"txtPage"_s);
     txtPage->setAccessibleName(tr("Page to show"));

@@ -19,6 +19,8 @@ namespace {
 
 using Cell = ListColumn::Cell;
 
+constexpr int columnWide = 1000;        // characters of a wrapped line: as many as its column has room for
+
 // A column whose heading is its field's name, or not.
 ListColumn column(const QString &heading, double percent, int cut = 0)
 {
@@ -205,11 +207,11 @@ ListReport remindersReport(const QString &section, const QString &query)
         report.orientation = 2;
         report.rowLimit = 20;
         report.columns = {date, {.heading = u"TIME"_s, .cell = fieldFormat(u"APPTIME"_s, u"hh:mm am/pm"_s), .percent = 16.5},
-                          wrapped(u"APPOINTMENT"_s, u"APPOINTMENT"_s, 27, 100),
+                          wrapped(u"APPOINTMENT"_s, u"APPOINTMENT"_s, 27, columnWide),
                           {.heading = u"MET"_s, .cell = yesWhenSet(u"MET"_s), .percent = 93}};
     } else if (section == u"B") {
         report.titleWord = u"BILLS"_s;
-        ListColumn bill = wrapped(u"BILL"_s, u"BILL"_s, 15, 60);
+        ListColumn bill = wrapped(u"BILL"_s, u"BILL"_s, 15, columnWide);
         bill.roomPercent = 68;
         report.columns = {date, bill, rightAligned(u"AMOUNT"_s, fieldFormat(u"AMOUNT"_s, u"currency"_s), 88),
                           {.heading = u"PAID"_s, .cell = yesWhenSet(u"PAID"_s), .percent = 90}};
@@ -218,7 +220,7 @@ ListReport remindersReport(const QString &section, const QString &query)
         report.totalFormat = u"currency"_s;
     } else {
         report.titleWord = u"EVENTS"_s;
-        report.columns = {date, wrapped(u"EVENT"_s, u"SUBJECT"_s, 15, 25), wrapped(u"DETAILS"_s, u"EVENT"_s, 32, 70)};
+        report.columns = {date, wrapped(u"EVENT"_s, u"SUBJECT"_s, 15, columnWide), wrapped(u"DETAILS"_s, u"EVENT"_s, 32, columnWide)};
     }
     return report;
 }

@@ -16,7 +16,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double hair = 0.5;            // keeps rules from touching each other
-constexpr double ruleGap = 30;          // and keeps them from touching the text
 constexpr double headGap = 20;
 constexpr double fullPage = 0.9;        // of the page's height
 constexpr double blockIndent = 100;
@@ -258,16 +257,15 @@ void ListWriter::writeRecord(const dao::Recordset &rows)
     writeLines(cells, false);
 }
 
-// By how much the figures of a row must be smaller so that none of them covers its neighbour. One size for the whole row:
-// figures of several sizes side by side read badly.
+// By how much the figures of a row that cover a neighbour must be smaller. One size for them all: figures of many sizes
+// side by side read badly.
 double ListWriter::shrinkOf(const std::vector<QStringList> &cells) const
 {
     double shrink = 1;
     for (std::size_t i = 0; i < cells.size(); ++i) {
         if (!isRightAligned(m_report.columns[i]))
             continue;
-        const double room = m_places[i].body - m_places[i].left - 2 * ruleGap;
-        const double width = m_job.GetTextWidth(cells[i].value(0));
+        const double width = m_job.GetTextWidth(cells[i].value(0)), room = m_places[i].figureRoom();
         if (width > room && room > 0)
             shrink = std::min(shrink, room / width);
     }
@@ -280,7 +278,7 @@ void ListWriter::writeCell(std::size_t column, const QString &text, bool isHeadi
     const bool isMoved = isHeading && place.body != place.position;
     const QString alignment = isMoved ? u"L"_s : m_report.columns[column].alignment;
     const double x = isHeading ? place.position : place.body;
-    if (shrink >= 1 || alignment != u"R" || text.isEmpty()) {
+    if (shrink >= 1 || alignment != u"R" || m_job.GetTextWidth(text) <= place.figureRoom()) {
         m_job.PrintField(x, alignment, text, false);
         return;
     }

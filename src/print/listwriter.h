@@ -12,7 +12,9 @@ public:
     void write(dao::Recordset &rows);       // from the first to the last, and plays them
 
 private:
+    static constexpr double ruleGap = 30;   // twips, keeps rules from touching the text
     struct Place {                          // of a column, twips
+        double figureRoom() const { return body - left - 2 * ruleGap; }
         double position = 0, body = 0;      // of its heading and of its cells
         double left = 0;                    // where the text of the column before it may end
         double room = 0;

@@ -1,8 +1,11 @@
 #include "utilities/conversions.h"
 
+#include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/format.h"
+#include "platform/basic/locale.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <cmath>
 
@@ -135,7 +138,34 @@ std::optional<QString> convertUnits(double amount, const QString &from, const QS
     const double result = row->convert(amount);
     if (!std::isfinite(result))
         throw basic::BasicError(6);
-    return basic::Format(result, row->format);
+    const QString shown = basic::Format(result, row->format);
+    // The patterns have no digit that must be shown: what they round to nothing would leave no figure at all.
+    const bool hasDigit = std::any_of(shown.begin(), shown.end(), [](QChar c) { return c.isDigit(); });
+    return hasDigit ? shown : u"0"_s;
+}
+
+double typedAmount(const QString &text)
+{
+    const basic::Regional &region = basic::regional();
+    QString plain = text.trimmed();
+    static const QRegularExpression blanks(u"\\s"_s);
+    if (plain.contains(region.decimalPoint) && region.decimalPoint != u'.') {
+        plain.remove(u'.').remove(region.thousands).remove(blanks);
+        plain.replace(region.decimalPoint, u'.');
+    } else if (region.thousands != u'.') {
+        // Marks between groups of three digits, as the region writes them; any other ends the number.
+        const QRegularExpression grouped(u"^[+-]?\\d{1,3}(%1\\d{3})+(?!\\d)"_s.arg(QRegularExpression::escape(region.thousands)));
+        if (grouped.match(plain).hasMatch())
+            plain.remove(region.thousands);
+    }
+    return basic::valOr(plain, 0);
+}
+
+QString conversionNote(const QString &from, const QString &to)
+{
+    if (from.compare(u"CELSIUS"_s, Qt::CaseInsensitive) == 0 && to.compare(u"FARENHEIGHT"_s, Qt::CaseInsensitive) == 0)
+        return u"A rule of thumb: twice the degrees and 24 more. It is a few degrees out where it is very hot or cold."_s;
+    return {};
 }
 
 }

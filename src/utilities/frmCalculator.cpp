@@ -65,7 +65,7 @@ QListWidget *unitList(const QString &name, const QString &spoken)
 
 frmCalculator::frmCalculator(QWidget *parent)
     : Form(u"frmCalculator"_s, parent), m_readout(label(u"Readout"_s)), m_picture(label(u"picImage"_s)),
-      m_result(label(u"lblResult"_s)), m_conversion(nullptr), m_amount(new QLineEdit),
+      m_result(label(u"lblResult"_s)), m_note(label(u"lblNote"_s)), m_conversion(nullptr), m_amount(new QLineEdit),
       m_from(unitList(u"lstFrom"_s, u"Convert from"_s)), m_to(unitList(u"lstTo"_s, u"Convert to"_s))
 {
     setWindowTitle(u"Calculator"_s);
@@ -170,9 +170,14 @@ QWidget *frmCalculator::composeConversion()
     m_result->setWordWrap(true);
     m_result->setTextInteractionFlags(Qt::TextSelectableByMouse);
     m_result->setMinimumHeight(2 * m_result->fontMetrics().lineSpacing());
+    m_note->setWordWrap(true);
+    m_note->setMinimumHeight(2 * m_note->fontMetrics().lineSpacing());      // the screen keeps its size when it is shown
     m_from->addItems(conversionUnits());
     on(m_from, &QListWidget::currentRowChanged, this, [this] { GetList(); });
-    on(m_to, &QListWidget::currentRowChanged, this, [this] { m_result->clear(); });
+    on(m_to, &QListWidget::currentRowChanged, this, [this] {
+        m_result->clear();
+        showNote();
+    });
     on(m_to, &QListWidget::itemDoubleClicked, this, [this] { cmdConvert_Click(); });
     auto *convert = new QPushButton(u"Con&vert"_s);
     convert->setObjectName(u"cmdConvert"_s);
@@ -183,7 +188,7 @@ QWidget *frmCalculator::composeConversion()
     if (auto *plain = qobject_cast<QPushButton *>(colour))
         plain->setAutoDefault(false);
     QLayout *lists = layout::Row({m_from, m_to});
-    QLayout *content = layout::Column({layout::Fields({{u"&Amount"_s, m_amount}}), lists, m_result,
+    QLayout *content = layout::Column({layout::Fields({{u"&Amount"_s, m_amount}}), lists, m_note, m_result,
                                        layout::Row({convert, layout::Stretch{}, colour})});
     m_conversion = layout::Group(u"panConversion"_s, u"Conversion"_s, content);
     return m_conversion;
@@ -249,12 +254,19 @@ void frmCalculator::GetList()
     m_to->addItems(unitsLike(m_from->currentItem() ? m_from->currentItem()->text() : QString()));
     m_to->setCurrentRow(0);
     m_result->clear();
+    showNote();
+}
+
+void frmCalculator::showNote()
+{
+    const auto unit = [](const QListWidget *list) { return list->currentItem() ? list->currentItem()->text() : QString(); };
+    m_note->setText(conversionNote(unit(m_from), unit(m_to)));
 }
 
 void frmCalculator::cmdConvert_Click()
 {
     m_result->clear();
-    const double amount = basic::Val(m_amount->text());
+    const double amount = typedAmount(m_amount->text());
     if (!m_from->currentItem() || !m_to->currentItem())
         return;
     const QString from = m_from->currentItem()->text(), to = m_to->currentItem()->text();

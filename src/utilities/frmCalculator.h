@@ -30,6 +30,7 @@ private:
     void press(const std::function<Calculator::Outcome()> &step);
     bool typed(const QKeyEvent &event);
     void GetList();
+    void showNote();
     void cmdConvert_Click();
     void cmdColor_Click();
     void picImage_Click();
@@ -37,7 +38,7 @@ private:
     void showPicture();
 
     Calculator m_calculator;
-    QLabel *m_readout, *m_picture, *m_result;
+    QLabel *m_readout, *m_picture, *m_result, *m_note;
     QWidget *m_conversion;
     QLineEdit *m_amount;
     QListWidget *m_from, *m_to;

@@ -8,6 +8,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QVBoxLayout>
+#include <map>
 
 namespace vorel {
 
@@ -66,6 +67,17 @@ void showHints(controls::RichTextBox &box)
     box.document()->clearUndoRedoStacks();
 }
 
+// Above a page that came with the program: its user is not to look for keys that do not exist yet.
+void sayAhead(controls::RichTextBox &box)
+{
+    QTextCursor top(box.document());
+    QTextCharFormat slanted;
+    slanted.setFontItalic(true);
+    top.insertText(u"This page describes the section as it is going to be: its screens are not part of this version yet."_s, slanted);
+    top.insertBlock();
+    box.moveCursor(QTextCursor::Start);
+}
+
 }
 
 frmInformation::frmInformation(QWidget *parent) : Form(u"frmInformation"_s, parent), m_text(new controls::RichTextBox(this))
@@ -73,25 +85,46 @@ frmInformation::frmInformation(QWidget *parent) : Form(u"frmInformation"_s, pare
     m_text->setObjectName(u"txtInfo"_s);
     m_text->setAccessibleName(u"Information"_s);
     m_text->setFrameShape(QFrame::NoFrame);
+    m_text->setReadOnly(true);              // nothing typed here would be kept
+    m_text->setTextInteractionFlags(Qt::TextBrowserInteraction | Qt::TextSelectableByKeyboard);
     m_text->document()->setDocumentMargin(textMargin);
     useFormatMenu(m_text);
     auto *whole = new QVBoxLayout(this);
     whole->setContentsMargins(0, 0, 0, 0);
     auto *bar = new QMenuBar(this);
     bar->addMenu(m_text->findChild<QMenu *>(u"mnuFormat"_s));
+    QAction *close = bar->addAction(u"&Close"_s);       // in the bar: the text has the whole of the screen
+    close->setObjectName(u"mnuClose"_s);
+    controls::on(close, &QAction::triggered, this, [this] { Close(); });
     whole->setMenuBar(bar);
     whole->addWidget(m_text);
 }
 
 void ShowInfoPage(QStringView code)
 {
-    frmInformation &form = freshScreen(basic::applicationTitle() + u" - Information"_s);
+    frmInformation &form = freshScreen(infoPageTitle(code) + u" - Information - "_s + basic::applicationTitle());
     const QString page = findInfoPage(infoPageFile(code));
     if (!page.isEmpty())
         form.txtInfo().LoadFile(page);
+    if (page.startsWith(u':') && isInfoPageAhead(code))
+        sayAhead(form.txtInfo());
+    else if (!page.isEmpty())
+        form.txtInfo().moveCursor(QTextCursor::Start);
     else if (infoPageFile(code) == infoPageFile(infoAll))
         showHints(form.txtInfo());
     form.show();
+}
+
+void installScreenHelp()
+{
+    controls::Form::setHelp([](const QString &screen) {
+        static const std::map<QString, QStringView> pages{
+            {u"frmCalculator"_s, infoCalculator}, {u"frmMessage"_s, u"M"}, {u"frmDataPath"_s, infoFilePath}};
+        if (screen == u"frmInformation")
+            return;                         // help is on show
+        const auto found = pages.find(screen);
+        ShowInfoPage(found == pages.end() ? infoAll : found->second);
+    });
 }
 
 void showNote(const QString &title, const QString &text, double heightFactor)

@@ -4,6 +4,8 @@
 #include "platform/desktop/desktop.h"
 
 #include <QFile>
+#include <algorithm>
+#include <optional>
 
 namespace vorel {
 
@@ -20,6 +22,35 @@ QStringList &hints()
     return lines;
 }
 
+// The hint of a line without its tag; nothing for a feature that the program does not have.
+std::optional<QString> shownHint(const QString &line)
+{
+    const qsizetype end = line.startsWith(u'[') ? line.indexOf(u"] "_s) : -1;
+    if (end < 0)
+        return line;
+    const QString tag = line.mid(1, end - 1);
+    const auto isTag = [&tag](const Feature &one) { return one.tag == tag; };
+    if (std::any_of(features().begin(), features().end(), isTag))
+        return hasFeature(tag) ? std::optional(line.mid(end + 2)) : std::nullopt;
+    return line;                // a hint of the user's own that begins with a bracket
+}
+
+}
+
+const std::vector<Feature> &features()
+{
+    // Each becomes true with the screens of its section.
+    static const std::vector<Feature> table{
+        {u"setup", false},   {u"calendar", false}, {u"contacts", false}, {u"recipes", false}, {u"exchange", false},
+        {u"vehicle", false}, {u"accounts", false}, {u"backup", false},   {u"admin", false},   {u"profile", false},
+        {u"notes", false},   {u"health", false},   {u"sport", false},    {u"howto", false},   {u"garden", false}};
+    return table;
+}
+
+bool hasFeature(QStringView tag)
+{
+    const auto found = std::find_if(features().begin(), features().end(), [tag](const Feature &one) { return one.tag == tag; });
+    return found == features().end() || found->isThere;
 }
 
 void LoadHints()
@@ -36,8 +67,10 @@ void LoadHints()
     if (text.isEmpty())
         return;
     const QStringList lines = text.split(u'\n');
-    for (const QString &line : lines)
-        hints().append(line + hintEnd.toString());
+    for (const QString &line : lines) {
+        if (const std::optional<QString> hint = shownHint(line))
+            hints().append(*hint + hintEnd.toString());
+    }
 }
 
 const QStringList &Hints()

@@ -1,15 +1,24 @@
 #pragma once
 
 #include <QStringList>
+#include <vector>
 
 // The short hints that roll along the main screen's panel.
 namespace vorel {
 
-// Reads hints.txt, one hint a line, each with " .........." added. No such file: there are no hints.
+// Reads hints.txt, one hint a line, each with " .........." added. No such file: there are no hints. A line that begins with
+// the tag of a feature, such as "[setup] ", is a hint only where the program has that feature.
 void LoadHints();
 const QStringList &Hints();
 // One of the hints, picked by chance that is seeded with the time of day; "" when there is none.
 QString NextHint();
+// What hints and pages of help may speak of before the program has it. true also for a tag that is in no table.
+struct Feature {
+    QStringView tag;
+    bool isThere;
+};
+const std::vector<Feature> &features();
+bool hasFeature(QStringView tag);
 inline constexpr QStringView hintEnd = u" ..........";
 
 }

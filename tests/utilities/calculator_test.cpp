@@ -143,6 +143,28 @@ TEST(Conversions, EachPairByItsFactorAndFormat)
     EXPECT_EQ(pairs, qsizetype(std::size(cases))) << "each pair that can be chosen is in the table above";
 }
 
+TEST(Conversions, ResultsThatRoundToNothingShowZero)
+{
+    EXPECT_EQ(convertUnits(32, u"Farenheight"_s, u"Celsius"_s), u"0"_s);
+    EXPECT_EQ(convertUnits(1, u"Inches"_s, u"Miles"_s), u"0"_s);
+    EXPECT_FALSE(conversionNote(u"Celsius"_s, u"Farenheight"_s).isEmpty());
+    EXPECT_TRUE(conversionNote(u"Farenheight"_s, u"Celsius"_s).isEmpty()) << "that one is exact";
+}
+
+TEST(Conversions, AmountsAreReadAsTheRegionWritesThem)
+{
+    const basic::Regional before = basic::regional();
+    const struct { const char *region; QString text; double amount; } cases[] = {
+        {"de_DE", u"12,5"_s, 12.5}, {"de_DE", u"12.5"_s, 12.5}, {"de_DE", u"1.234,5"_s, 1234.5}, {"de_DE", u" -0,25 "_s, -0.25},
+        {"fr_FR", u"1 234,5"_s, 1234.5}, {"fr_FR", u"1\u202f234,5"_s, 1234.5}, {"en_US", u"12.5"_s, 12.5}, {"en_US", u"1,234.5"_s, 1234.5},
+        {"en_US", u"12,5"_s, 12}, {"en_US", u"1,2345"_s, 1}, {"de_DE", u"abc"_s, 0}, {"de_DE", {}, 0}, {"en_US", u"1.5%"_s, 0}};
+    for (const auto &one : cases) {
+        basic::setRegional(basic::regionalFor(QString::fromLatin1(one.region)));
+        EXPECT_DOUBLE_EQ(typedAmount(one.text), one.amount) << one.region << ' ' << qPrintable(one.text);
+    }
+    basic::setRegional(before);
+}
+
 TEST(Conversions, ZeroAndUnlikeUnitsGiveNothing)
 {
     EXPECT_FALSE(convertUnits(0, u"Celsius"_s, u"Farenheight"_s));

@@ -12,7 +12,7 @@ TEST(Contents, TheProgramCarriesItsPagesHintsAndPictures)
     for (const char *page : {"APPOINTS", "BILLS", "EVENTS", "BILLENTER", "BILLPAY", "INCOME", "BACKUP", "ASSET", "JOURNAL",
                              "BOOKS", "PROFILE", "MESSAGES", "NOTES", "HEALTH", "CONTACTS", "SPORT", "RECIPE", "MUSIC",
                              "MOVIES", "PASSWORDS", "HOWTO", "GARDEN", "VEHICLE", "ACCOUNTSSETUP", "INVOICE", "FILEPATH",
-                             "ALL"}) {
+                             "ALL", "TODO", "SHOPPING", "CALCULATOR"}) {
         QFile file(desktop::findResource(u"\\INFO"_s + QString::fromLatin1(page) + u".RTF"_s));
         ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << page;
         EXPECT_TRUE(file.readAll().startsWith("{\\rtf1")) << page;

@@ -15,6 +15,7 @@ TEST(Hints, EveryLineIsOneWithItsEnd)
         {"line ends of all systems", "a\r\nb\nc\rd", {u"a .........."_s, u"b .........."_s, u"c .........."_s, u"d .........."_s}},
         {"the last line's end begins no other", "a\n", {u"a .........."_s}},
         {"empty file", "", {}},
+        {"a feature that is still to come", "[setup] a\nb\n[own] c\n[setup\n", {u"b .........."_s, u"[own] c .........."_s, u"[setup .........."_s}},
         {"accents", "caf\xC3\xA9", {u"caf\u00E9 .........."_s}},
         {"accents, old", "caf\xE9", {u"caf\u00E9 .........."_s}},
     };
@@ -54,6 +55,8 @@ TEST(InfoPages, EachCodeHasItsPage)
     EXPECT_EQ(u"\\INFOVEHICLE.RTF"_s, infoPageFile(u"MV"));
     EXPECT_EQ(u"\\INFOBILLPAY.RTF"_s, infoPageFile(infoPayBill));
     EXPECT_EQ(u"\\INFOCONTACTS.RTF"_s, infoPageFile(u"X")) << "a list over the contacts";
+    EXPECT_EQ(u"\\INFOTODO.RTF"_s, infoPageFile(u"G"));
+    EXPECT_EQ(u"\\INFOSHOPPING.RTF"_s, infoPageFile(u"H"));
     for (const QStringView code : {u"All", u"AB", u"", u"nothing"})
         EXPECT_EQ(u"\\INFOALL.RTF"_s, infoPageFile(code));
 }

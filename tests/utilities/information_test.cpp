@@ -44,6 +44,8 @@ TEST_F(Information, ShowsThePageOfTheSection)
     ASSERT_TRUE(openScreen());
     EXPECT_EQ(u"frmInformation"_s, openScreen()->objectName());
     EXPECT_EQ(u"Books\nof all kinds"_s, openScreen()->txtInfo().Text());
+    EXPECT_TRUE(openScreen()->windowTitle().startsWith(u"Books - "_s));
+    EXPECT_TRUE(openScreen()->txtInfo().isReadOnly());
     EXPECT_FALSE(openScreen()->isModal());
     openScreen()->resize(700, 500);
     QApplication::processEvents();
@@ -52,7 +54,12 @@ TEST_F(Information, ShowsThePageOfTheSection)
     folder.write(u"INFOMUSIC.RTF"_s, "");
     ShowInfoPage(u"U");
     EXPECT_EQ(u""_s, openScreen()->txtInfo().Text());
-    unloadInformation();
+    ShowInfoPage(u"P");
+    EXPECT_TRUE(openScreen()->txtInfo().Text().startsWith(u"This page describes the section as it is going to be"_s));
+    folder.write(u"INFOCONTACTS.RTF"_s, "{\\rtf1 my own}");
+    ShowInfoPage(u"P");
+    EXPECT_EQ(u"my own"_s, openScreen()->txtInfo().Text());
+    openScreen()->findChild<QAction *>(u"mnuClose"_s)->trigger();
     EXPECT_FALSE(openScreen());
 }
 

@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMetaMethod>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -11,6 +12,16 @@
 namespace vorel::controls {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+std::function<void(const QString &)> &shownHelp()
+{
+    static std::function<void(const QString &)> help;
+    return help;
+}
+
+}
 
 Form::Form(const QString &name, QWidget *parent) : QDialog(parent)
 {
@@ -49,6 +60,11 @@ bool Form::leave(int result)
     return agreed;
 }
 
+void Form::setHelp(std::function<void(const QString &name)> help)
+{
+    shownHelp() = std::move(help);
+}
+
 void Form::done(int result)
 {
     leave(result);
@@ -66,7 +82,10 @@ void Form::keyPressEvent(QKeyEvent *event)
         Close();
     } else if (event->key() == Qt::Key_F1) {
         event->accept();
-        emit helpWanted();
+        if (isSignalConnected(QMetaMethod::fromSignal(&Form::helpWanted)))
+            emit helpWanted();
+        else if (shownHelp())
+            basic::Trap([this] { shownHelp()(objectName()); });
     } else {
         QDialog::keyPressEvent(event);
     }

@@ -5,6 +5,7 @@
 #include <QAbstractButton>
 #include <QDialog>
 #include <memory>
+#include <functional>
 
 // The frame that every screen but the main one stands in.
 namespace vorel::controls {
@@ -36,6 +37,9 @@ public:
 
     void ShowModal();                   // returns when the screen is closed
     bool Close();                       // false: QueryUnload said no (typing that could not be saved is kept)
+
+    // What F1 shows on a screen that does not answer helpWanted itself; name: its objectName.
+    static void setHelp(std::function<void(const QString &name)> help);
 
 signals:
     void helpWanted();                  // F1

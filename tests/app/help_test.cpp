@@ -1,0 +1,152 @@
+#include "app/caddyscreen.h"
+#include "media/frmDataPath.h"
+#include "platform/controls/richtextbox.h"
+#include "platform/desktop/desktop.h"
+#include "records/frmBooks.h"
+#include "records/frmInventory.h"
+#include "records/frmMovies.h"
+#include "records/frmMusic.h"
+#include "reminders/frmMessage.h"
+#include "utilities/frmCalculator.h"
+#include "utilities/frmInformation.h"
+#include "utilities/hints.h"
+#include "utilities/infopages.h"
+
+#include <QAbstractButton>
+#include <QGroupBox>
+#include <QTabWidget>
+#include <QTextBlock>
+
+namespace vorel {
+
+using namespace Qt::StringLiterals;
+
+class Help : public test::CaddyScreen {
+protected:
+    ~Help() override
+    {
+        unloadInformation();
+        controls::Form::setHelp({});
+    }
+    static QString plain(QString text)
+    {
+        text.remove(u'&');
+        while (text.endsWith(u':') || text.endsWith(u'.'))
+            text.chop(1);
+        return text.trimmed().toUpper();
+    }
+    // Everything that a user can read on a screen as the name of a control.
+    void collect(const QWidget &screen)
+    {
+        for (const QAbstractButton *button : screen.findChildren<QAbstractButton *>())
+            m_shown << plain(button->text());
+        for (const QLabel *label : screen.findChildren<QLabel *>())
+            m_shown << plain(label->text());
+        for (const QGroupBox *group : screen.findChildren<QGroupBox *>())
+            m_shown << plain(group->title());
+        for (const QAction *action : screen.findChildren<QAction *>())
+            m_shown << plain(action->text());
+        for (const QTabWidget *tabs : screen.findChildren<QTabWidget *>())
+            for (int tab = 0; tab < tabs->count(); ++tab)
+                m_shown << plain(tabs->tabText(tab));
+    }
+    void collectAll()
+    {
+        collect(screen());
+        for (const QString &code : {u"A"_s, u"B"_s, u"E"_s}) {
+            state().selection.gRecordCode = code;
+            collect(frmRecord());
+        }
+        collect(frmMessage());
+        collect(frmBooks());
+        collect(frmMovies());
+        collect(frmMusic());
+        collect(frmInventory());
+        collect(frmCalculator());
+        collect(frmDataPath({u"Movie Picture"_s, {}, {}, nullptr}));
+    }
+    // The labels that a page quotes: its slanted words.
+    static QStringList quoted(const QString &file)
+    {
+        controls::RichTextBox box;
+        box.LoadFile(findInfoPage(file));
+        QStringList labels;
+        for (QTextBlock block = box.document()->begin(); block.isValid(); block = block.next()) {
+            for (auto part = block.begin(); !part.atEnd(); ++part) {
+                if (part.fragment().charFormat().fontItalic())
+                    labels << part.fragment().text();
+            }
+        }
+        return labels;
+    }
+
+    QSet<QString> m_shown;
+};
+
+TEST_F(Help, LabelsInThePagesAreThoseOnTheScreens)
+{
+    start();
+    collectAll();
+    int labels = 0;
+    for (const QStringView code : {QStringView(u"A"), QStringView(u"B"), QStringView(u"E"), QStringView(u"G"), QStringView(u"H"),
+                                   QStringView(u"I"), QStringView(u"K"), QStringView(u"M"), QStringView(u"U"), QStringView(u"V"),
+                                   infoAll, infoFilePath, infoCalculator}) {
+        for (const QString &label : quoted(infoPageFile(code))) {
+            ++labels;
+            EXPECT_TRUE(m_shown.contains(plain(label))) << qPrintable(infoPageTitle(code) + u": "_s + label);
+        }
+    }
+    EXPECT_GT(labels, 40);
+}
+
+TEST_F(Help, F1ShowsThePageOfEachScreen)
+{
+    start();
+    installScreenHelp();
+    const auto titleAfterF1 = [](QWidget &form) {
+        QTest::keyClick(&form, Qt::Key_F1);
+        const QWidgetList windows = QApplication::topLevelWidgets();
+        for (const QWidget *window : windows) {
+            if (window->objectName() == u"frmInformation" && window->isVisible())
+                return window->windowTitle().section(u" - "_s, 0, 0);
+        }
+        return QString();
+    };
+    frmMessage message;
+    frmCalculator calculator;
+    frmDataPath path({u"Movie Picture"_s, {}, {}, nullptr});
+    state().selection.gRecordCode = u"B"_s;
+    frmRecord bill;
+    frmMusic music;
+    EXPECT_EQ(titleAfterF1(message), u"Messages"_s);
+    EXPECT_EQ(titleAfterF1(calculator), u"Calculator"_s);
+    EXPECT_EQ(titleAfterF1(path), u"Pictures and file paths"_s);
+    EXPECT_EQ(titleAfterF1(bill), u"Bills"_s);
+    EXPECT_EQ(titleAfterF1(music), u"Music"_s);
+}
+
+// A hint that sends its reader to a screen that is still to come would be a wall.
+TEST_F(Help, HintsSpeakOfWhatIsThere)
+{
+    QFile file(desktop::findResource(u"\\hints.txt"_s));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const QStringList lines = QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts);
+    LoadHints();
+    qsizetype expected = 0;
+    for (const QString &line : lines) {
+        const QString tag = line.startsWith(u'[') ? line.section(u']', 0, 0).mid(1) : QString();
+        const auto known = std::find_if(features().begin(), features().end(), [&tag](const Feature &one) { return one.tag == tag; });
+        EXPECT_TRUE(tag.isEmpty() || known != features().end()) << qPrintable(line);
+        expected += tag.isEmpty() || hasFeature(tag);
+    }
+    EXPECT_EQ(Hints().size(), expected);
+    for (const QString &hint : Hints()) {
+        EXPECT_FALSE(hint.startsWith(u'[')) << qPrintable(hint);
+        for (const auto &[word, tag] : {std::pair{u"Setup"_s, u"setup"_s}, {u"Export/Import"_s, u"exchange"_s}, {u" contact"_s, u"contacts"_s},
+                                        {u"The calendar"_s, u"calendar"_s}, {u"ehicle"_s, u"vehicle"_s}, {u"File Backup"_s, u"backup"_s},
+                                        {u"invoice"_s, u"accounts"_s}, {u"administration"_s, u"admin"_s}, {u"ingredient"_s, u"recipes"_s}})
+            EXPECT_TRUE(hasFeature(tag) || !hint.contains(word)) << qPrintable(hint);
+    }
+}
+
+}
