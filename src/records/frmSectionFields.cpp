@@ -4,6 +4,7 @@
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
+#include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
 #include "records/frmSectionPanel.h"
 #include "records/inventory.h"

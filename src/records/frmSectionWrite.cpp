@@ -23,12 +23,12 @@ void frmSection::newClicked(int tab)
 
 void frmSection::AddNewRecord(const QString &)
 {
-    controls::DataControl &data = dtaData();
-    if (!data.Leave())
+    controls::DataControl &current = dtaData();
+    if (!current.Leave())
         return;
-    if (!data.Recordset())
-        data.Refresh();
-    if (!data.Recordset() || !data.setBookmark(records::addRow(data.Recordset(), m_design)))
+    if (!current.Recordset())
+        current.Refresh();
+    if (!current.Recordset() || !current.setBookmark(records::addRow(current.Recordset(), m_design)))
         return;
     m_new = true;
     AllowInput();

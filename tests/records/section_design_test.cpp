@@ -28,7 +28,7 @@ records::RecordDesign personDesign()
         .letter = u"L"_s, .screen = u"frmTest"_s, .title = u"People"_s, .table = u"PROFILE"_s,
         .rows = u"SELECT * FROM [PROFILE] ORDER BY [Surname]"_s, .dataControl = u"dtaTest"_s, .colourKey = u"TestColour"_s,
         .nameControl = u"txtName(0)"_s, .newFocus = u"txtName(0)"_s, .search = u"UCASE([SURNAME]) LIKE '%1*'"_s,
-        .trees = {{u"cmdAll"_s, u"All"_s, {}, readPeople}},
+        .trees = {{u"cmdAll"_s, u"All"_s, {}, readPeople, {}, {}}},
         .rebuild = records::TreeRebuild::OnEverySave,
         .treeAfterDelete = records::TreeAfterDelete::SameMode,
         .deleteGoesBack = true,

@@ -207,7 +207,7 @@ TEST(DataControl, RowWritersEndWithTheirOwners)
     EXPECT_EQ(u"kept"_s, s.people.text(3, u"Notes"_s));
 
     // One that refuses holds the row back, and keeps what it has written itself.
-    s.people.execute(u"UPDATE [People] SET [Notes]='' WHERE [ID]=3"_s);
+    s.people.execute(u"UPDATE [People] SET [Notes]='x' WHERE [ID]=3"_s);
     s.type(s.age, u"0"_s);
     EXPECT_FALSE(s.data.UpdateRecord());
     EXPECT_EQ(u"31"_s, s.people.text(1, u"Age"_s));
@@ -219,7 +219,7 @@ TEST(DataControl, TellsWhenItGetsDirtyAndClean)
     Screen s;
     QList<bool> said;
     QObject::connect(&s.data, &DataControl::DirtyChanged, [&](bool dirty) { said += dirty; });
-    s.type(s.name, u"Annabel"_s);
+    s.type(s.name, u"Zoe"_s);
     s.name.setText(u"Ann"_s);               // as it was
     s.type(s.age, u"31"_s);
     s.data.MoveNext();
