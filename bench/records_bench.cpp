@@ -15,7 +15,6 @@
 // What the user of a large collection waits for: the tree of 10,000 books, read, shown and painted.
 using namespace vorel;
 using namespace Qt::StringLiterals;
-using records::TreeMode;
 
 namespace {
 
@@ -64,24 +63,27 @@ int main(int argc, char **argv)
     const QTemporaryDir folder;
     bench::makeMainFile(folder.filePath(u"VOREL.MDB"_s));
     state().gIniFile = folder.filePath(u"vorelreminder.ini"_s);
-    state().selection.gSection = u"K"_s;
     const QString path = folder.filePath(u"BOOKS.MDB"_s);
     makeBooks(path);
     basic::setProgramFolder(folder.path());
     state().path(DataFile::Books) = path;
 
-    struct Mode { QString name; TreeMode mode; QString field; };
-    const Mode modes[] = {{u"by first character"_s, TreeMode::ByFirstCharacter, u"TITLE"_s},
-                          {u"by category"_s, TreeMode::ByCategory, u"TITLE"_s},
-                          {u"by 1,500 authors"_s, TreeMode::ByField, u"AUTHOR"_s}};
+    struct Mode { QString name; records::TreeReader read; QString field; };
+    const Mode modes[] = {{u"by first character"_s, records::readTreeByFirstCharacter, u"TITLE"_s},
+                          {u"by category"_s, records::readTreeByCategory, u"TITLE"_s},
+                          {u"by 1,500 authors"_s, records::readTreeByField, u"AUTHOR"_s}};
     RecordTree tree;
     tree.resize(300, 600);
     tree.show();
     for (const Mode &mode : modes) {
+        const records::TreeRequest request{path, u"BOOKS"_s, mode.field, u"TITLE"_s};
         bench::report(u"10,000 titles "_s + mode.name + u", rows alone"_s,
-                      timesOf([&] { records::recordTreeRows(mode.mode, path, u"BOOKS"_s, mode.field); }), treeBudget);
+                      timesOf([&] {
+                          std::vector<records::TreeNode> nodes;
+                          mode.read(request, nodes);
+                      }), treeBudget);
         bench::report(u"tree of 10,000 titles "_s + mode.name + u", painted"_s, timesOf([&] {
-                          FillRecordTree(tree, mode.mode, path, u"BOOKS"_s, mode.field);
+                          FillRecordTree(tree, mode.read, request);
                           SelectTreeNode(tree, u"5000"_s);
                           tree.viewport()->repaint();
                       }), treeBudget);

@@ -17,13 +17,12 @@ using controls::on;
 
 void frmInventory::createOwn()
 {
-    QPushButton *refresh = addButton(u"cmdRefresh"_s, {}, u"view-refresh"_s, u" Builds the tree anew "_s);
-    placeBesideTrees(refresh);
-    on(refresh, &QPushButton::clicked, this, [this] { showTree(records::TreeMode::ByFirstCharacter, design().treeField.toString()); });
-    QPushButton *transfer = addButton(u"cmdTransfer"_s, u"> &Events"_s, {}, u" Puts the end of the Warranty into the Events "_s);
-    placeBeside(u"txtWarrantyExpiryDate"_s, transfer);
-    on(transfer, &QPushButton::clicked, this, [this] { cmdTransfer_Click(); });
-    on(control<QLineEdit>(u"txtWarrantyPeriod"_s), &QLineEdit::textEdited, this, [this] { txtWarrantyPeriod_Change(); });
+    placeBesideTrees(addButton({u"cmdRefresh"_s, {}, u"view-refresh"_s, u" Builds the tree anew "_s}));
+    onClick(u"cmdRefresh"_s, [this] { showTree(design().trees.front()); });
+    placeBeside(u"txtWarrantyExpiryDate"_s,
+                addButton({u"cmdTransfer"_s, u"> &Events"_s, {}, u" Puts the end of the Warranty into the Events "_s}));
+    onClick(u"cmdTransfer"_s, [this] { cmdTransfer_Click(); });
+    on(control<QLineEdit>(u"txtWarrantyPeriod"_s), &QLineEdit::textEdited, handlers(), [this] { txtWarrantyPeriod_Change(); });
     for (const QString &name : {u"lblInitialPurchaseDate"_s, u"lblInitialDisposalDate"_s}) {
         auto *kept = new QLabel(this);
         kept->setObjectName(name);

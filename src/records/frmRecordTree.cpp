@@ -14,58 +14,62 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A tree of up to so many records stands open: all of it is seen at once or after little scrolling.
+// A tree of up to so many records is opened whole: all of it is seen at once or after little scrolling.
 constexpr std::size_t openUpTo = 60;
-constexpr quintptr groupNode = 0;       // a leaf's internal number is its group's row + 1
+
+// Several authors are one group: their lines read on.
+QString oneLine(QString text)
+{
+    return text.replace(u"\r\n"_s, u", "_s).replace(u'\n', u", "_s);
+}
 
 }
 
-// The rows as they were read, without a copy per node.
+// The nodes as they were read, and beside them a table of their places: children lie in one run, so that a number tells
+// parent and row of any node.
 class RecordTreeModel : public QAbstractItemModel {
 public:
     using QAbstractItemModel::QAbstractItemModel;
 
-    void setGroups(std::vector<records::TreeGroup> groups)
+    void setNodes(std::vector<records::TreeNode> nodes)
     {
         beginResetModel();
-        m_groups = std::move(groups);
+        m_root.children = std::move(nodes);
+        m_places.assign(1, {&m_root, 0, 0, 0});
+        for (std::size_t i = 0; i < m_places.size(); ++i) {
+            m_places[i].firstChild = m_places.size();
+            int row = 0;
+            for (const records::TreeNode &child : m_places[i].node->children)
+                m_places.push_back({&child, i, row++, 0});
+        }
         endResetModel();
     }
-    const std::vector<records::TreeGroup> &groups() const { return m_groups; }
+    bool isEmpty() const { return m_root.children.empty(); }
+    std::size_t nodeCount() const { return m_places.size() - 1; }
 
     // Invalid if no record has that text for its ID.
     QModelIndex find(const QString &idText) const
     {
         bool isNumber = false;
         const qint32 id = idText.toInt(&isNumber);
-        if (!isNumber || QString::number(id) != idText)
+        if (!isNumber || id == 0 || QString::number(id) != idText)
             return {};
-        for (std::size_t g = 0; g < m_groups.size(); ++g) {
-            const auto &leaves = m_groups[g].leaves;
-            for (std::size_t row = 0; row < leaves.size(); ++row) {
-                if (leaves[row].id == id)
-                    return createIndex(static_cast<int>(row), 0, static_cast<quintptr>(g) + 1);
-            }
+        for (std::size_t i = 1; i < m_places.size(); ++i) {
+            if (m_places[i].node->id == id)
+                return indexOf(i);
         }
         return {};
     }
 
     QModelIndex index(int row, int column, const QModelIndex &parent) const override
     {
-        if (!hasIndex(row, column, parent))
-            return {};
-        return createIndex(row, column, parent.isValid() ? static_cast<quintptr>(parent.row()) + 1 : groupNode);
+        return hasIndex(row, column, parent) ? indexOf(place(parent).firstChild + static_cast<std::size_t>(row)) : QModelIndex();
     }
     QModelIndex parent(const QModelIndex &child) const override
     {
-        return child.isValid() && !isGroup(child) ? createIndex(static_cast<int>(child.internalId()) - 1, 0, groupNode) : QModelIndex();
+        return child.isValid() ? indexOf(place(child).parent) : QModelIndex();
     }
-    int rowCount(const QModelIndex &parent) const override
-    {
-        if (!parent.isValid())
-            return static_cast<int>(m_groups.size());
-        return isGroup(parent) ? static_cast<int>(group(parent).leaves.size()) : 0;
-    }
+    int rowCount(const QModelIndex &parent) const override { return static_cast<int>(place(parent).node->children.size()); }
     int columnCount(const QModelIndex &) const override { return 1; }
     bool hasChildren(const QModelIndex &parent) const override { return rowCount(parent) > 0; }
 
@@ -73,7 +77,17 @@ public:
     {
         if (!index.isValid())
             return {};
-        return isGroup(index) ? groupData(index, role) : leafData(index, role);
+        const records::TreeNode &node = *place(index).node;
+        const bool isGroup = node.id == 0;
+        switch (role) {
+        case Qt::DisplayRole:
+        case Qt::ToolTipRole: return oneLine(node.text);
+        case Qt::UserRole: return isGroup ? QString() : QString::number(node.id);
+        case Qt::FontRole: return isGroup ? QVariant(m_bold) : QVariant();
+        case Qt::ForegroundRole: return isGroup ? QVariant(QBrush(m_red)) : node.marked ? QVariant(QBrush(m_mark)) : QVariant();
+        case Qt::DecorationRole: return isGroup ? m_folder : m_sheet;
+        default: return {};
+        }
     }
 
     void setLook(const QWidget &view)
@@ -83,42 +97,29 @@ public:
         // Red, and on a dark ground a lighter tint that reads well there.
         const bool dark = controls::blackOrWhiteOn(view.palette().color(QPalette::Base)) == Qt::white;
         m_red = dark ? controls::blend(Qt::red, Qt::white, 0.4) : QColor(Qt::red);
+        m_mark = dark ? controls::blend(Qt::blue, Qt::white, 0.6) : QColor(Qt::blue);
         m_folder = QIcon::fromTheme(u"folder"_s, view.style()->standardIcon(QStyle::SP_DirIcon));
         m_sheet = QIcon::fromTheme(u"text-x-generic"_s, view.style()->standardIcon(QStyle::SP_FileIcon));
     }
 
 private:
-    static bool isGroup(const QModelIndex &index) { return index.internalId() == groupNode; }
-    const records::TreeGroup &group(const QModelIndex &index) const { return m_groups[static_cast<std::size_t>(index.row())]; }
+    struct Place {
+        const records::TreeNode *node;
+        std::size_t parent;
+        int row;
+        std::size_t firstChild;
+    };
 
-    QVariant groupData(const QModelIndex &index, int role) const
+    QModelIndex indexOf(std::size_t number) const
     {
-        switch (role) {
-        case Qt::DisplayRole: return group(index).text;
-        case Qt::UserRole: return QString();
-        case Qt::FontRole: return m_bold;
-        case Qt::ForegroundRole: return QBrush(m_red);
-        case Qt::DecorationRole: return m_folder;
-        default: return {};
-        }
+        return number == 0 ? QModelIndex() : createIndex(m_places[number].row, 0, static_cast<quintptr>(number));
     }
+    const Place &place(const QModelIndex &index) const { return m_places[index.isValid() ? index.internalId() : 0]; }
 
-    QVariant leafData(const QModelIndex &index, int role) const
-    {
-        const auto &leaves = m_groups[static_cast<std::size_t>(index.internalId() - 1)].leaves;
-        const records::TreeLeaf &leaf = leaves[static_cast<std::size_t>(index.row())];
-        switch (role) {
-        case Qt::DisplayRole:
-        case Qt::ToolTipRole: return leaf.text;
-        case Qt::UserRole: return QString::number(leaf.id);
-        case Qt::DecorationRole: return m_sheet;
-        default: return {};
-        }
-    }
-
-    std::vector<records::TreeGroup> m_groups;
+    records::TreeNode m_root;
+    std::vector<Place> m_places{{&m_root, 0, 0, 1}};        // the root first
     QFont m_bold;
-    QColor m_red;
+    QColor m_red, m_mark;
     QIcon m_folder, m_sheet;
 };
 
@@ -136,10 +137,10 @@ RecordTree::RecordTree(QWidget *parent) : QTreeView(parent), m_model(new RecordT
 
 bool RecordTree::isEmpty() const
 {
-    return m_model->groups().empty();
+    return m_model->isEmpty();
 }
 
-void RecordTree::setGroups(std::vector<records::TreeGroup> groups)
+void RecordTree::setNodes(std::vector<records::TreeNode> nodes)
 {
     QSet<QString> opened;
     for (int row = 0; row < m_model->rowCount({}); ++row) {
@@ -148,20 +149,19 @@ void RecordTree::setGroups(std::vector<records::TreeGroup> groups)
             opened.insert(group.data().toString());
     }
     const int place = verticalScrollBar()->value();
-    std::size_t leaves = 0;
-    for (const records::TreeGroup &group : groups)
-        leaves += group.leaves.size();
 
     setUpdatesEnabled(false);       // hidden, but for the keyboard: it keeps the tree if it is there
-    m_model->setGroups(std::move(groups));
-    if (leaves <= openUpTo)
+    m_model->setNodes(std::move(nodes));
+    const int groups = m_model->rowCount({});
+    if (m_model->nodeCount() <= openUpTo + static_cast<std::size_t>(groups)) {
         expandAll();
-    else
-        for (int row = 0; row < m_model->rowCount({}); ++row) {
+    } else {
+        for (int row = 0; row < groups; ++row) {
             const QModelIndex group = m_model->index(row, 0, {});
             if (opened.contains(group.data().toString()))
-                setExpanded(group, true);
+                expandRecursively(group);
         }
+    }
     executeDelayedItemsLayout();
     verticalScrollBar()->setValue(place);
     setUpdatesEnabled(true);
@@ -218,12 +218,12 @@ void RecordTree::changeEvent(QEvent *event)
     QTreeView::changeEvent(event);
 }
 
-void FillRecordTree(RecordTree &tree, records::TreeMode mode, const QString &databasePath, const QString &table, const QString &field)
+void FillRecordTree(RecordTree &tree, records::TreeReader read, const records::TreeRequest &request)
 {
-    std::vector<records::TreeGroup> groups;
+    std::vector<records::TreeNode> nodes;
     basic::Trap([&] {
-        const auto show = qScopeGuard([&] { tree.setGroups(std::move(groups)); });
-        records::readRecordTree(mode, databasePath, table, field, groups);
+        const auto show = qScopeGuard([&] { tree.setNodes(std::move(nodes)); });
+        read(request, nodes);
     });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "records/recordtree.h"
+#include "session/recordtree.h"
 
 #include <QTreeView>
 
@@ -8,14 +8,15 @@ namespace vorel {
 
 class RecordTreeModel;
 
-// The records of a section in groups. A node's Tag (Qt::UserRole) is the record's ID as text, empty for a group.
+// The records of a section in groups, to any depth. A node's Tag (Qt::UserRole) is the record's ID as text, empty for a
+// group.
 class RecordTree : public QTreeView {
     Q_OBJECT
 public:
     explicit RecordTree(QWidget *parent = nullptr);     // objectName "TreeView"
 
     // The groups that the user has opened and the place to which the tree is scrolled stay as they are.
-    void setGroups(std::vector<records::TreeGroup> groups);
+    void setNodes(std::vector<records::TreeNode> nodes);
     bool isEmpty() const;
     void selectNode(const QString &idText);             // see SelectTreeNode
 
@@ -35,9 +36,9 @@ private:
     bool m_pressed = false;
 };
 
-// Reads the rows and shows them. A failure is shown by the general trap and ends the tree there: the groups in front of
-// it stand, and the caller goes on.
-void FillRecordTree(RecordTree &tree, records::TreeMode mode, const QString &databasePath, const QString &table, const QString &field);
+// Reads the rows and shows them. A failure is shown by the general trap; what was read until then is in the tree, and the
+// caller goes on.
+void FillRecordTree(RecordTree &tree, records::TreeReader read, const records::TreeRequest &request);
 // Selects the node of that Tag and scrolls it into view; without one the first node. Nothing in an empty tree.
 void SelectTreeNode(RecordTree &tree, const QString &idText);
 

@@ -4,13 +4,12 @@
 #include "media/frmShowPic.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
-#include "platform/controls/fieldadapter.h"
 #include "platform/controls/picturebox.h"
-#include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "records/frmChildGrid.h"
+#include "records/frmPictureSet.h"
 #include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
-#include "session/ini.h"
 #include "session/mainscreen.h"
 #include "utilities/frmInformation.h"
 
@@ -18,6 +17,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStackedWidget>
@@ -27,29 +27,18 @@ namespace vorel {
 
 using namespace Qt::StringLiterals;
 using controls::on;
-using records::TreeMode;
 
 frmSection::frmSection(const records::RecordDesign &design, QWidget *parent)
-    : Form(design.screen.toString(), parent), m_design(design), m_data(new controls::DataControl(this)),
-      m_main(dynamic_cast<MainScreen *>(parent))
+    : RecordForm(design.screen, design.dataControl, parent), m_design(design), m_main(dynamic_cast<MainScreen *>(parent))
 {
-    setWindowTitle(design.title.toString());
-    m_data->setObjectName(design.dataControl.toString());
-    m_data->setDatabaseName(state().path(design.file));
-    m_data->setConnect(u"Access"_s);
-    m_data->setRecordSource(design.rows.toString());
-    m_data->setMovesAsk(true);
-}
-
-frmSection::~frmSection()
-{
-    // The fields go after this part of the screen; what they tell then must reach nobody.
-    m_ending = true;
-    m_data->disconnect(this);
-    for (QWidget *widget : std::as_const(m_controls))
-        widget->disconnect(this);
-    for (auto it = m_fieldOf.cbegin(); it != m_fieldOf.cend(); ++it)
-        it.key()->removeEventFilter(this);
+    setRecordTitle(design.title, {});
+    dtaData().setDatabaseName(state().path(design.file));
+    dtaData().setRecordSource(design.rows);
+    dtaData().setMovesAsk(true);
+    dtaData().setValidate([this](bool changed) {
+        tidyRow(changed);
+        return true;
+    });
 }
 
 void frmSection::Load()
@@ -59,77 +48,62 @@ void frmSection::Load()
     createOwn();
     orderTabs();
     GetColours();
-    highlight(u"cmdAll"_s);
     connectHandlers();
-    m_data->Refresh();
-    if (m_data->Recordset()) {                          // else the reason has been told
-        limitTexts();
+    connectKeys();
+    if (!m_design.trees.empty()) {
+        m_treeButton = &m_design.trees.front();
+        highlight(m_treeButton->name);
+    }
+    dtaData().Refresh();
+    if (dtaData().Recordset()) {                        // else the reason has been shown
         FillLists();
-        showTree(TreeMode::ByFirstCharacter, m_design.treeField.toString());
+        rebuildTree();
     }
     AllowInput();
     CheckOptions();
     ShowInfo(1);
-    m_tree->setFocus();
+    if (m_tree)
+        m_tree->setFocus();
 }
 
 void frmSection::connectHandlers()
 {
-    on(m_data, &controls::DataControl::Reposition, this, [this] { dtaData_Reposition(); });
-    on(m_tree, &RecordTree::NodeClicked, this, [this](qint32 id) { TreeView_NodeClick(id); });
-    on(m_tabs, &QTabBar::currentChanged, this, [this](int index) { ShowInfo(index + 1); });
-    on(m_image, &controls::PictureBox::Clicked, this, [this] { GetFilePath(); });
-    on(m_image, &controls::PictureBox::Shown, this, [this] { placePicInfo(); });
-    const auto click = [this](const QString &name, void (frmSection::*handler)()) {
-        on(control<QPushButton>(name), &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
-    };
-    click(u"cmdUpdate"_s, &frmSection::cmdUpdate_Click);
-    click(u"cmdDelete"_s, &frmSection::cmdDelete_Click);
-    click(u"cmdView"_s, &frmSection::cmdView_Click);
-    click(u"cmdColor"_s, &frmSection::cmdColor_Click);
-    on(control<QPushButton>(u"cmdNew"_s), &QPushButton::clicked, this, [this] { AddNewRecord(); });
-    on(control<QPushButton>(u"cmdClose"_s), &QPushButton::clicked, this, [this] { Close(); });
-    on(control<QPushButton>(u"cmdInfo"_s), &QPushButton::clicked, this, [this] { ShowInfoPage(m_design.letter); });
-    on(control<QPushButton>(u"cmdWeb"_s), &QPushButton::clicked, this, [this] {
-        const QString page = m_design.web.toString();
-        if (!desktop::ShellExecute(page))
-            basic::MsgBox(u"Unable to open "_s + page, {}, basic::Icon::Exclamation);
-    });
+    on(&dtaData(), &controls::DataControl::Reposition, handlers(), [this] { dtaData_Reposition(); });
+    if (m_tree)
+        on(m_tree, &RecordTree::NodeClicked, handlers(), [this](qint32 id) { TreeView_NodeClick(id); });
+    on(m_tabs, &QTabBar::currentChanged, handlers(), [this](int index) { ShowInfo(index + 1); });
+    on(m_image, &controls::PictureBox::Clicked, handlers(), [this] { GetFilePath(); });
+    on(m_image, &controls::PictureBox::Shown, handlers(), [this] { placePicInfo(); });
     for (const records::TreeButton &button : m_design.trees)
-        on(control<QPushButton>(button.name.toString()), &QPushButton::clicked, this, [this, &button] { treeButton_Click(button); });
+        onClick(button.name, [this, &button] { treeButton_Click(button); });
     for (const records::Option &option : m_design.options)
-        on(control<QCheckBox>(option.check.toString()), &QCheckBox::toggled, this, [this] { CheckOptions(); });
+        on(control<QCheckBox>(option.check), &QCheckBox::toggled, handlers(), [this] { CheckOptions(); });
+    for (ChildGridView *grid : std::as_const(m_children))
+        on(grid, &ChildGridView::rowsChanged, handlers(), [this, grid] { childChanged(grid->design().control); });
+}
 
-    const auto key = [this](const QKeySequence &keys, const QString &name) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, control<QPushButton>(name), &QPushButton::click);
-    };
-    key(QKeySequence::New, u"cmdNew"_s);
-    key(QKeySequence::Save, u"cmdUpdate"_s);
-    connect(this, &Form::helpWanted, control<QPushButton>(u"cmdInfo"_s), &QPushButton::click);
-    on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
-    on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
+void frmSection::connectKeys()
+{
+    onClick(u"cmdUpdate"_s, [this] { cmdUpdate_Click(); });
+    onClick(u"cmdDelete"_s, [this] { cmdDelete_Click(); });
+    onClick(u"cmdView"_s, [this] { cmdView_Click(); });
+    onClick(u"cmdColor"_s, [this] { cmdColor_Click(); });
+    onClick(u"cmdNew"_s, [this] { newClicked(m_tabs->currentIndex() + 1); });
+    onClick(u"cmdInfo"_s, [this] { ShowInfoPage(m_design.letter); });
+    onClick(u"cmdWeb"_s, [this] {
+        if (!desktop::ShellExecute(m_design.web))
+            basic::MsgBox(u"Unable to open "_s + m_design.web, {}, basic::Icon::Exclamation);
+    });
+    useRecordKeys();
+    setHelpPage(m_design.letter);
     for (const auto &[keys, step] : {std::pair{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1}, {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1}})
-        on(new QShortcut(keys, this), &QShortcut::activated, this,
+        on(new QShortcut(keys, this), &QShortcut::activated, handlers(),
            [this, step = step] { m_tabs->setCurrentIndex((m_tabs->currentIndex() + step + m_tabs->count()) % m_tabs->count()); });
 }
 
-QString frmSection::text(const QString &name) const
+SectionPanel *frmSection::panel(const QString &name) const
 {
-    const QWidget *widget = m_controls.value(name);
-    if (const auto *rich = qobject_cast<const controls::RichTextBox *>(widget))
-        return rich->Text();
-    return widget ? controls::adapter::content(*widget) : QString();
-}
-
-void frmSection::setText(const QString &name, const QString &newText)
-{
-    if (QWidget *widget = m_controls.value(name); widget && text(name) != newText)
-        controls::adapter::fill(*widget, newText, {});
-}
-
-bool frmSection::ticked(const QString &name) const
-{
-    return control<QCheckBox>(name)->isChecked();
+    return control<SectionPanel>(name);
 }
 
 qint32 frmSection::currentId() const
@@ -137,72 +111,87 @@ qint32 frmSection::currentId() const
     return static_cast<qint32>(basic::Val(text(u"lblIDNum"_s)));
 }
 
-void frmSection::keep(QWidget *made)
-{
-    m_controls.insert(made->objectName(), made);
-}
-
-// The row as it comes on show.
+// The row as it is shown.
 void frmSection::dtaData_Reposition()
 {
-    if (m_ending)
-        return;
     state().selection.gLastRecord = currentId();
+    setRecordTitle(m_design.title, text(m_design.nameControl));
     selectNode();
     m_path = text(u"lblPictureFile"_s);
     ShowPic();
+    showChildren();
     rowShown();
-    AllowInput();                           // another process may have taken the last row
+    AllowInput();                           // another process may have deleted the last row
+}
+
+void frmSection::showChildren()
+{
+    for (ChildGridView *grid : std::as_const(m_children))
+        grid->showRowsOf(dtaData().hasRows() ? text(grid->design().keyControl) : QString());
+    if (m_pictures)
+        m_pictures->showSetsOf({currentId(), text(m_design.nameControl)}, text(m_design.nameControl));
 }
 
 void frmSection::selectNode()
 {
-    SelectTreeNode(*m_tree, text(u"lblIDNum"_s));
+    if (m_tree)
+        SelectTreeNode(*m_tree, text(u"lblIDNum"_s));
 }
 
-// What was typed into the row that is left is saved without asking. A group stands for no row.
+// What was typed into the row that is left is saved without asking. A group is no row.
 void frmSection::TreeView_NodeClick(qint32 id)
 {
-    if (!m_data->Leave())
+    if (!dtaData().Leave())
         selectNode();
     else if (id > 0 && id != currentId())
-        m_data->FindFirst(u"ID="_s + QString::number(id));
+        dtaData().FindFirst(u"ID="_s + QString::number(id));
 }
 
-void frmSection::showTree(TreeMode mode, const QString &field)
+void frmSection::rebuildTree()
 {
-    FillRecordTree(*m_tree, mode, state().path(m_design.file), m_design.table.toString(), field);
+    if (m_treeButton)
+        showTree(*m_treeButton);
+}
+
+void frmSection::showTree(const records::TreeButton &button)
+{
+    FillRecordTree(*m_tree, button.read, {state().path(m_design.file), m_design.table, button.field, button.leaf, m_design.names});
     selectNode();
 }
 
 void frmSection::treeButton_Click(const records::TreeButton &button)
 {
-    highlight(button.name.toString());
-    showTree(button.mode, button.field.toString());
+    highlight(button.name);
+    m_treeButton = &button;
+    rebuildTree();
     m_tree->setFocus();
 }
 
 void frmSection::AllowInput()
 {
-    const bool rows = m_data->hasRows();
+    const bool rows = dtaData().hasRows();
     for (const QString &name : {u"cmdDelete"_s, u"cmdUpdate"_s, u"cmdView"_s})
         control<QWidget>(name)->setEnabled(rows);
     m_stack->setEnabled(rows);
     m_image->setEnabled(rows);
-    m_empty->setVisible(!rows && m_data->Recordset());
+    if (m_empty)
+        m_empty->setVisible(!rows && dtaData().Recordset());
 }
 
 void frmSection::FillLists()
 {
     for (const records::Choices &list : m_design.lists) {
-        auto *box = control<QComboBox>(list.control.toString());
         basic::Trap([&] {
             const QStringList values = records::listValues(state().path(m_design.file), list);
-            const QString typed = box->currentText();
-            box->clear();
-            box->addItems(values);
-            box->setCurrentIndex(static_cast<int>(values.indexOf(typed)));
-            box->setEditText(typed);
+            for (const QString &name : list.controls) {
+                auto *box = control<QComboBox>(name);
+                const QSignalBlocker quiet(box), quietEdit(box->lineEdit());     // the text stays as it is
+                const QString typed = box->currentText();
+                box->clear();
+                box->addItems(values);
+                box->setCurrentIndex(static_cast<int>(values.indexOf(typed)));
+                box->setEditText(typed);
+            }
         });
     }
 }
@@ -210,16 +199,11 @@ void frmSection::FillLists()
 void frmSection::CheckOptions()
 {
     for (const records::Option &option : m_design.options) {
-        const bool on = ticked(option.check.toString());
-        for (const QStringView name : option.controls) {
-            const QString field = name.toString();
-            if (option.enables) {
-                control<QWidget>(field)->setEnabled(on);
-                continue;
-            }
-            m_lines.value(field)->setVisible(on);
-            if (QLabel *label = m_labels.value(field))
-                label->setVisible(on);
+        for (const QString &name : option.controls) {
+            if (option.enables)
+                control<QWidget>(name)->setEnabled(ticked(option.check));
+            else
+                showField(name, ticked(option.check));
         }
     }
 }
@@ -230,26 +214,31 @@ void frmSection::ShowInfo(int tab)
         return;
     m_stack->setCurrentIndex(tab - 1);
     m_tabs->setCurrentIndex(tab - 1);
+    const records::Panel &shown = m_design.panels[static_cast<std::size_t>(tab - 1)];
+    auto *button = control<QPushButton>(u"cmdNew"_s);
+    button->setText(shown.newCaption.isEmpty() ? u"&New"_s : shown.newCaption);
+    button->setToolTip(shown.newTip.isEmpty() ? u" Adds a new Record (Ctrl+N) "_s : shown.newTip);
+    tabShown(tab);
 }
 
 void frmSection::GetFilePath()
 {
-    if (!m_data->hasRows())
+    if (!dtaData().hasRows())
         return;
     m_path = text(u"lblPictureFile"_s);
-    m_path = chooseDataPath({m_design.chooser.toString(), m_path, text(m_design.nameControl.toString()), this});
+    m_path = chooseDataPath({m_design.chooser, m_path, text(m_design.nameControl), this});
     setText(u"lblPictureFile"_s, m_path);
     ShowPic();
 }
 
 void frmSection::chooseSound(const QString &name)
 {
-    setText(name, chooseDataPath({m_design.sound.toString(), text(name), text(m_design.nameControl.toString()), this}));
+    setText(name, chooseDataPath({m_design.sound, text(name), text(m_design.nameControl), this}));
 }
 
 void frmSection::ShowPic()
 {
-    vorel::ShowPic(this, m_path);
+    vorel::ShowPic(this, m_path, m_design.letter);
     placePicInfo();
 }
 
@@ -257,9 +246,11 @@ std::vector<records::ViewBlock> frmSection::pageBlocks() const
 {
     std::vector<records::ViewBlock> blocks;
     for (const records::PageBlock &block : m_design.page) {
-        QString words = text(block.control.toString());
+        QString words = text(block.control);
+        if (const auto *rich = qobject_cast<QTextEdit *>(control<QWidget>(block.control)))
+            words = rich->toPlainText();
         words.replace(u"\r\n"_s, u"\n"_s).replace(u'\n', u"\r\n"_s);
-        blocks.push_back({block.label.toString(), words, block.onlyIfFilled, block.dashed});
+        blocks.push_back({block.label, words, block.onlyIfFilled, block.dashed});
     }
     return blocks;
 }
@@ -269,18 +260,17 @@ void frmSection::cmdView_Click()
     QGuiApplication::setOverrideCursor(Qt::WaitCursor);
     const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
     constexpr int twipsPerPixel = 15;
-    records::showViewPage({m_design.pageFile.toString(), m_design.pageHeading.toString(), m_path,
-                           m_image->pictureSize() * twipsPerPixel, pageBlocks()});
+    records::showViewPage({m_design.pageFile, m_design.pageHeading, m_path, m_image->pictureSize() * twipsPerPixel, pageBlocks()});
 }
 
-// The rich text's own menu stands open for as long as the user likes; the main screen's alerts wait for it.
+// The rich text's own menu is open for as long as the user likes; the main screen's alerts wait for it.
 void frmSection::holdMainTimer(QWidget *box)
 {
     auto *menu = box->findChild<QMenu *>(u"mnuFormat"_s);
     if (!menu || !m_main)
         return;
-    on(menu, &QMenu::aboutToShow, this, [this] { m_main->holdTimer(true); });
-    on(menu, &QMenu::aboutToHide, this, [this] { m_main->holdTimer(false); });
+    on(menu, &QMenu::aboutToShow, handlers(), [this] { m_main->holdTimer(true); });
+    on(menu, &QMenu::aboutToHide, handlers(), [this] { m_main->holdTimer(false); });
 }
 
 }

@@ -1,16 +1,9 @@
 #pragma once
 
-#include "platform/controls/datacontrol.h"
-#include "platform/controls/form.h"
+#include "platform/controls/recordform.h"
 #include "records/recordrows.h"
 #include "records/viewpage.h"
 
-#include <QHash>
-
-class QFormLayout;
-class QHBoxLayout;
-class QLabel;
-class QPushButton;
 class QStackedWidget;
 class QTabBar;
 
@@ -19,21 +12,20 @@ namespace vorel {
 namespace controls {
 class PictureBox;
 }
+class ChildGridView;
 class MainScreen;
+class PictureSetView;
 class RecordTree;
 class SectionPanel;
 
-// The one frame of the record sections: a tree of the records, the picture of the current one, its fields on panels. What
-// it shows is the section's table; a screen of its own has a constructor that ends with Load, and its own rules:
+// The one frame of the record sections: a tree of the records, the picture of the current one, its fields on panels, the
+// rows of other tables that belong to it. What it shows is the section's design; a screen of its own has a constructor that
+// ends with Load, and its own rules:
 //     frmBooks(QWidget *parent) : frmSection(records::booksRecord(), parent) { Load(); }
-// Every road away from a row goes through DataControl::Leave, which writes it.
-class frmSection : public controls::Form {
+class frmSection : public controls::RecordForm {
     Q_OBJECT
 public:
-    ~frmSection() override;
-
-    controls::DataControl &dtaData() { return *m_data; }
-    void AddNewRecord(const QString &sourceID = {});    // a blank row, stored at once; the source is for the callers' sake
+    void AddNewRecord(const QString &sourceID = {});    // a blank row, stored at once; a source has no meaning here
     void AllowInput();
     void FillLists();
     void CheckOptions();
@@ -47,58 +39,57 @@ protected:
     void Load();
 
     // The rules of a section's own.
-    virtual void createOwn() {}                         // more controls; the table's stand on their panels
+    virtual void createOwn() {}                         // more controls; those of the design are on their panels
     virtual void rowShown() {}                          // another row, or none, is on show
-    virtual void beforeSave();                          // cmdUpdate is about to write
-    // The rows of other tables that hang on the record go with it, in its transaction.
-    virtual void deleteChildren(dao::Database &, qint32) {}
-    virtual void afterSave() {}                         // ... has written; then the lists are filled anew
+    virtual bool prepareSave() { return true; }         // cmdUpdate is about to write; false: it does not
+    virtual void tidyRow(bool changed) { Q_UNUSED(changed); }   // a row is written or left, by whichever way
+    virtual void afterSave() {}                         // cmdUpdate has written; then the lists are filled anew
+    virtual void afterDelete(qint32 id) { Q_UNUSED(id); }
+    virtual void newClicked(int tab);                   // cmdNew; a new record, on the tab of the pictures a new set
+    virtual void tabShown(int tab) { Q_UNUSED(tab); }   // from 1
+    virtual void childChanged(const QString &grid) { Q_UNUSED(grid); }
     virtual std::vector<records::ViewBlock> pageBlocks() const;
 
-    bool QueryUnload() override;
+    QWidget *createWidget(const controls::Field &field) override;
+    controls::BindOptions bindOptions(const controls::Field &field) const override;
+    QWidgetList buttonsBeside(const controls::Field &field) override;
+    QFormLayout *formOf(const controls::Field &field) override;
+    void pickDate(const controls::Field &field) override;
+    void revealField(QWidget *widget) override;
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
-    template <class W = QWidget> W *control(const QString &name) const { return qobject_cast<W *>(m_controls.value(name)); }
-    QString text(const QString &name) const;
-    void setText(const QString &name, const QString &text);     // an equal text leaves the cursor where it is
-    bool ticked(const QString &name) const;
-    SectionPanel *panel(const QString &name) const { return m_panels.value(name); }
+    SectionPanel *panel(const QString &name) const;     // error 424 for an unknown name
     qint32 currentId() const;                           // 0 without a row
-    void keep(QWidget *made);                           // a control made by createOwn takes part under its name
-    QPushButton *addButton(const QString &name, const QString &caption, const QString &icon, const QString &tip);
-    void placeBesideTrees(QWidget *made);
-    void placeBeside(const QString &field, QWidget *made);      // at the end of a field's line
-    void showTree(records::TreeMode mode, const QString &field);
+    void placeBesideTrees(QWidget *widget);
+    void rebuildTree();                                 // as its button says
+    void showTree(const records::TreeButton &button);   // whatever the buttons show
+    ChildGridView *child(const QString &grid) const { return m_children.value(grid); }
     const records::RecordDesign &design() const { return m_design; }
 
 private:
     // Fields (frmSectionFields.cpp)
-    void createFields();
-    QWidget *createWidget(const records::Field &field);
-    QWidget *withKeys(const records::Field &field, QWidget *widget);
-    void placeField(const records::Field &field, QWidget *widget);
-    QFormLayout *formOf(const records::Field &field);
-    controls::BindOptions bindOptions(const records::Field &field) const;
-    void limitTexts();
-    void pickDate(const records::Field &field);
-    bool filterKey(const records::Field &field, QObject *watched, QEvent *event);
     void paintField(QWidget *widget, bool focused);
     void chooseSound(const QString &control);
 
     // Layout (frmSectionLayout.cpp)
     void createButtons();
     QLayout *createLeft();
+    QWidget *createTree();
+    QWidget *createSearch();
     QLayout *createRight();
-    QLayout *createKeys();
+    void createChildren();
     QWidget *createPicture();
     void composeScreen();
     void orderTabs();
     void placePicInfo();
     QImage groundPicture() const;
+    QStringList recordKeys() const;
+    QStringList screenKeys() const;
 
     void loadSettings();
     void connectHandlers();
+    void connectKeys();
     void dtaData_Reposition();
     void TreeView_NodeClick(qint32 id);
     void treeButton_Click(const records::TreeButton &button);
@@ -109,27 +100,27 @@ private:
     void cmdDelete_Click();
     void cmdView_Click();
     void cmdColor_Click();
+    void showChildren();
+    void keepCopyNumber();
+    qint32 neighbourId() const;                         // of the record to show when the current one is gone; 0 = none
 
     const records::RecordDesign &m_design;
-    controls::DataControl *m_data;
     MainScreen *m_main = nullptr;
+    const records::TreeButton *m_treeButton = nullptr;  // whose tree is on show; nullptr = no tree
     QHBoxLayout *m_treeKeys = nullptr;
-    RecordTree *m_tree = nullptr;
+    RecordTree *m_tree = nullptr;                       // nullptr = a screen without one
     controls::PictureBox *m_image = nullptr;
     QLabel *m_empty = nullptr;
     QTabBar *m_tabs = nullptr;
     QStackedWidget *m_stack = nullptr;
     controls::DataNavigator *m_navigator = nullptr;
-    QHash<QString, QWidget *> m_controls;               // by objectName
-    QHash<QString, QLabel *> m_labels;                  // by field control
-    QHash<QString, QWidget *> m_lines;                  // by field control: the field with its keys
-    QHash<QString, SectionPanel *> m_panels;
+    PictureSetView *m_pictures = nullptr;
+    std::vector<SectionPanel *> m_panels;
     QHash<QString, QFormLayout *> m_groups;
-    QHash<QObject *, const records::Field *> m_fieldOf; // also by the text box within a list
+    QHash<QString, ChildGridView *> m_children;         // by the grid's name
     QString m_path;                                     // of the picture on show, emptied where its file has gone
     QColor m_back, m_fieldColour, m_focusColour;        // invalid: the palette's own
     bool m_new = false;                                 // from AddNewRecord until the next cmdUpdate
-    bool m_ending = false;
 };
 
 }

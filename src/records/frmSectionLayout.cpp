@@ -2,9 +2,12 @@
 
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
+#include "platform/controls/keyrow.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturebox.h"
 #include "platform/desktop/desktop.h"
+#include "records/frmChildGrid.h"
+#include "records/frmPictureSet.h"
 #include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
 #include "session/ini.h"
@@ -12,13 +15,14 @@
 #include <QApplication>
 #include <QFrame>
 #include <QLabel>
+#include <QLineEdit>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStyle>
 #include <QTabBar>
 #include <QVBoxLayout>
 
-// Where everything stands.
+// Where everything is on the screen.
 namespace vorel {
 
 using namespace Qt::StringLiterals;
@@ -37,27 +41,41 @@ QColor settingColour(const QString &key, quint32 stock)
     return QColor(static_cast<int>(number & 0xff), static_cast<int>(number >> 8 & 0xff), static_cast<int>(number >> 16 & 0xff));
 }
 
-struct KeyRow {
-    const char16_t *name, *caption, *icon, *tip;
-};
-constexpr KeyRow recordKeys[] = {
-    {u"cmdNew", u"&New", u"document-new", u" Adds a new Record (Ctrl+N) "},
-    {u"cmdDelete", u"De&lete", u"edit-delete", u" Deletes this Record "},
-    {u"cmdUpdate", u"&Update", u"document-save", u" Saves this Record (Ctrl+S) "},
-};
-constexpr KeyRow screenKeys[] = {
-    {u"cmdView", u"Vie&w", u"document-print-preview", u" Shows this Record in the Browser "},
-    {u"cmdWeb", u"We&b", u"internet-web-browser", u" Opens a Website on this subject "},
-    {u"cmdColor", u"Colou&r...", u"color-management", u" Changes the Colour of this screen "},
-    {u"cmdInfo", u"&Info", u"help-contents", u" Information about this section (F1) "},
-    {u"cmdClose", u"Cl&ose", u"window-close", u""},
-};
+const std::vector<controls::ScreenKey> &recordButtons()
+{
+    static const std::vector<controls::ScreenKey> buttons{
+        {u"cmdNew"_s, u"&New"_s, u"document-new"_s, u" Adds a new Record (Ctrl+N) "_s},
+        {u"cmdDelete"_s, u"De&lete"_s, u"edit-delete"_s, u" Deletes this Record "_s},
+        {u"cmdUpdate"_s, u"&Update"_s, u"document-save"_s, u" Saves this Record (Ctrl+S) "_s},
+    };
+    return buttons;
+}
+
+const std::vector<controls::ScreenKey> &screenButtons()
+{
+    static const std::vector<controls::ScreenKey> buttons{
+        {u"cmdView"_s, u"Vie&w"_s, u"document-print-preview"_s, u" Shows this Record in the Browser "_s},
+        {u"cmdWeb"_s, u"We&b"_s, u"internet-web-browser"_s, u" Opens a Website on this subject "_s},
+        {u"cmdColor"_s, u"Colou&r..."_s, u"color-management"_s, u" Changes the Colour of this screen "_s},
+        {u"cmdInfo"_s, u"&Info"_s, u"help-contents"_s, u" Information about this section (F1) "_s},
+        {u"cmdClose"_s, u"Cl&ose"_s, u"window-close"_s},
+    };
+    return buttons;
+}
+
+QStringList namesOf(const std::vector<controls::ScreenKey> &buttons)
+{
+    QStringList names;
+    for (const controls::ScreenKey &button : buttons)
+        names += button.name;
+    return names;
+}
 
 }
 
 void frmSection::loadSettings()
 {
-    const QString back = GetIniValue(iniSettings, m_design.colourKey.toString(), {});
+    const QString back = GetIniValue(iniSettings, m_design.colourKey, {});
     if (!back.isEmpty()) {
         if (const auto number = colourNumber(back); number && *number <= 0xFFFFFF)
             m_back = QColor(static_cast<int>(*number & 0xff), static_cast<int>(*number >> 8 & 0xff), static_cast<int>(*number >> 16));
@@ -68,34 +86,31 @@ void frmSection::loadSettings()
 
 QImage frmSection::groundPicture() const
 {
-    if (!m_design.pictureKey.isEmpty() && GetIniValue(iniSettings, m_design.pictureKey.toString(), u"1"_s) != u"1")
+    if (!m_design.pictureKey.isEmpty() && GetIniValue(iniSettings, m_design.pictureKey, u"1"_s) != u"1")
         return {};
-    const QString file = desktop::findResource(m_design.picture.toString());
+    const QString file = m_design.picture.isEmpty() ? QString() : desktop::findResource(m_design.picture);
     return file.isEmpty() ? QImage() : QImage(file);
 }
 
-QPushButton *frmSection::addButton(const QString &name, const QString &caption, const QString &icon, const QString &tip)
+QStringList frmSection::recordKeys() const
 {
-    auto *made = qobject_cast<QPushButton *>(controls::button(name, caption, icon, tip));
-    made->setParent(this);
-    if (caption.isEmpty()) {                // a desktop without that icon still tells what the key is for
-        const auto own = icon == u"view-refresh" ? QStyle::SP_BrowserReload : QStyle::SP_FileDialogDetailedView;
-        made->setIcon(QIcon::fromTheme(icon, style()->standardIcon(own)));
-        made->setText({});
-    }
-    keep(made);
-    return made;
+    return namesOf(recordButtons());
+}
+
+// A section's own come first: what does not fit goes into the menu from the end.
+QStringList frmSection::screenKeys() const
+{
+    return namesOf(m_design.keys) + namesOf(screenButtons());
 }
 
 void frmSection::createButtons()
 {
-    const auto text = [](const char16_t *words) { return QString::fromUtf16(words); };
-    for (const auto &row : recordKeys)
-        addButton(text(row.name), text(row.caption), text(row.icon), text(row.tip));
-    for (const auto &row : screenKeys)
-        addButton(text(row.name), text(row.caption), text(row.icon), text(row.tip));
+    for (const auto *buttons : {&recordButtons(), &m_design.keys, &screenButtons()}) {
+        for (const controls::ScreenKey &button : *buttons)
+            addButton(button);
+    }
     for (const records::TreeButton &row : m_design.trees)
-        addButton(row.name.toString(), row.caption.toString(), {}, row.tip.toString())->setMinimumWidth(8 * layout::unit);
+        addButton({row.name, row.caption, {}, row.tip})->setMinimumWidth(8 * layout::unit);
 }
 
 QWidget *frmSection::createPicture()
@@ -136,60 +151,83 @@ void frmSection::placePicInfo()
     control<QLabel>(u"lblPicInfo2"_s)->setGeometry(0, top + fitted.height() - high, m_image->width(), high);
 }
 
-QLayout *frmSection::createLeft()
+QWidget *frmSection::createTree()
 {
-    m_treeKeys = new QHBoxLayout;
-    m_treeKeys->setSpacing(layout::unit);
-    for (const records::TreeButton &row : m_design.trees)
-        m_treeKeys->addWidget(control<QWidget>(row.name.toString()), 1);
     m_tree = new RecordTree(this);
     m_tree->setAccessibleName(u"Records"_s);
     keep(m_tree);
-    m_empty = new QLabel(m_design.emptyNote.toString(), m_tree->viewport());
+    m_empty = new QLabel(m_design.emptyNote, m_tree->viewport());
     m_empty->setObjectName(u"lblEmpty"_s);
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
     m_empty->setForegroundRole(QPalette::PlaceholderText);
     auto *over = new QVBoxLayout(m_tree->viewport());
     over->addWidget(m_empty);
-    m_navigator = new controls::DataNavigator(m_data);
+    return m_tree;
+}
+
+// Goes to the first record that the typed text fits, at each key.
+QWidget *frmSection::createSearch()
+{
+    auto *box = new QLineEdit(this);
+    box->setObjectName(u"txtSearch"_s);
+    box->setAccessibleName(u"Search"_s);
+    box->setPlaceholderText(u"Search"_s);
+    box->setClearButtonEnabled(true);
+    keep(box);
+    controls::on(box, &QLineEdit::textEdited, handlers(), [this](const QString &typed) {
+        QString words = typed.toUpper();
+        if (!words.isEmpty())
+            dtaData().FindFirst(QString(m_design.search).replace(u"%1"_s, words.replace(u'\'', u'`')));
+    });
+    return box;
+}
+
+QLayout *frmSection::createLeft()
+{
     auto *left = new QVBoxLayout;
     left->setSpacing(layout::unit);
-    left->addLayout(m_treeKeys);
-    left->addWidget(m_tree, 1);
+    if (!m_design.trees.empty()) {
+        m_treeKeys = new QHBoxLayout;
+        m_treeKeys->setSpacing(layout::unit);
+        for (const records::TreeButton &row : m_design.trees)
+            m_treeKeys->addWidget(control<QWidget>(row.name), 1);
+        left->addLayout(m_treeKeys);
+        left->addWidget(createTree(), 1);
+    }
+    if (!m_design.search.isEmpty())
+        left->addWidget(createSearch());
+    m_navigator = new controls::DataNavigator(&dtaData());
     left->addWidget(m_navigator);
     left->addWidget(createPicture());
+    if (m_design.trees.empty())
+        left->addStretch(1);
     return left;
 }
 
-void frmSection::placeBesideTrees(QWidget *made)
+void frmSection::placeBesideTrees(QWidget *widget)
 {
-    made->setMinimumWidth(0);
-    m_treeKeys->addWidget(made);
-}
-
-void frmSection::placeBeside(const QString &field, QWidget *made)
-{
-    auto *row = qobject_cast<QHBoxLayout *>(m_lines.value(field)->layout());
-    row->insertWidget(row->count() - 1, made);
+    widget->setMinimumWidth(0);
+    m_treeKeys->addWidget(widget);
 }
 
 QLayout *frmSection::createRight()
 {
     m_tabs = new QTabBar(this);
-    m_tabs->setObjectName(u"TabStrip1"_s);
+    m_tabs->setObjectName(m_design.tabStrip);
     m_tabs->setDrawBase(false);
     m_tabs->setExpanding(false);
     keep(m_tabs);
     m_stack = new QStackedWidget(this);
     for (const records::Panel &row : m_design.panels) {
-        auto *made = new SectionPanel(row.name.toString(), m_stack);
-        m_panels.insert(row.name.toString(), made);
-        keep(made);
-        m_tabs->addTab(row.caption.toString());
-        m_stack->addWidget(made);
+        auto *created = new SectionPanel(row.name, row.columns, m_stack);
+        m_panels.push_back(created);
+        keep(created);
+        m_tabs->addTab(row.caption);
+        m_stack->addWidget(created);
     }
-    createFields();
+    createFields(m_design.fields);
+    createChildren();
     auto *frame = new QFrame(this);
     frame->setFrameShape(QFrame::StyledPanel);
     auto *inner = new QVBoxLayout(frame);
@@ -202,17 +240,21 @@ QLayout *frmSection::createRight()
     return right;
 }
 
-QLayout *frmSection::createKeys()
+void frmSection::createChildren()
 {
-    auto *keys = new QHBoxLayout;
-    keys->setSpacing(layout::unit);
-    layout::setMargins(keys, 2 * layout::unit);
-    for (const auto &row : recordKeys)
-        keys->addWidget(control<QWidget>(QString::fromUtf16(row.name)));
-    keys->addStretch(1);
-    for (const auto &row : screenKeys)
-        keys->addWidget(control<QWidget>(QString::fromUtf16(row.name)));
-    return keys;
+    for (const records::ChildGrid &wanted : m_design.children) {
+        auto *grid = new ChildGridView(wanted, state().path(m_design.file), &dtaData(), panel(wanted.panel));
+        panel(wanted.panel)->column()->addWidget(grid, 1);
+        keep(grid->grid());
+        m_children.insert(wanted.control, grid);
+    }
+    if (m_design.picturePanel.isEmpty())
+        return;
+    SectionPanel *on = panel(m_design.picturePanel);
+    m_pictures = new PictureSetView(m_design.letter, m_design.otherChooser, on);
+    on->column()->addWidget(m_pictures, 1);
+    dtaData().addRowWriter(m_pictures, [this] { return m_pictures->save(); }, [this] { m_pictures->undo(); },
+                           [this] { return m_pictures->isChanged(); });
 }
 
 void frmSection::composeScreen()
@@ -236,48 +278,37 @@ void frmSection::composeScreen()
     all->setSpacing(0);
     all->addLayout(body, 1);
     all->addWidget(rule);
-    all->addLayout(createKeys());
-    for (SectionPanel *one : std::as_const(m_panels)) {
-        if (one->findChildren<QTextEdit *>().isEmpty())
+    all->addWidget(createKeyRow(recordKeys(), screenKeys()));
+    for (SectionPanel *one : m_panels) {
+        if (one->findChildren<QTextEdit *>().isEmpty() && one->findChildren<ChildGridView *>().isEmpty())
             one->column()->addStretch(1);
     }
     resize(145 * layout::unit, 88 * layout::unit);
 }
 
-// The Tab key goes as the screen reads: tree and picture, the tabs, the fields with their keys, the keys of the screen.
+// The Tab key goes as the screen reads: tree and picture, the tabs, the fields with their buttons, the buttons of the screen.
 void frmSection::orderTabs()
 {
     QWidgetList chain;
-    const auto add = [&](QWidget *widget) {
-        if (widget && widget->focusPolicy() != Qt::NoFocus && !chain.contains(widget))
-            chain += widget;
-    };
     for (const records::TreeButton &row : m_design.trees)
-        add(control<QWidget>(row.name.toString()));
-    add(m_tree);
+        chain += control<QWidget>(row.name);
+    chain += m_tree;
+    if (hasControl(u"txtSearch"_s))
+        chain += control<QWidget>(u"txtSearch"_s);
     for (QAbstractButton *step : m_navigator->findChildren<QAbstractButton *>())
-        add(step);
-    add(m_image);
-    add(m_tabs);
-    for (const records::Field &field : m_design.fields) {
-        add(control<QWidget>(field.control.toString()));
-        if (QWidget *line = m_lines.value(field.control.toString())) {
-            for (QPushButton *key : line->findChildren<QPushButton *>())
-                add(key);
-        }
-    }
-    for (const auto &row : recordKeys)
-        add(control<QWidget>(QString::fromUtf16(row.name)));
-    for (const auto &row : screenKeys)
-        add(control<QWidget>(QString::fromUtf16(row.name)));
-    for (qsizetype i = 1; i < chain.size(); ++i)
-        setTabOrder(chain[i - 1], chain[i]);
+        chain += step;
+    chain += m_image;
+    chain += m_tabs;
+    chain += fieldChain();
+    for (const QString &name : recordKeys() + screenKeys())
+        chain += control<QWidget>(name);
+    chainTabs(chain);
 }
 
 void frmSection::highlight(const QString &name)
 {
     for (const records::TreeButton &row : m_design.trees) {
-        auto *key = control<QPushButton>(row.name.toString());
+        auto *key = control<QPushButton>(row.name);
         QPalette own = QApplication::palette(key);
         if (row.name == name) {
             for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
@@ -292,8 +323,8 @@ void frmSection::highlight(const QString &name)
 // A change of the desktop's palette reaches what is painted in colours of its own.
 void frmSection::changeEvent(QEvent *event)
 {
-    Form::changeEvent(event);
-    if (event->type() == QEvent::ApplicationPaletteChange && !m_ending && m_stack)
+    RecordForm::changeEvent(event);
+    if (event->type() == QEvent::ApplicationPaletteChange && m_stack && m_stack->count() > 0)
         GetColours();
 }
 

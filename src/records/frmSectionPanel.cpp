@@ -2,6 +2,7 @@
 
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
+#include "platform/controls/recordform.h"
 
 #include <QFormLayout>
 #include <QPainter>
@@ -29,15 +30,20 @@ double bearable(const QColor &back, const QImage &picture)
 
 }
 
-SectionPanel::SectionPanel(const QString &name, QWidget *parent) : QWidget(parent)
+SectionPanel::SectionPanel(const QString &name, int columns, QWidget *parent) : QWidget(parent)
 {
     setObjectName(name);
     auto *body = new QWidget;
     m_column = new QVBoxLayout(body);
     layout::setMargins(m_column, 2 * layout::unit);
     m_column->setSpacing(2 * layout::unit);
-    m_form = makeForm();
-    m_column->addLayout(m_form);
+    auto *beside = new QHBoxLayout;
+    beside->setSpacing(3 * layout::unit);
+    for (int i = 0; i < std::max(1, columns); ++i) {
+        m_forms.push_back(controls::RecordForm::createFormLayout());
+        beside->addLayout(m_forms.back(), 1);
+    }
+    m_column->addLayout(beside);
     auto *scroll = new QScrollArea;
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setFocusPolicy(Qt::NoFocus);
@@ -48,17 +54,6 @@ SectionPanel::SectionPanel(const QString &name, QWidget *parent) : QWidget(paren
     auto *all = new QVBoxLayout(this);
     layout::setMargins(all, 0);
     all->addWidget(scroll);
-}
-
-QFormLayout *SectionPanel::makeForm()
-{
-    auto *made = new QFormLayout;
-    made->setContentsMargins(0, 0, 0, 0);
-    made->setHorizontalSpacing(2 * layout::unit);
-    made->setVerticalSpacing(layout::unit);
-    made->setLabelAlignment(Qt::AlignLeft | Qt::AlignTop);
-    made->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    return made;
 }
 
 void SectionPanel::setGround(const QColor &back, const QImage &picture)
@@ -86,7 +81,7 @@ void SectionPanel::paintEvent(QPaintEvent *)
         m_scaled.setDevicePixelRatio(devicePixelRatioF());
     }
     const QSizeF covered = m_scaled.deviceIndependentSize();
-    painter.setOpacity(m_strength);         // what it is a picture of stands at its lower right
+    painter.setOpacity(m_strength);         // what it is a picture of is at its lower right
     painter.drawPixmap(QPointF(width() - covered.width(), height() - covered.height()), m_scaled);
 }
 

@@ -2,6 +2,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <vector>
 
 class QFormLayout;
 class QVBoxLayout;
@@ -12,14 +13,13 @@ namespace vorel {
 class SectionPanel : public QWidget {
     Q_OBJECT
 public:
-    explicit SectionPanel(const QString &name, QWidget *parent = nullptr);
+    explicit SectionPanel(const QString &name, int columns = 1, QWidget *parent = nullptr);
 
-    QFormLayout *form() { return m_form; }
-    QVBoxLayout *column() { return m_column; }      // the form is its first item
-    // The ground, and the picture on it: as strong as the text that stands on it can bear.
+    // A column of fields; the last one for a number that is too high.
+    QFormLayout *form(int column = 0) { return m_forms[std::min(static_cast<std::size_t>(column), m_forms.size() - 1)]; }
+    QVBoxLayout *column() { return m_column; }      // the fields are its first item
+    // The background, and the picture on it: as strong as the text on it can bear.
     void setGround(const QColor &back, const QImage &picture);
-
-    static QFormLayout *makeForm();
 
 protected:
     void paintEvent(QPaintEvent *event) override;
@@ -27,7 +27,7 @@ protected:
 
 private:
     QVBoxLayout *m_column;
-    QFormLayout *m_form;
+    std::vector<QFormLayout *> m_forms;
     QColor m_back;
     QImage m_picture;
     QPixmap m_scaled;

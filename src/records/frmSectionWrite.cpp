@@ -1,80 +1,113 @@
 #include "records/frmSection.h"
 
+#include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
+#include "records/frmPictureSet.h"
 #include "records/frmRecordTree.h"
 #include "session/ini.h"
 
-#include <QComboBox>
+#include <QTabBar>
 
-// What writes: a new row, a save, a delete, the colour, the road out.
+// What writes: a new row, a save, a delete, the colour.
 namespace vorel {
 
 using namespace Qt::StringLiterals;
-using records::TreeMode;
+
+void frmSection::newClicked(int tab)
+{
+    if (m_pictures && m_design.panels[static_cast<std::size_t>(tab - 1)].name == m_design.picturePanel)
+        m_pictures->addSet();
+    else
+        AddNewRecord();
+}
 
 void frmSection::AddNewRecord(const QString &)
 {
-    if (!m_data->Leave())
+    controls::DataControl &current = dtaData();
+    if (!current.Leave())
         return;
-    if (!m_data->Recordset())
-        m_data->Refresh();
-    if (!m_data->Recordset() || !m_data->setBookmark(records::addRow(m_data->Recordset(), m_design)))
+    if (!current.Recordset())
+        current.Refresh();
+    if (!current.Recordset() || !current.setBookmark(records::addRow(current.Recordset(), m_design)))
         return;
     m_new = true;
     AllowInput();
     ShowInfo(1);
-    control<QWidget>(m_design.newFocus.toString())->setFocus();
+    control<QWidget>(m_design.newFocus)->setFocus();
 }
 
 // A number is kept of a copy of the user's own alone.
-void frmSection::beforeSave()
+void frmSection::keepCopyNumber()
 {
     if (m_design.copyCheck.isEmpty())
         return;
-    const QString number = m_design.copyNumber.toString();
-    if (!ticked(m_design.copyCheck.toString()))
-        setText(number, {});
-    else if (text(number).trimmed().isEmpty())
-        setText(number, u"N/A"_s);
+    if (!ticked(m_design.copyCheck))
+        setText(m_design.copyNumber, {});
+    else if (text(m_design.copyNumber).trimmed().isEmpty())
+        setText(m_design.copyNumber, u"N/A"_s);
 }
 
 void frmSection::cmdUpdate_Click()
 {
-    if (!m_data->hasRows())
+    if (!dtaData().hasRows() || !prepareSave())
         return;
     const QString id = text(u"lblIDNum"_s);
-    beforeSave();
-    if (!m_data->UpdateRecord())
+    keepCopyNumber();
+    if (!dtaData().UpdateRecord())
         return;
     dao::DBEngine::Idle(dao::dbRefreshCache);
-    if (std::exchange(m_new, false))
-        showTree(TreeMode::ByFirstCharacter, m_design.treeField.toString());
+    const bool first = std::exchange(m_new, false);
+    if (m_design.rebuild == records::TreeRebuild::OnEverySave)
+        rebuildTree();
+    else if (first && m_tree)
+        showTree(m_design.trees.front());
     afterSave();
     FillLists();
-    m_data->FindFirst(u"ID="_s + id);
+    if (dtaData().FindFirst(u"ID="_s + id))
+        showState(u"Saved"_s);
 }
 
-// The tree turns to the first characters, whatever its keys show.
+// The next record in the order on show, behind the last one the one before; or the one before from the start.
+qint32 frmSection::neighbourId() const
+{
+    dao::Recordset &rows = const_cast<frmSection *>(this)->dtaData().Recordset();
+    const int id = rows.fieldIndex(u"ID");
+    const qsizetype here = rows.AbsolutePosition();
+    const auto firstOf = [&](qsizetype row, int step) {
+        for (; row >= 0 && row < rows.rowTotal(); row += step) {
+            if (const dao::Value value = rows.cell(row, id); !value.isNull())      // Null: deleted by another process
+                return static_cast<qint32>(basic::CLng(value));
+        }
+        return 0;
+    };
+    const int way = m_design.deleteGoesBack ? -1 : 1;
+    const qint32 found = firstOf(here + way, way);
+    return found != 0 ? found : firstOf(here - way, -way);
+}
+
 void frmSection::cmdDelete_Click()
 {
     const auto wished = basic::prompts().message(u"Do you want to Delete this Record ?"_s, u"Question?"_s, basic::Buttons::YesNo,
                                                  basic::Icon::Critical);
     if (wished != basic::Answer::Yes)
         return;
-    if (m_data->hasRows()) {
-        m_data->revert();                   // what was typed goes with the row
-        dao::Recordset &rows = m_data->Recordset();
-        const qsizetype here = rows.AbsolutePosition();
-        dao::Transaction all(m_data->Database());
-        deleteChildren(m_data->Database(), currentId());
-        rows.Delete();
+    if (dtaData().hasRows()) {
+        dtaData().revert();                 // what was typed goes with the row
+        const qint32 id = currentId(), neighbour = neighbourId();
+        dao::Transaction all(dtaData().Database());
+        records::DeleteChildren(dtaData().Database(), m_design, id, text(m_design.nameControl));
+        dtaData().Recordset().Delete();
         all.Commit();
-        m_data->Refresh();
-        if (const qsizetype left = m_data->hasRows() ? m_data->Recordset().rowTotal() : 0; left > 0)
-            m_data->setBookmark(m_data->Recordset().bookmarkAt(std::min(here, left - 1)));
+        dtaData().Refresh();
+        if (neighbour != 0)
+            dtaData().FindFirst(u"ID="_s + QString::number(neighbour));
+        afterDelete(id);
     }
     AllowInput();
-    showTree(TreeMode::ByFirstCharacter, m_design.treeField.toString());
+    if (m_design.treeAfterDelete == records::TreeAfterDelete::SameMode)
+        rebuildTree();
+    else if (m_tree)
+        showTree(m_design.trees.front());   // whatever the buttons show
 }
 
 void frmSection::cmdColor_Click()
@@ -86,15 +119,11 @@ void frmSection::cmdColor_Click()
     m_back = QColor::fromRgb(*chosen);
     GetColours();
     const int number = m_back.red() | m_back.green() << 8 | m_back.blue() << 16;
-    PutIniValue(iniSettings, m_design.colourKey.toString(), QString::number(number));
-    m_tree->setFocus();
-    if (m_data->hasRows())
-        m_data->FindFirst(u"ID="_s + text(u"lblIDNum"_s));
-}
-
-bool frmSection::QueryUnload()
-{
-    return m_data->Leave();
+    PutIniValue(iniSettings, m_design.colourKey, QString::number(number));
+    if (m_tree)
+        m_tree->setFocus();
+    if (dtaData().hasRows())
+        dtaData().FindFirst(u"ID="_s + text(u"lblIDNum"_s));
 }
 
 }

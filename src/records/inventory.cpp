@@ -10,6 +10,12 @@ namespace vorel::records {
 using namespace Qt::StringLiterals;
 using basic::DateTime;
 
+namespace {
+
+constexpr int tooLong = 3163;
+
+}
+
 std::optional<DateTime> warrantyExpiry(const QString &purchaseDate, const QString &period)
 {
     std::optional<DateTime> expiry;
@@ -27,14 +33,13 @@ bool transferWarranty(const DateTime &expiry, const QString &eventText)
     dao::Database database = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
     dao::Transaction all(database);
     dao::Recordset events = database.OpenRecordset(
-        u"select * from [Events] WHERE UCASE([Subject])='WARRANTY EXPIRED' AND [EVENT]='"_s + eventText + u"';"_s);
+        u"select * from [Events] WHERE UCASE([Subject])='WARRANTY EXPIRED' AND [EVENT]="_s + dao::literal(eventText) + u';');
     if (!events.EOF_())
         return false;
-    events.AddNew();
-    events.Set(u"Date", expiry);
-    events.Set(u"Subject", u"Warranty Expired"_s);
-    events.Set(u"EVENT", eventText);
-    events.Update();
+    const int most = events.Fields()[static_cast<std::size_t>(events.fieldIndex(u"EVENT"))].Size;
+    if (eventText.size() > most)
+        throw basic::Error(tooLong, u"The item with its make and model is too long for an event: %1 of %2"_s.arg(eventText.size()).arg(most));
+    dao::NewRow(events).set(u"Date", expiry).set(u"Subject", u"Warranty Expired"_s).set(u"EVENT", eventText).save();
     all.Commit();
     return true;
 }

@@ -13,7 +13,7 @@ namespace vorel::records {
 std::optional<basic::DateTime> warrantyExpiry(const QString &purchaseDate, const QString &period);
 
 // Adds the event "Warranty Expired" with that text to the main file. false: the text has one already, whatever its
-// date. EngineError, and nothing added, when the query or the row fails (an apostrophe in the text).
+// date. An error, and nothing added, when the query or the row fails (a text longer than an event's).
 bool transferWarranty(const basic::DateTime &expiry, const QString &eventText);
 
 // A date's text as a record's box shows and keeps it (gDateShort); a text that is no date stays as it is.

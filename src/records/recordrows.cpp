@@ -1,26 +1,48 @@
 #include "records/recordrows.h"
 
-#include "platform/basic/error.h"
-
 namespace vorel::records {
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const dao::RecordsetField *findField(const dao::Recordset &rows, QStringView name)
+{
+    for (const dao::RecordsetField &field : rows.Fields()) {
+        if (name.compare(field.Name, Qt::CaseInsensitive) == 0)
+            return &field;
+    }
+    return nullptr;
+}
+
+}
 
 dao::Bookmark addRow(dao::Recordset &rows, const RecordDesign &design)
 {
     constexpr int ownerSize = 20;
     dao::NewRow row(rows);
     for (const FirstValue &first : design.newRow) {
-        const dao::RecordsetField &column = rows.Fields()[static_cast<std::size_t>(rows.fieldIndex(first.field))];
-        const bool isText = column.Type == dao::dbText || column.Type == dao::dbMemo;
-        row.set(first.field, first.text.isEmpty() && !isText ? dao::Value() : dao::Value(first.text.toString()));
+        const dao::RecordsetField *field = findField(rows, first.field);
+        if (!field)
+            continue;
+        const auto *now = std::get_if<dao::Value (*)()>(&first.value);
+        const dao::Value value = now ? (*now)() : std::get<dao::Value>(first.value);
+        const bool isText = field->Type == dao::dbText || field->Type == dao::dbMemo;
+        row.set(first.field, value.text().isEmpty() && !isText ? dao::Value() : value);
     }
-    for (const dao::RecordsetField &column : rows.Fields()) {       // the books' table names no owner
-        if (column.Name.compare(u"UsersName", Qt::CaseInsensitive) == 0)
-            row.set(column.Name, state().settings.gUserName.left(ownerSize));
-    }
+    if (findField(rows, u"UsersName"))          // the books' table has no owner
+        row.set(u"UsersName", state().settings.gUserName.left(ownerSize));
     row.save();
     return rows.LastModified();
+}
+
+void DeleteChildren(dao::Database &database, const RecordDesign &design, qint32 id, const QString &name)
+{
+    for (QString sql : design.childDeletes) {
+        sql.replace(u"%id"_s, QString::number(id));         // before the name, which may contain it
+        sql.replace(u"%name"_s, dao::literal(name));
+        database.Execute(sql);
+    }
 }
 
 namespace {
@@ -39,7 +61,7 @@ QStringList firstColumn(const QString &databasePath, const QString &sql)
 
 QStringList listValues(const QString &databasePath, const Choices &list)
 {
-    return list.starts + firstColumn(databasePath, list.sql.toString());
+    return list.starts + firstColumn(databasePath, list.sql);
 }
 
 QStringList Tracks(const QString &databasePath, qint32 id)

@@ -1,4 +1,4 @@
-list(APPEND VOREL_SCREENS records/frmRecordTree.cpp)
+list(APPEND VOREL_SCREENS records/frmRecordTree.cpp records/frmChildGrid.cpp records/frmPictureSet.cpp)
 list(APPEND VOREL_SCREENS
   records/frmBooks.cpp
   records/frmInventory.cpp

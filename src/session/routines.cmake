@@ -3,7 +3,9 @@ list(APPEND VOREL_ROUTINES
   session/datafiles.cpp
   session/ini.cpp
   session/sections.cpp
+  session/recordtree.cpp
   session/sections/books.cpp
+  session/sections/collections.cpp
   session/sections/inventory.cpp
   session/sections/movies.cpp
   session/sections/music.cpp

@@ -10,7 +10,8 @@
 namespace vorel {
 
 using namespace Qt::StringLiterals;
-using records::TreeMode;
+using records::NameCase;
+using records::TreeReader;
 
 namespace {
 
@@ -22,7 +23,6 @@ protected:
     {
         test::putEmptyFiles(m_folder.path());
         state().gIniFile = m_folder.path(u"test.ini"_s);
-        state().selection.gSection = u"K"_s;
         setCapitals(false);
     }
 
@@ -52,21 +52,25 @@ protected:
     }
 
     // "A: Ant(3), Asp(1)"
-    static QStringList shownRows(const std::vector<records::TreeGroup> &groups)
+    static QStringList shownRows(const std::vector<records::TreeNode> &groups)
     {
         QStringList all;
-        for (const records::TreeGroup &group : groups) {
+        for (const records::TreeNode &group : groups) {
             QStringList leaves;
-            for (const records::TreeLeaf &leaf : group.leaves)
+            for (const records::TreeNode &leaf : group.children)
                 leaves << u"%1(%2)"_s.arg(leaf.text).arg(leaf.id);
             all << group.text + u": "_s + leaves.join(u", ");
         }
         return all;
     }
-    QStringList books(TreeMode mode, const QString &field = u"TITLE"_s) const
+    static std::vector<records::TreeNode> nodesOf(TreeReader read, const records::TreeRequest &request)
     {
-        return shownRows(records::recordTreeRows(mode, file(u"BOOKS.MDB"_s), u"BOOKS"_s, field));
+        std::vector<records::TreeNode> nodes;
+        read(request, nodes);
+        return nodes;
     }
+    records::TreeRequest ofBooks(const QString &field = u"TITLE"_s) const { return {file(u"BOOKS.MDB"_s), u"BOOKS"_s, field, u"TITLE"_s}; }
+    QStringList books(TreeReader read, const QString &field = u"TITLE"_s) const { return shownRows(nodesOf(read, ofBooks(field))); }
 };
 
 const std::vector<Row> library = {{u"the mcdonald papers"_s, u"Ann O`brien"_s, u"History"_s},
@@ -82,16 +86,17 @@ TEST_F(Tree, GroupsAndOrderOfEachMode)
 {
     addBooks(library);
     // A title that is empty or begins with a mark has no leaf by first character, a row without a category none by it.
-    EXPECT_EQ(books(TreeMode::ByFirstCharacter),
+    EXPECT_EQ(books(records::readTreeByFirstCharacter),
               (QStringList{u"1: 1984(2)"_s, u"7: 7 Days(6)"_s, u"T: Tales(5), The McDonald Papers(1)"_s}));
-    EXPECT_EQ(books(TreeMode::ByCategory), (QStringList{u"History: 7 Days(6), The McDonald Papers(1)"_s, u"Novel: (untold)(3), 1984(2)"_s}));
-    EXPECT_EQ(books(TreeMode::ByField, u"AUTHOR"_s),
+    EXPECT_EQ(books(records::readTreeByCategory), (QStringList{u"History: 7 Days(6), The McDonald Papers(1)"_s, u"Novel: (untold)(3), 1984(2)"_s}));
+    EXPECT_EQ(books(records::readTreeByField, u"AUTHOR"_s),
               (QStringList{u"Ann O`brien: The McDonald Papers(1)"_s, u"George Orwell: (untold)(3), 1984(2)"_s, u"Zoe Adams: Tales(5)"_s}));
-    // Only books, recipes and music call the leaves of a field by the title.
-    state().selection.gSection = u"V"_s;
-    EXPECT_EQ(books(TreeMode::ByField, u"AUTHOR"_s).value(0), u"Ann O`brien: Ann O`Brien(1)");
+    // A leaf may be called by the field that groups.
+    records::TreeRequest called = ofBooks(u"AUTHOR"_s);
+    called.leaf.clear();
+    EXPECT_EQ(shownRows(nodesOf(records::readTreeByField, called)).value(0), u"Ann O`brien: Ann O`Brien(1)");
     setCapitals(true);
-    EXPECT_EQ(books(TreeMode::ByFirstCharacter).value(2), u"T: TALES(5), THE MCDONALD PAPERS(1)");
+    EXPECT_EQ(books(records::readTreeByFirstCharacter).value(2), u"T: TALES(5), THE MCDONALD PAPERS(1)");
 }
 
 // Many groups are read in another way than one by one; each holds what its own query finds.
@@ -102,38 +107,37 @@ TEST_F(Tree, ManyGroupsHoldWhatTheirQueriesFind)
     for (int i = 0; i < 60; ++i)
         rows.push_back({QString(QChar(u'z' - i % 26)) + QString::number(i % 7), i % 3 ? authors[i % 10] : u"Author %1"_s.arg(i % 20), {}});
     addBooks(rows);
-    const auto groups = records::recordTreeRows(TreeMode::ByField, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"AUTHOR"_s);
+    const auto groups = nodesOf(records::readTreeByField, ofBooks(u"AUTHOR"_s));
     EXPECT_GT(groups.size(), 16U);
     qsizetype leaves = 0;
     dao::Database database = dao::DBEngine::OpenDatabase(file(u"BOOKS.MDB"_s));
-    for (const records::TreeGroup &group : groups) {
+    for (const records::TreeNode &group : groups) {
         QStringList found, shownIds;
         dao::Recordset set = database.OpenRecordset(u"SELECT * FROM [BOOKS] WHERE [AUTHOR]='"_s + group.text + u"' ORDER BY [TITLE];"_s);
         for (; !set.EOF_(); set.MoveNext())
             found << set.Get(u"ID").text();
-        for (const records::TreeLeaf &leaf : group.leaves)
+        for (const records::TreeNode &leaf : group.children)
             shownIds << QString::number(leaf.id);
         EXPECT_EQ(shownIds, found) << group.text.toStdString();
         leaves += found.size();
     }
     EXPECT_EQ(leaves, 60);
 
+    // A value with an apostrophe has no group, whichever way the others are read; they are all there.
     addBooks({{u"Last"_s, u"B'Elanna"_s, {}}});
-    std::vector<records::TreeGroup> before;
-    EXPECT_EQ(test::errorOf([&] { records::readRecordTree(TreeMode::ByField, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"AUTHOR"_s, before); }), 3075);
-    ASSERT_FALSE(before.empty());
-    EXPECT_LT(before.back().text.toLower(), u"b'elanna");
-    EXPECT_LT(before.size(), groups.size());
+    std::vector<records::TreeNode> others;
+    EXPECT_EQ(test::errorOf([&] { records::readTreeByField(ofBooks(u"AUTHOR"_s), others); }), 3075);
+    EXPECT_EQ(shownRows(others), shownRows(groups));
 }
 
 TEST_F(Tree, InventoryShowsItsItemsByLettersAlone)
 {
-    state().selection.gSection = u"I"_s;
     for (const QString &item : {u"mcintosh lamp"_s, u"4 chairs"_s, u"armchair"_s})
         add(u"VOREL.MDB"_s, u"INVENTORY"_s, {{{u"ITEM"_s, item}, {u"CATEGORY"_s, u"House"_s}}});
-    EXPECT_EQ(shownRows(records::recordTreeRows(TreeMode::ByFirstCharacter, path(), u"Inventory"_s, u"ITEM"_s)),
+    const records::TreeRequest request{path(), u"INVENTORY"_s, u"ITEM"_s, u"ITEM"_s, NameCase::Words};
+    EXPECT_EQ(shownRows(nodesOf(records::readTreeByFirstLetter, request)),
               (QStringList{u"A: Armchair(3)"_s, u"M: Mcintosh Lamp(1)"_s}));
-    EXPECT_EQ(shownRows(records::recordTreeRows(TreeMode::ByCategory, path(), u"INVENTORY"_s, u"ITEM"_s)),
+    EXPECT_EQ(shownRows(nodesOf(records::readTreeByCategory, request)),
               QStringList{u"House: 4 Chairs(2), Armchair(3), Mcintosh Lamp(1)"_s});
 }
 
@@ -147,30 +151,27 @@ TEST_F(Tree, MixedCaseNames)
                           {u"tarmac mc", u"Tarmac Mc", u"Tarmac Mc"},
                           {u"smith-", u"Smith-", u"Smith-"}};
     for (const Case &c : cases) {
-        state().selection.gSection = u"P"_s;
         EXPECT_EQ(records::MixedCaseName(QString::fromUtf16(c.text)), QString::fromUtf16(c.books));
-        state().selection.gSection = u"I"_s;
-        EXPECT_EQ(records::MixedCaseName(QString::fromUtf16(c.text)), QString::fromUtf16(c.inventory));
+        EXPECT_EQ(records::MixedCaseName(QString::fromUtf16(c.text), NameCase::Words), QString::fromUtf16(c.inventory));
     }
 }
 
-TEST_F(Tree, ApostropheInACategoryEndsTheTreeThere)
+TEST_F(Tree, AnApostropheInACategoryHindersItsOwnGroupAlone)
 {
     addBooks({{u"Ants"_s, {}, u"Animals"_s}, {u"Birds"_s, {}, u"Children's"_s}, {u"Cats"_s, {}, u"Zoo"_s}});
     const QByteArray before = m_folder.read(u"BOOKS.MDB"_s);
-    EXPECT_EQ(test::errorOf([&] { books(TreeMode::ByCategory); }), 3075);
     RecordTree tree;
-    m_prompts.expect(u"Syntax error"_s);
-    FillRecordTree(tree, TreeMode::ByCategory, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"TITLE"_s);
+    m_prompts.expect(u"The tree cannot show the records of \"Children's\""_s);
+    FillRecordTree(tree, records::readTreeByCategory, ofBooks());
     EXPECT_TRUE(m_prompts.isDone());
-    ASSERT_EQ(tree.model()->rowCount(), 1);
-    EXPECT_EQ(tree.model()->index(0, 0).data().toString(), u"Animals");
+    ASSERT_EQ(tree.model()->rowCount(), 2);
+    EXPECT_EQ(tree.model()->index(1, 0).data().toString(), u"Zoo");
     EXPECT_TRUE(tree.updatesEnabled());
     EXPECT_EQ(m_folder.read(u"BOOKS.MDB"_s), before);
 
     m_prompts.expect({});       // the file is gone
     ASSERT_TRUE(QFile::remove(file(u"BOOKS.MDB"_s)));
-    FillRecordTree(tree, TreeMode::ByFirstCharacter, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"TITLE"_s);
+    FillRecordTree(tree, records::readTreeByFirstCharacter, ofBooks());
     EXPECT_TRUE(tree.isEmpty());
 }
 
@@ -181,7 +182,7 @@ TEST_F(Tree, SelectsTheRecordOrElseTheFirstNode)
     EXPECT_FALSE(tree.currentIndex().isValid());
     addBooks(library);
     const QSignalSpy clicks(&tree, &RecordTree::NodeClicked);
-    FillRecordTree(tree, TreeMode::ByFirstCharacter, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"TITLE"_s);
+    FillRecordTree(tree, records::readTreeByFirstCharacter, ofBooks());
     struct Case { const char16_t *id, *text; };
     const Case cases[] = {{u"5", u"Tales"}, {u"2", u"1984"}, {u"3", u"1"}, {u"05", u"1"}, {u"", u"1"}, {u"1", u"The McDonald Papers"}};
     for (const Case &c : cases) {
@@ -203,13 +204,34 @@ TEST_F(Tree, SelectsTheRecordOrElseTheFirstNode)
     EXPECT_GT(red.red(), red.blue() + 60);
 }
 
-TEST_F(Tree, UserMovesAreTold)
+// Nodes to any depth, some marked; several lines of a value are one line of the tree.
+TEST_F(Tree, ShowsFurtherLevelsAndMarkedNodes)
+{
+    const auto read = [](const records::TreeRequest &, std::vector<records::TreeNode> &nodes) {
+        nodes.push_back({0, u"Ann\r\nBea"_s, false, {{7, u"Mill Ltd"_s, true, {{8, u"-   Carl"_s}}}, {9, u"Ox"_s}}});
+    };
+    RecordTree tree;
+    FillRecordTree(tree, read, {});
+    const QModelIndex group = tree.model()->index(0, 0);
+    EXPECT_EQ(group.data().toString(), u"Ann, Bea");
+    EXPECT_EQ(group.data(Qt::ToolTipRole).toString(), u"Ann, Bea");
+    SelectTreeNode(tree, u"8"_s);
+    EXPECT_EQ(tree.currentIndex().data().toString(), u"-   Carl");
+    const QModelIndex firm = tree.currentIndex().parent();
+    EXPECT_EQ(firm.data(Qt::UserRole).toString(), u"7");
+    EXPECT_EQ(firm.parent(), group);
+    EXPECT_TRUE(firm.data(Qt::ForegroundRole).isValid());
+    EXPECT_EQ(firm.siblingAtRow(1).data().toString(), u"Ox");
+    EXPECT_FALSE(firm.siblingAtRow(1).data(Qt::ForegroundRole).isValid());
+}
+
+TEST_F(Tree, UserMovesAreReported)
 {
     addBooks(library);
     RecordTree tree;
     tree.resize(300, 300);
     tree.show();
-    FillRecordTree(tree, TreeMode::ByFirstCharacter, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"TITLE"_s);
+    FillRecordTree(tree, records::readTreeByFirstCharacter, ofBooks());
     SelectTreeNode(tree, u"2"_s);
     const QSignalSpy clicks(&tree, &RecordTree::NodeClicked);
     const auto told = [&](const auto &step) {
@@ -240,7 +262,7 @@ TEST_F(Tree, RebuiltTreeStaysWhereItIs)
     RecordTree tree;
     tree.resize(300, 200);
     tree.show();
-    const auto fill = [&] { FillRecordTree(tree, TreeMode::ByFirstCharacter, file(u"BOOKS.MDB"_s), u"BOOKS"_s, u"TITLE"_s); };
+    const auto fill = [&] { FillRecordTree(tree, records::readTreeByFirstCharacter, ofBooks()); };
     fill();
     EXPECT_FALSE(tree.isExpanded(tree.model()->index(3, 0)));
     SelectTreeNode(tree, u"144"_s);         // "D title 143"

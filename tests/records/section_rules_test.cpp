@@ -33,6 +33,50 @@ TEST_F(Rules, TypedApostrophesBecomeGraveAccentsInTheFieldsOfQueries)
     EXPECT_EQ(typed(u"cboItem"_s) + typed(u"txtMake"_s), u"a'ba'b"_s);
 }
 
+// Text comes by other ways than keys; what a row held before is shown as it is.
+TEST_F(Rules, PastedAndCompletedApostrophesTooAndWhatAFieldCannotHoldIsCut)
+{
+    run(DataFile::Books, {u"INSERT INTO [BOOKS] (TITLE,AUTHOR) VALUES('Ann''s way','O''Hara')"_s});
+    openScreen<frmBooks>(u"K"_s);
+    EXPECT_EQ(text(u"txtTitle"_s) + u' ' + text(u"txtAuthor"_s), u"Ann's way O'Hara"_s);
+    EXPECT_FALSE(form->isWindowModified());
+    auto *title = at<QLineEdit>(u"txtTitle"_s);
+    auto *author = at<QPlainTextEdit>(u"txtAuthor"_s);
+    title->clear();
+    title->insert(u"Bea's"_s);
+    author->clear();
+    author->insertPlainText(u"O'Brien\nD'Arcy"_s);
+    EXPECT_EQ(text(u"txtTitle"_s) + u' ' + text(u"txtAuthor"_s), u"Bea`s O`Brien\nD`Arcy"_s);
+    EXPECT_TRUE(form->isWindowModified());
+
+    author->setPlainText(u"end"_s);
+    author->moveCursor(QTextCursor::Start);
+    author->insertPlainText(u"a line\n"_s.repeated(20));        // 20 * 8 with its CR LF
+    const QString kept = text(u"txtAuthor"_s);
+    EXPECT_EQ(kept.size() + kept.count(u'\n'), 100) << kept.toStdString();
+    EXPECT_TRUE(kept.endsWith(u"end"_s)) << "what was there stays";
+    at<QComboBox>(u"cboCategory"_s)->lineEdit()->insert(QString(300, u'x'));
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(text(u"lblState"_s), u"Saved"_s);
+    EXPECT_TRUE(form->windowTitle().contains(u"Bea`s"_s));
+    EXPECT_FALSE(form->isWindowModified());
+}
+
+// The next record in the order on show, though rows were added since and the order in the file is another.
+TEST_F(Rules, AfterADeleteTheNextRecordIsShown)
+{
+    for (const QString &title : {u"Alpha"_s, u"Beta"_s, u"Delta"_s, u"Eta"_s})
+        run(DataFile::Books, {u"INSERT INTO [BOOKS] (TITLE) VALUES('"_s + title + u"')"_s});
+    openScreen<frmBooks>(u"K"_s);
+    click(u"cmdNew"_s);
+    type(u"txtTitle"_s, u"Aardvark"_s);
+    click(u"cmdUpdate"_s);
+    clickNode(u"Delta"_s);
+    user.expect(u"Do you want to Delete this Record ?"_s, basic::Answer::Yes);
+    click(u"cmdDelete"_s);
+    EXPECT_EQ(text(u"txtTitle"_s), u"Eta"_s);
+}
+
 TEST_F(Rules, MoviesShowARatingOnceSeenAndListsStartAsTold)
 {
     run(DataFile::Movies, {u"INSERT INTO [MOVIES] (TITLE,MEDIA) VALUES('Dawn','DVD')"_s, u"INSERT INTO [MOVIES] (TITLE) VALUES('Dusk')"_s});
@@ -87,6 +131,7 @@ TEST_F(Rules, InventoryReckonsTheWarrantyAndTellsTheEventsOnce)
     EXPECT_FALSE(at(u"txtPolicyNum"_s)->isEnabled());
     click(u"chkInsured"_s);
     EXPECT_TRUE(at(u"txtPolicyNum"_s)->isEnabled());
+    EXPECT_TRUE(at(u"cmdInsuranceExpiryDate"_s)->isVisible());
 }
 
 // Several lines are kept with the line ends that the reports and pages cut at; looking at a row changes nothing in it.

@@ -32,7 +32,7 @@ KeyRow::KeyRow(const QWidgetList &left, QWidget *text, const QWidgetList &right,
     : QWidget(parent), m_left(left), m_right(right.mid(0, right.size() - 1)), m_last(right.last()), m_more(new QToolButton(this))
 {
     m_more->setObjectName(u"cmdMore"_s);
-    m_more->setText(u"&More"_s);
+    m_more->setText(u"More"_s);
     m_more->setPopupMode(QToolButton::InstantPopup);
     m_more->setToolButtonStyle(Qt::ToolButtonTextOnly);
     m_more->setMenu(new QMenu(m_more));

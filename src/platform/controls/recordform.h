@@ -24,6 +24,7 @@ class RecordForm : public Form {
     Q_OBJECT
 public:
     DataControl &dtaData() { return *m_data; }
+    static QFormLayout *createFormLayout();
 
 protected:
     RecordForm(const QString &name, const QString &dataName, QWidget *parent);
@@ -42,7 +43,6 @@ protected:
     void placeBeside(const QString &field, QWidget *widget);        // at the end of a field's line
     // The row at the foot: the buttons of the record, lblState, the buttons of the screen. All must be kept.
     KeyRow *createKeyRow(const QStringList &left, const QStringList &right);
-    static QFormLayout *createFormLayout();
     static void chainTabs(const QWidgetList &widgets);              // what takes no focus, and repetitions, are left out
     QWidgetList fieldChain() const;                                 // the fields with their buttons, as read
 

@@ -2,55 +2,33 @@
 
 namespace vorel::records {
 
+using namespace Qt::StringLiterals;
 using enum FieldKind;
 
 const RecordDesign &booksRecord()
 {
-    static const RecordDesign design = [] {
-        RecordDesign made;
-        made.letter = u"K";
-        made.screen = u"frmBooks";
-        made.title = u"Books";
-        made.file = DataFile::Books;
-        made.table = u"BOOKS";
-        made.rows = u"SELECT * FROM [BOOKS] ORDER BY [Title]";
-        made.dataControl = u"dtaBookData";
-        made.colourKey = u"BookBackColour";
-        made.pictureKey = u"ShowBookPic";
-        made.picture = u"\\books.jpg";
-        made.chooser = u"Book Picture";
-        made.web = u"https://openlibrary.org";
-        made.treeField = u"TITLE";
-        made.nameControl = made.newFocus = u"txtTitle";
-        made.emptyNote = u"No books yet.\nNew adds the first one.";
-        made.copyCheck = u"chkOwnCopy";
-        made.copyNumber = u"txtStorageID";
-        made.pageFile = u"\\Book.HTML";
-        made.pageHeading = u"BOOKS";
-        made.trees = {allButton(u"TITLE"), categoryButton(u"TITLE"),
-                      {u"cmdAuthor", u"Author", u" By author ", TreeMode::ByField, u"AUTHOR"}};
-        made.panels = {{u"picDetails", u"Details"}, {u"picReview", u"Review"}, {u"picLoan", u"Loan"}, {u"picOther", u"Other"}};
-        made.fields = {
-            {u"txtTitle", u"TITLE", Line, u"picDetails", u"&Title", u"", true, true},
-            {u"txtAuthor", u"AUTHOR", Lines, u"picDetails", u"&Author", u"", true},
-            {u"txtPublisher", u"PUBLISHER", Lines, u"picDetails", u"&Publisher"},
-            {u"cboCategory", u"CATEGORY", List, u"picDetails", u"&Category"},
-            {u"cboRating", u"RATING", List, u"picReview", u"Ratin&g"},
-            {u"txtComments", u"COMMENTS", Rich, u"picReview", u"Comment&s"},
-        };
-        addLoanFields(made.fields);
-        addKeyFields(made.fields);
-        made.lists = {{u"cboRating", {}, u"select Distinct(RATING) from [BOOKS] ;"},
-                      {u"cboCategory", {}, u"select Distinct(CATEGORY) from [BOOKS] WHERE [CATEGORY]<>'';"}};
-        made.options = {{u"chkOwnCopy", {u"txtStorageID"}}};
-        made.newRow = {{u"COMMENTS", u"If you have the Internet connected then you may find the description of the book to "
-                                     u"paste here, otherwise enter your own. You may also find a picture of the book to load "
-                                     u"into your picture box"},
-                       {u"TITLE", u""}};
-        made.page = {{u"TITLE", u"txtTitle", false}, {u"CATEGORY", u"cboCategory"}, {u"AUTHOR", u"txtAuthor", false, true},
-                     {u"PUBLISHER", u"txtPublisher", false, true}, {u"REVIEW", u"txtComments", false}};
-        return made;
-    }();
+    static const RecordDesign design{
+        .letter = u"K"_s, .screen = u"frmBooks"_s, .title = u"Books"_s,
+        .file = DataFile::Books, .table = u"BOOKS"_s, .rows = u"SELECT * FROM [BOOKS] ORDER BY [Title]"_s, .dataControl = u"dtaBookData"_s,
+        .colourKey = u"BookBackColour"_s, .pictureKey = u"ShowBookPic"_s, .picture = u"\\books.jpg"_s, .chooser = u"Book Picture"_s,
+        .web = u"https://openlibrary.org"_s,
+        .nameControl = u"txtTitle"_s, .newFocus = u"txtTitle"_s, .emptyNote = u"No books yet.\nNew adds the first one."_s,
+        .copyCheck = u"chkOwnCopy"_s, .copyNumber = u"txtStorageID"_s, .pageFile = u"\\Book.HTML"_s, .pageHeading = u"BOOKS"_s,
+        .trees = {allButton(u"TITLE"_s), categoryButton(u"TITLE"_s),
+                  valueButton(u"cmdAuthor"_s, u"Author"_s, u" By author "_s, u"AUTHOR"_s)},
+        .panels = {{u"picDetails"_s, u"Details"_s}, {u"picReview"_s, u"Review"_s}, {u"picLoan"_s, u"Loan"_s}, {u"picOther"_s, u"Other"_s}},
+        .fields = collectionFields({
+            {.control = u"txtTitle"_s, .field = u"TITLE"_s, .label = u"&Title"_s, .rules = FieldRule::Grave | FieldRule::OneLine},
+            {.control = u"txtAuthor"_s, .field = u"AUTHOR"_s, .kind = Lines, .label = u"&Author"_s, .rules = FieldRule::Grave},
+            {.control = u"txtPublisher"_s, .field = u"PUBLISHER"_s, .kind = Lines, .label = u"&Publisher"_s},
+            {.control = u"cboCategory"_s, .field = u"CATEGORY"_s, .kind = List, .label = u"&Category"_s}}, false),
+        .lists = {{{u"cboRating"_s}, {}, u"select Distinct(RATING) from [BOOKS] ;"_s},
+                  {{u"cboCategory"_s}, {}, u"select Distinct(CATEGORY) from [BOOKS] WHERE [CATEGORY]<>'';"_s}},
+        .options = {{u"chkOwnCopy"_s, {u"txtStorageID"_s}}},
+        .newRow = {{u"COMMENTS"_s, newRecordHint(u"book"_s, u"book"_s)}, {u"TITLE"_s}},
+        .page = {{u"TITLE"_s, u"txtTitle"_s, false}, {u"CATEGORY"_s, u"cboCategory"_s}, {u"AUTHOR"_s, u"txtAuthor"_s, false, true},
+                 {u"PUBLISHER"_s, u"txtPublisher"_s, false, true}, {u"REVIEW"_s, u"txtComments"_s, false}},
+    };
     return design;
 }
 

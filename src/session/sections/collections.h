@@ -1,36 +1,30 @@
 #pragma once
 
 #include "session/recorddesign.h"
+#include "session/recordtree.h"
 
 // What the collections (books, movies, music) have in common.
 namespace vorel::records {
 
-constexpr TreeButton allButton(QStringView field)
+inline TreeButton allButton(const QString &field, const QString &tip = QStringLiteral(" By first character "))
 {
-    return {u"cmdAll", u"All", u" By first character ", TreeMode::ByFirstCharacter, field};
+    return {QStringLiteral("cmdAll"), QStringLiteral("All"), tip, readTreeByFirstCharacter, field, field};
 }
 
-constexpr TreeButton categoryButton(QStringView field)
+inline TreeButton categoryButton(const QString &field)
 {
-    return {u"cmdCategory", u"Category", u" By category ", TreeMode::ByCategory, field};
+    return {QStringLiteral("cmdCategory"), QStringLiteral("Category"), QStringLiteral(" By category "), readTreeByCategory, field, field};
 }
 
-// What every collection holds of its copies.
-inline void addLoanFields(std::vector<Field> &fields)
+// A field's values group the titles.
+inline TreeButton valueButton(const QString &name, const QString &caption, const QString &tip, const QString &field)
 {
-    fields.insert(fields.end(), {
-        {u"chkOwnCopy", u"HAVECOPY", FieldKind::Check, u"picLoan", u"Own &Copy"},
-        {u"txtStorageID", u"STORAGEID", FieldKind::Line, u"picLoan", u"Libra&y #", u"lblLibrary"},
-        {u"txtOnLoan", u"ONLOAN", FieldKind::Line, u"picLoan", u"Currently On loan &to"},
-    });
+    return {name, caption, tip, readTreeByField, field, QStringLiteral("TITLE")};
 }
 
-inline void addKeyFields(std::vector<Field> &fields)
-{
-    fields.insert(fields.end(), {
-        {u"lblPictureFile", u"FILENAME", FieldKind::Picture, u"picOther", u"Picture:", u"lblPicture"},
-        {u"lblIDNum", u"ID", FieldKind::Hidden},
-    });
-}
+// The fields of a collection: its own on the details, then what every collection holds of its copies.
+std::vector<Field> collectionFields(std::vector<Field> details, bool hasSound);
+// The hint that a new record starts with.
+QString newRecordHint(const QString &what, const QString &pictured);
 
 }

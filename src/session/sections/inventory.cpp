@@ -1,45 +1,61 @@
-#include "session/recorddesign.h"
+#include "session/sections/collections.h"
 
 namespace vorel::records {
 
+using namespace Qt::StringLiterals;
 using enum FieldKind;
 
 namespace {
 
-const std::vector<Field> &inventoryFields()
+// The fields of one panel, or of a group on it.
+void add(std::vector<Field> &fields, const QString &panel, std::vector<Field> more, const QString &group = {})
 {
-    static const std::vector<Field> fields = {
-        {u"cboItem", u"ITEM", List, u"picDetails", u"I&tem"},
-        {u"cboCategory", u"CATEGORY", List, u"picDetails", u"&Category"},
-        {u"txtMake", u"MAKE", Line, u"picDetails", u"&Make"},
-        {u"txtModel", u"MODEL", Line, u"picDetails", u"Mo&del"},
-        {u"txtSerialNum", u"SERIALNUM", Line, u"picDetails", u"&Serial #"},
-        {u"txtLocation", u"LOCATION", Line, u"picDetails", u"Loc&ation"},
-        {u"txtOnLoan", u"ONLOAN", Line, u"picDetails", u"Curr&ently On loan to"},
-        {u"txtDatePurchased", u"DATEPURCHASED", Date, u"picPurchase", u"&Date purchased", u"", false, false, u"",
-         u"cmdDatePurchased", u"P", true},
-        {u"txtPurchasedFrom", u"PURCHASEDFROM", Line, u"picPurchase", u"Purchased &from"},
-        {u"txtReceiptNum", u"RECEIPTNUM", Line, u"picPurchase", u"Receipt &#"},
-        {u"txtPaymentMethod", u"PAYMENTMETHOD", Line, u"picPurchase", u"Payment &method"},
-        {u"txtCost", u"COST", Amount, u"picPurchase", u"&Cost"},
-        {u"txtGST", u"GST", Amount, u"picPurchase", u"&GST"},
-        {u"txtOtherTax", u"OTHERTAX", Amount, u"picPurchase", u"Other ta&x"},
-        {u"txtWarrantyPeriod", u"WARRANTYPERIOD", Digits, u"picPurchase", u"Warrant&y (months)"},
-        {u"txtWarrantyExpiryDate", u"WARRANTYEXPIRYDATE", Date, u"picPurchase", u"W&arranty expires", u"", false, false, u"",
-         u"cmdCal", u"Y"},
-        {u"chkInsured", u"INSURED", Check, u"picOther", u"In&sured"},
-        {u"txtInsuredWith", u"INSUREDWITH", Line, u"picOther", u"Insured wit&h", u"", false, false, u"fraInsurance"},
-        {u"txtPolicyNum", u"POLICYNUM", Line, u"picOther", u"Polic&y #", u"", false, false, u"fraInsurance"},
-        {u"txtInsuredAmount", u"INSUREDAMOUNT", Line, u"picOther", u"&Amount", u"", false, false, u"fraInsurance"},
-        {u"txtInsuranceExpiryDate", u"INSURANCEEXPIRYDATE", Line, u"picOther", u"&Expires", u"", false, false, u"fraInsurance"},
-        {u"lblPictureFile", u"FILENAME", Picture, u"picOther", u"Picture:", u"lblPicture"},
-        {u"txtComments", u"NOTES", Rich, u"picOther", u"No&tes"},
-        {u"txtDateDisposed", u"DATEDISPOSED", Date, u"picDisposal", u"&Date disposed", u"", false, false, u"",
-         u"cmdDateDisposed", u"D", true},
-        {u"txtDisposedTo", u"DISPOSEDTO", Line, u"picDisposal", u"Disposed &to"},
-        {u"txtDisposalCost", u"DISPOSALCOST", Amount, u"picDisposal", u"&Amount"},
-        {u"lblIDNum", u"ID", Hidden},
-    };
+    for (Field &field : more) {
+        field.panel = panel;
+        field.group = group;
+        fields.push_back(std::move(field));
+    }
+}
+
+std::vector<Field> inventoryFields()
+{
+    std::vector<Field> fields;
+    add(fields, u"picDetails"_s, {
+        {.control = u"cboItem"_s, .field = u"ITEM"_s, .kind = List, .label = u"I&tem"_s},
+        {.control = u"cboCategory"_s, .field = u"CATEGORY"_s, .kind = List, .label = u"&Category"_s},
+        {.control = u"txtMake"_s, .field = u"MAKE"_s, .label = u"&Make"_s},
+        {.control = u"txtModel"_s, .field = u"MODEL"_s, .label = u"Mo&del"_s},
+        {.control = u"txtSerialNum"_s, .field = u"SERIALNUM"_s, .label = u"&Serial #"_s},
+        {.control = u"txtLocation"_s, .field = u"LOCATION"_s, .label = u"Loc&ation"_s},
+        {.control = u"txtOnLoan"_s, .field = u"ONLOAN"_s, .label = u"Curr&ently On loan to"_s}});
+    add(fields, u"picPurchase"_s, {
+        {.control = u"txtDatePurchased"_s, .field = u"DATEPURCHASED"_s, .kind = Date, .label = u"&Date purchased"_s,
+         .rules = FieldRule::DoubleClick, .button = u"cmdDatePurchased"_s, .code = u"P"_s},
+        {.control = u"txtPurchasedFrom"_s, .field = u"PURCHASEDFROM"_s, .label = u"Purchased &from"_s},
+        {.control = u"txtReceiptNum"_s, .field = u"RECEIPTNUM"_s, .label = u"Receipt &#"_s},
+        {.control = u"txtPaymentMethod"_s, .field = u"PAYMENTMETHOD"_s, .label = u"Payment &method"_s},
+        {.control = u"txtCost"_s, .field = u"COST"_s, .kind = Amount, .label = u"&Cost"_s},
+        {.control = u"txtGST"_s, .field = u"GST"_s, .kind = Amount, .label = u"&GST"_s},
+        {.control = u"txtOtherTax"_s, .field = u"OTHERTAX"_s, .kind = Amount, .label = u"Other ta&x"_s},
+        {.control = u"txtWarrantyPeriod"_s, .field = u"WARRANTYPERIOD"_s, .kind = Digits, .label = u"Warrant&y (months)"_s},
+        {.control = u"txtWarrantyExpiryDate"_s, .field = u"WARRANTYEXPIRYDATE"_s, .kind = Date, .label = u"W&arranty expires"_s,
+         .rules = FieldRule::DoubleClick, .button = u"cmdCal"_s, .code = u"Y"_s}});
+    add(fields, u"picOther"_s, {{.control = u"chkInsured"_s, .field = u"INSURED"_s, .kind = Check, .label = u"In&sured"_s}});
+    add(fields, u"picOther"_s, {
+        {.control = u"txtInsuredWith"_s, .field = u"INSUREDWITH"_s, .label = u"Insured wit&h"_s},
+        {.control = u"txtPolicyNum"_s, .field = u"POLICYNUM"_s, .label = u"Polic&y #"_s},
+        {.control = u"txtInsuredAmount"_s, .field = u"INSUREDAMOUNT"_s, .label = u"&Amount"_s},
+        {.control = u"txtInsuranceExpiryDate"_s, .field = u"INSURANCEEXPIRYDATE"_s, .kind = Date, .label = u"&Expires"_s,
+         .rules = FieldRule::DoubleClick, .button = u"cmdInsuranceExpiryDate"_s}}, u"fraInsurance"_s);
+    add(fields, u"picOther"_s, {
+        {.control = u"lblPictureFile"_s, .field = u"FILENAME"_s, .kind = Path, .label = u"Picture"_s, .labelName = u"lblPicture"_s},
+        {.control = u"txtComments"_s, .field = u"NOTES"_s, .kind = Rich, .label = u"No&tes"_s}});
+    add(fields, u"picDisposal"_s, {
+        {.control = u"txtDateDisposed"_s, .field = u"DATEDISPOSED"_s, .kind = Date, .label = u"&Date disposed"_s,
+         .rules = FieldRule::DoubleClick, .button = u"cmdDateDisposed"_s, .code = u"D"_s},
+        {.control = u"txtDisposedTo"_s, .field = u"DISPOSEDTO"_s, .label = u"Disposed &to"_s},
+        {.control = u"txtDisposalCost"_s, .field = u"DISPOSALCOST"_s, .kind = Amount, .label = u"&Amount"_s}});
+    add(fields, {}, {{.control = u"lblIDNum"_s, .field = u"ID"_s, .kind = Hidden}});
     return fields;
 }
 
@@ -47,43 +63,32 @@ const std::vector<Field> &inventoryFields()
 
 const RecordDesign &inventoryRecord()
 {
-    static const RecordDesign design = [] {
-        RecordDesign made;
-        made.letter = u"I";
-        made.screen = u"frmInventory";
-        made.title = u"Inventory";
-        made.file = DataFile::Main;
-        made.table = u"INVENTORY";
-        made.rows = u"SELECT * FROM [Inventory] ORDER BY [Item]";
-        made.dataControl = u"dtaInventoryData";
-        made.colourKey = u"AssetBackColour";
-        made.pictureKey = u"ShowAssetPic";
-        made.picture = u"\\assets.jpg";
-        made.chooser = u"Asset Picture";
-        made.web = u"https://www.wikipedia.org";
-        made.treeField = u"ITEM";
-        made.nameControl = made.newFocus = u"cboItem";
-        made.emptyNote = u"No items yet.\nNew adds the first one.";
-        made.pageFile = u"\\PROFILE.HTML";          // the very file that the page of a profile is written to
-        made.pageHeading = u"INVENTORY";
-        made.trees = {{u"cmdAll", u"All", u" By first letter ", TreeMode::ByFirstCharacter, u"ITEM"},
-                      {u"cmdCategory", u"Category", u" By category ", TreeMode::ByCategory, u"ITEM"}};
-        made.panels = {{u"picDetails", u"Details"}, {u"picPurchase", u"Purchase"}, {u"picOther", u"Other"},
-                       {u"picDisposal", u"Disposal"}};
-        made.groups = {{u"fraInsurance", u"Insurance"}};
-        made.fields = inventoryFields();
-        made.lists = {{u"cboItem", {}, u"select Distinct(ITEM) from [INVENTORY] ORDER BY [ITEM]  ;"},
-                      {u"cboCategory", {}, u"select Distinct(CATEGORY) from [INVENTORY] ORDER BY [CATEGORY]  ;"}};
-        made.options = {{u"chkInsured", {u"fraInsurance"}, true}};
-        made.newRow = {{u"Item", u""}, {u"Make", u""}, {u"Model", u""}, {u"SerialNum", u""}, {u"Location", u""},
-                       {u"DatePurchased", u""}, {u"PurchasedFrom", u""}, {u"Cost", u""}, {u"OnLoan", u""}, {u"FILENAME", u""}};
-        made.page = {{u"ITEM", u"cboItem", false}, {u"CATEGORY", u"cboCategory"}, {u"MAKE", u"txtMake"}, {u"MODEL", u"txtModel"},
-                     {u"SERIAL #", u"txtSerialNum"}, {u"LOCATION", u"txtLocation"}, {u"DATE PURCHASED", u"txtDatePurchased"},
-                     {u"PURCHASED FROM", u"txtPurchasedFrom"}, {u"COST", u"txtCost"},
-                     {u"WARRANTY EXPIRES", u"txtWarrantyExpiryDate"}, {u"DATE DISPOSED", u"txtDateDisposed"},
-                     {u"DISPOSED TO", u"txtDisposedTo"}, {u"NOTES", u"txtComments"}};
-        return made;
-    }();
+    static const RecordDesign design{
+        .letter = u"I"_s, .screen = u"frmInventory"_s, .title = u"Inventory"_s,
+        .file = DataFile::Main, .table = u"INVENTORY"_s, .rows = u"SELECT * FROM [Inventory] ORDER BY [Item]"_s,
+        .dataControl = u"dtaInventoryData"_s,
+        .colourKey = u"AssetBackColour"_s, .pictureKey = u"ShowAssetPic"_s, .picture = u"\\assets.jpg"_s, .chooser = u"Asset Picture"_s,
+        .web = u"https://www.wikipedia.org"_s,
+        .nameControl = u"cboItem"_s, .newFocus = u"cboItem"_s, .emptyNote = u"No items yet.\nNew adds the first one."_s,
+        .pageFile = u"\\PROFILE.HTML"_s,            // the very file that the page of a profile is written to
+        .pageHeading = u"INVENTORY"_s,
+        .names = NameCase::Words,
+        .trees = {{u"cmdAll"_s, u"All"_s, u" By first letter "_s, readTreeByFirstLetter, u"ITEM"_s, u"ITEM"_s}, categoryButton(u"ITEM"_s)},
+        .panels = {{u"picDetails"_s, u"Details"_s}, {u"picPurchase"_s, u"Purchase"_s}, {u"picOther"_s, u"Other"_s},
+                   {u"picDisposal"_s, u"Disposal"_s}},
+        .groups = {{u"fraInsurance"_s, u"Insurance"_s}},
+        .fields = inventoryFields(),
+        .lists = {{{u"cboItem"_s}, {}, u"select Distinct(ITEM) from [INVENTORY] ORDER BY [ITEM]  ;"_s},
+                  {{u"cboCategory"_s}, {}, u"select Distinct(CATEGORY) from [INVENTORY] ORDER BY [CATEGORY]  ;"_s}},
+        .options = {{u"chkInsured"_s, {u"fraInsurance"_s}, true}},
+        .newRow = {{u"Item"_s}, {u"Make"_s}, {u"Model"_s}, {u"SerialNum"_s}, {u"Location"_s}, {u"DatePurchased"_s},
+                   {u"PurchasedFrom"_s}, {u"Cost"_s}, {u"OnLoan"_s}, {u"FILENAME"_s}},
+        .page = {{u"ITEM"_s, u"cboItem"_s, false}, {u"CATEGORY"_s, u"cboCategory"_s}, {u"MAKE"_s, u"txtMake"_s},
+                 {u"MODEL"_s, u"txtModel"_s}, {u"SERIAL #"_s, u"txtSerialNum"_s}, {u"LOCATION"_s, u"txtLocation"_s},
+                 {u"DATE PURCHASED"_s, u"txtDatePurchased"_s}, {u"PURCHASED FROM"_s, u"txtPurchasedFrom"_s}, {u"COST"_s, u"txtCost"_s},
+                 {u"WARRANTY EXPIRES"_s, u"txtWarrantyExpiryDate"_s}, {u"DATE DISPOSED"_s, u"txtDateDisposed"_s},
+                 {u"DISPOSED TO"_s, u"txtDisposedTo"_s}, {u"NOTES"_s, u"txtComments"_s}},
+    };
     return design;
 }
 

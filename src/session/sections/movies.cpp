@@ -2,61 +2,38 @@
 
 namespace vorel::records {
 
+using namespace Qt::StringLiterals;
 using enum FieldKind;
 
 const RecordDesign &moviesRecord()
 {
-    static const RecordDesign design = [] {
-        RecordDesign made;
-        made.letter = u"V";
-        made.screen = u"frmMovies";
-        made.title = u"Movies";
-        made.file = DataFile::Movies;
-        made.table = u"MOVIES";
-        made.rows = u"SELECT * FROM [MOVIES] ORDER BY [TITLE]";
-        made.dataControl = u"dtaMoviesData";
-        made.colourKey = u"MovieBackColour";
-        made.picture = u"\\movies.jpg";
-        made.chooser = u"Movie Picture";
-        made.sound = u"Movie Sound";
-        made.web = u"https://www.themoviedb.org";
-        made.treeField = u"TITLE";
-        made.nameControl = made.newFocus = u"txtTitle";
-        made.emptyNote = u"No movies yet.\nNew adds the first one.";
-        made.copyCheck = u"chkOwnCopy";
-        made.copyNumber = u"txtStorageID";
-        made.pageFile = u"\\Movie.HTML";
-        made.pageHeading = u"MOVIES";
-        made.trees = {allButton(u"TITLE"), categoryButton(u"TITLE")};
-        made.panels = {{u"picDetails", u"Details"}, {u"picReview", u"Review"}, {u"picLoan", u"Loan"}, {u"picOther", u"Other"}};
-        made.fields = {
-            {u"txtTitle", u"TITLE", Line, u"picDetails", u"&Title", u"", true, true},
-            {u"txtStarring", u"STARS", Lines, u"picDetails", u"&Starring", u"", true},
-            {u"txtDirector", u"DIRECTOR", Line, u"picDetails", u"&Director"},
-            {u"txtProducer", u"PRODUCER", Line, u"picDetails", u"&Producer"},
-            {u"cboCategory", u"CATEGORY", List, u"picDetails", u"&Category"},
-            {u"cboClassification", u"CLASSIFICATION", List, u"picDetails", u"Classi&fication"},
-            {u"cboMediaType", u"MEDIA", List, u"picDetails", u"&Media"},
-            {u"chkSeen", u"SEEN", Check, u"picReview", u"S&een"},
-            {u"cboRating", u"RATING", List, u"picReview", u"Ratin&g"},
-            {u"txtComments", u"COMMENTS", Rich, u"picReview", u"Comment&s"},
-        };
-        addLoanFields(made.fields);
-        made.fields.push_back({u"lblSoundFile", u"SOUNDFILENAME", Sound, u"picOther", u"Sound:", u"lblSound"});
-        addKeyFields(made.fields);
-        made.lists = {{u"cboMediaType", {}, u"select Distinct(MEDIA) from [MOVIES] ;"},
-                      {u"cboRating", {}, u"select Distinct(RATING) from [MOVIES] ;"},
-                      {u"cboClassification", {}, u"select Distinct(CLASSIFICATION) from [MOVIES] ;"},
-                      {u"cboCategory", {}, u"select Distinct(CATEGORY) from [MOVIES] WHERE [CATEGORY]<>'';"}};
-        made.options = {{u"chkOwnCopy", {u"txtStorageID"}}, {u"chkSeen", {u"cboRating"}}};
-        made.newRow = {{u"COMMENTS", u"If you have the Internet connected then you may find the description of the movie to "
-                                     u"paste here, otherwise enter your own. You may also find a picture of the movie to load "
-                                     u"into your picture box"},
-                       {u"TITLE", u""}};
-        made.page = {{u"TITLE", u"txtTitle", false}, {u"CATEGORY", u"cboCategory"}, {u"STARRING", u"txtStarring", true, true},
-                     {u"DIRECTOR", u"txtDirector"}, {u"PRODUCER", u"txtProducer"}, {u"REVIEW", u"txtComments", false}};
-        return made;
-    }();
+    static const RecordDesign design{
+        .letter = u"V"_s, .screen = u"frmMovies"_s, .title = u"Movies"_s,
+        .file = DataFile::Movies, .table = u"MOVIES"_s, .rows = u"SELECT * FROM [MOVIES] ORDER BY [TITLE]"_s, .dataControl = u"dtaMoviesData"_s,
+        .colourKey = u"MovieBackColour"_s, .picture = u"\\movies.jpg"_s, .chooser = u"Movie Picture"_s, .sound = u"Movie Sound"_s,
+        .web = u"https://www.themoviedb.org"_s,
+        .nameControl = u"txtTitle"_s, .newFocus = u"txtTitle"_s, .emptyNote = u"No movies yet.\nNew adds the first one."_s,
+        .copyCheck = u"chkOwnCopy"_s, .copyNumber = u"txtStorageID"_s, .pageFile = u"\\Movie.HTML"_s, .pageHeading = u"MOVIES"_s,
+        .trees = {allButton(u"TITLE"_s), categoryButton(u"TITLE"_s)},
+        .panels = {{u"picDetails"_s, u"Details"_s}, {u"picReview"_s, u"Review"_s}, {u"picLoan"_s, u"Loan"_s}, {u"picOther"_s, u"Other"_s}},
+        .fields = collectionFields({
+            {.control = u"txtTitle"_s, .field = u"TITLE"_s, .label = u"&Title"_s, .rules = FieldRule::Grave | FieldRule::OneLine},
+            {.control = u"txtStarring"_s, .field = u"STARS"_s, .kind = Lines, .label = u"&Starring"_s, .rules = FieldRule::Grave},
+            {.control = u"txtDirector"_s, .field = u"DIRECTOR"_s, .label = u"&Director"_s},
+            {.control = u"txtProducer"_s, .field = u"PRODUCER"_s, .label = u"&Producer"_s},
+            {.control = u"cboCategory"_s, .field = u"CATEGORY"_s, .kind = List, .label = u"&Category"_s},
+            {.control = u"cboClassification"_s, .field = u"CLASSIFICATION"_s, .kind = List, .label = u"Classi&fication"_s},
+            {.control = u"cboMediaType"_s, .field = u"MEDIA"_s, .kind = List, .label = u"&Media"_s},
+            {.control = u"chkSeen"_s, .field = u"SEEN"_s, .kind = Check, .panel = u"picReview"_s, .label = u"S&een"_s}}, true),
+        .lists = {{{u"cboMediaType"_s}, {}, u"select Distinct(MEDIA) from [MOVIES] ;"_s},
+                  {{u"cboRating"_s}, {}, u"select Distinct(RATING) from [MOVIES] ;"_s},
+                  {{u"cboClassification"_s}, {}, u"select Distinct(CLASSIFICATION) from [MOVIES] ;"_s},
+                  {{u"cboCategory"_s}, {}, u"select Distinct(CATEGORY) from [MOVIES] WHERE [CATEGORY]<>'';"_s}},
+        .options = {{u"chkOwnCopy"_s, {u"txtStorageID"_s}}, {u"chkSeen"_s, {u"cboRating"_s}}},
+        .newRow = {{u"COMMENTS"_s, newRecordHint(u"movie"_s, u"movie"_s)}, {u"TITLE"_s}},
+        .page = {{u"TITLE"_s, u"txtTitle"_s, false}, {u"CATEGORY"_s, u"cboCategory"_s}, {u"STARRING"_s, u"txtStarring"_s, true, true},
+                 {u"DIRECTOR"_s, u"txtDirector"_s}, {u"PRODUCER"_s, u"txtProducer"_s}, {u"REVIEW"_s, u"txtComments"_s, false}},
+    };
     return design;
 }
 

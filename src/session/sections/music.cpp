@@ -7,55 +7,37 @@ using enum FieldKind;
 
 const RecordDesign &musicRecord()
 {
-    static const RecordDesign design = [] {
-        RecordDesign made;
-        made.letter = u"U";
-        made.screen = u"frmMusic";
-        made.title = u"Music";
-        made.file = DataFile::Music;
-        made.table = u"MUSIC";
-        made.rows = u"SELECT * FROM [MUSIC] ORDER BY [Title]";
-        made.dataControl = u"dtaMusicData";
-        made.colourKey = u"MusicBackColour";
-        made.picture = u"\\music.jpg";
-        made.chooser = u"Music Picture";
-        made.sound = u"Music Sound";
-        made.web = u"https://musicbrainz.org";
-        made.treeField = u"TITLE";
-        made.nameControl = made.newFocus = u"txtTitle";
-        made.emptyNote = u"No music yet.\nNew adds the first title.";
-        made.copyCheck = u"chkOwnCopy";
-        made.copyNumber = u"txtStorageID";
-        made.pageFile = u"\\Music.HTML";
-        made.pageHeading = u"MUSIC";
-        made.trees = {allButton(u"TITLE"), categoryButton(u"TITLE"),
-                      {u"cmdArtist", u"Artist", u" By artist ", TreeMode::ByField, u"ARTIST"}};
-        made.panels = {{u"picDetails", u"Details"}, {u"picReview", u"Review"}, {u"picLoan", u"Loan"}, {u"picOther", u"Other"},
-                       {u"picTracks", u"Tracks"}};
-        made.fields = {
-            {u"txtTitle", u"TITLE", Line, u"picDetails", u"&Title", u"", true, true},
-            {u"txtArtist", u"ARTIST", Line, u"picDetails", u"&Artist", u"", true},
-            {u"txtDistributor", u"DISTRIBUTOR", Line, u"picDetails", u"&Distributor", u"", true},
-            {u"cboType", u"TYPE", List, u"picDetails", u"T&ype"},
-            {u"cboCategory", u"CATEGORY", List, u"picDetails", u"&Category"},
-            {u"cboRating", u"RATING", List, u"picReview", u"Ratin&g"},
-            {u"txtComments", u"COMMENTS", Rich, u"picReview", u"Comment&s"},
-        };
-        addLoanFields(made.fields);
-        made.fields.push_back({u"lblSoundFile", u"SOUNDFILENAME", Sound, u"picOther", u"Sound:", u"lblSound"});
-        addKeyFields(made.fields);
-        made.lists = {{u"cboType", {u"CD"_s, u"Cassette"_s, u"LP"_s}, u"select Distinct(TYPE) from [MUSIC] ;"},
-                      {u"cboRating", {}, u"select Distinct(RATING) from [MUSIC] ;"},
-                      {u"cboCategory", {}, u"select Distinct(CATEGORY) from [MUSIC] WHERE [CATEGORY]<>'';"}};
-        made.options = {{u"chkOwnCopy", {u"txtStorageID"}}};
-        made.newRow = {{u"COMMENTS", u"If you have the Internet connected then you may find the description of the music to "
-                                     u"paste here, otherwise enter your own. You may also find a picture of the music title "
-                                     u"to load into your picture box"},
-                       {u"TITLE", u""}};
-        made.page = {{u"TITLE", u"txtTitle", false}, {u"CATEGORY", u"cboCategory"}, {u"ARTIST", u"txtArtist", true, true},
-                     {u"DISTRIBUTOR", u"txtDistributor"}, {u"TYPE", u"cboType"}, {u"REVIEW", u"txtComments", false}};
-        return made;
-    }();
+    static const RecordDesign design{
+        .letter = u"U"_s, .screen = u"frmMusic"_s, .title = u"Music"_s,
+        .file = DataFile::Music, .table = u"MUSIC"_s, .rows = u"SELECT * FROM [MUSIC] ORDER BY [Title]"_s, .dataControl = u"dtaMusicData"_s,
+        .colourKey = u"MusicBackColour"_s, .picture = u"\\music.jpg"_s, .chooser = u"Music Picture"_s, .sound = u"Music Sound"_s,
+        .web = u"https://musicbrainz.org"_s,
+        .nameControl = u"txtTitle"_s, .newFocus = u"txtTitle"_s, .emptyNote = u"No music yet.\nNew adds the first title."_s,
+        .copyCheck = u"chkOwnCopy"_s, .copyNumber = u"txtStorageID"_s, .pageFile = u"\\Music.HTML"_s, .pageHeading = u"MUSIC"_s,
+        .trees = {allButton(u"TITLE"_s), categoryButton(u"TITLE"_s),
+                  valueButton(u"cmdArtist"_s, u"Artist"_s, u" By artist "_s, u"ARTIST"_s)},
+        .panels = {{u"picDetails"_s, u"Details"_s}, {u"picReview"_s, u"Review"_s}, {u"picLoan"_s, u"Loan"_s}, {u"picOther"_s, u"Other"_s},
+                   {u"picTracks"_s, u"Tracks"_s}},
+        .fields = collectionFields({
+            {.control = u"txtTitle"_s, .field = u"TITLE"_s, .label = u"&Title"_s, .rules = FieldRule::Grave | FieldRule::OneLine},
+            {.control = u"txtArtist"_s, .field = u"ARTIST"_s, .label = u"&Artist"_s, .rules = FieldRule::Grave},
+            {.control = u"txtDistributor"_s, .field = u"DISTRIBUTOR"_s, .label = u"&Distributor"_s, .rules = FieldRule::Grave},
+            {.control = u"cboType"_s, .field = u"TYPE"_s, .kind = List, .label = u"T&ype"_s},
+            {.control = u"cboCategory"_s, .field = u"CATEGORY"_s, .kind = List, .label = u"&Category"_s}}, true),
+        .lists = {{{u"cboType"_s}, {u"CD"_s, u"Cassette"_s, u"LP"_s}, u"select Distinct(TYPE) from [MUSIC] ;"_s},
+                  {{u"cboRating"_s}, {}, u"select Distinct(RATING) from [MUSIC] ;"_s},
+                  {{u"cboCategory"_s}, {}, u"select Distinct(CATEGORY) from [MUSIC] WHERE [CATEGORY]<>'';"_s}},
+        .options = {{u"chkOwnCopy"_s, {u"txtStorageID"_s}}},
+        .newRow = {{u"COMMENTS"_s, newRecordHint(u"music"_s, u"music title"_s)}, {u"TITLE"_s}},
+        .page = {{u"TITLE"_s, u"txtTitle"_s, false}, {u"CATEGORY"_s, u"cboCategory"_s}, {u"ARTIST"_s, u"txtArtist"_s, true, true},
+                 {u"DISTRIBUTOR"_s, u"txtDistributor"_s}, {u"TYPE"_s, u"cboType"_s}, {u"REVIEW"_s, u"txtComments"_s, false}},
+        // The column ends 700 twips short of the grid's edge.
+        .children = {{.control = u"grdTracks"_s, .dataControl = u"dtaTracks"_s, .panel = u"picTracks"_s, .spoken = u"Tracks"_s,
+                      .rows = u"Select * FROM [TRACKS] WHERE [ID]="_s, .key = u"ID"_s,
+                      .columns = {{.field = u"TRACK"_s, .caption = u"TRACK"_s, .margin = 700}},
+                      .note = u"Type a track into the last line. The Delete key removes the selected track."_s}},
+        .childDeletes = {u"DELETE * FROM [TRACKS] WHERE [ID]=%id;"_s},
+    };
     return design;
 }
 

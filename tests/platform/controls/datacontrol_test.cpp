@@ -156,6 +156,84 @@ TEST(DataControl, UnheardErrorGetsABox)
     EXPECT_FALSE(s.data.UpdateRecord());
 }
 
+// Asked before each write and move, changed or not; it may change the row, and hold it back.
+TEST(DataControl, ValidationIsAskedWhicheverWayTheRowIsLeft)
+{
+    Screen s;
+    QStringList asked;
+    bool agrees = true;
+    s.data.setValidate([&](bool changed) {
+        asked += changed ? u"changed"_s : u"clean"_s;
+        if (changed && s.name.text().isEmpty())
+            s.name.setText(u"Unnamed"_s);
+        return agrees;
+    });
+    EXPECT_TRUE(s.data.MoveNext());
+    s.type(s.age, u"31"_s);
+    s.name.clear();
+    EXPECT_TRUE(s.data.Leave());
+    EXPECT_EQ(u"Unnamed"_s, s.people.text(2, u"Name"_s));
+    EXPECT_EQ((QStringList{u"clean"_s, u"changed"_s}), asked);
+    agrees = false;
+    s.type(s.age, u"32"_s);
+    EXPECT_FALSE(s.data.MoveLast());
+    EXPECT_FALSE(s.data.UpdateRecord());
+    EXPECT_EQ(u"31"_s, s.people.text(2, u"Age"_s));
+    EXPECT_EQ(u"32"_s, s.age.text());
+}
+
+// All writers are asked; one whose owner has gone is forgotten; what all of them write is one transaction with the row.
+TEST(DataControl, RowWritersEndWithTheirOwners)
+{
+    Screen s;
+    auto owner = std::make_unique<QObject>();
+    QObject other;
+    QStringList asked;
+    const auto writer = [&](const QString &name) { return [&asked, name] { asked += name; return true; }; };
+    s.data.addRowWriter(owner.get(), writer(u"first"_s));
+    s.data.addRowWriter(&other, [&] {
+        asked += u"second"_s;
+        dao::Database file = dao::DBEngine::OpenDatabase(s.people.file());
+        file.Execute(u"UPDATE [People] SET [Notes]='kept' WHERE [ID]=3"_s);
+        return s.age.text() != u"0";
+    }, [&] { asked += u"undo"_s; }, [] { return true; });
+    EXPECT_TRUE(s.data.UpdateRecord());
+    owner.reset();
+    s.type(s.age, u"31"_s);
+    EXPECT_TRUE(s.data.UpdateRecord());
+    s.data.revert();
+    EXPECT_EQ((QStringList{u"first"_s, u"second"_s, u"second"_s, u"undo"_s}), asked);
+    EXPECT_EQ(u"31"_s, s.people.text(1, u"Age"_s));
+    EXPECT_EQ(u"kept"_s, s.people.text(3, u"Notes"_s));
+
+    // One that refuses holds the row back, and keeps what it has written itself.
+    s.people.execute(u"UPDATE [People] SET [Notes]='x' WHERE [ID]=3"_s);
+    s.type(s.age, u"0"_s);
+    EXPECT_FALSE(s.data.UpdateRecord());
+    EXPECT_EQ(u"31"_s, s.people.text(1, u"Age"_s));
+    EXPECT_EQ(u"kept"_s, s.people.text(3, u"Notes"_s));
+}
+
+TEST(DataControl, TellsWhenItGetsDirtyAndClean)
+{
+    Screen s;
+    QList<bool> said;
+    QObject::connect(&s.data, &DataControl::DirtyChanged, [&](bool dirty) { said += dirty; });
+    s.type(s.name, u"Zoe"_s);
+    s.name.setText(u"Ann"_s);               // as it was
+    s.type(s.age, u"31"_s);
+    s.data.MoveNext();
+    s.data.MovePrevious();
+    EXPECT_EQ((QList<bool>{true, false, true, false}), said);
+    // Typed texts stop at what the field holds; a text of any length fits a memo.
+    s.type(s.name, QString(50, u'x'));
+    EXPECT_EQ(20, s.name.text().size());
+    QLineEdit notes;
+    s.data.bind(&notes, u"Notes"_s);
+    notes.setText(QString(5000, u'x'));
+    EXPECT_EQ(5000, notes.text().size());
+}
+
 TEST(DataControl, RowDeletedElsewhereIsToldOnceAndDropped)
 {
     Screen s;
