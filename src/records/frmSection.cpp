@@ -95,7 +95,7 @@ void frmSection::connectKeys()
             basic::MsgBox(u"Unable to open "_s + m_design.web, {}, basic::Icon::Exclamation);
     });
     useRecordKeys();
-    setHelpPage(m_design.letter);
+    on(this, &Form::helpWanted, handlers(), [this] { ShowInfoPage(m_design.letter); });
     for (const auto &[keys, step] : {std::pair{QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1}, {QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1}})
         on(new QShortcut(keys, this), &QShortcut::activated, handlers(),
            [this, step = step] { m_tabs->setCurrentIndex((m_tabs->currentIndex() + step + m_tabs->count()) % m_tabs->count()); });
