@@ -150,7 +150,10 @@ void CaddyCells::pickDate(const GridPane &pane, int column, qsizetype row)
     if (column != dateColumn)
         return;
     const QRect cell = grid.cellRect(column, row).translated(grid.viewport()->pos());
-    const auto day = openDatePickerOnCell(&grid, cell, grid.EditText(column), pane.code);
+    const dao::Value stored = grid.CellValue(column, row);
+    const auto shown = stored.isDate() && displayDate(stored) == grid.EditText(column)
+        ? std::optional(stored.get<basic::DateTime>()) : typedDate(grid.EditText(column));
+    const auto day = openDatePickerOnCell(&grid, cell, shown, pane.code);
     if (!day || grid.currentRow() != row)
         return;
     grid.setEditValue(dateColumn, *day);

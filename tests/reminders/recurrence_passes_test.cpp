@@ -93,6 +93,7 @@ TEST_F(PassesTest, ARowThatCannotRollHindersNoOther)
     for (const char *row : {"'Gym', #11/01/2026#, 7, 0", "'Mum''s', #11/01/2026#, 7, 0", "'Walk', #11/01/2026#, 7, 0"})
         addRow(u"Appointments"_s, u"Appointment"_s, QString::fromLatin1(row));
     addRow(u"Bills"_s, u"Bill"_s, u"'Rent', #11/01/2026#, 7, 0"_s);
+    state().gIniFile = m_folder.path(u"vorelreminder.ini"_s);
     m_prompts.expect(u"The dates of these repeating reminders cannot be carried forward"_s);
     RollForwardDates();
     EXPECT_TRUE(m_prompts.shown().back().text.contains(u"\r\nMum's\r\n"_s));
