@@ -2,10 +2,10 @@
 
 #include "calendar/frmCalendarDropCell.h"
 #include "platform/basic/clock.h"
-#include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/controls/layout.h"
+#include "session/datetexts.h"
 #include "session/state.h"
 
 #include <QComboBox>
@@ -17,6 +17,7 @@
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
+#include <QToolButton>
 
 namespace vorel {
 
@@ -29,6 +30,7 @@ namespace {
 
 constexpr int firstYear = 100, lastYear = 9999;     // of the calendar
 constexpr int yearsAround = 100;                    // reach of the year's scroll bar
+constexpr char shownTextProperty[] = "shownDateText", shownDayProperty[] = "shownDateSerial";     // of a date box
 
 QString boxText(const QWidget *box)
 {
@@ -64,12 +66,27 @@ QScrollBar *scrollBar(const QString &name, const QString &spoken)
 
 }
 
+// A drop-down without a frame: a click beside it, like Esc, leaves the box as it was.
 frmCalendarDrop::frmCalendarDrop(QWidget *parent) : Form(u"frmCalendarDrop"_s, parent), m_weekStart(state().settings.gWeekStartDay)
 {
     setSizeGripEnabled(false);
+    setWindowFlags(Qt::Popup | Qt::FramelessWindowHint);
     compose();
     connectHandlers();
     DefaultDate({});
+}
+
+QAbstractButton *frmCalendarDrop::createArrow(const QString &name, Qt::ArrowType arrow, int months)
+{
+    auto *button = new QToolButton;
+    button->setObjectName(name);
+    button->setArrowType(arrow);
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::NoFocus);        // PgUp and PgDn do the same
+    button->setAccessibleName(months < 0 ? u"Previous month"_s : u"Next month"_s);
+    button->setToolTip(button->accessibleName());
+    on(button, &QToolButton::clicked, handlers(), [this, months] { selectDate(monthsAway(m_date, months)); });
+    return button;
 }
 
 QLayout *frmCalendarDrop::composeMonth()
@@ -86,8 +103,8 @@ QLayout *frmCalendarDrop::composeMonth()
     for (int index = 0; index < monthCellCount; ++index) {
         auto *cell = new DayCell;
         cell->setObjectName(u"LBL_Date(%1)"_s.arg(index));
-        on(cell, &DayCell::clicked, this, [this, index] { LBL_Date_Click(index); });
-        on(cell, &DayCell::DblClick, this, [this, index] {
+        on(cell, &DayCell::clicked, handlers(), [this, index] { LBL_Date_Click(index); });
+        on(cell, &DayCell::DblClick, handlers(), [this, index] {
             LBL_Date_Click(index);
             cmdApply_Click();
         });
@@ -121,32 +138,37 @@ void frmCalendarDrop::compose()
         push->setDefault(true);
 
     QLayout *screenColumn = layout::Column({
-        m_title,
+        layout::Row({createArrow(u"cmdPrevious"_s, Qt::LeftArrow, -1), layout::Stretch{}, m_title, layout::Stretch{},
+                     createArrow(u"cmdNext"_s, Qt::RightArrow, 1)}),
         composeMonth(),
         layout::Fields({{u"&Month:"_s, m_month}, {u"&Year:"_s, m_year}}),
         layout::Row({m_today, m_action, m_given, layout::Stretch{}}),
         layout::Row({layout::Stretch{}, m_apply, m_cancel}),
     });
     layout::setMargins(screenColumn, 2 * layout::unit);
-    setLayout(screenColumn);
+    auto *border = new QFrame;
+    border->setFrameShape(QFrame::StyledPanel);
+    border->setLayout(screenColumn);
+    auto *all = new QVBoxLayout(this);
+    layout::setMargins(all, 0);
+    all->addWidget(border);
 }
 
 void frmCalendarDrop::connectHandlers()
 {
-    on(m_month, &QScrollBar::valueChanged, this, [this] { HScroll_Change(); });
-    on(m_year, &QScrollBar::valueChanged, this, [this] { HScroll_Change(); });
-    on(m_today, &QAbstractButton::clicked, this, [this] { selectDate(basic::Date()); });
-    on(m_action, &QAbstractButton::clicked, this, [this] { CmdAction_Click(); });
-    on(m_apply, &QAbstractButton::clicked, this, [this] { cmdApply_Click(); });
-    on(m_cancel, &QAbstractButton::clicked, this, [this] { Close(); });
+    on(m_month, &QScrollBar::valueChanged, handlers(), [this] { HScroll_Change(); });
+    on(m_year, &QScrollBar::valueChanged, handlers(), [this] { HScroll_Change(); });
+    on(m_today, &QAbstractButton::clicked, handlers(), [this] { selectDate(basic::Date()); });
+    on(m_action, &QAbstractButton::clicked, handlers(), [this] { CmdAction_Click(); });
+    on(m_apply, &QAbstractButton::clicked, handlers(), [this] { cmdApply_Click(); });
+    on(m_cancel, &QAbstractButton::clicked, handlers(), [this] { Close(); });
 }
 
-void frmCalendarDrop::DefaultDate(const QString &text)
+void frmCalendarDrop::DefaultDate(const std::optional<DateTime> &day)
 {
-    m_givenDate = pickerDate(text);
-    const bool given = basic::IsDate(text) && basic::CDate(text).hasDate();
-    m_given->setText(given ? displayDate(m_givenDate) : QString());
-    m_action->setEnabled(given);
+    m_givenDate = day.value_or(basic::Date());
+    m_given->setText(day ? displayDate(m_givenDate) : QString());
+    m_action->setEnabled(day.has_value());
     selectDate(m_givenDate);
 }
 
@@ -235,43 +257,62 @@ void frmCalendarDrop::keyPressEvent(QKeyEvent *event)
     }
 }
 
+// Below the area, above it where there is no room, else at its side: never over it.
+QPoint frmCalendarDrop::placeBeside(const QRect &area, QSize size, const QRect &desktop)
+{
+    const int left = std::max(desktop.left(), std::min(area.left(), desktop.right() - size.width() + 1));
+    if (area.bottom() + size.height() <= desktop.bottom())
+        return {left, area.bottom() + 1};
+    if (area.top() - size.height() >= desktop.top())
+        return {left, area.top() - size.height()};
+    const int top = std::max(desktop.top(), desktop.bottom() - size.height() + 1);
+    const bool right = area.right() + size.width() <= desktop.right();
+    return {right ? area.right() + 1 : std::max(desktop.left(), area.left() - size.width()), top};
+}
+
 void frmCalendarDrop::showEvent(QShowEvent *event)
 {
-    if (m_area.isValid() && !event->spontaneous()) {
-        const QSize size = sizeHint().expandedTo(this->size());
-        const QScreen *where = screen();
-        const int bottom = where ? where->availableGeometry().bottom() : m_area.bottom() + size.height();
-        const bool below = m_area.bottom() + size.height() <= bottom || m_area.top() < size.height();
-        move(m_area.left(), below ? m_area.bottom() + 1 : m_area.top() - size.height());
-    }
-    Form::showEvent(event);
+    QDialog::showEvent(event);          // not the form's own, which allows for a window's frame
+    if (const QScreen *where = screen(); where && m_area.isValid() && !event->spontaneous())
+        move(placeBeside(m_area, sizeHint().expandedTo(size()), where->availableGeometry()));
     for (DayCell *cell : m_cells) {
         if (cell->isChecked())
             cell->setFocus();
     }
 }
 
-std::optional<QString> pickDate(QWidget *beside, const QString &text, const QString &description)
+void showDate(QWidget *box, DateTime date)
 {
-    frmCalendarDrop picker(beside ? beside->window() : nullptr);
-    picker.setAccessibleDescription(description);
-    if (beside)
-        picker.setDropArea({beside->mapToGlobal(QPoint(0, 0)), beside->size()});
-    picker.DefaultDate(text);
-    picker.ShowModal();
-    return picker.applied() ? std::optional(displayDate(picker.selectedDate())) : std::nullopt;
+    const QString text = displayDate(date);
+    box->setProperty(shownTextProperty, text);
+    box->setProperty(shownDayProperty, date.serial());
+    setBoxText(box, text);
 }
 
-std::optional<DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code)
+std::optional<DateTime> shownDate(const QWidget *box)
+{
+    const QString text = boxText(box);
+    const QVariant known = box->property(shownTextProperty);
+    if (known.isValid() && known.toString() == text)
+        return DateTime(box->property(shownDayProperty).toDouble());
+    return typedDate(text);
+}
+
+static std::optional<DateTime> pickDay(QWidget *parent, const QRect &area, const std::optional<DateTime> &day)
+{
+    frmCalendarDrop picker(parent ? parent->window() : nullptr);
+    picker.setDropArea(area);
+    picker.DefaultDate(day);
+    picker.ShowModal();
+    return picker.applied() ? std::optional(picker.selectedDate()) : std::nullopt;
+}
+
+std::optional<DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<DateTime> &day, const QString &code)
 {
     const PickerTarget *target = pickerTarget(code);
     if (!target || !target->box.isEmpty())
         return std::nullopt;
-    frmCalendarDrop picker(grid->window());
-    picker.setDropArea({grid->mapToGlobal(cell.topLeft()), cell.size()});
-    picker.DefaultDate(text);
-    picker.ShowModal();
-    return picker.applied() ? std::optional(picker.selectedDate()) : std::nullopt;
+    return pickDay(grid, {grid->mapToGlobal(cell.topLeft()), cell.size()}, day);
 }
 
 bool OpenDatePicker(QWidget *box, const QString &code)
@@ -282,10 +323,12 @@ bool OpenDatePicker(QWidget *box, const QString &code)
         if (auto *named = box->window()->findChild<QWidget *>(target->box.toString()))
             written = named;
     }
-    const std::optional<QString> chosen = pickDate(box, boxText(written));
+    if (!written)
+        return false;
+    const std::optional<DateTime> chosen = pickDay(box, {box->mapToGlobal(QPoint(0, 0)), box->size()}, shownDate(written));
     if (!chosen || !written)        // the screen may have gone while the picker was open
         return false;
-    setBoxText(written, *chosen);
+    showDate(written, *chosen);
     return true;
 }
 

@@ -19,11 +19,12 @@ class frmCalendarDrop : public controls::Form {
 public:
     explicit frmCalendarDrop(QWidget *parent = nullptr);
 
-    // Goes to the date of the text, or to today when it is none. The text is also what CmdAction goes back to.
-    void DefaultDate(const QString &text);
+    // Goes to the day, or to today without one. CmdAction comes back to it.
+    void DefaultDate(const std::optional<basic::DateTime> &day);
     void UpdateTitle();
-    // Where it drops down: below the area, or above it where there is no room. Global coordinates.
+    // What it drops down beside. Global coordinates.
     void setDropArea(const QRect &area) { m_area = area; }
+    static QPoint placeBeside(const QRect &area, QSize size, const QRect &desktop);
 
     basic::DateTime selectedDate() const { return m_date; }
     bool applied() const { return m_applied; }
@@ -35,6 +36,7 @@ protected:
 private:
     void compose();
     QLayout *composeMonth();
+    QAbstractButton *createArrow(const QString &name, Qt::ArrowType arrow, int months);
     void connectHandlers();
     void drawMonth();
     void selectDate(basic::DateTime date);

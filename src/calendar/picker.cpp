@@ -1,7 +1,5 @@
 #include "calendar/picker.h"
 
-#include "platform/basic/clock.h"
-#include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
 #include "platform/basic/format.h"
@@ -38,14 +36,6 @@ std::array<QString, 7> weekDayHeads(int weekStartDay)
     for (int i = 0; i < 7; ++i)       // 4 January 1970 was a Sunday
         heads[static_cast<std::size_t>(i)] = basic::Format(basic::DateSerial(1970, 1, 4 + (start - 1 + i) % 7), u"ddd");
     return heads;
-}
-
-DateTime pickerDate(const QString &text)
-{
-    if (!basic::IsDate(text))
-        return basic::Date();
-    const DateTime date = basic::CDate(text);
-    return date.hasDate() ? date.dayOnly() : basic::Date();
 }
 
 namespace {

@@ -11,18 +11,20 @@ class QWidget;
 
 namespace vorel {
 
+// The day that a date box shows: the one that showDate put there, else what its text means (typedDate). A format that cannot
+// be read back ("yyyy") thus keeps its day.
+void showDate(QWidget *box, basic::DateTime date);
+std::optional<basic::DateTime> shownDate(const QWidget *box);
+
 // Shows frmCalendarDrop beside the box, modally, on the box's date (today if its text is none), and writes the chosen
 // date into the box in the display date format. The code is the picker's return code, three characters at most ("R1").
 // Cancelling leaves the box as it was. true: a date was applied.
 bool OpenDatePicker(QWidget *box, const QString &code);
 
-// The same for a place that is no box of its own (a grid's cell): drops down below the widget. The description is told to
-// assistive tools. The chosen date in the display date format; nullopt: cancelled.
-std::optional<QString> pickDate(QWidget *beside, const QString &text, const QString &description = {});
-
-// The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates. The code is the grid's
-// letter. The chosen day; nullopt: cancelled.
-std::optional<basic::DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const QString &text, const QString &code);
+// The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates, on the cell's day. The code
+// is the grid's letter. The chosen day; nullopt: cancelled.
+std::optional<basic::DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<basic::DateTime> &day,
+                                                    const QString &code);
 
 // What a return code stands for: a box of a screen. A code without a box belongs to whoever opens the picker with it.
 struct PickerTarget {
@@ -47,7 +49,5 @@ basic::DateTime monthsAway(basic::DateTime date, int months);
 QString monthTitle(int year, int month);
 // The week day heads from the week's first day: "Sun" ...
 std::array<QString, 7> weekDayHeads(int weekStartDay);
-// The date that a text stands for in the picker: today if it is none.
-basic::DateTime pickerDate(const QString &text);
 
 }

@@ -1,13 +1,14 @@
 #include "frame/frmCaddyCells.h"
 
 #include "calendar/picker.h"
-#include "frame/celltexts.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "reminders/record.h"
+#include "session/datetexts.h"
+#include "session/shared.h"
 
 #include <QAbstractButton>
 #include <QTimer>
@@ -111,6 +112,8 @@ void CaddyCells::changeReminderCell(const GridPane &pane, CellChange &change)
         pane.grid->setEditValue(dayColumn, basic::Format(day, u"ddd"));
     } else if (pane.code == u"A"_s && change.column == appointmentTime && change.text != change.before) {
         change.text = typedTime(change.text);
+    } else if (change.text != change.before) {
+        change.text = graveApostrophes(change.text);    // the text is a name that queries quote
     }
 }
 
@@ -147,7 +150,10 @@ void CaddyCells::pickDate(const GridPane &pane, int column, qsizetype row)
     if (column != dateColumn)
         return;
     const QRect cell = grid.cellRect(column, row).translated(grid.viewport()->pos());
-    const auto day = openDatePickerOnCell(&grid, cell, grid.EditText(column), pane.code);
+    const dao::Value stored = grid.CellValue(column, row);
+    const auto shown = stored.isDate() && displayDate(stored) == grid.EditText(column)
+        ? std::optional(stored.get<basic::DateTime>()) : typedDate(grid.EditText(column));
+    const auto day = openDatePickerOnCell(&grid, cell, shown, pane.code);
     if (!day || grid.currentRow() != row)
         return;
     grid.setEditValue(dateColumn, *day);

@@ -6,5 +6,4 @@ list(APPEND VOREL_ROUTINES
   frame/gridlayout.cpp
   frame/rowrules.cpp
   frame/rowtips.cpp
-  frame/celltexts.cpp
   frame/shopping.cpp)

@@ -3,29 +3,29 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
+#include "platform/controls/keyrow.h"
 #include "platform/controls/layout.h"
 #include "reminders/messages.h"
 #include "session/mainscreen.h"
 #include "session/state.h"
 
-#include <QCheckBox>
 #include <QComboBox>
 #include <QFrame>
-#include <QLabel>
+#include <QFormLayout>
 #include <QLineEdit>
 #include <QPlainTextEdit>
-#include <QShortcut>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace vorel {
 
 using namespace Qt::StringLiterals;
+using controls::Field;
+using controls::FieldKind;
 using controls::on;
 namespace layout = controls::layout;
 
 namespace {
-
-constexpr int nameSize = 30;                // of TO and FROM
 
 QString shownMoment(const basic::Value &stored)
 {
@@ -35,128 +35,105 @@ QString shownMoment(const basic::Value &stored)
     return displayDate(moment.dayOnly()) + basic::Format(moment, u" hh:mm A/P");
 }
 
+// A name can be typed as well: a message to nobody the file knows simply waits.
+const std::vector<Field> &fieldTable()
+{
+    static const std::vector<Field> table{
+        {.control = u"cboName"_s, .field = u"TO"_s, .kind = FieldKind::List, .label = u"&To:"_s},
+        {.control = u"cboFrom"_s, .field = u"FROM"_s, .kind = FieldKind::List, .label = u"&From:"_s},
+        {.control = u"txtDate"_s, .field = u"DATE"_s, .label = u"Date:"_s},
+        {.control = u"txtMessage"_s, .field = u"MESSAGE"_s, .kind = FieldKind::Lines, .label = u"&Message:"_s},
+        {.control = u"chkRead"_s, .field = u"Read"_s, .kind = FieldKind::Check, .label = u"&Read"_s},
+        {.control = u"chkDelete"_s, .field = u"Delete"_s, .kind = FieldKind::Check, .beside = true, .label = u"D&elete after date"_s},
+    };
+    return table;
 }
 
-frmMessage::frmMessage(QWidget *parent) : Form(u"frmMessage"_s, parent), m_data(new controls::DataControl(this))
+}
+
+frmMessage::frmMessage(QWidget *parent) : RecordForm(u"frmMessage"_s, u"dtaData"_s, parent)
 {
-    m_data->setObjectName(u"dtaData"_s);
-    m_data->setDatabaseName(state().path(DataFile::Main));
-    m_data->setConnect(u"Access"_s);
-    m_data->setRecordSource(u"SELECT * FROM [Messages] ORDER BY [Date]"_s);
-    createFields();
+    dtaData().setDatabaseName(state().path(DataFile::Main));
+    dtaData().setRecordSource(u"SELECT * FROM [Messages] ORDER BY [Date]"_s);
     composeScreen();
-    connectHandlers();
+    on(&dtaData(), &controls::DataControl::Reposition, handlers(), [this] { dtaData_Reposition(); });
+    setHelpPage(u"M"_s);
+    useRecordKeys();
+    onClick(u"cmdNew"_s, [this] { AddNewRecord({}); });
+    onClick(u"cmdDelete"_s, [this] { cmdDelete_Click(); });
+    onClick(u"cmdSend"_s, [this] { cmdSend_Click(); });
+    onClick(u"cmdUpdate"_s, [this] { cmdUpdate_Click(); });
+    addShortcut(Qt::CTRL | Qt::Key_Return, u"cmdSend"_s);
     basic::Trap([this] { FillLists(); });
-    m_data->Refresh();
+    dtaData().Refresh();
     AllowInput();
 }
 
-frmMessage::~frmMessage()
+QWidget *frmMessage::createWidget(const Field &field)
 {
-    m_data->disconnect(this);
+    QWidget *widget = RecordForm::createWidget(field);
+    if (auto *date = qobject_cast<QLineEdit *>(widget)) {       // when it was written: shown, not typed
+        date->setReadOnly(true);
+        date->setFrame(false);
+        date->setFocusPolicy(Qt::NoFocus);
+        date->setBackgroundRole(QPalette::Window);
+        QPalette flat = date->palette();
+        flat.setColor(QPalette::Base, Qt::transparent);
+        date->setPalette(flat);
+    } else if (auto *lines = qobject_cast<QPlainTextEdit *>(widget)) {
+        lines->setMinimumSize(64 * layout::unit, 20 * layout::unit);
+        lines->setMaximumHeight(QWIDGETSIZE_MAX);
+    }
+    return widget;
 }
 
-// A name can be typed as well: a message to nobody the file knows simply waits.
-QComboBox *frmMessage::createNames(const QString &name)
+controls::BindOptions frmMessage::bindOptions(const Field &field) const
 {
-    auto *made = new QComboBox(this);
-    made->setObjectName(name);
-    made->setEditable(true);
-    made->setInsertPolicy(QComboBox::NoInsert);
-    made->lineEdit()->setMaxLength(nameSize);
-    return made;
-}
-
-void frmMessage::createFields()
-{
-    cboName = createNames(u"cboName"_s);
-    cboFrom = createNames(u"cboFrom"_s);
-    txtDate = new QLineEdit(this);
-    txtDate->setObjectName(u"txtDate"_s);
-    txtDate->setReadOnly(true);                 // when it was written
-    txtMessage = new QPlainTextEdit(this);
-    txtMessage->setObjectName(u"txtMessage"_s);
-    txtMessage->setTabChangesFocus(true);
-    txtMessage->setMinimumSize(64 * layout::unit, 20 * layout::unit);
-    const auto check = [this](const QString &name, const QString &caption) {
-        auto *made = new QCheckBox(caption, this);
-        made->setObjectName(name);
-        return made;
-    };
-    chkRead = check(u"chkRead"_s, u"&Read"_s);
-    chkDelete = check(u"chkDelete"_s, u"D&elete after date"_s);
-    lblState = new QLabel(this);
-    lblState->setObjectName(u"lblState"_s);
-    lblState->setTextFormat(Qt::PlainText);
-    cmdNew = controls::button(u"cmdNew"_s, u"&New"_s, u"document-new"_s, u" Writes a new Message "_s);
-    cmdDelete = controls::button(u"cmdDelete"_s, u"De&lete"_s, u"edit-delete"_s, u" Deletes this Message "_s);
-    cmdSend = controls::button(u"cmdSend"_s, u"&Send"_s, u"mail-send"_s, u" Sends this Message "_s);
-    cmdUpdate = controls::button(u"cmdUpdate"_s, u"&Update"_s, u"document-save"_s, u" Saves this Message "_s);
-    cmdClose = controls::button(u"cmdClose"_s, u"Cl&ose"_s, u"window-close"_s);
-
-    m_data->bind(cboName, u"TO"_s);
-    m_data->bind(cboFrom, u"FROM"_s);
-    m_data->bind(txtDate, u"DATE"_s, {shownMoment, {}});
-    m_data->bind(txtMessage, u"MESSAGE"_s);
-    m_data->bind(chkRead, u"Read"_s);
-    m_data->bind(chkDelete, u"Delete"_s);
+    controls::BindOptions options = RecordForm::bindOptions(field);
+    if (field.control == u"txtDate")
+        options.show = shownMoment;
+    return options;
 }
 
 void frmMessage::composeScreen()
 {
-    setWindowTitle(u"Messages"_s);
-    QLayout *fields = layout::Fields({{u"&To:"_s, cboName},
-                                      {u"&From:"_s, cboFrom},
-                                      {u"Date:"_s, txtDate},
-                                      {u"&Message:"_s, txtMessage},
-                                      {QString(), layout::Row({chkRead, layout::Space{2 * layout::unit}, chkDelete,
-                                                               layout::Stretch{}, lblState})}});
-    layout::setMargins(fields, 2 * layout::unit);
-    auto *navigator = new controls::DataNavigator(m_data);
-    QLayout *keys = layout::Row({navigator, layout::Space{2 * layout::unit}, cmdNew, cmdDelete, layout::Stretch{}, cmdSend,
-                                 cmdUpdate, cmdClose});
-    layout::setMargins(keys, 2 * layout::unit);
+    setRecordTitle(u"Messages"_s, {});
+    for (const controls::ScreenKey &key : std::vector<controls::ScreenKey>{
+             {u"cmdNew"_s, u"&New"_s, u"document-new"_s, u" Writes a new Message "_s},
+             {u"cmdDelete"_s, u"De&lete"_s, u"edit-delete"_s, u" Deletes this Message "_s},
+             {u"cmdSend"_s, u"&Send"_s, u"mail-send"_s, u" Sends this Message "_s},
+             {u"cmdUpdate"_s, u"&Update"_s, u"document-save"_s, u" Saves this Message "_s},
+             {u"cmdClose"_s, u"Cl&ose"_s, u"window-close"_s}})
+        addButton(key);
+    m_form = createFormLayout();
+    layout::setMargins(m_form, 2 * layout::unit);
+    createFields(fieldTable());
+    auto *navigator = new controls::DataNavigator(&dtaData());
+    navigator->setObjectName(u"navigator"_s);
+    keep(navigator);
+    QWidget *keys = createKeyRow({u"navigator"_s, u"cmdNew"_s, u"cmdDelete"_s}, {u"cmdSend"_s, u"cmdUpdate"_s, u"cmdClose"_s});
     auto *rule = new QFrame;
     rule->setFrameShape(QFrame::HLine);
     rule->setFrameShadow(QFrame::Sunken);
     auto *column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addLayout(fields, 1);
+    column->addLayout(m_form, 1);
     column->addWidget(rule);
-    column->addLayout(keys);
-    QWidgetList chain{cboName, cboFrom, txtDate, txtMessage, chkRead, chkDelete};
+    column->addWidget(keys);
+    QWidgetList chain = fieldChain();
     for (QAbstractButton *step : navigator->findChildren<QAbstractButton *>())
         chain += step;
-    chain += QWidgetList{cmdNew, cmdDelete, cmdSend, cmdUpdate, cmdClose};
-    for (qsizetype i = 1; i < chain.size(); ++i)
-        setTabOrder(chain[i - 1], chain[i]);
-}
-
-void frmMessage::connectHandlers()
-{
-    on(m_data, &controls::DataControl::Reposition, this, [this] { dtaData_Reposition(); });
-    on(m_data, &controls::DataControl::Error, this,
-       [](int, const QString &text) { basic::MsgBox(text, {}, basic::Icon::Exclamation); });
-    on(cmdNew, &QAbstractButton::clicked, this, [this] { AddNewRecord({}); });
-    on(cmdDelete, &QAbstractButton::clicked, this, [this] { cmdDelete_Click(); });
-    on(cmdSend, &QAbstractButton::clicked, this, [this] { cmdSend_Click(); });
-    on(cmdUpdate, &QAbstractButton::clicked, this, [this] { cmdUpdate_Click(); });
-    on(cmdClose, &QAbstractButton::clicked, this, [this] { Close(); });
-    const auto key = [this](const QKeySequence &keys, QAbstractButton *button) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, button, &QAbstractButton::click);
-    };
-    key(QKeySequence::New, cmdNew);
-    key(QKeySequence::Save, cmdUpdate);
-    key(Qt::CTRL | Qt::Key_Return, cmdSend);
-    on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
-    on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
+    for (const QString &name : {u"cmdNew"_s, u"cmdDelete"_s, u"cmdSend"_s, u"cmdUpdate"_s, u"cmdClose"_s})
+        chain += control(name);
+    chainTabs(chain);
 }
 
 void frmMessage::FillLists()
 {
     const QStringList names = messageNames();
-    for (QComboBox *list : {cboName, cboFrom}) {
+    for (const QString &name : {u"cboName"_s, u"cboFrom"_s}) {
+        auto *list = control<QComboBox>(name);
         const QString typed = list->currentText();
         list->clear();
         list->addItems(names);
@@ -167,77 +144,95 @@ void frmMessage::FillLists()
 
 void frmMessage::AllowInput()
 {
-    const bool rows = m_data->hasRows();
-    for (QWidget *widget : QWidgetList{cboName, cboFrom, txtDate, txtMessage, chkRead, chkDelete, cmdDelete, cmdSend, cmdUpdate})
-        widget->setEnabled(rows);
+    const bool rows = dtaData().hasRows();
+    for (const Field &field : fields())
+        control(field.control)->setEnabled(rows);
+    for (const QString &name : {u"cmdDelete"_s, u"cmdSend"_s, u"cmdUpdate"_s})
+        control(name)->setEnabled(rows);
 }
 
 void frmMessage::dtaData_Reposition()
 {
-    lblState->clear();
-    if (m_data->hasRows() && m_data->Recordset() && !m_data->Recordset().EOF_())
-        state().selection.gLastRecord = basic::CLng(m_data->Recordset().Get(u"ID"));
+    const bool rows = dtaData().hasRows() && dtaData().Recordset() && !dtaData().Recordset().EOF_();
+    setRecordTitle(u"Messages"_s, rows ? text(u"cboName"_s) : QString());
+    if (rows)
+        state().selection.gLastRecord = basic::CLng(dtaData().Recordset().Get(u"ID"));
+}
+
+// A message that New added and nobody wrote is not kept.
+void frmMessage::removeEmpty()
+{
+    if (m_added != 0)
+        removeEmptyMessage(dtaData().Database(), std::exchange(m_added, 0));
 }
 
 void frmMessage::AddNewRecord(const QString &)
 {
-    if (!m_data->UpdateRecord())
+    if (!dtaData().UpdateRecord())
         return;
-    m_data->Refresh();
-    if (!m_data->Recordset())
+    removeEmpty();
+    dtaData().Refresh();
+    if (!dtaData().Recordset())
         return;
-    m_data->setBookmark(addMessage(m_data->Recordset()));
+    dtaData().setBookmark(addMessage(dtaData().Recordset()));
+    m_added = state().selection.gLastRecord;
     AllowInput();
-    cboName->setFocus();
+    control(u"cboName"_s)->setFocus();
 }
 
 void frmMessage::cmdUpdate_Click()
 {
-    if (!m_data->hasRows() || !m_data->UpdateRecord())
+    if (!dtaData().hasRows() || !dtaData().UpdateRecord())
         return;
     FillLists();
     dao::DBEngine::Idle(dao::dbRefreshCache);
-    lblState->setText(u"Saved"_s);
+    dtaData_Reposition();
+    showState(u"Saved"_s);
 }
 
-// The row is what the other user finds; the network's own message, where there is such a service, only tells of it.
+// The row is what the other user finds; the network's own message, where there is such a service, only speaks of it.
 void frmMessage::cmdSend_Click()
 {
-    if (!m_data->hasRows())
+    if (!dtaData().hasRows())
         return;
-    const QString to = cboName->currentText().trimmed();
-    if (to.isEmpty()) {
-        basic::MsgBox(u"Please say who the Message is for"_s, {}, basic::Icon::Information);
-        cboName->setFocus();
-        return;
-    }
+    const auto ask = [this](const QString &words, const QString &field) {
+        basic::MsgBox(words, {}, basic::Icon::Information);
+        control(field)->setFocus();
+    };
+    const QString to = text(u"cboName"_s).trimmed(), message = text(u"txtMessage"_s);
+    if (to.isEmpty())
+        return ask(u"Choose a recipient."_s, u"cboName"_s);
+    if (message.trimmed().isEmpty())
+        return ask(u"Type a message."_s, u"txtMessage"_s);
     cmdUpdate_Click();
-    if (m_data->isDirty())
+    if (dtaData().isDirty())
         return;
-    SendNetMessage(to, cboFrom->currentText(), txtMessage->toPlainText());
-    lblState->setText(u"Left for "_s + to);
+    SendNetMessage(to, text(u"cboFrom"_s), message);
+    showState(u"Left for "_s + to);
 }
 
 void frmMessage::cmdDelete_Click()
 {
-    if (!m_data->hasRows() || !basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
+    if (!dtaData().hasRows() || !basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
-    m_data->revert();                           // what was typed goes with the row
-    dao::Recordset &rows = m_data->Recordset();
+    dtaData().revert();                         // what was typed goes with the row
+    dao::Recordset &rows = dtaData().Recordset();
     const qsizetype here = rows.AbsolutePosition();
     rows.Delete();
-    m_data->Refresh();
-    if (m_data->hasRows()) {
-        const qsizetype next = std::min(here, m_data->Recordset().rowTotal() - 1);
-        m_data->setBookmark(m_data->Recordset().bookmarkAt(next));
+    dtaData().Refresh();
+    if (dtaData().hasRows()) {
+        const qsizetype next = std::min(here, dtaData().Recordset().rowTotal() - 1);
+        dtaData().setBookmark(dtaData().Recordset().bookmarkAt(next));
     }
     AllowInput();
 }
 
-// Every road out writes what was typed; what cannot be saved keeps the screen open, once.
 bool frmMessage::QueryUnload()
 {
-    return m_data->Leave();
+    if (!RecordForm::QueryUnload())
+        return false;
+    removeEmpty();
+    return true;
 }
 
 void frmMessage::Unload()

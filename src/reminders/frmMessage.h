@@ -1,13 +1,6 @@
 #pragma once
 
-#include "platform/controls/datacontrol.h"
-#include "platform/controls/form.h"
-
-class QCheckBox;
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QPlainTextEdit;
+#include "platform/controls/recordform.h"
 
 namespace vorel {
 
@@ -17,39 +10,33 @@ namespace vorel {
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
 // state().selection.gLastRecord is then the ID of the row that was last current.
-class frmMessage : public controls::Form {
+class frmMessage : public controls::RecordForm {
     Q_OBJECT
 public:
     explicit frmMessage(QWidget *parent = nullptr);
-    ~frmMessage() override;
 
-    controls::DataControl &dtaData() { return *m_data; }
     // A blank message from the current user, dated now. The text is not used: a message has no copies.
     void AddNewRecord(const QString &sourceID);
     void AllowInput();
     void FillLists();
 
 protected:
+    QWidget *createWidget(const controls::Field &field) override;
+    controls::BindOptions bindOptions(const controls::Field &field) const override;
+    QFormLayout *formOf(const controls::Field &) override { return m_form; }
     bool QueryUnload() override;
     void Unload() override;
 
 private:
-    QComboBox *createNames(const QString &name);
-    void createFields();
     void composeScreen();
-    void connectHandlers();
     void dtaData_Reposition();
     void cmdSend_Click();
     void cmdUpdate_Click();
     void cmdDelete_Click();
+    void removeEmpty();
 
-    controls::DataControl *m_data;
-    QComboBox *cboName, *cboFrom;
-    QLineEdit *txtDate;
-    QPlainTextEdit *txtMessage;
-    QCheckBox *chkRead, *chkDelete;
-    QLabel *lblState;                           // what became of the message
-    QAbstractButton *cmdNew, *cmdDelete, *cmdSend, *cmdUpdate, *cmdClose;
+    QFormLayout *m_form = nullptr;
+    qint32 m_added = 0;                         // the message that New added last: left empty, it is not kept
 };
 
 }

@@ -3,21 +3,15 @@
 #include "calendar/picker.h"
 #include "media/frmDataPath.h"
 #include "platform/basic/prompts.h"
-#include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "session/datetexts.h"
 #include "session/state.h"
-#include "utilities/frmInformation.h"
 
-#include <QBoxLayout>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
-#include <QKeyEvent>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPushButton>
-#include <QShortcut>
 
 namespace vorel {
 
@@ -25,168 +19,92 @@ using namespace Qt::StringLiterals;
 using controls::on;
 
 frmRecord::frmRecord(QWidget *parent)
-    : Form(u"frmRecord"_s, parent), m_section(record::section(state().selection.gRecordCode)), m_data(new controls::DataControl(this))
+    : RecordForm(u"frmRecord"_s, u"dtaData"_s, parent), m_section(record::section(state().selection.gRecordCode))
 {
-    m_data->setObjectName(u"dtaData"_s);
-    m_data->setDatabaseName(state().path(DataFile::Main));
-    m_data->setConnect(u"Access"_s);
+    dtaData().setDatabaseName(state().path(DataFile::Main));
     composeScreen();
     connectHandlers();
     connectButtons();
-    if (m_section.kind == ReminderKind::Event)
+    if (isA(ReminderKind::Event))
         basic::Trap([&] { control<QComboBox>(u"cboSubject"_s)->addItems(record::subjects()); });
-    m_data->showRow();
-}
-
-frmRecord::~frmRecord()
-{
-    // The fields go after this part of the screen; a focus that leaves one of them then must reach nobody.
-    m_data->disconnect(this);
-    m_options->disconnect(this);
-    for (QWidget *widget : std::as_const(m_controls)) {
-        widget->disconnect(this);
-        widget->removeEventFilter(this);
-    }
+    dtaData().showRow();
 }
 
 void frmRecord::connectHandlers()
 {
-    on(m_data, &controls::DataControl::Reposition, this, [this] { dtaData_Reposition(); });
-    on(m_data, &controls::DataControl::Error, this, [this](int, const QString &message) { dtaData_Error(message); });
-    on(control<QLineEdit>(u"txtDate"_s), &QLineEdit::editingFinished, this, [this] { txtDate_LostFocus(); });
-    on(control<QCheckBox>(u"chkDelete"_s), &QCheckBox::clicked, this, [this] { chkDelete_MouseUp(); });
-    on(control<QCheckBox>(u"chkEmail"_s), &QCheckBox::clicked, this, [this] { chkEmail_Click(); });
-    on(control<QCheckBox>(u"chkCard"_s), &QCheckBox::clicked, this, [this] { chkCard_Click(); });
-    on(control<QComboBox>(u"cboSubject"_s), &QComboBox::activated, this, [this] { cboSubject_Click(); });
-    on(control<QComboBox>(u"cboSubject"_s)->lineEdit(), &QLineEdit::editingFinished, this, [this] {
+    on(&dtaData(), &controls::DataControl::Reposition, handlers(), [this] { dtaData_Reposition(); });
+    on(control<QLineEdit>(u"txtDate"_s), &QLineEdit::editingFinished, handlers(), [this] { txtDate_LostFocus(); });
+    on(control<QComboBox>(u"cboTime"_s)->lineEdit(), &QLineEdit::editingFinished, handlers(), [this] { cboTime_LostFocus(); });
+    on(control<QCheckBox>(u"chkDelete"_s), &QCheckBox::clicked, handlers(), [this] { chkDelete_MouseUp(); });
+    on(control<QCheckBox>(u"chkEmail"_s), &QCheckBox::clicked, handlers(), [this] { chkEmail_Click(); });
+    on(control<QCheckBox>(u"chkCard"_s), &QCheckBox::clicked, handlers(), [this] { chkCard_Click(); });
+    on(control<QComboBox>(u"cboSubject"_s), &QComboBox::activated, handlers(), [this] { cboSubject_Click(); });
+    on(control<QComboBox>(u"cboSubject"_s)->lineEdit(), &QLineEdit::editingFinished, handlers(), [this] {
         // Passing by changes nothing: an address box that the user has just opened stays open.
-        if (record::isBirthday(text(u"cboSubject"_s)) == control<QWidget>(u"txtDateTo"_s)->isEnabled())
+        if (record::isBirthday(text(u"cboSubject"_s)) == control(u"txtDateTo"_s)->isEnabled())
             cboSubject_Click();
     });
-    control<QWidget>(u"txtEmail"_s)->installEventFilter(this);
-    control<QWidget>(u"picImage"_s)->installEventFilter(this);
+    control(u"txtEmail"_s)->installEventFilter(this);
+    control(u"picImage"_s)->installEventFilter(this);
 
-    on(m_options, &QButtonGroup::buttonReleased, this, [this] { optPeriod_MouseUp(); });
-    on(m_options, &QButtonGroup::idClicked, this, [this](int index) { optPeriod_Click(index); });
+    on(m_options, &QButtonGroup::buttonReleased, handlers(), [this] { optPeriod_MouseUp(); });
+    on(m_options, &QButtonGroup::idClicked, handlers(), [this](int index) { optPeriod_Click(index); });
     auto *days = control<QComboBox>(u"cboDays"_s);
-    on(days, &QComboBox::editTextChanged, this, [this] { cboDays_Change(); });
-    on(days, &QComboBox::activated, this, [this] { cboDays_Click(); });
+    on(days, &QComboBox::editTextChanged, handlers(), [this] { cboDays_Change(); });
+    on(days, &QComboBox::activated, handlers(), [this] { cboDays_Click(); });
 }
 
 void frmRecord::connectButtons()
 {
-    const auto click = [this](const QString &name, void (frmRecord::*handler)()) {
-        on(control<QPushButton>(name), &QPushButton::clicked, this, [this, handler] { (this->*handler)(); });
+    const std::pair<QString, void (frmRecord::*)()> clicks[] = {
+        {u"cmdUpdate"_s, &frmRecord::cmdUpdate_Click},     {u"cmdDelete"_s, &frmRecord::cmdDelete_Click},
+        {u"cmdCalc"_s, &frmRecord::cmdCalc_Click},         {u"cmdWebsite"_s, &frmRecord::cmdWebsite_Click},
+        {u"cmdEmail"_s, &frmRecord::cmdEmail_Click},       {u"cmdPicture"_s, &frmRecord::cmdPicture_Click},
+        {u"cmdSchedule"_s, &frmRecord::cmdSchedule_Click}, {u"cmdApply"_s, &frmRecord::cmdApply_Click},
+        {u"cmdCancel"_s, &frmRecord::cmdCancel_Click},
     };
-    click(u"cmdUpdate"_s, &frmRecord::cmdUpdate_Click);
-    click(u"cmdDelete"_s, &frmRecord::cmdDelete_Click);
-    click(u"cmdCalc"_s, &frmRecord::cmdCalc_Click);
-    click(u"cmdWebsite"_s, &frmRecord::cmdWebsite_Click);
-    click(u"cmdEmail"_s, &frmRecord::cmdEmail_Click);
-    click(u"cmdPicture"_s, &frmRecord::cmdPicture_Click);
-    click(u"cmdSchedule"_s, &frmRecord::cmdSchedule_Click);
-    click(u"cmdApply"_s, &frmRecord::cmdApply_Click);
-    click(u"cmdCancel"_s, &frmRecord::cmdCancel_Click);
-    on(control<QPushButton>(u"cmdNew"_s), &QPushButton::clicked, this, [this] { AddNewRecord({}); });
-    on(control<QPushButton>(u"cmdReplicate"_s), &QPushButton::clicked, this, [this] { AddNewRecord(text(u"lblID2"_s)); });
-    on(control<QPushButton>(u"cmdClose"_s), &QPushButton::clicked, this, [this] { Close(); });
-    on(control<QPushButton>(u"cmdRemove"_s), &QPushButton::clicked, this, [this] {
+    for (const auto &[name, handler] : clicks)
+        onClick(name, [this, handler = handler] { (this->*handler)(); });
+    onClick(u"cmdNew"_s, [this] { AddNewRecord({}); });
+    onClick(u"cmdReplicate"_s, [this] { AddNewRecord(text(u"lblID2"_s)); });
+    onClick(u"cmdRemove"_s, [this] {
         setText(u"lblFilename"_s, {});
         ShowPic({});
     });
-    const auto key = [this](const QKeySequence &keys, const QString &name) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, control<QPushButton>(name), &QPushButton::click);
-    };
-    key(QKeySequence::New, u"cmdNew"_s);
-    key(QKeySequence::Save, u"cmdUpdate"_s);
-    on(this, &Form::helpWanted, this, [this] { ShowInfoPage(m_section.code); });
-    on(new QShortcut(Qt::ALT | Qt::Key_Left, this), &QShortcut::activated, this, [this] { m_data->MovePrevious(); });
-    on(new QShortcut(Qt::ALT | Qt::Key_Right, this), &QShortcut::activated, this, [this] { m_data->MoveNext(); });
-}
-
-QString frmRecord::text(const QString &name) const
-{
-    const QWidget *widget = m_controls.value(name);
-    if (const auto *edit = qobject_cast<const QLineEdit *>(widget))
-        return edit->text();
-    if (const auto *combo = qobject_cast<const QComboBox *>(widget))
-        return combo->currentText();
-    if (const auto *label = qobject_cast<const QLabel *>(widget))
-        return label->text();
-    if (const auto *rich = qobject_cast<const controls::RichTextBox *>(widget))
-        return rich->stored();
-    return {};
-}
-
-// Only a change is a change: setting what stands there already leaves the cursor where the user put it.
-void frmRecord::setText(const QString &name, const QString &newText)
-{
-    if (text(name) == newText)
-        return;
-    QWidget *widget = m_controls.value(name);
-    if (auto *edit = qobject_cast<QLineEdit *>(widget)) {
-        edit->setText(newText);
-    } else if (auto *combo = qobject_cast<QComboBox *>(widget)) {
-        combo->setCurrentIndex(combo->findText(newText));
-        if (combo->isEditable())
-            combo->setEditText(newText);
-    } else if (auto *label = qobject_cast<QLabel *>(widget)) {
-        label->setText(newText);
-    } else if (auto *rich = qobject_cast<controls::RichTextBox *>(widget)) {
-        rich->setStored(newText);
-    }
-}
-
-bool frmRecord::ticked(const QString &name) const { return control<QAbstractButton>(name)->isChecked(); }
-
-// With its label, and with the line that it stands in, so that the layout closes up.
-void frmRecord::setVisible_(const QString &name, bool visible)
-{
-    control<QWidget>(name)->setVisible(visible);
-    if (QLabel *label = m_labels.value(name))
-        label->setVisible(visible);
-    if (QBoxLayout *beside = m_beside.value(name))
-        beside->parentWidget()->setVisible(visible);
+    useRecordKeys();
+    setHelpPage(m_section.code.toString());
 }
 
 bool frmRecord::eventFilter(QObject *watched, QEvent *event)
 {
     const QString name = watched->objectName();
-    const auto *mouse = event->type() == QEvent::MouseButtonRelease || event->type() == QEvent::MouseButtonDblClick
-        ? static_cast<QMouseEvent *>(event) : nullptr;
-    if (m_slots.contains(name)) {
-        if (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress)
-            moveCalcBeside(name);
-        if (event->type() == QEvent::KeyPress) {
-            const auto *key = static_cast<QKeyEvent *>(event);
-            if (key->key() == Qt::Key_F4 || (key->key() == Qt::Key_Down && key->modifiers() & Qt::AltModifier)) {
-                basic::Trap([&] { cmdCalc_Click(); });
-                return true;
-            }
-        }
+    if (m_slots.contains(name) && (event->type() == QEvent::FocusIn || event->type() == QEvent::MouseButtonPress)) {
+        moveCalcBeside(name);
     } else if (name == u"txtEmail" && event->type() == QEvent::MouseButtonDblClick) {
         basic::Trap([&] { txtEmail_DblClick(); });
         return true;
-    } else if (name == u"picImage" && event->type() == QEvent::MouseButtonRelease
-               && m_section.kind == ReminderKind::Event && m_data->hasRows()) {
+    } else if (name == u"picImage" && event->type() == QEvent::MouseButtonRelease && isA(ReminderKind::Event) && dtaData().hasRows()) {
         basic::Trap([&] { cmdPicture_Click(); });
-    } else if (auto *label = qobject_cast<QLabel *>(watched); label && mouse && mouse->button() == Qt::LeftButton) {
-        if (auto *box = qobject_cast<QCheckBox *>(label->buddy()); box && box->isEnabled()) {
-            box->setFocus();
-            box->click();
-        }
     }
-    return Form::eventFilter(watched, event);
+    return RecordForm::eventFilter(watched, event);
 }
 
 void frmRecord::AllowInput()
 {
-    const bool rows = m_data->hasRows();
+    const bool rows = dtaData().hasRows();
     for (const QString &name : {u"cmdReplicate"_s, u"cmdUpdate"_s, u"cmdDelete"_s, u"cmdSchedule"_s, u"fraBill"_s,
                                 u"panFullDetails"_s})
-        control<QWidget>(name)->setEnabled(rows);
-    for (const QBoxLayout *line : std::as_const(m_beside))
-        line->parentWidget()->setEnabled(rows);
+        control(name)->setEnabled(rows);
+    for (const controls::Field &field : fields()) {
+        if (formOf(field))
+            lineOf(field.control)->setEnabled(rows);
+    }
+}
+
+void frmRecord::pickDate(const controls::Field &field)
+{
+    moveCalcBeside(field.control);
+    cmdCalc_Click();
 }
 
 void frmRecord::cmdCalc_Click()
@@ -194,9 +112,7 @@ void frmRecord::cmdCalc_Click()
     static constexpr std::pair<QStringView, QStringView> codes[] = {
         {u"txtDate", u"R1"}, {u"txtDateTo", u"R2"}, {u"txtBillingDate", u"R3"}, {u"txtPaymentDate", u"R4"}};
     for (const auto &[box, code] : codes) {
-        if (m_calcBox != box || !OpenDatePicker(control<QWidget>(m_calcBox), code.toString()))
-            continue;
-        if (m_calcBox == u"txtDate")
+        if (m_calcBox == box && OpenDatePicker(control(m_calcBox), code.toString()) && box == u"txtDate")
             correctDate();
     }
 }
@@ -240,17 +156,17 @@ void frmRecord::chkDelete_MouseUp()
 void frmRecord::chkEmail_Click()
 {
     const bool wanted = ticked(u"chkEmail"_s);
-    setVisible_(u"txtEmail"_s, wanted);
-    setVisible_(u"lblLastEmailDate"_s, wanted);
+    showField(u"txtEmail"_s, wanted);
+    showField(u"lblLastEmailDate"_s, wanted);
     if (!wanted)
-        control<QWidget>(u"lblEmail1"_s)->show();
+        control(u"lblEmail1"_s)->show();
 }
 
 void frmRecord::chkCard_Click()
 {
     const bool wanted = ticked(u"chkCard"_s);
-    setVisible_(u"chkCardBuy"_s, wanted);
-    setVisible_(u"chkCardSent"_s, wanted);
+    showField(u"chkCardBuy"_s, wanted);
+    showField(u"chkCardSent"_s, wanted);
 }
 
 void frmRecord::cboSubject_Click()
@@ -264,13 +180,13 @@ void frmRecord::txtDate_LostFocus()
     if (record::number(text(u"lblID1"_s)) == 0)
         return;
     const bool invalid = !rowDate();
-    correctDate();              // before the box: it takes the focus, and this runs once more
+    correctDate();              // before the box, which takes the focus: this runs once more
     if (invalid)
         basic::MsgBox(u"Invalid Date ... defaulting to todays date"_s);
 }
 
 void frmRecord::txtEmail_DblClick() { setText(u"txtEmail"_s, record::contactAddress(text(u"lblEmailID"_s))); }
 
-void frmRecord::dtaData_Error(const QString &message) { basic::MsgBox(message, {}, basic::Icon::Exclamation); }
+void frmRecord::cboTime_LostFocus() { setText(u"cboTime"_s, typedTime(text(u"cboTime"_s))); }
 
 }

@@ -1,21 +1,14 @@
 #pragma once
 
-#include "platform/controls/datacontrol.h"
-#include "platform/controls/form.h"
+#include "platform/controls/recordform.h"
 #include "reminders/record.h"
 
-#include <QHash>
-
-class QBoxLayout;
 class QButtonGroup;
-class QComboBox;
-class QFormLayout;
-class QLabel;
-class QLineEdit;
 
 namespace vorel {
 
-// The modal screen of an appointment, a bill or an event: state().selection.gRecordCode ("A", "B", "E") is read when it is made.
+// The modal screen of an appointment, a bill or an event: state().selection.gRecordCode ("A", "B", "E") is read when it is
+// created.
 //     state().selection.gRecordCode = "A";
 //     frmRecord form;
 //     form.dtaData().setRecordSource(state().period.gSqlAppointments);
@@ -23,13 +16,11 @@ namespace vorel {
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
 // state().selection.gLastRecord is then the ID of the row that was last current.
-class frmRecord : public controls::Form {
+class frmRecord : public controls::RecordForm {
     Q_OBJECT
 public:
     explicit frmRecord(QWidget *parent = nullptr);
-    ~frmRecord() override;
 
-    controls::DataControl &dtaData() { return *m_data; }
     // A blank row dated today, or with a source ID a copy of that row, after its question. Refreshes the rows first.
     void AddNewRecord(const QString &sourceID);
 
@@ -40,22 +31,20 @@ public:
     void SetScheduler(bool visible);
 
 protected:
+    QWidget *createWidget(const controls::Field &field) override;
+    controls::BindOptions bindOptions(const controls::Field &field) const override;
+    QFormLayout *formOf(const controls::Field &field) override;
+    QWidgetList buttonsBeside(const controls::Field &field) override;
+    void pickDate(const controls::Field &field) override;
     bool QueryUnload() override;
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    enum class Kind { Line, Date, Money, Digits, Time, Subject, List, Check, Caption, Rich };
-    enum class Place { Row, Beside, Frequency, Details, Hidden };
-    struct FieldRow;
-    static const std::vector<FieldRow> &fieldTable();
+    bool isA(ReminderKind kind) const { return m_section.kind == kind; }
 
     // Layout (frmRecordLayout.cpp)
-    void createFields();
-    QWidget *createField(const FieldRow &row);
-    void bindField(const FieldRow &row, QWidget *widget);
-    void placeField(const FieldRow &row, QWidget *widget, const QString &previous);
-    QLabel *createLabel(const FieldRow &row, QWidget *buddy);
     void createButtons();
+    void createDateSlots();
     QWidget *createFrequencyPanel();
     QLayout *createOptions();
     QLayout *createPeriods();
@@ -79,20 +68,22 @@ private:
     void chkCard_Click();
     void cboSubject_Click();
     void txtDate_LostFocus();
+    void cboTime_LostFocus();
     void txtEmail_DblClick();
-    void dtaData_Error(const QString &text);
     SeriesFields seriesFields() const;
-    qint32 survivorAfterDelete();                       // the ID to stand on once the current row is gone, 0 if none
+    bool agreesToLength(const SeriesFields &fields);
+    qint32 survivorAfterDelete();                       // the ID to go to once the current row is gone, 0 if none
 
     // The row as shown (frmRecordReposition.cpp)
     void dtaData_Reposition();
-    void showEventParts();
+    void rememberDates();
     void applyBirthday();
+    void showEventParts();
     void showGreeting(const record::Greeting &greeting);
     void takeViewAsShown();
-    void storeView();                                   // what showing the row put into its boxes is stored on a save
-    basic::Value toStore(const FieldRow &row, const QString &text) const;
-    std::optional<basic::DateTime> rowDate() const;     // of txtDate
+    void storeView();                                   // what showing the row put into its boxes
+    std::optional<basic::DateTime> dateOf(const QString &box) const;
+    std::optional<basic::DateTime> rowDate() const { return dateOf(QStringLiteral("txtDate")); }
     void correctDate();                                 // a text that is no date becomes today
 
     // Frequency panel (frmRecordFrequency.cpp)
@@ -107,19 +98,9 @@ private:
     void cmdApply_Click();
     void cmdCancel_Click();
 
-    template <class W> W *control(const QString &name) const { return static_cast<W *>(m_controls.value(name)); }
-    QString text(const QString &name) const;
-    void setText(const QString &name, const QString &text);
-    bool ticked(const QString &name) const;
-    void setVisible_(const QString &name, bool visible);
-
     const record::Section &m_section;
-    controls::DataControl *m_data;
-    QHash<QString, QWidget *> m_controls;               // by objectName, arrays included
-    QHash<QString, QBoxLayout *> m_beside;              // by field: the line that the field stands in
-    QHash<QString, QLabel *> m_labels;                  // by field
-    QHash<QString, QWidget *> m_slots;                  // by date box: where cmdCalc stands beside it
-    QFormLayout *m_fields = nullptr;
+    QHash<QString, QWidget *> m_slots;                  // by date box: where cmdCalc goes beside it
+    QFormLayout *m_form = nullptr;
     QButtonGroup *m_options = nullptr;
     QString m_calcBox;                                  // the date box that cmdCalc serves
     bool m_showing = false;                             // a row is being shown: changes are not the user's

@@ -1,148 +1,153 @@
 #include "reminders/frmRecordFields.h"
 
+#include "calendar/picker.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
-#include "platform/controls/elidedlabel.h"
+#include "platform/controls/richtextbox.h"
+#include "session/datetexts.h"
 #include "session/state.h"
 #include "utilities/frmInformationFormat.h"
 
-#include <QCheckBox>
 #include <QComboBox>
-#include <QLabel>
-#include <QLineEdit>
-#include <QRegularExpressionValidator>
 
 namespace vorel {
 
 using namespace Qt::StringLiterals;
+using controls::Field;
+using controls::FieldKind;
+using controls::FieldRule;
 
-// The order is the order on the screen and of the Tab key.
-const std::vector<frmRecord::FieldRow> &frmRecord::fieldTable()
+namespace {
+
+const QString details = u"details"_s, frequency = u"frequency"_s;
+
+// By whom a field is shown: the letters of the record codes.
+struct SectionField {
+    QStringView sections;
+    Field field;
+};
+
+const std::vector<SectionField> &fieldTable()
 {
-    using enum Kind;
-    using enum Place;
-    static const std::vector<FieldRow> table{
-        {u"txtDate", u"DATE", Date, u"ABE", u"&Date:", u"lblDate"},
-        {u"lblDay", u"DAY", Caption, u"ABE", u"", u"", Beside, u"Week day"},
-        {u"txtDateTo", u"DATETO", Date, u"E", u"Un&til:", u"lblDateTo"},
-        {u"cboTime", u"APPTIME", Time, u"A", u"&Time:", u"lblTime"},
-        {u"txtAppointment", u"APPOINTMENT", Line, u"A", u"&Appointment:", u"lblAppointment"},
-        {u"chkMet", u"Met", Check, u"A", u"&Kept:", u"lblMet"},
-        {u"txtBill", u"BILL", Line, u"B", u"B&ill:", u"lblBill"},
-        {u"txtAmount", u"Amount", Money, u"B", u"A&mount:", u"lblAmount"},
-        {u"chkFixedAmount", u"FIXEDAMOUNT", Check, u"B", u"Fi&xed amount:", u"lblFixedAmount"},
-        {u"txtBillingDate", u"BILLINGDATE", Date, u"B", u"&Billed on:", u"lblBillingDate"},
-        {u"txtPaymentDate", u"PAYMENTDATE", Date, u"B", u"&Paid on:", u"lblPaymentDate"},
-        {u"chkPaid", u"PAID", Check, u"B", u"P&aid:", u"lblPaid"},
-        {u"txtWebsite", u"WEBSITE", Line, u"B", u"&Website:", u"lblWebsite"},
-        {u"cboSubject", u"SUBJECT", Subject, u"E", u"&Subject:", u"lblSubject"},
-        {u"txtEvent", u"EVENT", Line, u"E", u"E&vent:", u"lblEvent"},
-        {u"chkRecurring", u"RECURRING", Check, u"E", u"Every &year:", u"lblRecurring"},
-        {u"chkDelete", u"DELETE", Check, u"ABE", u"D&elete after date:", u"lblDelete"},
-        {u"lblFilename", u"FILENAME", Caption, u"E", u"Picture:", u"lblPicture"},
-        {u"chkEmail", u"EMAIL", Check, u"E", u"E-mail &greeting:", u"lblEmail1"},
-        {u"txtEmail", u"EMAILADDRESS", Line, u"E", u"&Address:", u"lblEmail2"},
-        {u"lblLastEmailDate", u"LASTEMAILDATE", Caption, u"E", u"Last sent:", u"lblEmail3"},
-        {u"chkCard", u"CARD", Check, u"E", u"&Card wanted:", u"lblCard"},
-        {u"chkCardBuy", u"CARDPURCHASED", Check, u"E", u"Card &bought:", u"lblCardBuy"},
-        {u"chkCardSent", u"CARDSENT", Check, u"E", u"Card ma&iled:", u"lblCardSent"},
-        {u"cboDay", u"WeekNum", List, u"AB", u"", u"", Frequency, u"Which week of the month"},
-        {u"cboWeekDay", u"WeekDay", List, u"AB", u"", u"", Frequency, u"Week day of each month"},
-        {u"txtPeriodMonth", u"PERIODMONTH", Digits, u"AB", u"Mont&hs between:", u"lblPeriodMonth", Frequency},
-        {u"txtPeriodDays", u"PERIODDAYS", Digits, u"AB", u"Day&s between:", u"lblPeriodDays", Frequency},
-        {u"rtbFullDetails", u"FULLEVENT", Rich, u"E", u"&Full details:", u"lblFullDetails", Details},
-        {u"lblEmailID", u"EMAILID", Caption, u"E", u"", u"", Hidden},
-        {u"lblContactID", u"CONTACTID", Caption, u"E", u"", u"", Hidden},
-        {u"lblID1", u"ID", Caption, u"ABE", u"", u"", Hidden},
-        {u"lblID2", u"ID", Caption, u"ABE", u"", u"", Hidden},
+    using enum FieldKind;
+    static const std::vector<SectionField> table{
+        {u"ABE", {.control = u"txtDate"_s, .field = u"DATE"_s, .kind = Date, .label = u"&Date:"_s}},
+        {u"ABE", {.control = u"lblDay"_s, .field = u"DAY"_s, .kind = Caption, .beside = true, .spoken = u"Week day"_s}},
+        {u"E", {.control = u"txtDateTo"_s, .field = u"DATETO"_s, .kind = Date, .label = u"Date &to:"_s}},
+        {u"A", {.control = u"cboTime"_s, .field = u"APPTIME"_s, .kind = List, .label = u"&Time:"_s}},
+        {u"A", {.control = u"txtAppointment"_s, .field = u"APPOINTMENT"_s, .label = u"&Appointment:"_s, .rules = FieldRule::Grave}},
+        {u"A", {.control = u"chkMet"_s, .field = u"Met"_s, .kind = Check, .label = u"&Met:"_s, .labelName = u"lblMet"_s}},
+        {u"B", {.control = u"txtBill"_s, .field = u"BILL"_s, .label = u"B&ill:"_s, .rules = FieldRule::Grave}},
+        {u"B", {.control = u"txtAmount"_s, .field = u"Amount"_s, .kind = Amount, .label = u"A&mount:"_s}},
+        {u"B", {.control = u"chkFixedAmount"_s, .field = u"FIXEDAMOUNT"_s, .kind = Check, .label = u"Fi&xed amount:"_s, .labelName = u"lblFixedAmount"_s}},
+        {u"B", {.control = u"txtBillingDate"_s, .field = u"BILLINGDATE"_s, .kind = Date, .label = u"&Billing date:"_s}},
+        {u"B", {.control = u"txtPaymentDate"_s, .field = u"PAYMENTDATE"_s, .kind = Date, .label = u"&Payment date:"_s}},
+        {u"B", {.control = u"chkPaid"_s, .field = u"PAID"_s, .kind = Check, .label = u"P&aid:"_s, .labelName = u"lblPaid"_s}},
+        {u"B", {.control = u"txtWebsite"_s, .field = u"WEBSITE"_s, .label = u"&Website:"_s}},
+        {u"E", {.control = u"cboSubject"_s, .field = u"SUBJECT"_s, .kind = List, .label = u"Sub&ject:"_s, .rules = FieldRule::Grave}},
+        {u"E", {.control = u"txtEvent"_s, .field = u"EVENT"_s, .label = u"E&vent:"_s, .rules = FieldRule::Grave}},
+        {u"E", {.control = u"chkRecurring"_s, .field = u"RECURRING"_s, .kind = Check, .label = u"Recurr&ing:"_s, .labelName = u"lblRecurring"_s}},
+        {u"ABE", {.control = u"chkDelete"_s, .field = u"DELETE"_s, .kind = Check, .label = u"D&elete after date:"_s, .labelName = u"lblDelete"_s}},
+        {u"E", {.control = u"lblFilename"_s, .field = u"FILENAME"_s, .kind = Path, .label = u"Picture:"_s, .labelName = u"lblPicture"_s}},
+        {u"E", {.control = u"chkEmail"_s, .field = u"EMAIL"_s, .kind = Check, .label = u"E-mail &greeting:"_s, .labelName = u"lblEmail1"_s}},
+        {u"E", {.control = u"txtEmail"_s, .field = u"EMAILADDRESS"_s, .label = u"&Address:"_s, .labelName = u"lblEmail2"_s}},
+        {u"E", {.control = u"lblLastEmailDate"_s, .field = u"LASTEMAILDATE"_s, .kind = Caption, .label = u"Last sent:"_s, .labelName = u"lblEmail3"_s}},
+        {u"E", {.control = u"chkCard"_s, .field = u"CARD"_s, .kind = Check, .label = u"Send &card:"_s, .labelName = u"lblCard"_s}},
+        {u"E", {.control = u"chkCardBuy"_s, .field = u"CARDPURCHASED"_s, .kind = Check, .label = u"Card &bought:"_s, .labelName = u"lblCardBuy"_s}},
+        {u"E", {.control = u"chkCardSent"_s, .field = u"CARDSENT"_s, .kind = Check, .label = u"Card &sent:"_s, .labelName = u"lblCardSent"_s}},
+        {u"AB", {.control = u"cboDay"_s, .field = u"WeekNum"_s, .kind = Choice, .panel = frequency, .spoken = u"Which week of the month"_s}},
+        {u"AB", {.control = u"cboWeekDay"_s, .field = u"WeekDay"_s, .kind = Choice, .panel = frequency, .spoken = u"Week day of each month"_s}},
+        {u"AB", {.control = u"txtPeriodMonth"_s, .field = u"PERIODMONTH"_s, .kind = Digits, .panel = frequency, .label = u"Mont&hs between:"_s}},
+        {u"AB", {.control = u"txtPeriodDays"_s, .field = u"PERIODDAYS"_s, .kind = Digits, .panel = frequency, .label = u"Day&s between:"_s}},
+        {u"E", {.control = u"rtbFullDetails"_s, .field = u"FULLEVENT"_s, .kind = Rich, .panel = details, .label = u"&Full details:"_s}},
+        {u"E", {.control = u"lblEmailID"_s, .field = u"EMAILID"_s, .kind = Hidden}},
+        {u"E", {.control = u"lblContactID"_s, .field = u"CONTACTID"_s, .kind = Hidden}},
+        {u"ABE", {.control = u"lblID1"_s, .field = u"ID"_s, .kind = Hidden}},
+        {u"ABE", {.control = u"lblID2"_s, .field = u"ID"_s, .kind = Hidden}},
     };
     return table;
 }
 
-QWidget *frmRecord::createField(const FieldRow &row)
+QStringList choicesOf(const QString &control)
 {
-    const auto combo = [this](const QStringList &items, bool editable) {
-        auto *made = new QComboBox(this);
-        made->setEditable(editable);
-        made->setInsertPolicy(QComboBox::NoInsert);
-        made->addItems(items);
-        made->setMaxVisibleItems(16);
-        return made;
-    };
-    switch (row.kind) {
-    case Kind::Date:
-    case Kind::Line:
-        return new QLineEdit(this);
-    case Kind::Money: {
-        auto *made = new QLineEdit(this);
-        made->setAlignment(Qt::AlignRight);
-        return made;
-    }
-    case Kind::Digits: {
-        auto *made = new QLineEdit(this);
-        made->setValidator(new QRegularExpressionValidator(QRegularExpression(u"[0-9]*"_s), made));
-        return made;
-    }
-    case Kind::Time:
-        return combo(record::timeList(), true);
-    case Kind::Subject:
-        return combo({}, true);
-    case Kind::List:
-        if (row.control == u"cboDay")
-            return combo({QString(), u"1st"_s, u"2nd"_s, u"3rd"_s, u"4th"_s}, false);
-        return combo({QString(), u"Sun"_s, u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s, u"Sat"_s}, false);
-    case Kind::Check:
-        return new QCheckBox(this);
-    case Kind::Rich: {
-        auto *made = new controls::RichTextBox(this);
-        useFormatMenu(made);
-        return made;
-    }
-    case Kind::Caption: {
-        auto *made = row.control == u"lblFilename" ? new controls::ElidedLabel(this) : new QLabel(this);
-        made->setTextFormat(Qt::PlainText);
-        return made;
-    }
-    }
-    Q_UNREACHABLE();
+    if (control == u"cboTime")
+        return record::timeList();
+    if (control == u"cboDay")
+        return {QString(), u"1st"_s, u"2nd"_s, u"3rd"_s, u"4th"_s};
+    if (control == u"cboWeekDay")
+        return {QString(), u"Sun"_s, u"Mon"_s, u"Tue"_s, u"Wed"_s, u"Thu"_s, u"Fri"_s, u"Sat"_s};
+    return {};
 }
 
-void frmRecord::bindField(const FieldRow &row, QWidget *widget)
+QString shownDay(const basic::Value &stored)
 {
-    controls::BindOptions options;
-    if (row.kind == Kind::Date || row.control == u"lblLastEmailDate") {
-        options.show = [](const basic::Value &stored) {
-            const auto date = record::dateOf(stored.text());
-            if (!date)
-                return stored.text();
-            return *date == basic::DateTime::fromParts(1900, 1, 1) ? QString() : displayDate(*date);   // 1900: none
-        };
+    const auto day = record::storedDay(stored);
+    if (!day)
+        return stored.text();
+    return *day == basic::DateTime::fromParts(1900, 1, 1) ? QString() : displayDate(*day);      // 1900: none
+}
+
+// A date in a text field; what is no date is refused as in a date field.
+basic::Value dateText(const std::optional<basic::DateTime> &day, const QString &typed)
+{
+    if (day)
+        return storedDateText(*day);
+    if (!typed.trimmed().isEmpty())
+        throw basic::Error(0, u"\"%1\" is not a date"_s.arg(typed));
+    return QString();
+}
+
+}
+
+// The order is the order on the screen and of the Tab key. What the section does not show is not bound.
+std::vector<Field> recordFields(const record::Section &section)
+{
+    std::vector<Field> fields;
+    for (const SectionField &row : fieldTable()) {
+        fields.push_back(row.field);
+        if (!row.sections.contains(section.code))
+            fields.back().field.clear();
     }
-    if (row.kind == Kind::Date)
-        options.store = [this, &row](const QString &text) { return toStore(row, text); };
-    if (row.kind == Kind::Money) {
+    return fields;
+}
+
+bool isOnPanel(const Field &field) { return !field.panel.isEmpty(); }
+
+QWidget *frmRecord::createWidget(const Field &field)
+{
+    QWidget *widget = RecordForm::createWidget(field);
+    if (auto *combo = qobject_cast<QComboBox *>(widget))
+        combo->addItems(choicesOf(field.control));
+    else if (auto *rich = qobject_cast<controls::RichTextBox *>(widget))
+        useFormatMenu(rich);
+    return widget;
+}
+
+controls::BindOptions frmRecord::bindOptions(const Field &field) const
+{
+    controls::BindOptions options = RecordForm::bindOptions(field);
+    const QString &name = field.control;
+    if (field.kind == FieldKind::Date || name == u"lblLastEmailDate")
+        options.show = shownDay;
+    if (name == u"txtDate")
+        options.store = [this](const QString &) { return basic::Value(rowDate().value_or(basic::Date())); };
+    else if (name == u"txtDateTo")
+        options.store = [this, name](const QString &text) { return dateText(dateOf(name), text); };
+    else if (field.kind == FieldKind::Date)
+        options.store = [this, name](const QString &text) {
+            const auto day = dateOf(name);
+            return day ? basic::Value(*day) : text.trimmed().isEmpty() ? basic::Value() : basic::Value(text);
+        };
+    else if (name == u"cboTime") {
+        options.show = [](const basic::Value &stored) { return typedTime(stored.text()); };
+        options.store = [](const QString &text) { return basic::Value(typedTime(text)); };
+    } else if (field.kind == FieldKind::Amount) {
         options.show = [](const basic::Value &stored) {
             return basic::CDbl(stored) == 0 ? stored.text() : basic::Format(stored, state().settings.gNumberFormat);
         };
     }
-    m_data->bind(widget, row.field.toString(), std::move(options));
-}
-
-basic::Value frmRecord::toStore(const FieldRow &row, const QString &text) const
-{
-    if (row.control == u"txtDate")
-        return rowDate().value_or(basic::Date());
-    if (row.control == u"txtDateTo")        // kept as text
-        return text;
-    if (text.trimmed().isEmpty())
-        return {};
-    // The same spelling means the same day, even where the display format reads otherwise in this region.
-    if (const auto date = rowDate(); date && text == displayDate(*date))
-        return *date;
-    if (const auto date = record::dateOf(text))
-        return *date;
-    return text;
+    return options;
 }
 
 }

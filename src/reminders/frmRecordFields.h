@@ -4,16 +4,8 @@
 
 namespace vorel {
 
-// One control of the screen: what it is, the field it is bound to, the sections that show it, where it stands.
-struct frmRecord::FieldRow {
-    QStringView control;
-    QStringView field;
-    Kind kind;
-    QStringView sections;       // letters of the record codes
-    QStringView label;          // with its mnemonic; "" = none
-    QStringView labelName;
-    Place place = Place::Row;
-    QStringView spoken = {};    // accessible name where no label stands before it
-};
+// The fields of a section's screen, and of the two that share it: those are created, but neither bound nor shown.
+std::vector<controls::Field> recordFields(const record::Section &section);
+bool isOnPanel(const controls::Field &field);       // of the frequency or the full details
 
 }

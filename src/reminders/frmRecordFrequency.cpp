@@ -1,5 +1,6 @@
 #include "reminders/frmRecord.h"
 
+#include "calendar/picker.h"
 #include "platform/basic/prompts.h"
 #include "session/state.h"
 
@@ -16,18 +17,21 @@ using namespace Qt::StringLiterals;
 void frmRecord::SetScheduler(bool visible)
 {
     for (const QString &name : {u"fraBill"_s, u"lblPeriodMonth"_s, u"lblPeriodDays"_s, u"txtPeriodDays"_s, u"txtPeriodMonth"_s})
-        control<QWidget>(name)->setVisible(visible);
+        control(name)->setVisible(visible);
 }
 
 void frmRecord::showFrequency()
 {
-    setText(u"lblInitialDate"_s, text(u"txtDate"_s));
+    if (const auto initial = rowDate())
+        showDate(control(u"lblInitialDate"_s), *initial);
+    else
+        setText(u"lblInitialDate"_s, text(u"txtDate"_s));
     setText(u"lblNextDate"_s, {});
     const record::Frequency panel = record::frequencyOf(text(u"txtPeriodMonth"_s), text(u"txtPeriodDays"_s),
                                                         text(u"cboDay"_s), text(u"cboWeekDay"_s));
     selectOption(panel.option);
     setText(u"cboDays"_s, panel.days);
-    SetScheduler(panel.shown && m_section.kind != ReminderKind::Event);
+    SetScheduler(panel.shown && !isA(ReminderKind::Event));
 }
 
 void frmRecord::selectOption(int index)
@@ -53,7 +57,7 @@ void frmRecord::optPeriod_MouseUp()
 void frmRecord::optPeriod_Click(int index)
 {
     if (const auto next = record::nextDate(index, rowDate(), text(u"cboDays"_s)))
-        setText(u"lblNextDate"_s, displayDate(*next));
+        showDate(control(u"lblNextDate"_s), *next);
 }
 
 void frmRecord::cboDays_Change()
@@ -64,7 +68,7 @@ void frmRecord::cboDays_Change()
 
 void frmRecord::cboDays_Click() { optPeriod_Click(4); }
 
-void frmRecord::cmdSchedule_Click() { SetScheduler(control<QWidget>(u"fraBill"_s)->isHidden()); }
+void frmRecord::cmdSchedule_Click() { SetScheduler(control(u"fraBill"_s)->isHidden()); }
 
 // The start of the series stays the row's own date; the date shown as next due is information only.
 void frmRecord::cmdApply_Click()
@@ -72,7 +76,7 @@ void frmRecord::cmdApply_Click()
     const record::Period period = record::appliedPeriod(selectedOption(), text(u"cboDays"_s));
     setText(u"txtPeriodMonth"_s, period.months);
     setText(u"txtPeriodDays"_s, period.days);
-    if (!record::dateOf(text(u"lblNextDate"_s)))
+    if (!shownDate(control(u"lblNextDate"_s)))
         return;
     if (basic::askYesNo(u"Do you want to Commence on "_s + text(u"txtDate"_s) + u"?"_s, u"Question?"_s))
         setText(u"lblDay"_s, record::weekDayOf(rowDate()));
@@ -80,7 +84,8 @@ void frmRecord::cmdApply_Click()
 
 void frmRecord::cmdCancel_Click()
 {
-    setText(u"txtDate"_s, text(u"lblInitialDate"_s));
+    if (const auto initial = shownDate(control(u"lblInitialDate"_s)))
+        showDate(control(u"txtDate"_s), *initial);
     setText(u"lblDay"_s, record::weekDayOf(rowDate()));
 }
 

@@ -1,11 +1,14 @@
 #include "reminders/frmRecord.h"
 
+#include "calendar/picker.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "platform/controls/picturefile.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "session/datetexts.h"
+#include "session/shared.h"
 #include "session/state.h"
 
 #include <QIcon>
@@ -18,19 +21,22 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct ViewField {
-    QStringView control, field;
-    QStringView sections;
-    bool isDate;
-};
-// The fields whose boxes may show something else than is stored, by the screen's own doing.
-constexpr ViewField viewFields[] = {
-    {u"lblDay", u"DAY", u"ABE", false},
-    {u"txtDateTo", u"DATETO", u"E", true},
-    {u"txtBillingDate", u"BILLINGDATE", u"B", true},
-    {u"txtPaymentDate", u"PAYMENTDATE", u"B", true},
-    {u"rtbFullDetails", u"FULLEVENT", u"E", false},
-};
+// The boxes that may show something else than is stored, by the screen's own doing.
+const QStringList &viewBoxes()
+{
+    static const QStringList boxes{u"txtDate"_s, u"lblDay"_s, u"txtDateTo"_s, u"txtBillingDate"_s, u"txtPaymentDate"_s,
+                                   u"rtbFullDetails"_s};
+    return boxes;
+}
+
+constexpr std::pair<QStringView, QStringView> dateBoxes[] = {
+    {u"txtDate", u"DATE"}, {u"txtDateTo", u"DATETO"}, {u"txtBillingDate", u"BILLINGDATE"}, {u"txtPaymentDate", u"PAYMENTDATE"}};
+
+bool hasField(const dao::Recordset &rows, QStringView name)
+{
+    const auto fields = rows.Fields();
+    return std::any_of(fields.begin(), fields.end(), [name](const auto &f) { return f.Name.compare(name, Qt::CaseInsensitive) == 0; });
+}
 
 // As sharp as the screen is; a smaller one stays as small as it is.
 QPixmap pictureOf(const QString &path, QSize room)
@@ -43,17 +49,17 @@ QPixmap pictureOf(const QString &path, QSize room)
 void frmRecord::dtaData_Reposition()
 {
     m_showing = true;
-    const bool rows = m_data->hasRows();
+    const bool rows = dtaData().hasRows();
     state().selection.gLastRecord = static_cast<qint32>(record::number(text(u"lblID1"_s)));
-    if (rows && text(u"lblDay"_s).isEmpty())
-        setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+    rememberDates();
+    setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+    setRecordTitle(m_section.title.toString(), rows ? shownApostrophes(text(m_section.textControl.toString())) : QString());
     applyBirthday();
     showFrequency();
-    if (m_section.kind == ReminderKind::Event) {
+    if (isA(ReminderKind::Event)) {
         if (text(u"rtbFullDetails"_s).isEmpty())
             setText(u"rtbFullDetails"_s, text(u"txtEvent"_s));
         setText(u"lblCategory"_s, text(u"cboSubject"_s));
-        control<QLabel>(u"lblFilename"_s)->setToolTip(text(u"lblFilename"_s));
         ShowPic(text(u"lblFilename"_s));
         showEventParts();
     }
@@ -66,19 +72,19 @@ void frmRecord::dtaData_Reposition()
 // A birthday lasts its one day.
 void frmRecord::applyBirthday()
 {
-    if (m_section.kind != ReminderKind::Event)
+    if (!isA(ReminderKind::Event))
         return;
-    const bool birthday = m_data->hasRows() && record::isBirthday(text(u"cboSubject"_s));
+    const bool birthday = dtaData().hasRows() && record::isBirthday(text(u"cboSubject"_s));
     if (birthday)
         setText(u"txtDateTo"_s, {});
-    control<QWidget>(u"txtDateTo"_s)->setEnabled(!birthday);
+    control(u"txtDateTo"_s)->setEnabled(!birthday);
     if (birthday && m_calcBox == u"txtDateTo")
         moveCalcBeside(u"txtDate"_s);
 }
 
 void frmRecord::showEventParts()
 {
-    const bool birthday = m_data->hasRows() && record::isBirthday(text(u"cboSubject"_s));
+    const bool birthday = dtaData().hasRows() && record::isBirthday(text(u"cboSubject"_s));
     showGreeting(record::greetingOf(birthday, ticked(u"chkEmail"_s), text(u"txtEmail"_s), text(u"lblEmailID"_s),
                                     ticked(u"chkCard"_s)));
 }
@@ -86,78 +92,83 @@ void frmRecord::showEventParts()
 void frmRecord::showGreeting(const record::Greeting &greeting)
 {
     for (const QString &name : {u"chkEmail"_s, u"chkCard"_s})
-        setVisible_(name, greeting.offered);
+        showField(name, greeting.offered);
     for (const QString &name : {u"txtEmail"_s, u"lblLastEmailDate"_s})
-        setVisible_(name, greeting.address);
+        showField(name, greeting.address);
     for (const QString &name : {u"chkCardBuy"_s, u"chkCardSent"_s})
-        setVisible_(name, greeting.card);
-    setVisible_(u"cmdEmail"_s, greeting.write);
+        showField(name, greeting.card);
+    control(u"cmdEmail"_s)->setVisible(greeting.write);
 }
 
+// Each box knows the stored day that it shows, even where its format cannot be read back.
+void frmRecord::rememberDates()
+{
+    const dao::Recordset &rows = dtaData().Recordset();
+    if (!dtaData().hasRows() || rows.BOF() || rows.EOF_())
+        return;
+    for (const auto &[name, field] : dateBoxes) {
+        if (hasField(rows, field)) {
+            if (const auto day = record::storedDay(rows.Get(field)); day && text(name.toString()) == displayDate(*day))
+                showDate(control(name.toString()), *day);
+        }
+    }
+}
+
+// The boxes that hold a date follow the row's own: the settled behaviour of this screen after a save.
 void frmRecord::FormatDates()
 {
-    const record::DateBoxes shown{text(u"txtDate"_s), text(u"txtDateTo"_s), text(u"txtBillingDate"_s), text(u"txtPaymentDate"_s)};
-    const record::DateBoxes made = record::FormatDates(shown, rowDate());
-    setText(u"txtDate"_s, made.date);
-    setText(u"txtDateTo"_s, made.dateTo);
-    setText(u"txtBillingDate"_s, made.billingDate);
-    setText(u"txtPaymentDate"_s, made.paymentDate);
+    const auto day = rowDate();
+    if (!day)
+        return;
+    for (const auto &[name, field] : dateBoxes) {
+        if (const QString box = name.toString(); dateOf(box))
+            showDate(control(box), *day);
+    }
 }
 
 // Looking at a row changes nothing in it, although its boxes may show more than it holds.
 void frmRecord::takeViewAsShown()
 {
-    m_data->takeAsShown(control<QWidget>(u"txtDate"_s));        // another spelling of the same day
-    for (const ViewField &view : viewFields)
-        m_data->takeAsShown(control<QWidget>(view.control.toString()));
+    for (const QString &box : viewBoxes())
+        dtaData().takeAsShown(control(box));
 }
 
 void frmRecord::storeView()
 {
-    dao::Recordset &rows = m_data->Recordset();
+    const auto day = rowDate();
+    dao::Recordset &rows = dtaData().Recordset();
     QList<std::pair<QString, dao::Value>> changes;
-    for (const ViewField &view : viewFields) {
-        if (!view.sections.contains(m_section.code))
-            continue;
-        const QString shown = text(view.control.toString());
-        const dao::Value stored = rows.Get(view.field);
-        const auto date = view.isDate ? record::dateOf(stored.text()) : std::nullopt;
-        if (shown == (date ? displayDate(*date) : controls::RichTextBox::asStored(stored.text())))
-            continue;
-        const bool follows = view.isDate && view.field != u"DATETO" && rowDate();
-        if (follows && !shown.isEmpty())
-            changes.append({view.field.toString(), *rowDate()});
-        else if (!follows)
-            changes.append({view.field.toString(), shown});
+    const auto put = [&](const QString &field, const dao::Value &value) {
+        if (controls::RichTextBox::asStored(rows.Get(field).text()) != value.text())
+            changes.append({field, value});
+    };
+    if (day)
+        put(u"DATE"_s, *day);               // a time of day that another program stored does not outlive the save
+    put(u"DAY"_s, text(u"lblDay"_s));
+    if (isA(ReminderKind::Event)) {
+        if (day)
+            put(u"DATETO"_s, dateOf(u"txtDateTo"_s) ? storedDateText(*day) : text(u"txtDateTo"_s));
+        put(u"FULLEVENT"_s, text(u"rtbFullDetails"_s));
+    } else if (isA(ReminderKind::Bill) && day) {
+        for (const auto &[box, field] : {std::pair{u"txtBillingDate"_s, u"BILLINGDATE"_s}, {u"txtPaymentDate"_s, u"PAYMENTDATE"_s}}) {
+            if (!text(box).isEmpty())
+                put(field, *day);
+        }
     }
-    if (!changes.isEmpty()) {
-        rows.Edit();
-        for (const auto &[field, value] : changes)
-            rows.Set(field, value);
-        rows.Update();
-    }
-    takeViewAsShown();
+    if (changes.isEmpty())
+        return;
+    rows.Edit();
+    for (const auto &[field, value] : changes)
+        rows.Set(field, value);
+    rows.Update();
 }
 
-std::optional<basic::DateTime> frmRecord::rowDate() const
-{
-    const QString shown = text(u"txtDate"_s);
-    // The stored day as it is shown is that day, even where the display format reads otherwise in this region.
-    std::optional<basic::DateTime> stored;
-    basic::IgnoreErrors([&] {
-        const dao::Recordset &rows = m_data->Recordset();
-        if (rows && !rows.BOF() && !rows.EOF_() && !rows.Get(u"DATE").isNull())
-            stored = basic::CDate(rows.Get(u"DATE"));
-    });
-    if (stored && shown == displayDate(*stored))
-        return stored;
-    return record::dateOf(shown);
-}
+std::optional<basic::DateTime> frmRecord::dateOf(const QString &box) const { return shownDate(control(box)); }
 
 void frmRecord::correctDate()
 {
     if (!rowDate())
-        setText(u"txtDate"_s, displayDate(basic::Date()));
+        showDate(control(u"txtDate"_s), basic::Date());
     setText(u"lblDay"_s, record::weekDayOf(rowDate()));
 }
 

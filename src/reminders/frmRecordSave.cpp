@@ -1,11 +1,11 @@
 #include "reminders/frmRecord.h"
 
 #include "platform/basic/prompts.h"
+#include "session/datetexts.h"
+#include "session/shared.h"
 #include "session/state.h"
 
-#include <QButtonGroup>
-
-// What writes: a new row, a copy, a save, a delete, the road out.
+// What writes: a new row, a copy, a save, a delete, the way out.
 namespace vorel {
 
 using namespace Qt::StringLiterals;
@@ -15,15 +15,15 @@ void frmRecord::AddNewRecord(const QString &sourceID)
     const bool copy = !sourceID.trimmed().isEmpty();
     if (copy && !basic::askYesNo(u"Create a Duplicate Record?"_s))
         return;
-    if (!m_data->UpdateRecord())
+    if (!dtaData().UpdateRecord())
         return;
-    if (m_data->RecordSource().isEmpty())
-        m_data->setRecordSource(m_section.allRows.toString());
-    m_data->Refresh();
-    if (!m_data->Recordset())
+    if (dtaData().RecordSource().isEmpty())
+        dtaData().setRecordSource(m_section.allRows.toString());
+    dtaData().Refresh();
+    if (!dtaData().Recordset())
         return;
-    if (const auto added = record::addRow(m_data->Recordset(), m_section, sourceID))
-        m_data->setBookmark(*added);
+    if (const auto added = record::addRow(dtaData().Recordset(), m_section, sourceID))
+        dtaData().setBookmark(*added);
     AllowInput();
 }
 
@@ -32,49 +32,70 @@ SeriesFields frmRecord::seriesFields() const
     SeriesFields fields;
     fields.kind = m_section.kind;
     fields.text = text(m_section.textControl.toString());
-    if (const auto date = rowDate())
-        fields.date = record::dayMonthYear(*date);
-    fields.time = text(u"cboTime"_s);
-    fields.amount = text(u"txtAmount"_s);
+    fields.date = rowDate();
+    fields.time = typedTime(text(u"cboTime"_s));
+    fields.amount = record::amount(text(u"txtAmount"_s));
     fields.website = text(u"txtWebsite"_s);
     fields.fixedAmount = ticked(u"chkFixedAmount"_s);
     fields.deleteAfter = ticked(u"chkDelete"_s);
-    fields.periodMonth = text(u"txtPeriodMonth"_s);
-    fields.periodDays = text(u"txtPeriodDays"_s);
+    fields.months = record::wholeNumber(text(u"txtPeriodMonth"_s));
+    fields.days = record::wholeNumber(text(u"txtPeriodDays"_s));
     fields.weekNum = text(u"cboDay"_s);
     fields.weekDay = text(u"cboWeekDay"_s);
     fields.weekdayRule = ticked(u"optPeriod(3)"_s);
     return fields;
 }
 
-// The row first, then its series: when the series cannot be made (its text cannot stand in the query) the engine's
-// error is told, the row itself is saved and no other row has changed.
+// A digit missing in the year asks for hundreds of thousands of rows.
+bool frmRecord::agreesToLength(const SeriesFields &fields)
+{
+    constexpr int many = 5000;
+    const int rows = seriesLength(fields);
+    return rows <= many
+        || basic::askYesNo(u"This makes %1 dates, from the year %2 on.\r\nDo you want to create them?"_s.arg(rows).arg(fields.date->year()),
+                           u"Question?"_s);
+}
+
+// The row and its series are one change. A text with an apostrophe from before has no series: its row is saved alone.
 void frmRecord::cmdUpdate_Click()
 {
-    if (!m_data->hasRows())
+    if (!dtaData().hasRows())
         return;
     correctDate();
+    cboTime_LostFocus();
+    if (isA(ReminderKind::Bill) && text(u"txtAmount"_s).trimmed().isEmpty())
+        setText(u"txtAmount"_s, record::moneyText({}));
+    const SeriesFields fields = seriesFields();
+    if (!agreesToLength(fields))
+        return;
     const QString details = text(u"rtbFullDetails"_s);
-    if (!m_data->UpdateRecord())
+    SeriesResult added;
+    const bool saved = dtaData().UpdateRecord([&] {
+        // The save has shown the row as it is stored; what the view had put in place of empty fields is part of it now.
+        correctDate();
+        if (text(u"rtbFullDetails"_s).isEmpty())
+            setText(u"rtbFullDetails"_s, details);
+        FormatDates();
+        storeView();
+        if (canHaveSeries(fields))
+            added = createSeries(dtaData().Database(), fields);
+    });
+    if (!saved)
         return;
-    // The save showed the row as it is stored; what the view had put in place of empty fields is part of it now.
-    correctDate();
-    if (text(u"rtbFullDetails"_s).isEmpty())
-        setText(u"rtbFullDetails"_s, details);
-    if (m_section.kind == ReminderKind::Bill) {
+    if (isA(ReminderKind::Bill))
         setText(u"txtAmount"_s, record::moneyText(text(u"txtAmount"_s)));
-        m_data->takeAsShown(control<QWidget>(u"txtAmount"_s));
-    }
-    if (m_section.kind != ReminderKind::Event)
-        basic::Trap([&] { createSeries(seriesFields()); });
-    FormatDates();
-    storeView();
+    dtaData().takeAsShown(control(u"txtAmount"_s));
+    takeViewAsShown();
     dao::DBEngine::Idle(dao::dbRefreshCache);
+    setRecordTitle(m_section.title.toString(), shownApostrophes(fields.text));
+    if (seriesLength(fields) > 0 && !canHaveSeries(fields))
+        basic::MsgBox(u"The row is saved, but not repeated: its text holds an apostrophe. Type the text anew and choose Update."_s);
+    showState(record::savedWords(added));
 }
 
 qint32 frmRecord::survivorAfterDelete()
 {
-    const dao::Recordset &rows = m_data->Recordset();
+    const dao::Recordset &rows = dtaData().Recordset();
     const int id = rows.fieldIndex(u"ID");
     const qsizetype here = rows.AbsolutePosition();
     const auto idAt = [&](qsizetype row) {
@@ -92,34 +113,40 @@ qint32 frmRecord::survivorAfterDelete()
     return 0;
 }
 
-// Any row's delete takes its whole series, repeating or not.
+// Any row's delete takes its whole series, repeating or not, in one transaction. A text with an apostrophe from before
+// cannot be looked for: its row goes alone.
 void frmRecord::cmdDelete_Click()
 {
-    if (!m_data->hasRows()) {
-        m_data->Refresh();
+    if (!dtaData().hasRows()) {
+        dtaData().Refresh();
         AllowInput();
         return;
     }
     if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
-    basic::Trap([&] { DeleteFutureDates(seriesFields()); });
-    m_data->revert();           // what was typed goes with the row
+    const SeriesFields fields = seriesFields();
+    dtaData().revert();         // what was typed goes with the row
+    dao::Database &file = dtaData().Database();
+    dao::Transaction all(file);
+    if (canHaveSeries(fields))
+        DeleteFutureDates(file, fields);
+    file.Execute(u"DELETE * FROM [%1] WHERE [ID]="_s.arg(m_section.table) + dao::literal(record::wholeNumber(text(u"lblID1"_s))));
+    all.Commit();
     dao::DBEngine::Idle(dao::dbRefreshCache);
     const qint32 next = survivorAfterDelete();
-    m_data->Recordset().Delete();
-    m_data->Refresh();
+    dtaData().Refresh();
     if (next != 0)
-        m_data->FindFirst(u"ID = "_s + QString::number(next));
+        dtaData().FindFirst(u"ID = "_s + dao::literal(next));
     AllowInput();
 }
 
-// Every road out writes what was typed. Typing that cannot be saved keeps the screen open; on a second attempt the user
+// Whatever closes the screen writes what was typed. Typing that cannot be saved keeps the screen open; on a second attempt the user
 // may let it go.
 bool frmRecord::QueryUnload()
 {
-    if (m_data->isDirty())
+    if (dtaData().isDirty())
         txtDate_LostFocus();
-    return m_data->Leave();
+    return RecordForm::QueryUnload();
 }
 
 }

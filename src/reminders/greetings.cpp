@@ -4,12 +4,16 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
+#include "platform/basic/prompts.h"
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
 #include "platform/mail/mailprogram.h"
+#include "session/datetexts.h"
 #include "session/ini.h"
 #include "session/shared.h"
 #include "session/state.h"
+
+#include <map>
 
 namespace vorel {
 
@@ -19,21 +23,10 @@ using basic::Value;
 
 namespace {
 
-constexpr qsizetype dateTextSize = 11;      // of LASTEMAILDATE
-
 const QString &birthday()
 {
     static const QString subject = u"BIRTHDAY"_s;
     return subject;
-}
-
-// A display format may be too long for the field, or one that this region does not read back: a greeting would then go out
-// at each start, or never.
-QString todayText()
-{
-    const QString shown = displayDate(basic::Date());
-    const bool readsBack = basic::IsDate(shown) && basic::CDate(shown) == basic::Date();
-    return shown.size() <= dateTextSize && readsBack ? shown : shortDate(basic::Date());
 }
 
 bool wantsGreeting(const dao::Recordset &events)
@@ -89,29 +82,112 @@ void SendGreeting(const QString &name, const QString &address, const QString &su
         throw basic::Error(429, u"There is no mail program on this desktop to take the letter to "_s + address);
 }
 
+namespace {
+
+constexpr int daysTried = 7;                // a later greeting would only embarrass
+const QString retryKey = u"GreetingsToRetry"_s;
+
+// The events whose greeting failed, with the day on which it failed first. Kept in the configuration file as
+// "12 2026-11-22, 15 2026-11-23": the birthday is over when they are tried again.
+using Retries = std::map<qint32, QDate>;
+
+Retries storedRetries()
+{
+    Retries retries;
+    for (const QString &entry : GetIniValue(iniSettings, retryKey, {}).split(u',', Qt::SkipEmptyParts)) {
+        const QStringList parts = entry.simplified().split(u' ');
+        const QDate failed = QDate::fromString(parts.value(1), Qt::ISODate);
+        if (failed.isValid() && failed.daysTo(basic::Date().date()) <= daysTried)
+            retries.emplace(parts.first().toInt(), failed);
+    }
+    return retries;
+}
+
+void storeRetries(const Retries &retries)
+{
+    QStringList entries;
+    for (const auto &[id, failed] : retries)
+        entries << QString::number(id) + u' ' + failed.toString(Qt::ISODate);
+    const QString text = entries.join(u", "_s);
+    if (text != GetIniValue(iniSettings, retryKey, {}))
+        PutIniValue(iniSettings, retryKey, QString(text));
+}
+
+// One walk over today's events and those that are tried again.
+class GreetingRun {
+public:
+    void walk(dao::Recordset events);
+    void retry();
+    int finish();
+
+private:
+    void send(dao::Recordset &events);
+
+    const QString m_today = storedDateText(basic::Date());
+    Retries m_retries = storedRetries();
+    QStringList m_failures;
+    int m_sent = 0;
+};
+
+void GreetingRun::walk(dao::Recordset events)
+{
+    for (; !events.EOF_(); events.MoveNext()) {
+        if (wantsGreeting(events) && isDue(events.Get(u"LASTEMAILDATE").text(), m_today))
+            send(events);
+    }
+    events.Close();
+}
+
+// First the day, then the letter: one a day at most, also when the program dies between the two.
+void GreetingRun::send(dao::Recordset &events)
+{
+    const qint32 id = basic::CLng(events.Get(u"ID"));
+    const QString name = events.Get(u"EVENT").text(), address = events.Get(u"EMAILADDRESS").text();
+    events.Edit();
+    events.Set(u"LASTEMAILDATE", m_today);
+    events.Update();
+    try {
+        SendGreeting(name, address, birthday());
+        ++m_sent;
+        m_retries.erase(id);
+    } catch (const basic::Error &e) {
+        m_failures << shownApostrophes(name) + u": "_s + e.text();
+        m_retries.try_emplace(id, basic::Date().date());
+    }
+}
+
+void GreetingRun::retry()
+{
+    const Retries waiting = m_retries;
+    for (const auto &[id, failed] : waiting) {
+        dao::Recordset event = state().gMainDb.OpenRecordset(u"select * from [EVENTS] WHERE [ID]="_s + dao::literal(id));
+        if (event.EOF_() || !wantsGreeting(event))
+            m_retries.erase(id);
+        walk(event);
+    }
+}
+
+int GreetingRun::finish()
+{
+    basic::IgnoreErrors([this] { storeRetries(m_retries); });
+    if (m_sent > 0)
+        playSoundFile(desktop::findResource(u"\\WISH.wav"_s));
+    if (!m_failures.isEmpty())
+        basic::MsgBox(u"These birthday greetings were not sent:\r\n\r\n"_s + m_failures.join(u"\r\n"_s)
+                          + u"\r\n\r\nThey are tried again tomorrow."_s, {}, basic::Icon::Exclamation);
+    return m_sent;
+}
+
+}
+
 int SendBirthdayEmails()
 {
     if (!state().gMainDb || state().period.gSqlEvents.isEmpty())
         return 0;
-    dao::Recordset events = state().gMainDb.OpenRecordset(state().period.gSqlEvents);
-    const QString today = todayText();
-    int sent = 0;
-    for (; !events.EOF_(); events.MoveNext()) {
-        if (!wantsGreeting(events) || !isDue(events.Get(u"LASTEMAILDATE").text(), today))
-            continue;
-        // First the day, then the letter: one a day at most, also when the program dies between the two.
-        events.Edit();
-        events.Set(u"LASTEMAILDATE", today);
-        events.Update();
-        const bool passed = basic::Trap([&] {
-            SendGreeting(events.Get(u"EVENT").text(), events.Get(u"EMAILADDRESS").text(), birthday());
-        });
-        sent += passed ? 1 : 0;
-    }
-    events.Close();
-    if (sent > 0)
-        playSoundFile(desktop::findResource(u"\\WISH.wav"_s));
-    return sent;
+    GreetingRun run;
+    run.walk(state().gMainDb.OpenRecordset(state().period.gSqlEvents));
+    run.retry();
+    return run.finish();
 }
 
 }

@@ -17,23 +17,13 @@ namespace {
 
 constexpr qsizetype nameSize = 30, ownerSize = 20;      // of FROM, of UsersName
 
-QString inQuery(QString text)
-{
-    return text.replace(u'\'', u"''"_s);
-}
-
-double dayCount(const Value &days)
-{
-    return basic::valOr(days.text(), 0);
-}
-
 // Strictly more days than set since the last backup, and the file has changed since.
 bool isDue(const dao::Recordset &files)
 {
     const Value last = files.Get(u"LASTBACKUPDATE");
     if (last.isNull() || !basic::IsDate(last))
         return false;
-    return basic::DateDiff(u"d", basic::CDate(last), basic::Date()) > dayCount(files.Get(u"BACKUPAFTERDAYS"))
+    return basic::DateDiff(u"d", basic::CDate(last), basic::Date()) > basic::valOr(files.Get(u"BACKUPAFTERDAYS").text(), 0)
         && files.Get(u"FILEDATE").text() != last.text();
 }
 
@@ -44,7 +34,7 @@ bool messagesWait()
     if (!state().gMainDb)
         return false;
     dao::Recordset waiting = state().gMainDb.CreateSnapshot(
-        u"select * FROM [Messages] WHERE [Read]=False AND [To]='%1';"_s.arg(inQuery(state().settings.gUserName)));
+        u"select * FROM [Messages] WHERE [Read]=False AND [To]="_s + dao::literal(state().settings.gUserName) + u';');
     dao::DBEngine::Idle(dao::dbRefreshCache);
     const bool any = waiting.rowTotal() > 0;
     waiting.Close();
@@ -76,7 +66,7 @@ QString messageQuery(MessageView view)
         return own;
     const QString field = view == MessageView::Sent ? u"FROM"_s : u"TO"_s;
     QString narrowed = own;
-    return narrowed.insert(own.indexOf(u" ORDER BY "_s), u" WHERE [%1]='%2'"_s.arg(field, inQuery(state().settings.gUserName)));
+    return narrowed.insert(own.indexOf(u" ORDER BY "_s), u" WHERE [%1]="_s.arg(field) + dao::literal(state().settings.gUserName));
 }
 
 QStringList messageNames()
@@ -99,10 +89,15 @@ dao::Bookmark addMessage(dao::Recordset &rows)
     const QTime time = now.time();
     dao::NewRow row(rows);
     row.set(u"Date", basic::DateTime::fromParts(now.year(), now.month(), now.day(), time.hour(), time.minute()));
-    row.set(u"From", state().settings.gUserName.left(nameSize));
-    row.set(u"UsersName", state().settings.gUserName.left(ownerSize));
+    row.set(u"From", state().settings.gUserName.left(nameSize)).set(u"UsersName", state().settings.gUserName.left(ownerSize));
     row.save();
     return rows.LastModified();
+}
+
+void removeEmptyMessage(dao::Database &file, qint32 id)
+{
+    file.Execute(u"DELETE * FROM [MESSAGES] WHERE [ID]="_s + dao::literal(id)
+                 + u" AND ([TO] IS NULL OR [TO]='') AND ([MESSAGE] IS NULL OR [MESSAGE]='')"_s);
 }
 
 void SendNetMessage(const QString &to, const QString &from, const QString &message)

@@ -21,6 +21,8 @@ QString messageQuery(MessageView view);     // of the section's grid; Both is th
 QStringList messageNames();
 // Adds a message from the current user, dated now to the minute, and gives where it stands. Engine errors leave no row.
 dao::Bookmark addMessage(dao::Recordset &rows);
+// Removes the message again if nobody is named in it and nothing is written. Engine errors.
+void removeEmptyMessage(dao::Database &file, qint32 id);
 // Over the network's message service: a system without one keeps the message in the file alone.
 void SendNetMessage(const QString &to, const QString &from, const QString &message);
 

@@ -5,8 +5,10 @@
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
+#include "session/datetexts.h"
 #include "session/state.h"
 
+#include <algorithm>
 #include <array>
 
 namespace vorel::record {
@@ -58,9 +60,9 @@ void fillRow(dao::Recordset &rows, const Section &section, const dao::Recordset 
 
 const Section &section(const QString &recordCode)
 {
-    for (const Section &one : sections) {
-        if (same(recordCode, one.code))
-            return one;
+    for (const Section &section : sections) {
+        if (same(recordCode, section.code))
+            return section;
     }
     return sections.front();
 }
@@ -82,12 +84,11 @@ std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section
     return rows.LastModified();
 }
 
-std::optional<DateTime> dateOf(const QString &text)
+std::optional<DateTime> storedDay(const basic::Value &stored)
 {
-    if (!basic::IsDate(text))
-        return std::nullopt;
-    const DateTime date = basic::CDate(text);
-    return date.hasDate() ? std::optional(date.dayOnly()) : std::nullopt;
+    if (stored.isDate())
+        return stored.get<DateTime>().dayOnly();
+    return typedDate(stored.text(), {});        // stored texts are the region's
 }
 
 QString weekDayOf(const std::optional<DateTime> &date)
@@ -95,18 +96,28 @@ QString weekDayOf(const std::optional<DateTime> &date)
     return date ? basic::Format(*date, u"ddd") : QString();
 }
 
-QString dayMonthYear(DateTime date) { return basic::Format(date, u"dd mmm yyyy"); }
+double number(const QString &text) { return basic::valOr(text, 0); }
 
-double number(const QString &text)
+int wholeNumber(const QString &text)
 {
-    return basic::valOr(text, 0);
+    constexpr double most = 1'000'000;
+    return static_cast<int>(std::clamp(basic::Round(number(text)), -most, most));
 }
 
-QString moneyText(const QString &amount)
+// An amount typed with its sign or separators is read whole; Val alone would cut "1,250.00" to 1.
+basic::Value amount(const QString &text)
 {
-    // An amount typed with its sign or separators is read whole; Val alone would cut "1,250.00" to 1.
-    const double value = basic::IsNumeric(amount) ? basic::CDbl(amount) : number(amount);
-    return basic::Format(value, state().settings.gNumberFormat);
+    return basic::IsNumeric(text) ? basic::Value(basic::CDbl(text)) : basic::Value(number(text));
+}
+
+QString moneyText(const QString &text) { return basic::Format(amount(text), state().settings.gNumberFormat); }
+
+QString savedWords(const SeriesResult &added)
+{
+    if (added.rows == 0)
+        return u"Saved"_s;
+    const QString dates = added.rows == 1 ? u"1 further date on "_s : u"%1 further dates up to "_s.arg(added.rows);
+    return dates + displayDate(*added.last);
 }
 
 QStringList timeList()
@@ -115,15 +126,6 @@ QStringList timeList()
     for (int minute = 8 * 60; minute < 24 * 60; minute += 5)
         times += basic::Format(basic::TimeSerial(0, minute, 0), u"hh:mm am/pm");
     return times;
-}
-
-DateBoxes FormatDates(const DateBoxes &boxes, const std::optional<DateTime> &date)
-{
-    if (!date)
-        return boxes;
-    const QString shown = displayDate(*date);
-    const auto follow = [&](const QString &own) { return basic::IsDate(own) ? shown : own; };
-    return {shown, follow(boxes.dateTo), follow(boxes.billingDate), follow(boxes.paymentDate)};
 }
 
 Frequency frequencyOf(const QString &periodMonth, const QString &periodDays, const QString &weekNum, const QString &weekDay)
@@ -169,7 +171,7 @@ Period appliedPeriod(int option, const QString &days)
     case 0: return {u"1"_s, u"0"_s};
     case 1: return {u"3"_s, u"0"_s};
     case 2: return {u"12"_s, u"0"_s};
-    case 4: return {u"0"_s, basic::Value(number(days)).text()};
+    case 4: return {u"0"_s, basic::Value(basic::Round(number(days))).text()};   // no half days
     default: return {u"0"_s, u"0"_s};
     }
 }

@@ -27,21 +27,15 @@ const Section &section(const QString &recordCode);      // an unknown code is se
 // Gives where the new row stands. nullopt: there is no such source row. Engine errors leave no half-made row.
 std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section, const QString &sourceID);
 
-// A day as typed: nullopt when the text is no date or only a time of day.
-std::optional<basic::DateTime> dateOf(const QString &text);
+// The day in a stored date or a stored text of one; nullopt: there is none.
+std::optional<basic::DateTime> storedDay(const basic::Value &stored);
 QString weekDayOf(const std::optional<basic::DateTime> &date);      // "Sun", "" without a date
-QString dayMonthYear(basic::DateTime date);     // a spelling that reads the same under any regional order
 double number(const QString &text);                                 // at the text's head; 0 for what is none
+int wholeNumber(const QString &text);                               // rounded as the fields round, kept within a million
+basic::Value amount(const QString &text);                           // as typed, with its sign and separators
 QString moneyText(const QString &amount);                           // in the money format
 QStringList timeList();                                             // "All Day", then every five minutes from 8 o'clock
-
-// The four date boxes after a save. Those of the last three that hold a date follow the row's date: the settled
-// behaviour of this screen.
-struct DateBoxes {
-    QString date, dateTo, billingDate, paymentDate;
-    bool operator==(const DateBoxes &) const = default;
-};
-DateBoxes FormatDates(const DateBoxes &boxes, const std::optional<basic::DateTime> &date);
+QString savedWords(const SeriesResult &added);                      // "24 further dates up to 12/28/2027"
 
 // The frequency panel. Options: 0 month, 1 quarter, 2 year, 3 nth weekday, 4 every so many days.
 inline constexpr int noOption = 5;

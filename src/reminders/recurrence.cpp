@@ -29,13 +29,6 @@ const ReminderTable &billsTable()
     return table;
 }
 
-QString queryDate(DateTime date)
-{
-    const QDate day = date.date();
-    constexpr QChar zero = u'0';
-    return u"%1/%2/%3"_s.arg(day.month(), 2, 10, zero).arg(day.day(), 2, 10, zero).arg(day.year(), 4, 10, zero);
-}
-
 DateTime lastDayOfNextYear()
 {
     return DateTime::fromParts(basic::Date().year() + 1, 12, 31);
@@ -52,111 +45,104 @@ ReminderKind reminderKind(const QString &recordCode)
 
 namespace {
 
+// The rows on a day within a query.
+QString onDay(DateTime day) { return u"[Date]="_s + dao::literal(day); }
+
 // One save of a series: its fields, the open file, and the rule at work.
 class SeriesWriter {
 public:
     SeriesWriter(const SeriesFields &fields, dao::Database &database)
         : m_fields(fields), m_database(database),
           m_table(fields.kind == ReminderKind::Bill ? recurrence::billsTable() : recurrence::appointmentsTable()),
-          m_start(basic::CDate(fields.date)), m_days(basic::Val(fields.periodDays)),
-          m_months(basic::Val(fields.periodMonth))
+          m_start(fields.date->dayOnly())
     {
     }
 
     void deleteOthers();
-    void createByDays();
-    void createByMonths();
+    void createByPeriods();
     void createByWeekday();
+    const SeriesResult &result() const { return m_result; }
 
 private:
     bool isBill() const { return m_fields.kind == ReminderKind::Bill; }
-    void openRule(const QString &condition);
-    bool exists(DateTime date) const { return m_taken.contains(date.dayOnly()); }
-    void addRow(DateTime date, const basic::Value &amount);
-    void updateRow();
+    void createByDays();
+    void createByMonths();
     void createInMonth(int year, int month);
+    void openRule(const QString &condition);
+    bool exists(DateTime date) const { return m_taken.contains(date); }
+    void addRow(DateTime date, const basic::Value &amount, const std::function<void(dao::NewRow &)> &more);
 
     const SeriesFields &m_fields;
     dao::Database &m_database;
     const recurrence::ReminderTable &m_table;
     DateTime m_start;
-    double m_days;
-    double m_months;
     dao::Recordset m_rows;
     std::set<DateTime> m_taken;     // the days that hold a row of the rule
+    SeriesResult m_result;
 };
 
 // The text alone tells what belongs to a series: past rows go too, and rows that merely have the same text. The rows of
-// the day itself stay.
+// the day itself stay. Rows without a text have nothing in common and stay too.
 void SeriesWriter::deleteOthers()
 {
-    // A quote ends the text within the query. Some such texts would still parse, and delete what nobody meant.
-    if (m_fields.text.contains(u'\'')) {
-        const QString where = u'[' + m_table.textField + u"]='"_s + m_fields.text + u'\'';
-        throw dao::EngineError(3075, u"Syntax error (missing operator) in query expression '"_s + where + u"'."_s,
+    // Some texts with a quote would still parse, and delete what nobody meant.
+    if (!canHaveSeries(m_fields))
+        throw dao::EngineError(3075, u"The text \""_s + m_fields.text + u"\" holds an apostrophe, so its series cannot be changed."_s,
                                nullptr);
-    }
-    m_database.Execute(u"DELETE * FROM [%1] WHERE [%2]='"_s.arg(m_table.name, m_table.textField) + m_fields.text
-                       + u"' AND [DATE]<>#"_s + recurrence::queryDate(m_start) + u'#');
+    m_result = {};
+    m_database.Execute(u"DELETE * FROM [%1] WHERE [%2]="_s.arg(m_table.name, m_table.textField) + dao::asTyped(m_fields.text)
+                       + u" AND [DATE]<>"_s + dao::literal(m_start));
 }
 
-// Looks for rows of the rule, by the fields that it leaves on them. The same question stands for each further day, but
-// needs no query there: all other days have just been cleared in this transaction, so they hold only what is made here.
+// Looks for rows of the rule, by the fields that it leaves on them. The same question holds for each further day, but
+// needs no query there: all other days have just been cleared in this transaction, so they hold only what is added here.
+// Rows without a text have not been cleared, and are stored without one: their days are asked for.
 void SeriesWriter::openRule(const QString &condition)
 {
     m_taken.clear();
-    m_rows = m_database.OpenRecordset(u"select * from ["_s + m_table.name + u"] WHERE [Date]=#"_s
-                                          + recurrence::queryDate(m_start) + u"# AND ["_s + m_table.textField + u"]='"_s
-                                          + m_fields.text + u"' AND "_s + condition + u';',
-                                      dao::dbOpenDynaset);
+    const QString query = u"select * from ["_s + m_table.name + u"] WHERE "_s;
+    const QString own = m_fields.text.isEmpty()
+        ? u"([%1] IS NULL OR [%1]='')"_s.arg(m_table.textField)
+        : onDay(m_start) + u" AND ["_s + m_table.textField + u"]="_s + dao::asTyped(m_fields.text);
+    m_rows = m_database.OpenRecordset(query + own + u" AND "_s + condition + u';', dao::dbOpenDynaset);
     dao::DBEngine::Idle(dao::dbRefreshCache);
-    if (m_rows.RecordCount() != 0)
-        m_taken.insert(m_start.dayOnly());
-}
-
-// The fields that the three rules have in common; the row waits for updateRow.
-void SeriesWriter::addRow(DateTime date, const basic::Value &amount)
-{
-    m_rows.AddNew();
-    m_rows.Set(u"DATE", date);
-    m_rows.Set(u"DAY", basic::Format(date, u"ddd"));
-    m_rows.Set(m_table.textField, m_fields.text);
-    if (isBill()) {
-        m_rows.Set(u"AMOUNT", amount);
-    } else {
-        m_rows.Set(u"APPTIME", m_fields.time);
-        m_rows.Set(u"TimeUpdate", true);    // so that the housekeeping leaves APPTIME alone
+    for (; !m_rows.EOF_(); m_rows.MoveNext()) {
+        if (const basic::Value date = m_rows.Get(u"DATE"); date.isDate())
+            m_taken.insert(date.get<DateTime>().dayOnly());
     }
-    m_rows.Set(u"Delete", m_fields.deleteAfter);
-    m_rows.Set(u"PeriodMonth", std::int16_t{0});
-    m_rows.Set(u"PeriodDays", std::int16_t{0});
 }
 
-void SeriesWriter::updateRow()
+// The fields that the three rules have in common, and those of the rule.
+void SeriesWriter::addRow(DateTime date, const basic::Value &amount, const std::function<void(dao::NewRow &)> &more)
 {
-    m_taken.insert(basic::CDate(m_rows.Get(u"DATE")));
-    m_rows.Update();
+    dao::NewRow row(m_rows);
+    row.set(u"DATE", date).set(u"DAY", basic::Format(date, u"ddd"));
+    if (!m_fields.text.isEmpty())
+        row.set(m_table.textField, m_fields.text);
+    if (isBill())
+        row.set(u"AMOUNT", amount);
+    else
+        row.set(u"APPTIME", m_fields.time).set(u"TimeUpdate", true);     // so that the housekeeping leaves APPTIME alone
+    row.set(u"Delete", m_fields.deleteAfter);
+    row.set(u"PeriodMonth", std::int16_t{0}).set(u"PeriodDays", std::int16_t{0});
+    more(row);
+    row.save();
+    m_taken.insert(date);
+    ++m_result.rows;
+    m_result.last = std::max(m_result.last.value_or(date), date);
 }
 
 void SeriesWriter::createByDays()
 {
-    if (m_days <= 0)
+    if (m_fields.days <= 0)
         return;
-    openRule(u"[PeriodDays]="_s + m_fields.periodDays);
+    openRule(u"[PeriodDays]="_s + dao::literal(m_fields.days));
     // Only this rule asks whether the amount is fixed; the others always copy it.
-    const basic::Value amount = m_fields.fixedAmount ? basic::Value(m_fields.amount) : basic::Value(std::int16_t{0});
+    const basic::Value amount = m_fields.fixedAmount ? m_fields.amount : basic::Value(std::int16_t{0});
     const DateTime end = recurrence::lastDayOfNextYear();
-    for (DateTime date = m_start; date <= end;) {
-        if (!exists(date)) {
-            addRow(date, amount);
-            m_rows.Set(u"DATE", displayDate(date));     // by its shown text, in this rule only
-            m_rows.Set(u"PeriodDays", m_days);
-            updateRow();
-        }
-        const DateTime next = basic::DateAdd(u"d", m_days, date);
-        if (next <= date)
-            return;     // less than half a day: there is no next one
-        date = next;
+    for (DateTime date = m_start; date <= end; date = basic::DateAdd(u"d", m_fields.days, date)) {
+        if (!exists(date))
+            addRow(date, amount, [&](dao::NewRow &row) { row.set(u"PeriodDays", m_fields.days); });
     }
 }
 
@@ -164,28 +150,25 @@ void SeriesWriter::createByDays()
 // date before, so that a series of the 31st sinks to the 28th and stays there.
 void SeriesWriter::createByMonths()
 {
-    if (m_months <= 0)
+    if (m_fields.months <= 0)
         return;
-    openRule(u"[PeriodMonth]="_s + m_fields.periodMonth);
+    openRule(u"[PeriodMonth]="_s + dao::literal(m_fields.months));
     const DateTime end = recurrence::lastDayOfNextYear();
     for (DateTime date = m_start; date <= end;) {
-        const DateTime next = basic::DateAdd(u"m", m_months, date);
-        if (next <= date)
-            return;
-        date = next;
+        date = basic::DateAdd(u"m", m_fields.months, date);
         if (exists(date))
             continue;
-        addRow(date, m_fields.amount);
-        m_rows.Set(u"PeriodMonth", m_months);
-        if (isBill())
-            m_rows.Set(u"Website", m_fields.website);
-        updateRow();
+        addRow(date, m_fields.amount, [&](dao::NewRow &row) {
+            row.set(u"PeriodMonth", m_fields.months);
+            if (isBill())
+                row.set(u"Website", m_fields.website);
+        });
     }
 }
 
 void SeriesWriter::createInMonth(int year, int month)
 {
-    const double wanted = basic::Val(basic::Left(m_fields.weekNum, 1));
+    const double wanted = basic::valOr(basic::Left(m_fields.weekNum, 1), 0);
     int found = 0;
     DateTime day = DateTime::fromParts(year, month, 1);
     for (; day.month() == month; day = basic::DateAdd(u"d", 1, day)) {
@@ -194,16 +177,15 @@ void SeriesWriter::createInMonth(int year, int month)
     }
     if (day.month() != month || exists(day))
         return;
-    addRow(day, m_fields.amount);
-    m_rows.Set(u"WeekNum", m_fields.weekNum);
-    m_rows.Set(u"WeekDay", m_fields.weekDay);
-    updateRow();
+    addRow(day, m_fields.amount,
+           [&](dao::NewRow &row) { row.set(u"WeekNum", m_fields.weekNum).set(u"WeekDay", m_fields.weekDay); });
 }
 
 // The horizon follows the row's own year, and its first month is taken whole: the day found there may lie before it.
 void SeriesWriter::createByWeekday()
 {
-    openRule(u"[WeekNum]='"_s + m_fields.weekNum + u"' AND [WeekDay]='"_s + m_fields.weekDay + u'\'');
+    deleteOthers();
+    openRule(u"[WeekNum]="_s + dao::literal(m_fields.weekNum) + u" AND [WeekDay]="_s + dao::literal(m_fields.weekDay));
     const int year = m_start.year();
     for (int month = m_start.month(); month <= 12; ++month)
         createInMonth(year, month);
@@ -211,73 +193,82 @@ void SeriesWriter::createByWeekday()
         createInMonth(year + 1, month);
 }
 
-// Runs steps on the main file in one transaction: a kill or an error leaves the series as it was.
-void write(const SeriesFields &fields, const std::function<void(SeriesWriter &)> &steps)
+void SeriesWriter::createByPeriods()
 {
-    if (fields.kind == ReminderKind::Event)
-        return;
-    dao::Database database = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    deleteOthers();
+    createByDays();
+    createByMonths();
+}
+
+// Runs steps in one transaction: a kill or an error leaves the series as it was.
+SeriesResult write(dao::Database &database, const SeriesFields &fields, const std::function<void(SeriesWriter &)> &steps)
+{
+    if (fields.kind == ReminderKind::Event || !fields.date)
+        return {};
     dao::Transaction all(database);
     SeriesWriter writer(fields, database);
     steps(writer);
     all.Commit();
-    database.Close();
+    return writer.result();
 }
 
-void createByPeriods(SeriesWriter &writer)
-{
-    writer.deleteOthers();
-    writer.createByDays();
-    writer.createByMonths();
-}
-
-void createByWeekdays(SeriesWriter &writer)
-{
-    writer.deleteOthers();
-    writer.createByWeekday();
-}
-
-// The weekday rule makes nothing unless the row's own date falls on the day chosen; no message says so.
+// The weekday rule adds nothing unless the row's own date falls on the day chosen; no message says so.
 bool weekdayRuleApplies(const SeriesFields &fields)
 {
-    return fields.weekdayRule && !fields.weekDay.isEmpty() && !fields.weekNum.isEmpty() && basic::IsDate(fields.date)
-        && basic::Format(basic::CDate(fields.date), u"ddd") == fields.weekDay;
+    return fields.weekdayRule && !fields.weekDay.isEmpty() && !fields.weekNum.isEmpty() && fields.date
+        && basic::Format(*fields.date, u"ddd") == fields.weekDay;
 }
 
 bool periodRuleApplies(const SeriesFields &fields)
 {
-    return (basic::Val(fields.periodDays) != 0 || basic::Val(fields.periodMonth) != 0) && basic::IsDate(fields.date);
+    return (fields.days != 0 || fields.months != 0) && fields.date;
 }
 
 }
 
-void DeleteFutureDates(const SeriesFields &fields)
+bool canHaveSeries(const SeriesFields &fields)
 {
-    write(fields, [](SeriesWriter &writer) { writer.deleteOthers(); });
+    return !fields.text.contains(u'\'');
 }
 
-void CreateFutureDates(const SeriesFields &fields)
+int seriesLength(const SeriesFields &fields)
 {
-    write(fields, createByPeriods);
+    if (fields.kind == ReminderKind::Event || !periodRuleApplies(fields))
+        return 0;
+    const DateTime end = recurrence::lastDayOfNextYear();
+    if (*fields.date > end)
+        return 0;
+    const int byDays = fields.days > 0 ? basic::DateDiff(u"d", *fields.date, end) / fields.days : 0;
+    const int byMonths = fields.months > 0 ? basic::DateDiff(u"m", *fields.date, end) / fields.months + 1 : 0;
+    return byDays + byMonths;
 }
 
-void CreateMonthDates(const SeriesFields &fields)
+void DeleteFutureDates(dao::Database &database, const SeriesFields &fields)
 {
-    if (basic::IsDate(fields.date))
-        write(fields, createByWeekdays);
+    write(database, fields, [](SeriesWriter &writer) { writer.deleteOthers(); });
 }
 
-void createSeries(const SeriesFields &fields)
+SeriesResult CreateFutureDates(dao::Database &database, const SeriesFields &fields)
+{
+    return write(database, fields, [](SeriesWriter &writer) { writer.createByPeriods(); });
+}
+
+SeriesResult CreateMonthDates(dao::Database &database, const SeriesFields &fields)
+{
+    return write(database, fields, [](SeriesWriter &writer) { writer.createByWeekday(); });
+}
+
+SeriesResult createSeries(dao::Database &database, const SeriesFields &fields)
 {
     const bool weekdays = weekdayRuleApplies(fields);
     const bool periods = periodRuleApplies(fields);
     if (!weekdays && !periods)
-        return;
-    write(fields, [=](SeriesWriter &writer) {
+        return {};
+    return write(database, fields, [=](SeriesWriter &writer) {
         if (weekdays)
-            createByWeekdays(writer);
+            writer.createByWeekday();
         if (periods)
-            createByPeriods(writer);    // begins by removing what the weekday rule made
+            writer.createByPeriods();   // begins by removing what the weekday rule added
     });
 }
 

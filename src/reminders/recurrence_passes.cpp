@@ -3,7 +3,9 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
+#include "platform/basic/prompts.h"
 #include "reminders/recurrence_tables.h"
+#include "session/ini.h"
 #include "session/state.h"
 
 #include <algorithm>
@@ -20,8 +22,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// A step on the main file in one transaction. An error ends the pass; the rows that were done before it stay.
-void inOneTransaction(const std::function<void(dao::Database &)> &pass)
+// An error ends the pass, but what was done before it is kept: each row was complete.
+void commitWhatWasDone(const std::function<void(dao::Database &)> &pass)
 {
     dao::Database database = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
     dao::Transaction all(database);
@@ -84,8 +86,21 @@ struct PastRow {
 
 double period(const basic::Value &value)
 {
-    return value.isNull() ? 0 : basic::CDbl(value);
+    return value.isNumber() ? basic::CDbl(value) : 0;
 }
+
+// A period of a foreign file may lead out of the calendar: the row stays where it is.
+std::optional<DateTime> stepped(QStringView interval, double number, DateTime date)
+{
+    try {
+        return basic::DateAdd(interval, number, date).dayOnly();    // a time of day does not outlive the date format
+    } catch (const basic::Error &) {
+        return std::nullopt;
+    }
+}
+
+// A text with a quote cannot stand in the query for the next row.
+bool canRoll(const QString &text) { return !text.contains(u'\''); }
 
 class RollForward {
 public:
@@ -94,12 +109,13 @@ public:
     {
     }
     void run();
+    const QStringList &left() const { return m_left; }
 
 private:
     void read(Recordset &rows);
     bool staysAt(const PastRow &row) const;
     void roll(Recordset &rows, const PastRow &row);
-    void moveTo(Recordset &rows, const QString &text, DateTime next);
+    void moveTo(Recordset &rows, const QString &text, DateTime day);
     bool exists(const QString &text, DateTime date);
 
     dao::Database &m_database;
@@ -107,6 +123,7 @@ private:
     DateTime m_today;
     Occurrences m_occurrences;
     std::vector<PastRow> m_past;
+    QStringList m_left;             // the texts of rows that cannot be carried forward
 };
 
 void RollForward::run()
@@ -118,6 +135,10 @@ void RollForward::run()
     for (const PastRow &row : m_past) {
         if (staysAt(row))
             continue;
+        if (!canRoll(row.text)) {
+            m_left << row.text;
+            continue;
+        }
         rows.setBookmark(row.mark);
         roll(rows, row);
     }
@@ -145,29 +166,31 @@ void RollForward::read(Recordset &rows)
     m_occurrences.finish();
 }
 
-// A quote breaks the query for the next row, and so it must whether there is one or not.
+// Whether the next rows surely exist, so that no query need be asked.
 bool RollForward::staysAt(const PastRow &row) const
 {
     const auto has = [&](QStringView interval, double number) {
-        return number <= 0 || m_occurrences.surelyHas(row.text, basic::DateAdd(interval, number, row.date).dayOnly());
+        const auto next = number > 0 ? stepped(interval, number, row.date) : std::nullopt;
+        return !next || m_occurrences.surelyHas(row.text, *next);
     };
-    return !row.text.contains(u'\'') && has(u"m", row.months) && has(u"d", row.days);
+    return has(u"m", row.months) && has(u"d", row.days);
 }
 
 // One period of each kind at most for each start; the days count from where the months left the row.
 void RollForward::roll(Recordset &rows, const PastRow &row)
 {
     const auto step = [&](QStringView interval, double number) {
-        if (number > 0)
-            moveTo(rows, row.text, basic::DateAdd(interval, number, basic::CDate(rows.Get(u"Date"))));
+        if (number <= 0)
+            return;
+        if (const auto next = stepped(interval, number, basic::CDate(rows.Get(u"Date"))))
+            moveTo(rows, row.text, *next);
     };
     step(u"m", row.months);
     step(u"d", row.days);
 }
 
-void RollForward::moveTo(Recordset &rows, const QString &text, DateTime next)
+void RollForward::moveTo(Recordset &rows, const QString &text, DateTime day)
 {
-    const DateTime day = next.dayOnly();    // a time of day does not outlive the date format
     if (exists(text, day))
         return;
     m_occurrences.leave(text, basic::CDate(rows.Get(u"Date")));
@@ -179,8 +202,8 @@ void RollForward::moveTo(Recordset &rows, const QString &text, DateTime next)
 bool RollForward::exists(const QString &text, DateTime date)
 {
     Recordset found = m_database.OpenRecordset(u"select * from ["_s + m_table.name + u"] WHERE ["_s + m_table.textField
-                                                   + u"]='"_s + text + u"' AND [DATE]=#"_s
-                                                   + recurrence::queryDate(date) + u"#;"_s,
+                                                   + u"]="_s + dao::asTyped(text) + u" AND [DATE]="_s
+                                                   + dao::literal(date) + u';',
                                                dao::dbOpenSnapshot);
     dao::DBEngine::Idle(dao::dbRefreshCache);
     const bool any = found.RecordCount() != 0;
@@ -194,9 +217,10 @@ int deleteAfterDays(dao::Database &database)
     if (state().settings.gDeleteAfterDays != 0)
         return state().settings.gDeleteAfterDays;
     Recordset setup = database.OpenRecordset(u"SELECT * FROM [Setup];"_s, dao::dbOpenSnapshot);
-    const int days = setup.RecordCount() == 0 ? 0 : static_cast<int>(basic::Val(setup.Get(u"DeleteAfterDays").text()));
+    const double days = setup.RecordCount() == 0 ? 0 : basic::valOr(setup.Get(u"DeleteAfterDays").text(), 0);
     setup.Close();
-    return days;
+    constexpr double forEver = 10'000'000;      // more days than the calendar has
+    return static_cast<int>(std::clamp(days, -forEver, forEver));
 }
 
 void purgeTable(dao::Database &database, const QString &table, int keepDays)
@@ -226,17 +250,42 @@ void carryTimes(dao::Database &database)
     rows.Close();
 }
 
+// The texts are told once: a start that finds no others is silent.
+void tellOnce(QStringList texts)
+{
+    texts.removeDuplicates();
+    texts.sort();
+    const QString key = u"ApostrophesTold"_s;
+    const QString found = QString::number(qChecksum(texts.join(u'\n').toUtf8()));
+    if (texts.isEmpty() || GetIniValue(iniSettings, key, {}) == found)
+        return;
+    basic::IgnoreErrors([&] { PutIniValue(iniSettings, key, QString(found)); });
+    constexpr qsizetype shown = 10;
+    QString message = u"The dates of these repeating reminders cannot be carried forward, because their texts hold an apostrophe:\r\n\r\n"_s
+        + texts.first(std::min(texts.size(), shown)).join(u"\r\n"_s);
+    if (texts.size() > shown)
+        message += u"\r\nand %1 more"_s.arg(texts.size() - shown);
+    basic::MsgBox(message + u"\r\n\r\nOpen each one, type its text anew and choose Update."_s, {}, basic::Icon::Information);
+}
+
 }
 
 void RollForwardDates()
 {
-    for (const auto *table : {&recurrence::appointmentsTable(), &recurrence::billsTable()})
-        inOneTransaction([&](dao::Database &database) { RollForward(database, *table).run(); });
+    QStringList left;
+    for (const auto *table : {&recurrence::appointmentsTable(), &recurrence::billsTable()}) {
+        commitWhatWasDone([&](dao::Database &database) {
+            RollForward pass(database, *table);
+            pass.run();
+            left += pass.left();
+        });
+    }
+    tellOnce(left);
 }
 
 void PurgeExpiredRows()
 {
-    inOneTransaction([](dao::Database &database) {
+    commitWhatWasDone([](dao::Database &database) {
         const int keepDays = deleteAfterDays(database);
         for (const QString &table : {u"Appointments"_s, u"Bills"_s, u"Events"_s, u"Messages"_s})
             purgeTable(database, table, keepDays);

@@ -12,8 +12,6 @@ struct ReminderTable {
 const ReminderTable &appointmentsTable();
 const ReminderTable &billsTable();
 
-// A date between the # signs of a query: month first and parted by slashes, whatever the regional settings.
-QString queryDate(basic::DateTime date);
 basic::DateTime lastDayOfNextYear();
 
 }

@@ -1,6 +1,7 @@
 list(APPEND VOREL_ROUTINES
   session/categories.cpp
   session/datafiles.cpp
+  session/datetexts.cpp
   session/ini.cpp
   session/sections.cpp
   session/recordtree.cpp

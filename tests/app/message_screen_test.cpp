@@ -60,9 +60,11 @@ TEST_F(MessageScreen, NewOneIsSentAndWaitsForItsReader)
     inMessage(u"panNew"_s, [&](frmMessage &form) {
         EXPECT_EQ(control<QComboBox>(form, u"cboFrom"_s)->currentText(), u"Pat"_s);
         EXPECT_EQ(control<QLineEdit>(form, u"txtDate"_s)->text(), u"11/22/2026 12:00 P"_s);
-        m_prompts.expect(u"Please say who the Message is for"_s);
+        m_prompts.expect(u"Choose a recipient."_s);
         press(form, u"cmdSend"_s);
         control<QComboBox>(form, u"cboName"_s)->setEditText(u"Sam"_s);
+        m_prompts.expect(u"Type a message."_s);
+        press(form, u"cmdSend"_s);
         QTest::keyClicks(control<QPlainTextEdit>(form, u"txtMessage"_s), u"It's \"done\""_s);
         press(form, u"cmdSend"_s);
         EXPECT_EQ(control<QLabel>(form, u"lblState"_s)->text(), u"Left for Sam"_s);
@@ -71,6 +73,21 @@ TEST_F(MessageScreen, NewOneIsSentAndWaitsForItsReader)
     state().settings.gUserName = u"Sam"_s;
     screen().CheckForMessages();
     EXPECT_TRUE(isShown(u"panMessages"_s));
+}
+
+TEST_F(MessageScreen, AnEmptyOneIsNotKept)
+{
+    m_prompts.expect(u"Create a New Blank Record?"_s, basic::Answer::Yes);
+    inMessage(u"panNew"_s, [&](frmMessage &form) {
+        EXPECT_EQ(stored().size(), 3);
+        press(form, u"cmdNew"_s);
+        EXPECT_EQ(stored().size(), 3) << "the empty one makes room for the next";
+        QTest::keyClicks(control<QPlainTextEdit>(form, u"txtMessage"_s), u"kept"_s);
+        press(form, u"cmdNew"_s);
+        EXPECT_EQ(stored().size(), 4);
+    });
+    EXPECT_EQ(stored().size(), 3);
+    EXPECT_EQ(stored().last(), u"Pat||kept|False"_s);
 }
 
 TEST_F(MessageScreen, DeleteAsksAndStandsOnTheNextRow)

@@ -57,6 +57,45 @@ TEST_F(PickerScreen, OpensOnTheBoxsDate)
     }
 }
 
+// Whatever the format and the region: it opens on the day shown and gives back the day clicked, which the box keeps.
+TEST_F(PickerScreen, DisplayFormatsAgainstTheRegion)
+{
+    for (const char *region : {"en_US", "en_AU", "de_DE"}) {
+        setRegion(QString::fromLatin1(region));
+        for (const QString &format : {u""_s, u"dd/mm/yyyy"_s, u"mm/dd/yyyy"_s, u"dd.mm.yy"_s, u"ddd d mmm yyyy"_s, u"yyyy"_s}) {
+            state().settings.gDateDisplay = format;
+            showDate(&box, basic::DateSerial(2026, 3, 5));
+            EXPECT_TRUE(pick([&](frmCalendarDrop &picker) {
+                EXPECT_EQ(picker.selectedDate(), basic::DateSerial(2026, 3, 5)) << region << ' ' << qPrintable(format);
+                click(picker, u"LBL_Date(8)"_s);        // 1 March 2026 is a Sunday: the 9th
+                click(picker, u"cmdApply"_s);
+            }));
+            EXPECT_EQ(shownDate(&box), basic::DateSerial(2026, 3, 9)) << region << ' ' << qPrintable(format);
+        }
+        box.setText(u"soon"_s);
+        EXPECT_FALSE(shownDate(&box));
+    }
+}
+
+TEST_F(PickerScreen, DropsDownBesideItsBoxAndNeverOverIt)
+{
+    const QRect desktop(0, 0, 1024, 720);
+    const QSize size(300, 400);
+    for (const QRect &area : {QRect(100, 100, 120, 24), QRect(100, 600, 120, 24), QRect(980, 300, 40, 24), QRect(100, 340, 120, 24),
+                              QRect(950, 360, 60, 24)}) {
+        const QRect place(frmCalendarDrop::placeBeside(area, size, desktop), size);
+        EXPECT_FALSE(place.intersects(area)) << area.x() << ' ' << area.y();
+        EXPECT_TRUE(desktop.contains(place)) << area.x() << ' ' << area.y();
+    }
+    pick([&](frmCalendarDrop &picker) {
+        EXPECT_TRUE(picker.windowFlags() & Qt::FramelessWindowHint);
+        click(picker, u"cmdNext"_s);
+        EXPECT_EQ(at<QLabel>(picker, u"lblTitle"_s)->text(), u"December 2026"_s);
+        click(picker, u"cmdPrevious"_s);
+        EXPECT_EQ(at<QLabel>(picker, u"lblTitle"_s)->text(), u"November 2026"_s);
+    });
+}
+
 TEST_F(PickerScreen, CellsNameTheirWholeDate)
 {
     box.setText(u"11/05/2026"_s);

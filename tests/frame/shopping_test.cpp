@@ -1,4 +1,3 @@
-#include "frame/celltexts.h"
 #include "frame/shopping.h"
 #include "session/state.h"
 #include "platform/basic/dates.h"
@@ -63,23 +62,4 @@ TEST_F(Shopping, RowTotalIsNumberTimesAmount)
         EXPECT_DOUBLE_EQ(c.total, rowTotal(c.number, c.amount)) << qPrintable(c.amount.text());
 }
 
-using CellTexts = test::MainFileTest;
-
-TEST_F(CellTexts, DatesAreReadInTheOrderThatTheScreenShows)
-{
-    const struct { const char16_t *display, *text; int year, month, day; } cases[] = {
-        {u"mm/dd/yyyy", u"06/12/2026", 2026, 6, 12}, {u"", u"06/12/2026", 2026, 6, 12},
-        {u"dd/mm/yyyy", u"06/12/2026", 2026, 12, 6}, {u"dd/mm/yyyy", u"25/12/2026", 2026, 12, 25},
-        {u"dd/mm/yyyy", u"12/25/2026", 2026, 12, 25}, {u"dd/mm/yyyy", u"2026-06-12", 2026, 6, 12},
-        {u"dd mmm yyyy", u"06/12/2026", 2026, 6, 12}, {u"dd/mm/yyyy", u"6 Dec 2026", 2026, 12, 6}};
-    for (const auto &c : cases) {
-        state().settings.gDateShort = u"mm/dd/yyyy"_s;
-        state().settings.gDateDisplay = QString::fromUtf16(c.display);
-        EXPECT_EQ(basic::DateSerial(c.year, c.month, c.day), typedDate(QString::fromUtf16(c.text)))
-            << qPrintable(state().settings.gDateDisplay) << ' ' << qPrintable(QString::fromUtf16(c.text));
-    }
-    for (const auto &none : {u""_s, u"soon"_s, u"10:30"_s, u"31/31/2026"_s})
-        EXPECT_FALSE(typedDate(none)) << qPrintable(none);
-    EXPECT_EQ(u"09:30 am"_s, typedTime(u"9:30"_s).toLower());
-    EXPECT_EQ(u"All Day"_s, typedTime(u"All Day"_s));
 }

@@ -21,15 +21,21 @@ public:
     {
         EXPECT_EQ(kind, 0);
         struct Item : mail::MailItem {
-            explicit Item(QStringList &out) : shown(out) {}
-            void Display() override { shown << QStringList{To, Subject, Body, HTMLBody}.join(u'|'); }
-            QStringList &shown;
+            explicit Item(Post &out) : post(out) {}
+            void Display() override
+            {
+                if (post.fails)
+                    throw basic::Error(429, u"no such program"_s);
+                post.shown << QStringList{To, Subject, Body, HTMLBody}.join(u'|');
+            }
+            Post &post;
         };
-        return std::make_unique<Item>(shown);
+        return std::make_unique<Item>(*this);
     }
     QString Signature() const override { return u"<P>Yours</P>"_s; }
 
     QStringList shown;                  // by automation
+    bool fails = false;
     test::Opened byAddress{{u"mailto"_s}};
 };
 
@@ -87,6 +93,30 @@ TEST_F(Greetings, DisplayFormatsThatDoNotFit)
         EXPECT_EQ(SendBirthdayEmails(), 0) << qPrintable(format);
         execute(u"UPDATE [EVENTS] SET [LASTEMAILDATE]=Null"_s);
     }
+}
+
+// Without a mail program: one box for all, and another attempt on the next days, when the birthday is over.
+TEST_F(Greetings, FailedOnesAreToldTogetherAndTriedAgainTheNextDay)
+{
+    add(u"11/22/1980"_s, u"BIRTHDAY"_s, u"PAT O`HARA"_s, true, u"p@x.org"_s, u"Null"_s);
+    add(u"11/22/1990"_s, u"BIRTHDAY"_s, u"Ann"_s, true, u"a@x.org"_s, u"Null"_s);
+    PutIniValue(iniSettings, u"EmailClient"_s, u"Outlook"_s);
+    post.fails = true;
+    m_prompts.expect(u"These birthday greetings were not sent:"_s);
+    EXPECT_EQ(SendBirthdayEmails(), 0);
+    EXPECT_TRUE(m_prompts.shown().back().text.contains(u"\r\nPAT O'HARA: "_s) && m_prompts.shown().back().text.contains(u"\r\nAnn: "_s));
+    EXPECT_EQ(SendBirthdayEmails(), 0) << "the second run of the day";
+
+    m_clock.addDays(1);
+    SetDayPeriod(u"Today"_s);
+    post.fails = false;
+    execute(u"UPDATE [EVENTS] SET [EMAIL]=False WHERE [EVENT]='Ann'"_s);
+    EXPECT_EQ(SendBirthdayEmails(), 1);
+    ASSERT_EQ(post.shown.size(), 1);
+    EXPECT_TRUE(post.shown[0].startsWith(u"p@x.org|"_s));
+    m_clock.addDays(1);
+    SetDayPeriod(u"Today"_s);
+    EXPECT_EQ(SendBirthdayEmails(), 0);
 }
 
 TEST_F(Greetings, EveryCharacterReachesTheAddress)

@@ -64,32 +64,16 @@ TEST_F(RecordRules, ApplyFillsThePeriodBoxes)
 {
     const struct { int option; QString days; Period boxes; } cases[] = {
         {0, u"9"_s, {u"1"_s, u"0"_s}}, {1, {}, {u"3"_s, u"0"_s}}, {2, {}, {u"12"_s, u"0"_s}}, {3, u"9"_s, {u"0"_s, u"0"_s}},
-        {4, u"9 or so"_s, {u"0"_s, u"9"_s}}, {4, u"50.5%"_s, {u"0"_s, u"0"_s}}, {noOption, u"9"_s, {u"0"_s, u"0"_s}}};
+        {4, u"9 or so"_s, {u"0"_s, u"9"_s}}, {4, u"1.5"_s, {u"0"_s, u"2"_s}}, {4, u"50.5%"_s, {u"0"_s, u"0"_s}}, {noOption, u"9"_s, {u"0"_s, u"0"_s}}};
     for (const auto &c : cases)
         EXPECT_EQ(appliedPeriod(c.option, c.days), c.boxes) << c.option;
 }
 
-TEST_F(RecordRules, DatesFollowTheRowsDate)
-{
-    state().settings.gDateDisplay = u"dd mmm yyyy"_s;
-    const auto date = day(2026, 12, 1);
-    struct Case { DateBoxes boxes; std::optional<basic::DateTime> date; DateBoxes expected; };
-    const Case cases[] = {
-        {{u"12/1/2026"_s, {}, {}, {}}, date, {u"01 Dec 2026"_s, {}, {}, {}}},
-        {{u"12/1/2026"_s, u"12/9/2026"_s, u"11/1/2026"_s, u"3 Jan 2027"_s}, date,
-         {u"01 Dec 2026"_s, u"01 Dec 2026"_s, u"01 Dec 2026"_s, u"01 Dec 2026"_s}},
-        {{u"12/1/2026"_s, u"soon"_s, {}, u"1/1/2020"_s}, date, {u"01 Dec 2026"_s, u"soon"_s, {}, u"01 Dec 2026"_s}},
-        {{u"x"_s, u"12/9/2026"_s, {}, {}}, std::nullopt, {u"x"_s, u"12/9/2026"_s, {}, {}}},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(record::FormatDates(c.boxes, c.date), c.expected) << qPrintable(c.boxes.dateTo);
-}
-
 TEST_F(RecordRules, TextsAreReadAsDaysAndAmounts)
 {
-    EXPECT_EQ(dateOf(u"12/31/2026 10:30 PM"_s), day(2026, 12, 31));      // a row lies on a day, not on a moment
-    EXPECT_EQ(dateOf(u"10:30 PM"_s), std::nullopt);
-    EXPECT_EQ(dateOf(u"31 February 2026"_s), std::nullopt);
+    EXPECT_EQ(storedDay(u"12/31/2026 10:30 PM"_s), day(2026, 12, 31));      // a row lies on a day, not on a moment
+    EXPECT_EQ(storedDay(u"10:30 PM"_s), std::nullopt);
+    EXPECT_EQ(storedDay(u"31 February 2026"_s), std::nullopt);
     EXPECT_EQ(weekDayOf(day(2026, 11, 22)), u"Sun"_s);
     EXPECT_EQ(weekDayOf(std::nullopt), QString());
 

@@ -1,4 +1,5 @@
 #include "reminders/recordscreen.h"
+#include "session/datetexts.h"
 
 #include <QImage>
 #include <QTimer>
@@ -112,18 +113,40 @@ TEST_F(RecordView, PictureOfTheEventOrTheSections)
     EXPECT_EQ(rows(u"SELECT [FILENAME] FROM [EVENTS] WHERE [ID]=3"_s), QStringList{m_folder.path(u"red.bmp"_s)});
 }
 
+// Whatever the format and the region, a day and its series stay the days that they are.
 TEST_F(RecordView, DisplayFormatAgainstTheRegionKeepsTheDay)
 {
-    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;         // in a region that reads the month first
-    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#04/03/2026#,'x')"_s);
-    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPOINTMENT]) VALUES (#05/03/2026#,'x')"_s);
-    openScreen(u"A"_s, 1);
-    EXPECT_EQ(text(u"txtDate"_s), u"03/04/2026"_s);
-    EXPECT_EQ(text(u"lblDay"_s), u"Fri"_s);
-    type(u"txtAppointment"_s, u"y"_s);
-    click(u"cmdUpdate"_s);
-    EXPECT_TRUE(form->Close());
-    EXPECT_EQ(rows(u"SELECT [DATE],[APPOINTMENT] FROM [APPOINTMENTS] ORDER BY [ID]"_s), (QStringList{u"2026-04-03|y"_s, u"2026-05-03|x"_s}));
+    for (const char *region : {"en_US", "en_AU", "de_DE"}) {
+        setRegion(QString::fromLatin1(region));
+        for (const QString &format : {u"dd/mm/yyyy"_s, u"mm/dd/yyyy"_s, u"dd.mm.yy"_s, u"ddd d mmm yyyy"_s, u"yyyy"_s}) {
+            SCOPED_TRACE(region + (' ' + format.toStdString()));
+            state().settings.gDateDisplay = format;
+            execute(u"DELETE * FROM [BILLS]"_s);
+            execute(u"INSERT INTO [BILLS] ([ID],[DATE],[BILL],[BillingDate],[PeriodDays]) VALUES (1,#12/04/2027#,'x',#12/04/2027#,9)"_s);
+            execute(u"DELETE * FROM [EVENTS]"_s);
+            execute(u"INSERT INTO [EVENTS] ([ID],[DATE],[EVENT],[DATETO]) VALUES (1,#12/04/2027#,'x','%1')"_s
+                        .arg(storedDateText(basic::DateSerial(2027, 12, 4))));
+            openScreen(u"B"_s, 1);
+            EXPECT_EQ(text(u"lblDay"_s), u"Sat"_s);
+            type(u"txtAmount"_s, u"1"_s);
+            click(u"cmdUpdate"_s);
+            EXPECT_EQ(rows(u"SELECT [DATE],[BillingDate] FROM [BILLS] ORDER BY [DATE]"_s),
+                      (QStringList{u"2027-12-04|2027-12-04"_s, u"2027-12-13|Null"_s, u"2027-12-22|Null"_s, u"2027-12-31|Null"_s}));
+            if (format != u"yyyy"_s) {
+                type(u"txtDate"_s, displayDate(basic::DateSerial(2027, 12, 5)));
+                click(u"cmdUpdate"_s);
+                EXPECT_EQ(text(u"lblDay"_s), u"Sun"_s);
+                EXPECT_EQ(rows(u"SELECT [DATE] FROM [BILLS] ORDER BY [DATE]"_s),
+                          (QStringList{u"2027-12-05"_s, u"2027-12-14"_s, u"2027-12-23"_s}));
+            }
+            openScreen(u"E"_s, 1);
+            type(u"txtEvent"_s, u"y"_s);
+            click(u"cmdUpdate"_s);
+            EXPECT_TRUE(form->Close());
+            EXPECT_EQ(rows(u"SELECT [DATE],[DATETO] FROM [EVENTS]"_s),
+                      QStringList{u"2027-12-04|"_s + storedDateText(basic::DateSerial(2027, 12, 4))});
+        }
+    }
 }
 
 }

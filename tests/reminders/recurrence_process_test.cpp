@@ -18,10 +18,9 @@ static SeriesFields dailyOrWeekly(const QString &text, bool daily)
 {
     SeriesFields fields;
     fields.text = text;
-    fields.date = u"11/22/2026"_s;
+    fields.date = basic::DateTime::fromParts(2026, 11, 22);
     fields.time = u"09:00 AM"_s;
-    fields.periodDays = daily ? u"1"_s : u"7"_s;
-    fields.periodMonth = u"0"_s;
+    fields.days = daily ? 1 : 7;
     return fields;
 }
 
@@ -35,7 +34,8 @@ TEST(SeriesWriterProcess, DISABLED_savesOverAndOver)
     state().path(DataFile::Main) = qEnvironmentVariable(fileVariable);
     const int saves = qEnvironmentVariableIntValue(savesVariable);
     for (int save = 0; save < saves; ++save) {
-        CreateFutureDates(dailyOrWeekly(qEnvironmentVariable(textVariable), save % 2 == 0));
+        dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+        CreateFutureDates(file, dailyOrWeekly(qEnvironmentVariable(textVariable), save % 2 == 0));
         std::puts("saved");
         std::fflush(stdout);
     }
@@ -88,7 +88,8 @@ TEST_F(SeriesProcessTest, aKillLeavesAllOfASeriesOrNoneOfIt)
         EXPECT_EQ(countOf(u"Dentist"_s), 1);
         EXPECT_EQ(GetDatabaseVersion(path()), 290);
     }
-    CreateFutureDates(dailyOrWeekly(u"Gym"_s, true));
+    dao::Database file = open();
+    CreateFutureDates(file, dailyOrWeekly(u"Gym"_s, true));
     EXPECT_EQ(countOf(u"Gym"_s), daily);
 }
 
@@ -96,8 +97,9 @@ TEST_F(SeriesProcessTest, twoProcessesWaitForEachOther)
 {
     auto one = startWriter(u"Gym"_s, 5);
     auto two = startWriter(u"Walk"_s, 5);
+    dao::Database file = open();
     for (int save = 0; save < 5; ++save)
-        CreateFutureDates(dailyOrWeekly(u"Tea"_s, save % 2 == 0));
+        CreateFutureDates(file, dailyOrWeekly(u"Tea"_s, save % 2 == 0));
     for (QProcess *writer : {one.get(), two.get()}) {
         ASSERT_TRUE(writer->waitForFinished(120000));
         EXPECT_EQ(writer->exitCode(), 0) << writer->readAllStandardOutput().constData();

@@ -150,6 +150,11 @@ bool IsDate(const Value &v)
     return v.isDate();
 }
 
+std::optional<DateTime> readDate(QStringView text, const Regional &settings)
+{
+    return parseDate(text, settings);
+}
+
 bool IsNumeric(const Value &v)
 {
     if (const QString *text = v.tryGet<QString>())

@@ -2,9 +2,13 @@
 
 #include "platform/basic/value.h"
 
+#include <optional>
+
 // Conversions between values. Text and dates follow the regional settings (locale.h) unless told otherwise.
 // Failures are BasicError: 13 Type mismatch, 6 Overflow, 94 Invalid use of Null.
 namespace vorel::basic {
+
+struct Regional;
 
 bool CBool(const Value &v);
 std::uint8_t CByte(const Value &v);
@@ -16,6 +20,8 @@ Currency CCur(const Value &v);
 DateTime CDate(const Value &v);
 QString CStr(const Value &v);           // Null: 94. Doubles with up to 15 significant digits, singles with 7
 bool IsDate(const Value &v);
+// A text as a date under other settings than the machine's; nullopt: it is no date.
+std::optional<DateTime> readDate(QStringView text, const Regional &settings);
 bool IsNumeric(const Value &v);
 
 double Val(QStringView text);           // the number at the head of a text, 0 if none; BasicError 13 on "50.5%"

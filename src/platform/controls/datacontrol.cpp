@@ -325,6 +325,20 @@ struct DataControl::Private {
         }
     }
 
+    // The widgets hold again what they held before a write that was taken back.
+    void restore(const std::vector<std::pair<QPointer<QWidget>, std::pair<QString, QString>>> &typed)
+    {
+        for (const auto &[widget, texts] : typed) {
+            const auto bound = std::find_if(bindings.begin(), bindings.end(), [&](const Binding &b) { return b.widget == widget; });
+            if (!widget || bound == bindings.end())
+                continue;
+            if (adapter::content(*widget) != texts.first)
+                adapter::setText(*widget, texts.first);
+            bound->shown = texts.second;
+        }
+        noteDirty();
+    }
+
     void showNeighbour()
     {
         const qsizetype position = rows.hasCurrentRow() ? rows.AbsolutePosition() : 0;
@@ -557,6 +571,30 @@ bool DataControl::UpdateRecord()
     if (alive)
         d->report(failure);
     return false;
+}
+
+bool DataControl::UpdateRecord(const std::function<void()> &also)
+{
+    std::vector<std::pair<QPointer<QWidget>, std::pair<QString, QString>>> typed;
+    for (const Binding &binding : d->bindings) {
+        if (binding.widget)
+            typed.push_back({binding.widget, {adapter::content(*binding.widget), binding.shown}});
+    }
+    try {
+        dao::Transaction all(d->database);
+        if (!UpdateRecord())
+            return false;
+        also();
+        all.Commit();
+        return true;
+    } catch (const basic::Error &e) {
+        if (d->rows.editPending())
+            d->rows.CancelUpdate();
+        dao::DBEngine::Idle(dao::dbRefreshCache);
+        d->restore(typed);
+        d->report({e.number(), e.text()});
+        return false;
+    }
 }
 
 bool DataControl::Leave()

@@ -48,6 +48,9 @@ public:
     // Writes the bound widgets whose content changed since the row was shown; nothing changed writes nothing.
     // false: the engine refused; Error was emitted, the row is still current and the widgets keep what was typed.
     bool UpdateRecord();
+    // The same with what hangs on the row, in one transaction. `also` runs after the row was written, changed or not; where
+    // it throws, nothing is stored, the typing is unsaved as before and Error is emitted.
+    bool UpdateRecord(const std::function<void()> &also);
     void showRow();                                     // fills the widgets from the current row, then emits Reposition
     // Asked before a row is written or left, by whichever way; changed: there is typing to write. It may still change what
     // the widgets hold. false: the row is neither written nor left, and the user has been told why.

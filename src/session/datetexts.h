@@ -1,0 +1,22 @@
+#pragma once
+
+#include "platform/basic/value.h"
+
+#include <optional>
+
+// What a text in a date or time box stands for: one reading for screens, cells and the date picker.
+namespace vorel {
+
+// The day that a typed or shown text names; nullopt: it is no date, or a time of day alone. Numbers are read in the order of
+// `format` (as in Format), the one in which the box shows its date, then in the region's. A text whose year is not where
+// that order has it is refused rather than taken for another day.
+std::optional<basic::DateTime> typedDate(const QString &text, const QString &format);
+std::optional<basic::DateTime> typedDate(const QString &text);     // of a box in the display date format
+// A day for a text field of eleven characters: in the display date format where that fits and the region reads the same
+// day from it, else in the short one.
+QString storedDateText(basic::DateTime date);
+
+// A time of day as the reminders keep and show it ("hh:mm am/pm"); any other text as it is.
+QString typedTime(const QString &text);
+
+}
