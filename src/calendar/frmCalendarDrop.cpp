@@ -281,21 +281,25 @@ void frmCalendarDrop::showEvent(QShowEvent *event)
     }
 }
 
-void showDate(QWidget *box, DateTime date)
+void showDate(QWidget *box, DateTime date) { showDate(box, date, state().settings.gDateDisplay); }
+
+std::optional<DateTime> shownDate(const QWidget *box) { return shownDate(box, state().settings.gDateDisplay); }
+
+void showDate(QWidget *box, DateTime date, const QString &format)
 {
-    const QString text = displayDate(date);
+    const QString text = basic::Format(date, format);
     box->setProperty(shownTextProperty, text);
     box->setProperty(shownDayProperty, date.serial());
     setBoxText(box, text);
 }
 
-std::optional<DateTime> shownDate(const QWidget *box)
+std::optional<DateTime> shownDate(const QWidget *box, const QString &format)
 {
     const QString text = boxText(box);
     const QVariant known = box->property(shownTextProperty);
     if (known.isValid() && known.toString() == text)
         return DateTime(box->property(shownDayProperty).toDouble());
-    return typedDate(text);
+    return typedDate(text, format);
 }
 
 static std::optional<DateTime> pickDay(QWidget *parent, const QRect &area, const std::optional<DateTime> &day)
@@ -325,10 +329,11 @@ bool OpenDatePicker(QWidget *box, const QString &code)
     }
     if (!written)
         return false;
-    const std::optional<DateTime> chosen = pickDay(box, {box->mapToGlobal(QPoint(0, 0)), box->size()}, shownDate(written));
+    const QString &format = target && target->shortForm ? state().settings.gDateShort : state().settings.gDateDisplay;
+    const std::optional<DateTime> chosen = pickDay(box, {box->mapToGlobal(QPoint(0, 0)), box->size()}, shownDate(written, format));
     if (!chosen || !written)        // the screen may have gone while the picker was open
         return false;
-    showDate(written, *chosen);
+    showDate(written, *chosen, format);
     return true;
 }
 

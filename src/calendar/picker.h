@@ -15,8 +15,11 @@ namespace vorel {
 // be read back ("yyyy") thus keeps its day.
 void showDate(QWidget *box, basic::DateTime date);
 std::optional<basic::DateTime> shownDate(const QWidget *box);
+// The same for a box that shows its date in another format.
+void showDate(QWidget *box, basic::DateTime date, const QString &format);
+std::optional<basic::DateTime> shownDate(const QWidget *box, const QString &format);
 
-// Shows frmCalendarDrop beside the box, modally, on the box's date (today if its text is none), and writes the chosen
+// Shows frmCalendarDrop, a drop-down beside the box, modally, on the box's date (today if it shows none), and writes the chosen
 // date into the box in the display date format. The code is the picker's return code, three characters at most ("R1").
 // Cancelling leaves the box as it was. true: a date was applied.
 bool OpenDatePicker(QWidget *box, const QString &code);
@@ -31,6 +34,7 @@ struct PickerTarget {
     QStringView code;
     QStringView screen;         // objectName of the screen
     QStringView box;            // objectName of the date box, "" = the box that the picker was opened on
+    bool shortForm = false;     // the box shows the form that its text field keeps, not the display format
 };
 const PickerTarget *pickerTarget(const QString &code);      // nullptr: no such code
 
@@ -43,7 +47,7 @@ struct MonthCells {
     int days = 0;
 };
 MonthCells monthCells(int year, int month, int weekStartDay);
-// The date that a month away stands under the same day, or under the last day of a shorter month.
+// The same day so many months away, or the last day of a shorter month.
 basic::DateTime monthsAway(basic::DateTime date, int months);
 // "November 2026"
 QString monthTitle(int year, int month);

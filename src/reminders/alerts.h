@@ -46,7 +46,7 @@ QString onDay(const QString &query, basic::DateTime day);
 // Today's rows of the current appointments query. Engine errors.
 std::vector<AppointmentRow> appointmentsOfToday();
 
-// Which alerts were told already: each appointment once a colour, whatever the clock does, and again when it is moved.
+// Which alerts were announced already: each appointment once a colour, whatever the clock does, and again when it is moved.
 class AlertLog {
 public:
     bool isNew(const Alert &alert) { return m_told.emplace(alert.id, alert.when, alert.colour).second; }

@@ -17,7 +17,7 @@ bool mailByAutomation();
 // Hands one greeting to the mail program. Error 429 when this desktop has none.
 void SendGreeting(const QString &name, const QString &address, const QString &subject);
 // A greeting for each birthday of the current events query that asks for one and has had none today. Gives how many went
-// out. Engine errors; a letter that no program takes is told, and the others go on.
+// out. Engine errors. One box names the letters that no program took; they are tried again on the next days, for a week.
 int SendBirthdayEmails();
 
 }

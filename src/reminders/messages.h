@@ -19,7 +19,7 @@ QString messageQuery(MessageView view);     // of the section's grid; Both is th
 
 // Everyone that a message can go to or come from, for the two lists. Engine errors.
 QStringList messageNames();
-// Adds a message from the current user, dated now to the minute, and gives where it stands. Engine errors leave no row.
+// Adds a message from the current user, dated now to the minute, and returns its place. Engine errors leave no row.
 dao::Bookmark addMessage(dao::Recordset &rows);
 // Removes the message again if nobody is named in it and nothing is written. Engine errors.
 void removeEmptyMessage(dao::Database &file, qint32 id);

@@ -24,13 +24,13 @@ struct Section {
 const Section &section(const QString &recordCode);      // an unknown code is served as an appointment
 
 // Adds a row to the recordset: blank, dated today, or with a source number a copy of that row (but for ID and DATE).
-// Gives where the new row stands. nullopt: there is no such source row. Engine errors leave no half-made row.
+// Returns the new row. nullopt: there is no such source row. Engine errors leave no row behind.
 std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section, const QString &sourceID);
 
 // The day in a stored date or a stored text of one; nullopt: there is none.
 std::optional<basic::DateTime> storedDay(const basic::Value &stored);
 QString weekDayOf(const std::optional<basic::DateTime> &date);      // "Sun", "" without a date
-double number(const QString &text);                                 // at the text's head; 0 for what is none
+double number(const QString &text);                                 // at the text's head; 0 without a number
 int wholeNumber(const QString &text);                               // rounded as the fields round, kept within a million
 basic::Value amount(const QString &text);                           // as typed, with its sign and separators
 QString moneyText(const QString &amount);                           // in the money format

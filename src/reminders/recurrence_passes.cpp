@@ -37,8 +37,8 @@ void commitWhatWasDone(const std::function<void(dao::Database &)> &pass)
     database.Close();
 }
 
-// Which days each repeating text stands on, so that the rows of a full series need no query: they have one and the same
-// spelling. It knows only what surely holds; where it knows nothing, the query tells.
+// The days of each repeating text, so that the rows of a full series, which all have the same spelling, need no query. What
+// it does not know is left to the query.
 class Occurrences {
 public:
     void add(const QString &text, DateTime date)
@@ -250,7 +250,7 @@ void carryTimes(dao::Database &database)
     rows.Close();
 }
 
-// The texts are told once: a start that finds no others is silent.
+// The user is told of the texts once: a start that finds no others is silent.
 void tellOnce(QStringList texts)
 {
     texts.removeDuplicates();

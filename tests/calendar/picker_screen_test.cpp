@@ -1,4 +1,5 @@
 #include "calendar/frmCalendarDrop.h"
+#include "platform/basic/dates.h"
 #include "store/mainfile.h"
 #include "support/screens.h"
 

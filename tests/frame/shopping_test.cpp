@@ -1,6 +1,5 @@
 #include "frame/shopping.h"
 #include "session/state.h"
-#include "platform/basic/dates.h"
 #include "store/mainfile.h"
 
 using namespace Qt::StringLiterals;
@@ -60,6 +59,4 @@ TEST_F(Shopping, RowTotalIsNumberTimesAmount)
         {Value(std::int16_t{2}), u"50.5%"_s, 0}};
     for (const auto &c : cases)
         EXPECT_DOUBLE_EQ(c.total, rowTotal(c.number, c.amount)) << qPrintable(c.amount.text());
-}
-
 }

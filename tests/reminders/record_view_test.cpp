@@ -1,4 +1,5 @@
 #include "reminders/recordscreen.h"
+#include "platform/basic/dates.h"
 #include "session/datetexts.h"
 
 #include <QImage>

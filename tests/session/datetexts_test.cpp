@@ -1,5 +1,6 @@
 #include "session/datetexts.h"
 
+#include "platform/basic/dates.h"
 #include "store/mainfile.h"
 
 namespace vorel {
