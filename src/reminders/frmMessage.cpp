@@ -57,7 +57,6 @@ frmMessage::frmMessage(QWidget *parent) : RecordForm(u"frmMessage"_s, u"dtaData"
     dtaData().setRecordSource(u"SELECT * FROM [Messages] ORDER BY [Date]"_s);
     composeScreen();
     on(&dtaData(), &controls::DataControl::Reposition, handlers(), [this] { dtaData_Reposition(); });
-    setHelpPage(u"M"_s);
     useRecordKeys();
     onClick(u"cmdNew"_s, [this] { AddNewRecord({}); });
     onClick(u"cmdDelete"_s, [this] { cmdDelete_Click(); });

@@ -72,7 +72,7 @@ void frmRecord::connectButtons()
         ShowPic({});
     });
     useRecordKeys();
-    setHelpPage(m_section.code.toString());
+    on(this, &Form::helpWanted, handlers(), [this] { ShowInfoPage(m_section.code); });
 }
 
 bool frmRecord::eventFilter(QObject *watched, QEvent *event)
