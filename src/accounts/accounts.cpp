@@ -1,6 +1,6 @@
 #include "accounts/accounts.h"
 
-#include "session/state.h"
+#include "session/datafiles.h"
 
 namespace vorel {
 
@@ -63,7 +63,7 @@ constexpr Account chart[] = {
 
 dao::Database accountsFile()
 {
-    return dao::DBEngine::OpenDatabase(state().path(DataFile::Accounts));
+    return openDataFile(DataFile::Accounts);
 }
 
 }

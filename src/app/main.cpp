@@ -11,6 +11,7 @@
 #include "platform/printer/realprinter.h"
 #include "print/frmPreview.h"
 #include "print/script.h"
+#include "store/upgrade.h"
 
 #include <QApplication>
 
@@ -53,6 +54,6 @@ int main(int argc, char **argv)
     vorel::desktop::setNotifier(nullptr);
     vorel::setSoundPlayer({});
     vorel::basic::setPrompts(nullptr);
-    vorel::desktop::releaseSingleInstance();
+    vorel::desktop::releaseSingleInstance(vorel::dataFilesNote());
     return result;
 }

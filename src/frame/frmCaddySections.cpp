@@ -11,6 +11,7 @@
 #include "frame/startup.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/dates.h"
+#include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
@@ -225,15 +226,13 @@ void CaddySections::openScreen(const QString &name)
 // data control.
 void CaddySections::connectSubjects(const Section &section)
 {
-    DataFile file = section.file;
-    if (file == DataFile::DataP && basic::Dir(state().path(file)).isEmpty())
-        file = DataFile::Main;
-    const QString &path = state().path(file);
-    const bool none = file == DataFile::DataJ && basic::Dir(path).isEmpty();
-    const bool isProtected = dataFileEntry(file).isProtected;
+    const DataPlace place = dataPlace(section.file);
+    const bool none = place.file == DataFile::DataJ && basic::Dir(place.path).isEmpty();
+    if (!none)
+        basic::IgnoreErrors([&] { openDataFile(section.file).Close(); });       // repairs one that does not open
     state().selection.gSqlSection[section.code] = section.query;
-    m_c.subjects().data->setConnect(isProtected ? protectedConnect() : u"Access"_s);
-    m_c.subjects().data->setDatabaseName(none ? QString() : path);
+    m_c.subjects().data->setConnect(place.connect.isEmpty() ? u"Access"_s : place.connect);
+    m_c.subjects().data->setDatabaseName(none ? QString() : place.path);
     m_c.subjects().data->setRecordSource(section.query);
     m_c.subjects().data->Refresh();
 }

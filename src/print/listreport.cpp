@@ -35,21 +35,10 @@ std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &f
     };
 }
 
-dao::Database openSectionFile(DataFile file)
-{
-    const DataFileEntry &entry = dataFileEntry(file);
-    QString path = state().path(file);
-    // The passwords stand in the main file where they have none of their own.
-    const bool isMissing = file == DataFile::DataP && basic::Dir(path).isEmpty();
-    if (isMissing)
-        path = state().path(DataFile::Main);
-    return dao::DBEngine::OpenDatabase(path, false, false, entry.isProtected && !isMissing ? protectedConnect() : QString());
-}
-
 void printList(const ListReport &report)
 {
     const Hourglass hourglass;
-    dao::Database database = openSectionFile(report.file);
+    dao::Database database = openDataFile(report.file);
     dao::Recordset rows = database.OpenRecordset(report.query);
     printRows(report, rows);
     rows.Close();

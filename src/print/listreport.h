@@ -50,7 +50,6 @@ ListColumn::Cell fieldText(const QString &field);
 std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &field);      // Null counts as nothing
 ListColumn::Cell fieldFormat(const QString &field, const QString &format);      // Null shows as nothing
 
-dao::Database openSectionFile(DataFile file);
 // Opens the file and the query, and prints; the message where there are no rows.
 void printList(const ListReport &report);
 // The same over an open recordset.

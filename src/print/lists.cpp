@@ -6,6 +6,7 @@
 #include "platform/basic/prompts.h"
 #include "print/listreport.h"
 #include "print/player.h"
+#include "session/datafiles.h"
 
 #include <map>
 
@@ -260,7 +261,7 @@ void PrintShoppingList()
     if (!PrinterReady())
         return;
     const bool byStore = basic::askYesNo(u"Do you want to print preview the list by Store and Item Alphabetically?"_s);
-    dao::Database database = openSectionFile(DataFile::Main);
+    dao::Database database = openDataFile(DataFile::Main);
     const QString picked = u"Select * from [SHOPPING] WHERE [PICK]="_s + truth(true);
     dao::Recordset rows = database.OpenRecordset(picked + (byStore ? u" ORDER by [Store],[ITEM]"_s : u" ORDER by [ITEM]"_s));
     const bool isBlank = rows.rowTotal() < 1;

@@ -1,12 +1,73 @@
 #include "session/datafiles.h"
 
 #include "platform/basic/files.h"
+#include "platform/basic/prompts.h"
 #include "platform/basic/text.h"
 #include "session/ini.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
 namespace vorel {
+
+namespace {
+
+std::function<bool(DataFile)> &mender()
+{
+    static std::function<bool(DataFile)> installed;
+    return installed;
+}
+
+bool stands(const QString &path)
+{
+    return !basic::Dir(path).isEmpty();
+}
+
+// A path that the configuration names, and the file of the same name in the program folder.
+struct Elsewhere {
+    QString key, path, here;
+};
+
+std::vector<Elsewhere> namesakes()
+{
+    std::vector<Elsewhere> found;
+    for (const DataFileEntry &entry : dataFiles()) {
+        const QString path = foundPath(basic::Trim(GetIniValue(iniSettings, entry.key, {})));
+        if (path.isEmpty() || !stands(path) || keptPath(path) != path)
+            continue;
+        const QString here = programFile(u'\\' + QFileInfo(basic::realPath(path)).fileName());
+        if (stands(here) && QFileInfo(here).canonicalFilePath() != QFileInfo(basic::realPath(path)).canonicalFilePath())
+            found.push_back({entry.key, path, here});
+    }
+    return found;
+}
+
+// The configuration of a copied folder names the files of the one that it was copied from.
+void askForNamesakes()
+{
+    const QString answered = u"DataElsewhere"_s;        // the program folder in which the user said No
+    const std::vector<Elsewhere> found = namesakes();
+    if (found.empty() || GetIniValue(iniSettings, answered, {}) == basic::programFolder())
+        return;
+    QStringList paths;
+    for (const Elsewhere &one : found)
+        paths << QDir::toNativeSeparators(one.path);
+    const bool here = basic::askYesNo(
+        u"The configuration names data files in another folder:\r\n\r\n%1\r\n\r\nFiles of the same names lie in the program "
+        "folder, %2. Was this folder copied or moved?\r\n\r\nYes: work with the files of this folder.\r\n"
+        "No: work with the files of the other folder."_s.arg(paths.join(u"\r\n"_s), QDir::toNativeSeparators(basic::programFolder())));
+    if (!here) {
+        PutIniValue(iniSettings, answered, QString(basic::programFolder()));
+        return;
+    }
+    for (const Elsewhere &one : found)
+        PutIniValue(iniSettings, one.key, keptPath(one.here));
+}
+
+}
 
 const std::array<DataFileEntry, static_cast<std::size_t>(DataFile::Count)> &dataFiles()
 {
@@ -43,9 +104,43 @@ QString connectString(DataFile file)
     return dataFileEntry(file).isProtected ? protectedConnect() : QString();
 }
 
+DataPlace dataPlace(DataFile file)
+{
+    if (file == DataFile::DataP && !stands(state().path(file)))
+        file = DataFile::Main;
+    return {file, state().path(file), connectString(file)};
+}
+
 dao::Database openDataFile(DataFile file, bool exclusive, bool readOnly)
 {
-    return dao::DBEngine::OpenDatabase(state().path(file), exclusive, readOnly, connectString(file));
+    const DataPlace place = dataPlace(file);
+    const auto open = [&] { return dao::DBEngine::OpenDatabase(place.path, exclusive, readOnly, place.connect); };
+    try {
+        return open();
+    } catch (const dao::EngineError &error) {
+        // Without its beginning a protected file looks like one with another password.
+        constexpr int wrongPassword = 3031;
+        const bool damaged = isDamage(error.number()) || (!place.connect.isEmpty() && error.number() == wrongPassword);
+        if (!damaged || !mendDataFile(place.file))
+            throw;
+    }
+    return open();
+}
+
+bool isDamage(int errorNumber)
+{
+    constexpr int damaged = 3049, unknownFormat = 3343;
+    return errorNumber == damaged || errorNumber == unknownFormat;
+}
+
+void setDataFileMender(std::function<bool(DataFile)> installed)
+{
+    mender() = std::move(installed);
+}
+
+bool mendDataFile(DataFile file)
+{
+    return mender() && mender()(file);
 }
 
 QString programFile(const QString &name)
@@ -53,14 +148,30 @@ QString programFile(const QString &name)
     return basic::realPath(basic::programFolder() + u'/' + name.mid(1));
 }
 
+QString keptPath(const QString &path)
+{
+    const QString folder = basic::programFolder() + u'/';
+    const QString place = QDir::cleanPath(path);
+    if (folder.size() == 1 || !place.startsWith(folder))
+        return path;
+    return u'\\' + place.mid(folder.size()).replace(u'/', u'\\');
+}
+
+QString foundPath(const QString &kept)
+{
+    return kept.startsWith(u'\\') ? programFile(kept) : kept;
+}
+
 void loadDataPaths()
 {
+    askForNamesakes();
     for (const DataFileEntry &entry : dataFiles()) {
-        QString path = basic::Trim(GetIniValue(iniSettings, entry.key, {}));
-        if (path.isEmpty() || basic::Dir(path).isEmpty()) {
+        const QString kept = basic::Trim(GetIniValue(iniSettings, entry.key, {}));
+        QString path = foundPath(kept);
+        if (path.isEmpty() || !stands(path))
             path = programFile(entry.defaultName);
-            PutIniValue(iniSettings, entry.key, path);
-        }
+        if (keptPath(path) != kept)
+            PutIniValue(iniSettings, entry.key, keptPath(path));
         state().path(entry.file) = basic::realPath(path);
     }
 }

@@ -3,14 +3,17 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
+#include "platform/dao/safekeeping.h"
 #include "session/datafiles.h"
 #include "store/designs.h"
 #include "store/tablecopy.h"
 #include "store/upgrade.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
+#include <QMap>
 #include <algorithm>
 
 namespace vorel {
@@ -34,15 +37,19 @@ void removeScratch(const QString &scratch)
         QFile::remove(scratch + suffix);
 }
 
-// What is at the target until then is kept to the last moment.
+// Another program may be at the same work where the file system knows no locks.
+QString ownSuffix()
+{
+    return u".%1.tmp"_s.arg(QCoreApplication::applicationPid());
+}
+
+// The target's earlier content is kept to the last moment.
 void copyOver(const QString &from, const QString &to)
 {
-    const QString scratch = to + u".tmp"_s;
-    QFile::remove(scratch);
-    QFile source(from);
+    const QString scratch = to + ownSuffix();
     try {
-        if (!source.copy(scratch))
-            throw basic::Error(75, source.errorString());
+        dao::copyFile(from, scratch);
+        dao::setSamePermissions(from, scratch);
         dao::DBEngine::putInPlace(scratch, to);
     } catch (...) {
         QFile::remove(scratch);
@@ -50,42 +57,38 @@ void copyOver(const QString &from, const QString &to)
     }
 }
 
-// A file that nothing can be read from makes room, and stays for whoever knows more.
-void moveAside(const QString &path)
-{
-    QString name = path + u".damaged"_s;
-    for (int number = 2; QFileInfo::exists(name); ++number)
-        name = path + u".damaged%1"_s.arg(number);
-    dao::DBEngine::Forget(path);
-    QFile file(path);
-    if (!file.rename(name))
-        throw basic::Error(75, file.errorString());
-}
-
 // Mends the file; one that cannot be mended is gone from the path.
-void repair(const QString &path, const QString &connect)
+void repair(const QString &path, const QString &connect, const std::vector<dao::TableDef> &wanted, store::Mending &mending)
 {
-    constexpr int wrongPassword = 3031, damaged = 3049, unknownFormat = 3343;
+    constexpr int wrongPassword = 3031;
+    mending.path = path;
     try {
-        dao::DBEngine::RepairDatabase(path, connect);
+        const dao::RepairReport report = dao::DBEngine::RepairDatabase(path, connect, wanted);
+        mending.original = report.damaged ? report.original : QString();
+        mending.rowsSeen = report.rowsSeen;
+        mending.rowsSaved = report.rowsSaved;
+        mending.lost = report.lost;
     } catch (const dao::EngineError &error) {
-        const int number = error.number();
-        if (number != damaged && number != unknownFormat && number != wrongPassword)
+        if (!isDamage(error.number()) && error.number() != wrongPassword)
             throw;
-        if (stands(path))
-            moveAside(path);
+        if (!stands(path))
+            return;
+        // A file that nothing can be read from makes room, and stays for whoever knows more.
+        mending.original = dao::freeDamagedName(path);
+        dao::DBEngine::Forget(path);
+        dao::setAside(path);
     }
 }
 
 class Rebuild {
 public:
-    Rebuild(DataFile file, const QString &path)
-        : m_designs(store::designsOf(file)), m_path(basic::realPath(path)), m_backup(backupNameOf(m_path)),
-          m_connect(connectString(file))
+    Rebuild(DataFile file, const QString &path, const store::RebuildWishes &wishes, store::Mending &mending)
+        : m_designs(store::designsOf(file)), m_wishes(wishes), m_mending(mending), m_path(basic::realPath(path)),
+          m_backup(backupNameOf(m_path)), m_connect(connectString(file))
     {
-        // Beside the file, so that one rename puts it in place; always the same name, so that a kill leaves one at most.
+        // Beside the file, so that one rename puts it in place.
         const QFileInfo place(m_path);
-        m_scratch = place.absolutePath() + u"/cdb"_s + place.fileName() + u".tmp"_s;
+        m_scratch = place.absolutePath() + u"/cdb"_s + place.fileName() + ownSuffix();
     }
     ~Rebuild()
     {
@@ -99,11 +102,16 @@ public:
     Rebuild &operator=(const Rebuild &) = delete;
 
     const QString &scratch() const { return m_scratch; }
-    bool run(int version)
+    const QString &backup() const { return m_backup; }
+    bool run()
     {
         m_exists = stands(m_path);
         if (m_exists && !rescue())
             return false;
+        if (m_exists && m_wishes.onlyIfDamaged && !m_mending.wasDamaged())
+            return false;
+        if (m_exists)
+            keepCopy();
         open();
         {
             dao::Transaction all(m_database);
@@ -118,9 +126,11 @@ public:
             }
             if (m_database.hasTable(infoTable))
                 m_database.DeleteTable(infoTable);
-            stampVersion(m_database, version);
+            stampVersion(m_database, m_wishes.version);
             all.Commit();
         }
+        if (m_wishes.fill)
+            m_wishes.fill(m_database);
         m_database.Close();
         dao::DBEngine::putInPlace(m_scratch, m_path);
         return true;
@@ -128,7 +138,7 @@ public:
 
 private:
     bool rescue();          // false: the file is lost, and the user wants no new one
-    void keepCopy(bool mended) const;
+    void keepCopy() const;
     void open();
     void deleteQueries();
     QStringList setAside();
@@ -136,6 +146,8 @@ private:
     void takeOver();
 
     const std::vector<dao::TableDef> &m_designs;
+    const store::RebuildWishes &m_wishes;
+    store::Mending &m_mending;
     QString m_path, m_backup, m_scratch, m_connect;
     dao::Database m_database;
     bool m_exists = false;
@@ -143,26 +155,20 @@ private:
 
 bool Rebuild::rescue()
 {
-    const auto mark = [this] {
-        const QFileInfo file(m_path);
-        return std::pair(file.size(), file.lastModified());
-    };
-    const auto before = mark();
-    repair(m_path, m_connect);
-    bool mended = stands(m_path) && mark() != before;
-    if (!stands(m_path) && stands(m_backup)) {
+    repair(m_path, m_connect, m_designs, m_mending);
+    m_mending.beyondRepair = !stands(m_path);
+    if (m_mending.beyondRepair && stands(m_backup)) {
         const auto dated = basic::DateTime::fromQDateTime(QFileInfo(m_backup).lastModified());
         if (basic::askYesNo(u"Database was corrupted beyond repair.\r\nA backup has been found dated: "_s
                             + basic::Value(dated).text() + u"\r\nWould you like to restore this copy?"_s)) {
             copyOver(m_backup, m_path);
-            repair(m_path, m_connect);
-            mended = true;
+            store::Mending ofCopy;
+            repair(m_path, m_connect, m_designs, ofCopy);
+            m_mending.fromCopy = stands(m_path);
         }
     }
-    if (stands(m_path)) {
-        keepCopy(mended);
+    if (stands(m_path))
         return true;
-    }
     m_exists = false;
     return basic::askYesNo(u"Database was corrupted beyond repair and should be recreated.\r\n"
                            "If you have a backup you should restore the file: "_s + m_path
@@ -170,9 +176,9 @@ bool Rebuild::rescue()
 }
 
 // A mended file may have lost rows that the copy before it still has: that copy stays too.
-void Rebuild::keepCopy(bool mended) const
+void Rebuild::keepCopy() const
 {
-    if (mended && stands(m_backup))
+    if (m_mending.wasDamaged() && stands(m_backup))
         copyOver(m_backup, m_backup + u".old"_s);
     copyOver(m_path, m_backup);
 }
@@ -251,15 +257,8 @@ QString backupNameOf(const QString &path)
 
 bool UpgradeDatabase(DataFile file, const QString &path, int version)
 {
-    Rebuild work(file, path);
-    try {
-        return work.run(version);
-    } catch (const dao::EngineError &error) {
-        // The user knows the file, not the scratch.
-        QString text = error.text();
-        text.replace(QDir::toNativeSeparators(work.scratch()), QDir::toNativeSeparators(path));
-        throw dao::EngineError(error.number(), text, nullptr);
-    }
+    store::Mending mending;
+    return store::rebuildFile(file, path, {version}, mending);
 }
 
 void CompactFile(const QString &path)
@@ -269,13 +268,54 @@ void CompactFile(const QString &path)
         return;
     const QString scratch = basic::programFolder() + u"/NEWDB.MDB"_s;
     removeScratch(scratch);
-    repair(place, {});
+    dao::DBEngine::RepairDatabase(place);
     try {
         dao::DBEngine::CompactDatabase(place, scratch, locale, dao::dbVersion30);
         dao::DBEngine::putInPlace(scratch, place);
     } catch (...) {
         removeScratch(scratch);
         throw;
+    }
+}
+
+bool store::rebuildFile(DataFile file, const QString &path, const RebuildWishes &wishes, Mending &mending)
+{
+    Rebuild work(file, path, wishes, mending);
+    try {
+        return work.run();
+    } catch (const dao::EngineError &error) {
+        // The user knows the file, not the scratch.
+        QString text = error.text();
+        for (const QString &unknown : {work.scratch(), work.backup() + ownSuffix()})
+            text.replace(QDir::toNativeSeparators(unknown), QDir::toNativeSeparators(path));
+        throw dao::EngineError(error.number(), text, nullptr);
+    }
+}
+
+QStringList store::scratchBeside(const QStringList &paths)
+{
+    QStringList found;
+    QMap<QString, QStringList> folders;
+    for (const QString &path : paths) {
+        const QFileInfo file(path);
+        const QString name = file.fileName(), copy = QFileInfo(backupNameOf(path)).fileName();
+        folders[file.absolutePath()] << u"cdb"_s + name + u".*tmp*"_s << copy + u".*tmp"_s << copy + u".old.*tmp"_s
+                                     << name + u".*.tmp"_s << name + u".making*"_s << name + u".rescue*"_s;
+    }
+    if (QDir(basic::programFolder()).exists())
+        folders[QDir(basic::programFolder()).absolutePath()] << u"NEWDB.MDB*"_s;
+    for (auto folder = folders.cbegin(); folder != folders.cend(); ++folder) {
+        for (const QString &name : QDir(folder.key()).entryList(*folder, QDir::Files | QDir::Hidden))
+            found << folder.key() + u'/' + name;
+    }
+    return found;
+}
+
+void store::removeDeadScratch(const QStringList &names)
+{
+    for (const QString &name : names) {
+        dao::DBEngine::Forget(name);
+        QFile::remove(name);
     }
 }
 

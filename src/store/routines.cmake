@@ -7,6 +7,8 @@ list(APPEND VOREL_ROUTINES
   store/firstrows.cpp
   store/rebuild.cpp
   store/samples.cpp
+  store/startreport.cpp
+  store/suspects.cpp
   store/tablecopy.cpp
   store/upgrade.cpp
   store/version.cpp)

@@ -4,12 +4,15 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
+#include "platform/desktop/desktop.h"
+#include "platform/desktop/systemlock.h"
 #include "session/datafiles.h"
 #include "store/designs.h"
 #include "store/firstrows.h"
 #include "store/rebuild.h"
+#include "store/startreport.h"
+#include "store/suspects.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <algorithm>
 #include <map>
@@ -24,10 +27,16 @@ namespace {
 
 // In the order in which missing files are made. The upgrade takes the plain ones in this order, then the protected ones.
 constexpr DataFile fileOrder[] = {
-    DataFile::Main, DataFile::Garden, DataFile::Books, DataFile::Movies, DataFile::Music, DataFile::Notes,
-    DataFile::HowTo, DataFile::Recipe, DataFile::Sports, DataFile::Contacts, DataFile::DataJ, DataFile::DataP,
-    DataFile::Accounts,
+    DataFile::Garden, DataFile::Books, DataFile::Movies, DataFile::Music, DataFile::Notes, DataFile::HowTo,
+    DataFile::Recipe, DataFile::Sports, DataFile::Contacts, DataFile::DataJ, DataFile::DataP, DataFile::Accounts,
 };
+constexpr DataFile upgradeOrder[] = {
+    DataFile::Garden, DataFile::Books, DataFile::Movies, DataFile::Music, DataFile::Notes, DataFile::HowTo,
+    DataFile::Recipe, DataFile::Sports, DataFile::Contacts, DataFile::Accounts, DataFile::DataJ, DataFile::DataP,
+};
+
+// Another program that brings the same files up to date is waited for: what it does need not be done again.
+constexpr int waitForOtherPass = 60'000;
 
 bool isProtected(DataFile file)
 {
@@ -39,30 +48,36 @@ bool stands(DataFile file)
     return !basic::Dir(state().path(file)).isEmpty();
 }
 
-// A file that could not be served, and what is told about it.
-struct Failure {
-    QString path, what, outcome;
-    // The same trouble, whatever file it names.
-    QString kind() const { return QString(what).remove(QDir::toNativeSeparators(path)) + outcome; }
-};
-
-// One box for each trouble: a folder that takes no files must not open thirteen.
-void report(const std::vector<Failure> &failures)
+void show(const QString &report)
 {
-    QStringList told;
-    for (const Failure &first : failures) {
-        if (told.contains(first.kind()))
-            continue;
-        told << first.kind();
-        QStringList paths;
-        for (const Failure &failure : failures) {
-            if (failure.kind() == first.kind())
-                paths << failure.path;
-        }
-        basic::MsgBox(u"%1\r\n\r\n%2\r\n\r\n%3"_s.arg(paths.join(u"\r\n"_s), first.what, first.outcome), {},
-                      basic::Icon::Exclamation);
-    }
+    if (!report.isEmpty())
+        basic::MsgBox(report, {}, basic::Icon::Exclamation);
 }
+
+// The locks of all folders in which data files lie; folders without locks count as held.
+class FolderLocks {
+public:
+    bool take(int waitMilliseconds)
+    {
+        std::set<QString> folders;
+        for (const QString &path : state().paths) {
+            if (!path.isEmpty())
+                folders.insert(QFileInfo(basic::realPath(path)).absolutePath());
+        }
+        for (const QString &folder : folders) {         // sorted, so that two programs never wait for each other
+            m_locks.push_back(std::make_unique<desktop::SystemLock>(folder, desktop::SystemLock::Kind::Folder, waitMilliseconds));
+            if (m_locks.back()->isTaken())
+                return false;
+        }
+        m_complete = std::all_of(m_locks.begin(), m_locks.end(), [](const auto &lock) { return lock->isHeld(); });
+        return true;
+    }
+    bool isComplete() const { return m_complete; }
+
+private:
+    std::vector<std::unique_ptr<desktop::SystemLock>> m_locks;
+    bool m_complete = false;
+};
 
 // The whole pass of one start.
 class StartPass {
@@ -70,16 +85,23 @@ public:
     void run();
 
 private:
+    bool isDue() const;
+    bool lockFolders(FolderLocks &locks);
     void attempt(DataFile file, const std::function<void()> &step);
+    bool rebuild(DataFile file, const store::RebuildWishes &wishes);
     void make(DataFile file);
-    void upgrade(DataFile file);
-    void upgradeAll();
+    void upgrade(DataFile file, int version);
+    void serveFiles();
+    void serveMain(bool isOld, int stamp);
     bool needsRows(DataFile file) const;
     void addRows(DataFile file);
+    void addSamples(DataFile file, dao::Database &database);
     void checkMain();
 
     std::set<DataFile> m_made;          // in this run, so of the current design
-    std::map<DataFile, Failure> m_failed;
+    std::set<DataFile> m_suspects;
+    std::map<DataFile, store::Failure> m_failed;
+    std::vector<store::Mending> m_mended;
     std::vector<store::FirstRows> m_required;
     std::vector<store::FirstRows> m_samples;
 };
@@ -90,13 +112,31 @@ void StartPass::attempt(DataFile file, const std::function<void()> &step)
     const QString path = basic::realPath(state().path(file));
     if (path.isEmpty() || m_failed.contains(file))
         return;
-    const QString outcome = QFileInfo(path).isFile() ? u"The file was left as it is."_s : u"The file could not be made."_s;
+    const QString outcome = QFileInfo(path).isFile() ? u"These data files were left as they were:"_s
+                                                     : u"These data files could not be made:"_s;
     try {
         step();
     } catch (const basic::Error &error) {
-        m_failed[file] = {path, error.text(), outcome};
+        m_failed[file] = {path, error.number(), error.text(), outcome};
     } catch (const std::exception &error) {
-        m_failed[file] = {path, QString::fromUtf8(error.what()), outcome};
+        m_failed[file] = {path, -1, QString::fromUtf8(error.what()), outcome};
+    }
+}
+
+bool StartPass::rebuild(DataFile file, const store::RebuildWishes &wishes)
+{
+    store::Mending mending;
+    const auto note = [&] {
+        if (mending.wasDamaged())
+            m_mended.push_back(mending);
+    };
+    try {
+        const bool replaced = store::rebuildFile(file, state().path(file), wishes, mending);
+        note();
+        return replaced;
+    } catch (...) {
+        note();
+        throw;
     }
 }
 
@@ -105,32 +145,93 @@ void StartPass::make(DataFile file)
     attempt(file, [&] {
         if (stands(file))
             return;
-        UpgradeDatabase(file, state().path(file), store::currentVersion);
+        rebuild(file, {store::currentVersion});
         m_made.insert(file);
     });
 }
 
-void StartPass::upgrade(DataFile file)
+void StartPass::upgrade(DataFile file, int version)
 {
     if (m_made.contains(file))
         return;         // the pass would find nothing to change
     attempt(file, [&] {
-        const QString path = state().path(file);
+        // An earlier pass that was cut short came as far as this file: its safety copy is the one of the older version.
+        const bool isDone = store::wasUpgraded(file);
         // The upgraded file is in place by now; one that cannot be made smaller is as good.
-        if (UpgradeDatabase(file, path, store::currentVersion) && !isProtected(file))
-            basic::IgnoreErrors([&] { CompactFile(path); });
+        if (rebuild(file, {version, isDone}) && !isProtected(file))
+            basic::IgnoreErrors([&] { CompactFile(state().path(file)); });
     });
 }
 
-void StartPass::upgradeAll()
+// Whether there is more to do than to look.
+bool StartPass::isDue() const
 {
-    make(DataFile::Main);
-    for (const bool guarded : {false, true}) {
-        for (const DataFile file : fileOrder) {
-            if (isProtected(file) == guarded)
-                upgrade(file);
-        }
+    const auto isMissing = [](DataFile file) { return !state().path(file).isEmpty() && !stands(file); };
+    return !m_suspects.empty() || std::any_of(std::begin(fileOrder), std::end(fileOrder), isMissing)
+        || isMissing(DataFile::Main) || m_failed.contains(DataFile::Main) || GetDatabaseVersion(state().path(DataFile::Main)) < store::currentVersion;
+}
+
+// False: another program is at work on the files, and does not come to its end.
+bool StartPass::lockFolders(FolderLocks &locks)
+{
+    QStringList paths;
+    for (const QString &path : state().paths) {
+        if (!path.isEmpty())
+            paths << basic::realPath(path);
     }
+    const bool isScratchLeft = !store::scratchBeside(paths).isEmpty();
+    const bool due = isDue();
+    if (!due && !isScratchLeft)
+        return true;
+    if (!locks.take(due ? waitForOtherPass : 0))
+        return !due;
+    if (isScratchLeft && locks.isComplete())
+        store::removeDeadScratch(store::scratchBeside(paths));
+    return true;
+}
+
+// The main file decides, so it comes last.
+void StartPass::serveFiles()
+{
+    const bool isNew = !stands(DataFile::Main);
+    const bool isInUse = m_failed.contains(DataFile::Main);
+    const int version = isInUse ? store::currentVersion : GetDatabaseVersion(state().path(DataFile::Main));
+    const bool isOld = version < store::currentVersion;
+    if (isNew)
+        m_samples = store::sampleRows(basic::Date());
+    for (const DataFile file : fileOrder)
+        make(file);
+    for (const DataFile file : upgradeOrder) {
+        if (isOld)
+            upgrade(file, store::currentVersion);
+        else if (m_suspects.contains(file))
+            attempt(file, [&] { rebuild(file, {store::currentVersion, true}); });
+    }
+    const bool isWhole = isNew || m_failed.empty();
+    for (const DataFile file : fileOrder)
+        attempt(file, [&] { addRows(file); });
+    serveMain(isOld, isWhole ? store::currentVersion : version);
+}
+
+void StartPass::serveMain(bool isOld, int stamp)
+{
+    const DataFile file = DataFile::Main;
+    if (!stands(file)) {
+        attempt(file, [&] {
+            rebuild(file, {store::currentVersion, false, [&](dao::Database &database) {
+                dao::Transaction all(database);
+                store::addFirstRows(m_required, file, database);
+                all.Commit();
+                addSamples(file, database);
+            }});
+            m_made.insert(file);
+        });
+    } else if (isOld) {
+        upgrade(file, stamp);
+    } else if (m_suspects.contains(file)) {
+        attempt(file, [&] { rebuild(file, {store::currentVersion, true}); });
+    }
+    attempt(file, [&] { addRows(file); });
 }
 
 bool StartPass::needsRows(DataFile file) const
@@ -145,7 +246,7 @@ void StartPass::addRows(DataFile file)
 {
     if (!needsRows(file) || !stands(file))
         return;
-    dao::Database database = dao::DBEngine::OpenDatabase(state().path(file));
+    dao::Database database = openDataFile(file);
     std::optional<dao::Transaction> all;
     if (m_made.contains(file) || !m_samples.empty())
         all.emplace(database);
@@ -153,10 +254,26 @@ void StartPass::addRows(DataFile file)
     if (file == DataFile::Accounts
         && database.OpenRecordset(u"SELECT * FROM [Accounts]"_s, dao::dbOpenSnapshot).RecordCount() == 0)
         SeedAccounts();
-    store::addFirstRows(m_samples, file, database);
     if (all)
         all->Commit();
+    all.reset();
+    addSamples(file, database);
     database.Close();
+}
+
+// In a step of their own: a sample that cannot be written takes no other row with it.
+void StartPass::addSamples(DataFile file, dao::Database &database)
+{
+    if (m_samples.empty())
+        return;
+    try {
+        dao::Transaction samples(database);
+        store::addFirstRows(m_samples, file, database);
+        samples.Commit();
+    } catch (const basic::Error &error) {
+        m_failed[file] = {basic::realPath(state().path(file)), error.number(), error.text(),
+                          u"These data files were made without their sample rows:"_s};
+    }
 }
 
 // What the main file is good for; one whose upgrade failed may serve as it is. Better told now than at the first save.
@@ -179,30 +296,59 @@ void StartPass::checkMain()
 void StartPass::run()
 {
     const bool dayFirst = state().settings.gDateShort.toUpper().startsWith(u'D');
-    for (const DataFile file : fileOrder) {
-        if (file != DataFile::Main)
-            make(file);
-    }
-    if (GetDatabaseVersion(state().path(DataFile::Main)) < store::currentVersion)
-        upgradeAll();
     m_required = store::requiredRows(basic::Date(), dayFirst);
-    if (m_made.contains(DataFile::Main))        // a new installation
-        m_samples = store::sampleRows(basic::Date());
-    for (const DataFile file : fileOrder)
-        attempt(file, [&] { addRows(file); });
+    attempt(DataFile::Main, [] {
+        // In use elsewhere is not the same as old.
+        const int error = stands(DataFile::Main) ? store::openingError(DataFile::Main) : 0;
+        if (store::isInUse(error))
+            throw dao::EngineError(error, state().path(DataFile::Main));
+    });
+    m_suspects = store::suspects();
+    {
+        FolderLocks locks;
+        if (lockFolders(locks))
+            serveFiles();
+        else
+            attempt(DataFile::Main, [] { throw dao::EngineError(3356, state().path(DataFile::Main)); });
+    }
     checkMain();
-    std::vector<Failure> failures;
+    std::vector<store::Failure> failures;
     for (const auto &[file, failure] : m_failed)
         failures.push_back(failure);
-    report(failures);
+    show(store::startReport(m_mended, failures));
+}
+
+// A file that does not open while the program runs. What was tried once is not tried again.
+bool mendWhileRunning(DataFile file)
+{
+    static std::set<QString> tried;
+    const QString path = basic::realPath(state().path(file));
+    if (!tried.insert(path + QString::number(QFileInfo(path).lastModified().toMSecsSinceEpoch())).second)
+        return false;
+    constexpr int waitForOther = 5'000;
+    const desktop::SystemLock lock(QFileInfo(path).absolutePath(), desktop::SystemLock::Kind::Folder, waitForOther);
+    if (lock.isTaken())
+        return false;
+    store::Mending mending;
+    bool replaced = false;
+    std::vector<store::Failure> failures;
+    try {
+        replaced = store::rebuildFile(file, path, {store::currentVersion, true}, mending);
+    } catch (const basic::Error &error) {
+        failures.push_back({path, error.number(), error.text(), u"This data file is damaged and could not be repaired:"_s});
+    }
+    show(store::startReport(mending.wasDamaged() ? std::vector{mending} : std::vector<store::Mending>(), failures));
+    return replaced;
 }
 
 }
 
 void UpgradeAllDatabases()
 {
+    setDataFileMender({});
     DetectDateOrder();
     StartPass().run();
+    setDataFileMender(mendWhileRunning);
 }
 
 }

@@ -44,7 +44,7 @@ void writeVersion(const Open &open, int version)
 // The path tells only whether there is a file; what is opened is the file in use.
 dao::Database openProtected(DataFile file)
 {
-    return dao::DBEngine::OpenDatabase(state().path(file), true, false, protectedConnect());
+    return dao::DBEngine::OpenDatabase(state().path(file), true, false, connectString(file));
 }
 
 }

@@ -95,7 +95,8 @@ TEST_F(Start, SwitchedOffRemindersTakeTheirMenusAlong)
 TEST_F(Start, WithoutAMainFileTheProgramGoesOn)
 {
     m_folder.write(u"VOREL.MDB"_s, QByteArray(5000, 'x'));
-    m_prompts.expect(u"Would you like to create a new database?"_s, basic::Answer::No);     // once, and no box more
+    m_prompts.expect(u"Would you like to create a new database?"_s, basic::Answer::No);     // once, and where it lies
+    m_prompts.expect(u"No row could be read from it.\r\n    The damaged file is kept as "_s + m_folder.path(u"VOREL.MDB.damaged"_s));
     start();
     EXPECT_TRUE(m_prompts.isDone());
     EXPECT_FALSE(QFile::exists(m_folder.path(u"VOREL.MDB"_s)));

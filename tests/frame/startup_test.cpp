@@ -65,7 +65,7 @@ TEST_F(StartupTest, freshFolderGetsTheThirteenPathsAndNothingElse)
         loadFeatures();
         QStringList expected{u"[Settings]"_s};
         for (qsizetype i = 0; i < keys.size(); ++i)
-            expected << keys[i] + u'=' + folder.path(files[i]);
+            expected << keys[i] + u"=\\"_s + files[i];
         EXPECT_EQ(iniLines(), expected) << iniLines().join(u'\n');
         for (std::size_t i = 0; i < state().paths.size(); ++i)
             EXPECT_EQ(state().paths[i], folder.path(files[static_cast<qsizetype>(i)]));
@@ -84,10 +84,59 @@ TEST_F(StartupTest, pathsThatLeadNowhereAreForgotten)
     EXPECT_EQ(s.path(DataFile::Contacts), folder.path(u"CONTACTS.MDB"_s));
     EXPECT_EQ(s.path(DataFile::Garden), elsewhere);         // found whatever its case
     EXPECT_EQ(s.path(DataFile::Movies), folder.path(u"MOVIES.MDB"_s));     // a folder is no file
-    EXPECT_EQ(GetIniValue(iniSettings, u"DataPath"_s, {}), folder.path(u"VOREL.MDB"_s));
-    EXPECT_EQ(GetIniValue(iniSettings, u"ContactsDBPath"_s, {}), folder.path(u"CONTACTS.MDB"_s));
-    EXPECT_EQ(GetIniValue(iniSettings, u"GardenDBPath"_s, {}), folder.path(u"elsewhere/mine.mdb"_s));
+    EXPECT_EQ(GetIniValue(iniSettings, u"DataPath"_s, {}), u"\\VOREL.MDB"_s);
+    EXPECT_EQ(GetIniValue(iniSettings, u"ContactsDBPath"_s, {}), u"\\CONTACTS.MDB"_s);
+    EXPECT_EQ(GetIniValue(iniSettings, u"GardenDBPath"_s, {}), u"\\elsewhere\\mine.mdb"_s);
     EXPECT_EQ(GetIniValue(iniSettings, u"UserName"_s, {}), u"Ann"_s);
+}
+
+// Paths within the program folder move with it; one elsewhere stays.
+TEST_F(StartupTest, aMovedFolderWorksOnItsOwnFiles)
+{
+    const QTemporaryDir away, moved;
+    const QString far = away.filePath(u"FAR.MDB"_s);
+    ASSERT_TRUE(QFile(far).open(QIODevice::WriteOnly));
+    folder.write(u"VOREL.MDB"_s, "x");
+    folder.write(u"Data/Mine.MDB"_s, "x");
+    writeIni("DataPath=" + folder.path(u"VOREL.MDB"_s).toUtf8() + "\nGardenDBPath=" + folder.path(u"Data/Mine.MDB"_s).toUtf8()
+             + "\nMovieDBPath=" + far.toUtf8() + "\n");
+    start();
+    QDir target(moved.path());
+    ASSERT_TRUE(target.mkdir(u"Data"_s));
+    for (const QString &name : {u"VOREL.MDB"_s, u"Data/Mine.MDB"_s, u"vorelreminder.ini"_s})
+        ASSERT_TRUE(QFile::copy(folder.path(name), target.filePath(name)));
+    const QString before = basic::programFolder();
+    basic::setProgramFolder(moved.path());
+    start();
+    EXPECT_EQ(state().path(DataFile::Main), target.filePath(u"VOREL.MDB"_s));
+    EXPECT_EQ(state().path(DataFile::Garden), target.filePath(u"Data/Mine.MDB"_s));
+    EXPECT_EQ(state().path(DataFile::Movies), far);
+    basic::setProgramFolder(before);
+}
+
+// A configuration from before paths were kept within the folder: it names the files of the folder it was copied from.
+TEST_F(StartupTest, aCopiedFolderAsksOnceWhoseFilesAreMeant)
+{
+    const QTemporaryDir original;
+    for (const QString &name : {u"VOREL.MDB"_s, u"MOVIES.MDB"_s, u"BOOKS.MDB"_s})
+        ASSERT_TRUE(QFile(original.filePath(name)).open(QIODevice::WriteOnly));
+    folder.write(u"VOREL.MDB"_s, "x");
+    folder.write(u"BOOKS.MDB"_s, "x");
+    const QByteArray ini = "DataPath=" + original.filePath(u"VOREL.MDB"_s).toUtf8() + "\nMovieDBPath="
+        + original.filePath(u"MOVIES.MDB"_s).toUtf8() + "\nBooksDBPath=" + original.filePath(u"BOOKS.MDB"_s).toUtf8() + "\n";
+    test::ScriptedPrompts prompts;
+    for (const basic::Answer answer : {basic::Answer::No, basic::Answer::Yes}) {
+        const bool here = answer == basic::Answer::Yes;
+        writeIni(ini);
+        prompts.expect(original.filePath(u"VOREL.MDB"_s) + u"\r\n"_s + original.filePath(u"BOOKS.MDB"_s), answer);
+        for (int time = 0; time < 2; ++time) {
+            start();
+            EXPECT_EQ(state().path(DataFile::Main), here ? folder.path(u"VOREL.MDB"_s) : original.filePath(u"VOREL.MDB"_s));
+            EXPECT_EQ(state().path(DataFile::Books), here ? folder.path(u"BOOKS.MDB"_s) : original.filePath(u"BOOKS.MDB"_s));
+            EXPECT_EQ(state().path(DataFile::Movies), original.filePath(u"MOVIES.MDB"_s));     // no namesake here
+        }
+        EXPECT_TRUE(prompts.isDone());
+    }
 }
 
 TEST_F(StartupTest, displayFormatStaysEmptyUntilChosen)

@@ -26,7 +26,7 @@ protected:
     }
     static void put(DataFile file, const QStringList &statements)
     {
-        dao::Database database = openSectionFile(file);
+        dao::Database database = openDataFile(file);
         dao::Transaction all(database);
         for (const QString &sql : statements)
             database.Execute(sql);

@@ -2,7 +2,7 @@
 #include "frame/menus.h"
 #include "frame/periods.h"
 #include "session/sections.h"
-#include "print/listreport.h"
+#include "session/datafiles.h"
 #include "store/mainfile.h"
 #include "session/datafiles.h"
 
@@ -26,7 +26,7 @@ TEST_F(SectionsTest, everyQueryRunsInItsFile)
         if (section.kind != SectionKind::Grid)
             continue;
         EXPECT_EQ(sectionByCode(section.code), &section);
-        const dao::Recordset rows = openSectionFile(section.file).OpenRecordset(section.query, dao::dbOpenSnapshot);
+        const dao::Recordset rows = openDataFile(section.file).OpenRecordset(section.query, dao::dbOpenSnapshot);
         EXPECT_EQ(rows.Fields().size(), section.columns.size());
     }
     EXPECT_EQ(sectionByName(u"Nothing"_s), nullptr);

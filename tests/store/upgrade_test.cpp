@@ -6,9 +6,13 @@
 #include "store/designs.h"
 #include "store/mainfile.h"
 #include "store/rebuild.h"
+#include "store/startreport.h"
 
 #include <QDir>
 #include <QFile>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace vorel {
 
@@ -37,9 +41,9 @@ TEST_F(UpgradeTest, aBrokenOffCreationIsForgotten)
     ASSERT_TRUE(QFile::remove(path()));
     for (const QString &trace : {u"cdbVOREL.MDB.tmp"_s, u"cdbVOREL.MDB.tmp-journal"_s, u"VOREL.MDB-journal"_s, u"VOREL.MDB-wal"_s})
         m_folder.write(trace, half);
-    UpgradeDatabase(DataFile::Main, path(), 290);
+    UpgradeAllDatabases();
     EXPECT_EQ(GetDatabaseVersion(path()), 290);
-    EXPECT_EQ(count(u"Setup"_s), 0);
+    EXPECT_EQ(count(u"Setup"_s), 1);
     EXPECT_TRUE(QDir(m_folder.path()).entryList(QDir::Files).filter(u"cdb"_s).isEmpty());
 }
 
@@ -58,6 +62,14 @@ protected:
         const QStringList found = rows(sql);
         state().path(DataFile::Main) = before;
         return found;
+    }
+    void fillBooks()
+    {
+        dao::Database books = dao::DBEngine::OpenDatabase(state().path(DataFile::Books));
+        dao::Transaction all(books);
+        for (int i = 0; i < 300; ++i)
+            books.Execute(u"INSERT INTO [BOOKS] ([TITLE]) VALUES ('A title of some length, number %1')"_s.arg(i));
+        all.Commit();
     }
     QStringList names() const { return QDir(m_folder.path()).entryList(QDir::Files); }
 };
@@ -114,8 +126,7 @@ TEST_F(PassTest, aFirstStartInAnyCountry)
                                   u"fa_IR"_s, u"de_DE"_s, u"es_ES"_s, u"it_IT"_s, u"nl_NL"_s, u"tr_TR"_s, u"en_AU"_s}) {
         SCOPED_TRACE(region.toStdString());
         setRegion(region);
-        for (const DataFile file : {DataFile::Main, DataFile::HowTo})
-            QFile::remove(state().path(file));
+        QFile::remove(path());
         UpgradeAllDatabases();
         EXPECT_EQ(state().mainFile, MainFileAccess::Full);
         dao::Database file = open();
@@ -134,7 +145,6 @@ TEST_F(PassTest, aFirstStartInAnyCountry)
         file.Close();
         EXPECT_EQ(count(u"Subjects"_s), 3);
         EXPECT_EQ(count(u"Events"_s), 5);
-        EXPECT_EQ(rowsOf(DataFile::HowTo, u"SELECT [VISITDATE] FROM [HEALTHVISITS]"_s).size(), 1);
     }
 }
 
@@ -210,6 +220,134 @@ TEST_F(PassTest, anOldMainFileTakesAllFilesThroughTheUpgrade)
     EXPECT_EQ(count(u"Appointments"_s), 0);
 }
 
+// As long as one file could not be served the main file keeps its version, so that the next start takes the rest up; what
+// was done already is not done again, and its safety copy stays the one of the older version.
+TEST_F(PassTest, anUpgradeThatWasCutShortIsTakenUp)
+{
+    test::putEmptyFiles(m_folder.path());
+    for (const DataFileEntry &entry : dataFiles()) {
+        if (!entry.isProtected)
+            SetDatabaseVersion(state().path(entry.file), 280);
+    }
+    execute(u"INSERT INTO [TODO] ([ToDo]) VALUES ('Kept')"_s);
+    const QString books = state().path(DataFile::Books);
+    ASSERT_TRUE(QFile::rename(books, books + u".away"_s) && QDir().mkpath(books));
+    m_prompts.expect(books);
+    UpgradeAllDatabases();
+    EXPECT_EQ(GetDatabaseVersion(path()), 280);
+    EXPECT_EQ(state().mainFile, MainFileAccess::Full);
+    EXPECT_EQ(GetDatabaseVersion(state().path(DataFile::Music)), 290);
+
+    ASSERT_TRUE(QDir().rmdir(books) && QFile::rename(books + u".away"_s, books));
+    m_folder.write(u"cdbGARDEN.MDB.999999.tmp-journal"_s, "left by a killed run");
+    m_folder.write(u"BOOKS.BAK.999999.tmp"_s, "left by a killed run");
+    UpgradeAllDatabases();
+    for (const DataFile file : {DataFile::Main, DataFile::Books, DataFile::Music})
+        EXPECT_EQ(GetDatabaseVersion(state().path(file)), 290);
+    EXPECT_EQ(GetDatabaseVersion(m_folder.path(u"MUSIC.BAK"_s)), 280);
+    EXPECT_EQ(rows(u"SELECT [ToDo] FROM [TODO]"_s), QStringList{u"Kept"_s});
+    EXPECT_EQ(names().filter(u"tmp"_s), QStringList());
+}
+
+// A kill at any point of the first start: the main file takes its place last, with its rows, so the next start is the first.
+TEST_F(PassTest, aFirstStartThatWasKilledStillGetsItsRows)
+{
+    for (const rlim_t limit : {8u, 60u, 110u}) {
+        for (const QString &name : names())
+            QFile::remove(m_folder.path(name));
+        const pid_t child = ::fork();
+        if (child == 0) {
+            const rlimit size = {limit * 1024, limit * 1024}, none = {0, 0};
+            ::setrlimit(RLIMIT_CORE, &none);
+            ::setrlimit(RLIMIT_FSIZE, &size);
+            UpgradeAllDatabases();
+            ::_exit(0);
+        }
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        UpgradeAllDatabases();
+        EXPECT_EQ(count(u"Appointments"_s), 3) << limit;
+        EXPECT_EQ(count(u"Subjects"_s), 3) << limit;
+        EXPECT_EQ(count(u"Setup"_s), 1) << limit;
+        EXPECT_EQ(rowsOf(DataFile::Recipe, u"SELECT * FROM [INGREDIENTS]"_s).size(), 7) << limit;
+        EXPECT_EQ(names().filter(u"tmp"_s), QStringList()) << limit;
+    }
+}
+
+// Whatever the main file's version says, a file that does not open is repaired, at the start or when it is next opened, and
+// the user is told once.
+TEST_F(PassTest, aDamagedFileBesideACurrentMainFileIsRepaired)
+{
+    for (const bool atStart : {true, false}) {
+        test::putEmptyFiles(m_folder.path());
+        fillBooks();
+        UpgradeAllDatabases();
+        const QByteArray whole = m_folder.read(u"BOOKS.MDB"_s), damaged = whole.left(whole.size() - 4196);     // the end is cut off
+        m_folder.write(u"BOOKS.MDB"_s, damaged);
+        m_prompts.expect(u"It was repaired"_s);
+        if (atStart)
+            UpgradeAllDatabases();
+        const qsizetype left = openDataFile(DataFile::Books).OpenRecordset(u"BOOKS"_s).rowTotal();
+        EXPECT_GT(left, 100);
+        EXPECT_EQ(m_folder.read(u"BOOKS.MDB.damaged"_s), damaged);
+        const QString told = m_prompts.texts().last();
+        EXPECT_TRUE(told.contains(u"The damaged file is kept as "_s + m_folder.path(u"BOOKS.MDB.damaged"_s)));
+        UpgradeAllDatabases();
+        EXPECT_TRUE(m_prompts.isDone());
+        for (const QString &name : names())
+            QFile::remove(m_folder.path(name));
+    }
+}
+
+TEST(StartReport, OneTextOfAllThatHappened)
+{
+    const QTemporaryDir folder;
+    const QString books = folder.filePath(u"BOOKS.MDB"_s), notes = folder.filePath(u"NOTES.MDB"_s), music = folder.filePath(u"MUSIC.MDB"_s);
+    store::Mending mended{books, books + u".damaged"_s, 120, 118, false, false, {u"BOOKS"_s}};
+    store::Mending lost{notes, notes + u".damaged2"_s, 0, 0, true, false, {}};
+    const QString left = u"These data files were left as they were:"_s;
+    const std::vector<store::Failure> failures = {
+        {books, 3026, u"Not enough space on disk."_s, left},
+        {notes, 13, u"Type mismatch"_s, left},
+        {music, 61, u"Disk full"_s, left},
+    };
+    EXPECT_EQ(store::startReport({}, {}), QString());
+    const QString text = store::startReport({mended, lost}, failures);
+    EXPECT_EQ(text.split(u"\r\n\r\n"_s), (QStringList{
+        u"These data files were damaged:"_s,
+        u"%1\r\n    It was repaired: 118 of 120 rows came back. Not complete: BOOKS.\r\n    The damaged file is kept as %1.damaged"_s.arg(books),
+        u"%1\r\n    No row could be read from it.\r\n    The damaged file is kept as %1.damaged2"_s.arg(notes),
+        u"%1\r\n    %2\r\n    %3\r\nNot enough space on disk. Free about 1 MB in %4, then start the program again."_s
+            .arg(left, books, music, folder.path()),
+        u"%1\r\n    %2\r\nType mismatch"_s.arg(left, notes)})) << text.toStdString();
+}
+
+// Damage that no opening shows: the file is not as the last run left it, or that run did not come to its end.
+TEST_F(PassTest, aFileThatMayBeDamagedGetsTheFullCheck)
+{
+    for (const bool endedWell : {true, false}) {
+        test::putEmptyFiles(m_folder.path());
+        fillBooks();
+        ASSERT_TRUE(desktop::claimSingleInstance());
+        UpgradeAllDatabases();
+        QByteArray bytes = m_folder.read(u"BOOKS.MDB"_s);
+        desktop::releaseSingleInstance(endedWell ? dataFilesNote() : desktop::runningNote);
+        ASSERT_TRUE(desktop::claimSingleInstance());
+        UpgradeAllDatabases();                          // a sound file stays as it is
+        EXPECT_EQ(m_folder.read(u"BOOKS.MDB"_s), bytes);
+        desktop::releaseSingleInstance(endedWell ? dataFilesNote() : desktop::runningNote);
+        const qsizetype page = bytes.indexOf("number 150") / 4096;
+        m_folder.write(u"BOOKS.MDB"_s, bytes.replace(page * 4096, 4096, QByteArray(4096, '\0')));
+        ASSERT_TRUE(desktop::claimSingleInstance());
+        m_prompts.expect(u"It was repaired"_s);
+        UpgradeAllDatabases();
+        EXPECT_TRUE(m_prompts.isDone());
+        desktop::releaseSingleInstance();
+        for (const QString &name : names())
+            QFile::remove(m_folder.path(name));
+    }
+}
+
 // Of a protected file the stamp is read with the password; the parameter only tells whether there is one.
 TEST_F(UpgradeTest, theVersionStamp)
 {
@@ -260,7 +398,7 @@ TEST_F(PassTest, aFileThatFailsIsToldAndTheOthersGoOn)
     execute(u"CREATE TABLE [TODO] ([ID] LONG, [DATEDUE] TEXT(20))"_s);
     execute(u"INSERT INTO [TODO] ([DATEDUE]) VALUES ('some day')"_s);
     SetDatabaseVersion(path(), 0);
-    m_prompts.expect(u"Type mismatch\r\n\r\nThe file was left as it is."_s);
+    m_prompts.expect(u"These data files were left as they were:\r\n    "_s + path() + u"\r\nType mismatch"_s);
     UpgradeAllDatabases();
     EXPECT_EQ(rows(u"SELECT [DATEDUE] FROM [TODO]"_s), QStringList{u"some day"_s});
     EXPECT_EQ(GetDatabaseVersion(path()), 0);
@@ -273,11 +411,11 @@ TEST_F(PassTest, aFolderThatTakesNoFilesIsToldOnce)
     test::putEmptyFiles(m_folder.path());
     for (const DataFile file : {DataFile::Main, DataFile::Books, DataFile::Music})
         state().path(file) = m_folder.path(u"nowhere/"_s) + QString::number(static_cast<int>(file)) + u".MDB"_s;
-    m_prompts.expect(u"0.MDB\r\n"_s + state().path(DataFile::Music) + u"\r\n"_s + state().path(DataFile::Books));
+    const QString folder = m_folder.path(u"nowhere"_s);
+    m_prompts.expect(u"These data files could not be made:\r\n    %1/0.MDB\r\n    %1/4.MDB\r\n    %1/5.MDB\r\nThe folder does not "
+                     "exist. Bring %1 back, then start the program again."_s.arg(folder));
     UpgradeAllDatabases();
-    EXPECT_TRUE(m_prompts.texts().last().endsWith(u"The file could not be made."_s));
     EXPECT_EQ(state().mainFile, MainFileAccess::None);
-    EXPECT_EQ(rowsOf(DataFile::Garden, u"SELECT * FROM [Garden]"_s), QStringList());     // no main file, no samples
 }
 
 }

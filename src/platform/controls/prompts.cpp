@@ -5,8 +5,11 @@
 #include <QFileDialog>
 #include <QFontDialog>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
+#include <QScreen>
+#include <algorithm>
 
 namespace vorel::controls {
 
@@ -56,6 +59,20 @@ Answer answerOf(int pressed, Buttons buttons)
     return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
 }
 
+// A box is as wide as its lines; one that holds a path is not broken as long as the screen has room for it.
+int textWidth(const QString &text, const QWidget &box)
+{
+    constexpr int widestProse = 560;
+    const QFontMetrics metrics(box.font());
+    const int widestPath = box.screen()->availableGeometry().width() * 3 / 4;
+    int width = 0;
+    for (const QString &line : text.split(u'\n')) {
+        const int most = line.contains(u'/') ? widestPath : widestProse;
+        width = std::max(width, std::min(metrics.horizontalAdvance(line.trimmed()) + metrics.averageCharWidth(), most));
+    }
+    return width;
+}
+
 const QString &titleOr(const QString &title)
 {
     return title.isEmpty() ? basic::applicationTitle() : title;
@@ -71,6 +88,8 @@ Answer ScreenPrompts::message(const QString &text, const QString &title, Buttons
     box->setWindowTitle(titleOr(title));
     box->setTextFormat(Qt::PlainText);
     box->setText(text);
+    if (auto *label = box->findChild<QLabel *>(u"qt_msgbox_label"_s))
+        label->setMinimumWidth(textWidth(text, *box));
     box->setIcon(standardIcon(icon));
     box->setStandardButtons(standardButtons(buttons));
     if (buttons == Buttons::YesNo)

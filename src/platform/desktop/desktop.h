@@ -16,10 +16,11 @@ QString findResource(const QString &name);
 // True for the first instance on this program folder; a second one gets false. What a killed process left behind is
 // no instance. A folder in which nothing can be written has no instances to count: true.
 bool claimSingleInstance();
-// Whether the run before this one ended without releaseSingleInstance, by a kill or a power loss, or asked for a check.
-bool lastRunWasBrokenOff();
-// checkNextTime: the next run is to take this one for broken off.
-void releaseSingleInstance(bool checkNextTime = false);
+// What the run before this one left with releaseSingleInstance; runningNote if it was broken off, by a kill or a power loss;
+// empty if nothing is known of it.
+QByteArray lastRunNote();
+inline const QByteArray runningNote = QByteArrayLiteral("running\n");
+void releaseSingleInstance(const QByteArray &note = {});
 
 // Starts a program or opens a document or address with the desktop's own program; nothing is waited for.
 // false if nothing could be started.

@@ -14,7 +14,7 @@ namespace {
 struct Claim {
     QString folder;
     std::unique_ptr<SystemLock> lock;
-    bool brokenOff = false;         // the run before this one did not come to its end
+    QByteArray note;                // of the run before this one
 };
 
 Claim &claim()
@@ -22,8 +22,6 @@ Claim &claim()
     static Claim held;
     return held;
 }
-
-const QByteArray running("running\n");
 
 }
 
@@ -37,21 +35,21 @@ bool claimSingleInstance()
     if (lock->isTaken())
         return false;
     // The content only tells how the last run ended; whatever a stranger put there ends no start.
-    const bool brokenOff = !lock->content().isEmpty();
-    lock->setContent(running);
-    held = {folder, std::move(lock), brokenOff};
+    const QByteArray note = lock->content();
+    lock->setContent(runningNote);
+    held = {folder, std::move(lock), note};
     return true;
 }
 
-bool lastRunWasBrokenOff()
+QByteArray lastRunNote()
 {
-    return claim().brokenOff;
+    return claim().note;
 }
 
-void releaseSingleInstance(bool checkNextTime)
+void releaseSingleInstance(const QByteArray &note)
 {
-    if (claim().lock && !checkNextTime)
-        claim().lock->setContent({});
+    if (claim().lock)
+        claim().lock->setContent(note);
     claim() = {};
 }
 

@@ -13,7 +13,7 @@ namespace vorel::desktop {
 namespace {
 
 constexpr int pauseMicroseconds = 20'000;
-constexpr qsizetype contentKept = 64;
+constexpr qsizetype contentKept = 64 * 1024;
 
 int openFile(const QByteArray &name)
 {

@@ -81,16 +81,13 @@ TEST(SingleInstance, LockOfDeadProcessIsTakenOver)
     EXPECT_FALSE(desktop::claimSingleInstance());
     other.die();
     EXPECT_TRUE(desktop::claimSingleInstance());
-    EXPECT_TRUE(desktop::lastRunWasBrokenOff());
-    desktop::releaseSingleInstance();
-    for (const bool check : {true, false}) {        // the end of this run is what the next one is told
+    EXPECT_EQ(desktop::lastRunNote(), desktop::runningNote);
+    for (const QByteArray &note : {QByteArray("two\nlines\n"), QByteArray()}) {
+        desktop::releaseSingleInstance(note);
         EXPECT_TRUE(desktop::claimSingleInstance());
-        EXPECT_FALSE(desktop::lastRunWasBrokenOff());
-        desktop::releaseSingleInstance(check);
-        EXPECT_TRUE(desktop::claimSingleInstance());
-        EXPECT_EQ(desktop::lastRunWasBrokenOff(), check);
-        desktop::releaseSingleInstance();
+        EXPECT_EQ(desktop::lastRunNote(), note);
     }
+    desktop::releaseSingleInstance();
 }
 
 // Whatever lies under the lock's name ends no start; only a living process does.
