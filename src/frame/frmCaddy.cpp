@@ -152,7 +152,9 @@ void frmCaddy::Load()
 void frmCaddy::runLoadPasses()
 {
     basic::Trap([this] { CheckForBackupFiles(); });
-    basic::Trap([this] { d->alerts.CreateAppointsFile(); });
+    // A folder that takes no files has been reported by now.
+    if (state().mainFile != MainFileAccess::Read)
+        basic::Trap([this] { d->alerts.CreateAppointsFile(); });
     if (state().settings.gAutoEmail && state().mainFile == MainFileAccess::Full)
         basic::Trap([] { SendBirthdayEmails(); });
 }

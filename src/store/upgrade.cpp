@@ -284,13 +284,12 @@ void StartPass::checkMain()
     const bool failed = m_failed.contains(DataFile::Main);
     if (!stands(DataFile::Main) || (failed && basic::IgnoreErrors([this] { addRows(DataFile::Main); }) != 0))
         return;
-    access = MainFileAccess::Read;
-    attempt(DataFile::Main, [] {
-        if (!QFileInfo(basic::realPath(state().path(DataFile::Main))).isWritable())
-            throw dao::EngineError(3027);
+    const bool isWritable = QFileInfo(basic::realPath(state().path(DataFile::Main))).isWritable();
+    access = isWritable ? MainFileAccess::Full : MainFileAccess::Read;
+    attempt(DataFile::Main, [&] {
+        if (!isWritable)
+            throw dao::EngineError(dao::err::ReadOnly);
     });
-    if (failed == m_failed.contains(DataFile::Main))
-        access = MainFileAccess::Full;
 }
 
 void StartPass::run()
