@@ -147,7 +147,7 @@ void frmSection::dtaData_Reposition()
 {
     if (m_ending)
         return;
-    state().selection.gLastRecord = currentId();
+    m_outcome.lastId = currentId();
     selectNode();
     m_path = text(u"lblPictureFile"_s);
     ShowPic();

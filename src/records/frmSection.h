@@ -33,6 +33,7 @@ public:
     ~frmSection() override;
 
     controls::DataControl &dtaData() { return *m_data; }
+    RecordOutcome outcome() const { return m_outcome; }
     void AddNewRecord(const QString &sourceID = {});    // a blank row, stored at once; the source is for the callers' sake
     void AllowInput();
     void FillLists();
@@ -113,6 +114,7 @@ private:
     const records::RecordDesign &m_design;
     controls::DataControl *m_data;
     MainScreen *m_main = nullptr;
+    RecordOutcome m_outcome;
     QHBoxLayout *m_treeKeys = nullptr;
     RecordTree *m_tree = nullptr;
     controls::PictureBox *m_image = nullptr;

@@ -5,7 +5,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/layout.h"
 #include "reminders/messages.h"
-#include "session/mainscreen.h"
+#include "session/changes.h"
 #include "session/state.h"
 
 #include <QCheckBox>
@@ -176,7 +176,7 @@ void frmMessage::dtaData_Reposition()
 {
     lblState->clear();
     if (m_data->hasRows() && m_data->Recordset() && !m_data->Recordset().EOF_())
-        state().selection.gLastRecord = basic::CLng(m_data->Recordset().Get(u"ID"));
+        m_outcome.lastId = basic::CLng(m_data->Recordset().Get(u"ID"));
 }
 
 void frmMessage::AddNewRecord(const QString &)
@@ -242,8 +242,7 @@ bool frmMessage::QueryUnload()
 
 void frmMessage::Unload()
 {
-    if (auto *screen = dynamic_cast<MainScreen *>(parentWidget()))
-        basic::Trap([screen] { screen->CheckForMessages(); });
+    emit Changes::instance().changed(u"MESSAGES"_s);
 }
 
 }

@@ -2,6 +2,7 @@
 
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/form.h"
+#include "session/recordcall.h"
 
 class QCheckBox;
 class QComboBox;
@@ -11,12 +12,11 @@ class QPlainTextEdit;
 
 namespace vorel {
 
-// The modal screen of the messages between users of one file. Over a MainScreen as its parent it has the signal of waiting
-// messages brought up to date when it closes.
+// The modal screen of the messages between users of one file.
 //     frmMessage form(parent);
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
-// state().selection.gLastRecord is then the ID of the row that was last current.
+// form.outcome().lastId is then the ID of the row that was last current. When it closes, the change of the messages is told.
 class frmMessage : public controls::Form {
     Q_OBJECT
 public:
@@ -24,6 +24,7 @@ public:
     ~frmMessage() override;
 
     controls::DataControl &dtaData() { return *m_data; }
+    RecordOutcome outcome() const { return m_outcome; }
     // A blank message from the current user, dated now. The text is not used: a message has no copies.
     void AddNewRecord(const QString &sourceID);
     void AllowInput();
@@ -34,6 +35,7 @@ protected:
     void Unload() override;
 
 private:
+    RecordOutcome m_outcome;
     QComboBox *createNames(const QString &name);
     void createFields();
     void composeScreen();

@@ -24,8 +24,8 @@ namespace vorel {
 using namespace Qt::StringLiterals;
 using controls::on;
 
-frmRecord::frmRecord(QWidget *parent)
-    : Form(u"frmRecord"_s, parent), m_section(record::section(state().selection.gRecordCode)), m_data(new controls::DataControl(this))
+frmRecord::frmRecord(const QString &section, QWidget *parent)
+    : Form(u"frmRecord"_s, parent), m_section(record::section(section)), m_data(new controls::DataControl(this))
 {
     m_data->setObjectName(u"dtaData"_s);
     m_data->setDatabaseName(state().path(DataFile::Main));

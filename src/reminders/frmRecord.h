@@ -3,6 +3,7 @@
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/form.h"
 #include "reminders/record.h"
+#include "session/recordcall.h"
 
 #include <QHash>
 
@@ -15,21 +16,21 @@ class QLineEdit;
 
 namespace vorel {
 
-// The modal screen of an appointment, a bill or an event: state().selection.gRecordCode ("A", "B", "E") is read when it is made.
-//     state().selection.gRecordCode = "A";
-//     frmRecord form;
+// The modal screen of an appointment, a bill or an event, by its section's code ("A", "B", "E").
+//     frmRecord form(u"A"_s);
 //     form.dtaData().setRecordSource(state().period.gSqlAppointments);
 //     form.dtaData().Refresh();
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
-// state().selection.gLastRecord is then the ID of the row that was last current.
+// form.outcome().lastId is then the ID of the row that was last current.
 class frmRecord : public controls::Form {
     Q_OBJECT
 public:
-    explicit frmRecord(QWidget *parent = nullptr);
+    explicit frmRecord(const QString &section, QWidget *parent = nullptr);
     ~frmRecord() override;
 
     controls::DataControl &dtaData() { return *m_data; }
+    RecordOutcome outcome() const { return m_outcome; }
     // A blank row dated today, or with a source ID a copy of that row, after its question. Refreshes the rows first.
     void AddNewRecord(const QString &sourceID);
 
@@ -44,6 +45,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
+    RecordOutcome m_outcome;
     enum class Kind { Line, Date, Money, Digits, Time, Subject, List, Check, Caption, Rich };
     enum class Place { Row, Beside, Frequency, Details, Hidden };
     struct FieldRow;

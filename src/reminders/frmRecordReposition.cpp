@@ -44,7 +44,7 @@ void frmRecord::dtaData_Reposition()
 {
     m_showing = true;
     const bool rows = m_data->hasRows();
-    state().selection.gLastRecord = static_cast<qint32>(record::number(text(u"lblID1"_s)));
+    m_outcome.lastId = static_cast<qint32>(record::number(text(u"lblID1"_s)));
     if (rows && text(u"lblDay"_s).isEmpty())
         setText(u"lblDay"_s, record::weekDayOf(rowDate()));
     applyBirthday();

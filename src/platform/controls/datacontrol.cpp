@@ -461,10 +461,10 @@ void DataControl::setMovesAsk(bool on)
     d->movesAsk = on;
 }
 
-void DataControl::Refresh(bool quiet)
+bool DataControl::Refresh(bool quiet)
 {
     if (!d->writeOthers())
-        return;
+        return false;
     dao::Database opened;
     dao::Recordset recordset;
     if (!d->source.trimmed().isEmpty() && !d->path.isEmpty()) {
@@ -475,7 +475,7 @@ void DataControl::Refresh(bool quiet)
         } catch (const basic::Error &e) {
             if (!quiet)
                 d->report({e.number(), e.text()});
-            return;
+            return false;
         }
         d->database = opened;
         d->openPath = d->path;
@@ -483,6 +483,7 @@ void DataControl::Refresh(bool quiet)
         d->openFile = identityOf(d->path);
     }
     d->take(recordset);
+    return true;
 }
 
 dao::Recordset &DataControl::Recordset()

@@ -251,6 +251,7 @@ void Idle(int what = dbRefreshCache);                           // rows of other
 void Forget(const QString &path);
 // How long a read or write waits for another process before it fails with 3218; 5,000 ms unless told otherwise.
 void setLockWait(int waitMilliseconds);
+int LockWait();
 
 // The workspace's transaction over the databases open in it.
 void BeginTrans();
