@@ -1,4 +1,5 @@
 #include "frame/frmCaddyIcons.h"
+#include "frame/frmCaddy.h"
 #include "frame/frmStartup.h"
 #include "session/shared.h"
 #include "frame/startup.h"
@@ -7,6 +8,7 @@
 #include "platform/controls/prompts.h"
 #include "platform/desktop/busnotifier.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/endrequest.h"
 #include "platform/desktop/soundplayer.h"
 #include "platform/printer/realprinter.h"
 #include "print/frmPreview.h"
@@ -50,6 +52,12 @@ int main(int argc, char **argv)
     vorel::setPrinterProbe([] { return true; });
 
     vorel::Startup startup;
+    const vorel::desktop::EndRequest end;
+    QObject::connect(&end, &vorel::desktop::EndRequest::Requested, &startup, [&startup] { startup.End(); });
+    QObject::connect(&application, &QGuiApplication::commitDataRequest, &startup, [&startup] {
+        if (startup.mainScreen())
+            startup.mainScreen()->saveTyped();
+    });
     startup.Load();
     const int result = QApplication::exec();
     vorel::removePrintScripts();

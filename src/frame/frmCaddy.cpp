@@ -6,6 +6,7 @@
 #include "frame/frmCaddyRail.h"
 #include "frame/frmCaddyRooms.h"
 #include "frame/frmUnload.h"
+#include "frame/periods.h"
 #include "frame/startup.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
@@ -23,6 +24,8 @@
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMessageBox>
+#include <QScopedValueRollback>
 #include <QScreen>
 #include <QSplitter>
 #include <QTimer>
@@ -40,7 +43,7 @@ frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
     connectGrids();
     connectButtons();
     answerMenus();
-    controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { d->alerts.Timer2_Timer(); });
+    controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { Timer2_Timer(); });
     connect(d->c.TimerMessages, &QTimer::timeout, this, [this] {
         basic::IgnoreErrors([this] { CheckForMessages(); });
         basic::IgnoreErrors([this] { CheckForBackupFiles(); });
@@ -100,10 +103,10 @@ void frmCaddy::openData()
 
 void frmCaddy::showStart()
 {
-    DisplayDates();
     setTodayParts();
-    d->periods.setQuietly(u"mnuToday"_s);
+    DisplayDates();
     const QString category = loadStartCategory();
+    d->c.panInfo->setVisible(state().settings.gDisplayAds);
     DisplayCategory(category);
     if (state().selection.gLastCategory.isEmpty())        // a name that is no section
         DisplayCategory(u"All"_s);
@@ -152,6 +155,9 @@ void frmCaddy::Load()
 void frmCaddy::runLoadPasses()
 {
     basic::Trap([this] { CheckForBackupFiles(); });
+    // The pop-up program and the greetings work on today's rows, whatever period the grids show.
+    const QScopedValueRollback shown(state().period);
+    SetDayPeriod(u"Today"_s);
     // A folder that takes no files has been reported by now.
     if (state().mainFile != MainFileAccess::Read)
         basic::Trap([this] { d->alerts.CreateAppointsFile(); });
@@ -280,6 +286,8 @@ void frmCaddy::changeEvent(QEvent *event)
     d->c.rail->applyIcons();
     d->painting.applyPalette();
     d->painting.markActive(d->edit.activeGrid());
+    d->periods.showChosen();
+    d->search.showPlaceholder();
     applyBackground();
 }
 
@@ -307,10 +315,10 @@ void frmCaddy::cmdCat_Click(int index)
 
 void frmCaddy::panEditS_Click()
 {
-    if (d->c.subjects().panEdit->text() == u"Edit"_s)
-        d->edit.ShowEdit();
-    else
+    if (state().selection.gSection == u"H"_s)
         d->cells.ClearShoppingChecks();
+    else
+        d->edit.ShowEdit();
 }
 
 // What was typed into a grid and cannot be stored keeps the screen open.
@@ -322,6 +330,41 @@ void frmCaddy::closeEvent(QCloseEvent *event)
     event->setAccepted(written);
     if (written)
         Unload();
+}
+
+void frmCaddy::Timer2_Timer()
+{
+    d->alerts.showTime();
+    if (!d->sections.retry())
+        return;
+    d->periods.followDay();
+    d->alerts.Timer2_Timer();
+}
+
+// Each screen over this one closes as by its own key, the topmost first; one that does not let itself be closed keeps all
+// open. A screen's message loop ends only after this returns, so the next one is left to the loop below.
+void frmCaddy::endSession()
+{
+    QWidget *top = QApplication::activeModalWidget();
+    if (!top) {
+        close();
+        return;
+    }
+    if (!top->close()) {
+        if (auto *box = qobject_cast<QMessageBox *>(top))
+            box->reject();
+    }
+    if (!top->isVisible())
+        QTimer::singleShot(0, this, &frmCaddy::endSession);
+}
+
+// The session may yet go on: everything typed is stored, nothing is closed.
+void frmCaddy::saveTyped()
+{
+    basic::Trap([this] { writeRows(); });
+    for (QWidget *window : QApplication::topLevelWidgets())
+        for (controls::DataControl *rows : window->findChildren<controls::DataControl *>())
+            basic::IgnoreErrors([rows] { rows->UpdateRecord(); });
 }
 
 void frmCaddy::Unload()

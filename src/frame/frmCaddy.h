@@ -38,6 +38,9 @@ public:
     void UpdateRowHeight() override;
     void holdTimer(bool hold) override;
     bool writeRows() override;
+    // The desktop ends the program: what is being typed is stored as on closing, then everything closes.
+    void endSession();
+    void saveTyped();
     // Sorts the section on show, by a column that is asked for where none was clicked.
     void SortData();
 
@@ -67,6 +70,7 @@ private:
     void cmdColor_Click();
     void cmdBackground_Click();
     QString rowTip(const controls::Grid *grid, const QString &code, qsizetype row) const;
+    void Timer2_Timer();
     void Unload();
 
     struct Rooms;

@@ -20,36 +20,45 @@ namespace vorel {
 
 using namespace Qt::StringLiterals;
 
-CaddyAlerts::CaddyAlerts(CaddyControls &c, CaddyPainting &painting, CaddyEdit &edit, QWidget *window)
-    : m_c(c), m_painting(painting), m_edit(edit), m_window(window)
+CaddyAlerts::CaddyAlerts(CaddyControls &c, CaddyPainting &painting, CaddyEdit &edit, QWidget *window,
+                         std::function<void()> busy)
+    : m_c(c), m_painting(painting), m_edit(edit), m_window(window), m_busy(std::move(busy))
 {
     initialiseSounds();
     m_c.tools.at(u"cmdPopUpCloser"_s)->setEnabled(false);
 }
 
+void CaddyAlerts::showTime()
+{
+    m_c.lblTime->setText(basic::Format(basic::Now(), u"hh:mm AM/PM"));
+}
+
 // A file that cannot be read would raise a box every six seconds, each over the one before.
 void CaddyAlerts::Timer2_Timer()
 {
-    m_c.lblTime->setText(basic::Format(basic::Now(), u"hh:mm AM/PM"));
     if (m_ticking)
         return;
     const QScopedValueRollback guard(m_ticking, true);
-    const auto check = [this] { CheckAppointments(); };
+    bool locked = false;
+    const auto check = [&] {
+        try {
+            CheckAppointments();
+        } catch (const basic::Error &e) {
+            locked = e.number() == dao::err::Locked;
+            if (!locked)
+                throw;
+        }
+    };
     m_failing = m_failing ? basic::IgnoreErrors(check) != 0 : !basic::Trap(check);
-}
-
-// The rows that the grid shows; while it is hidden they may not have been read yet.
-bool CaddyAlerts::canWarn() const
-{
-    const GridPane &appointments = m_c.appointments();
-    return appointments.waits || appointments.data->hasRows();
+    if (locked)
+        m_busy();
 }
 
 void CaddyAlerts::CheckAppointments()
 {
     const AlertRule rule = alertRule();
     std::vector<Alert> alerts;
-    if (rule.on && (rule.before != 0 || rule.after != 0) && canWarn())
+    if (rule.on && (rule.before != 0 || rule.after != 0))
         alerts = alertsFor(appointmentsOfToday(), rule, basic::Now());
     if (alerts.empty()) {
         m_c.panAppoint->hide();

@@ -4,6 +4,7 @@
 #include "reminders/alerts.h"
 
 #include <QPointer>
+#include <functional>
 
 namespace vorel {
 
@@ -15,16 +16,16 @@ class CaddyPainting;
 class CaddyAlerts : public QObject {
     Q_OBJECT
 public:
-    CaddyAlerts(CaddyControls &c, CaddyPainting &painting, CaddyEdit &edit, QWidget *window);
+    CaddyAlerts(CaddyControls &c, CaddyPainting &painting, CaddyEdit &edit, QWidget *window, std::function<void()> busy);
 
-    void Timer2_Timer();                // lblTime, then CheckAppointments; a failure is told once, not at every tick
+    void showTime();
+    void Timer2_Timer();                // CheckAppointments; a failure is told once, not at every tick
     void CheckAppointments();
     void panAppoint_Click();            // the long text, then the row
     void CreateAppointsFile();
     void cmdPopUpCloser_Click();
 
 private:
-    bool canWarn() const;
     void showAlert(const Alert &alert);
     void announce(const std::vector<Alert> &alerts);
     void openRow(qint32 id);
@@ -34,6 +35,7 @@ private:
     CaddyPainting &m_painting;
     CaddyEdit &m_edit;
     QWidget *m_window;
+    std::function<void()> m_busy;       // the file is locked
     AlertLog m_log;
     QString m_text;                     // what a click on the panel shows
     qint32 m_id = 0;                    // the row that the panel speaks of

@@ -34,9 +34,9 @@ qint32 idOf(const Grid &grid, qsizetype row)
     return static_cast<qint32>(basic::Val(grid.CellText(idColumn, row)));
 }
 
-void rememberRow(const Grid &grid, const RowUpdate &update)
+void rememberRow(GridPane &pane, const RowUpdate &update)
 {
-    state().selection.gLastRecord = idOf(grid, update.row);
+    pane.lastId = idOf(*pane.grid, update.row);
 }
 
 QStringList subjects(controls::DataControl &data)
@@ -87,7 +87,7 @@ void CaddyCells::openReminderCells(GridPane &pane)
     EditHandlers rules;
     rules.beforeCellChange = [this, &pane](CellChange &change) { changeReminderCell(pane, change); };
     rules.beforeUpdate = [this, &pane](RowUpdate &update) { completeReminder(pane, update); };
-    rules.afterUpdate = [&pane](const RowUpdate &update) { rememberRow(*pane.grid, update); };
+    rules.afterUpdate = [&pane](const RowUpdate &update) { rememberRow(pane, update); };
     if (pane.code == u"B"_s)
         rules.updateError = [](UpdateFailure &failure) {
             if (failure.number != controls::duplicateRowError)
@@ -185,7 +185,7 @@ void CaddyCells::openToDo()
         if (subjects().EditText(toDoPriority).trimmed().isEmpty())
             subjects().setEditValue(toDoPriority, u"1 - High"_s);
     };
-    rules.afterUpdate = [this](const RowUpdate &update) { rememberRow(subjects(), update); };
+    rules.afterUpdate = [this](const RowUpdate &update) { rememberRow(m_c.subjects(), update); };
     subjects().setEditing({{u"TODO"_s}, {u"PRIORITY"_s, priorities, u"PRIORITYLIST"_s}, {u"ACTIONED"_s}}, std::move(rules));
 }
 
@@ -194,7 +194,7 @@ void CaddyCells::openMessages()
     EditHandlers rules;
     // A check alone is written as soon as it changes.
     rules.afterUpdate = [this](const RowUpdate &update) {
-        rememberRow(subjects(), update);
+        rememberRow(m_c.subjects(), update);
         m_screen.CheckForMessages();
     };
     subjects().setEditing({{u"READ"_s}}, std::move(rules));
@@ -218,7 +218,7 @@ EditHandlers CaddyCells::shoppingHandlers()
     };
     rules.afterUpdate = [this](const RowUpdate &update) {
         Grid &grid = subjects();
-        rememberRow(grid, update);
+        rememberRow(m_c.subjects(), update);
         m_shopping.remove(0);
         m_shopping.addStore(grid.CellText(shopStore, update.row));
         countShoppingRow(update.row);

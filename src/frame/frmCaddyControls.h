@@ -17,6 +17,7 @@ class QSplitter;
 class QStatusBar;
 class QTimer;
 class QToolBar;
+class QToolButton;
 
 namespace vorel {
 
@@ -38,6 +39,7 @@ struct GridPane {
     QString newRowSource;               // what the record screen reads when it starts on a new row
     int textColumn = 4;                 // the column that names the row
     bool waits = false;                 // its query was set while it was hidden: read when it is shown
+    qint32 lastId = 0;                  // of the record last worked on
 
     bool isReminder() const { return sql != nullptr; }
     QString sectionCode() const { return isReminder() ? code : state().selection.gSection; }
@@ -54,12 +56,21 @@ struct CaddyControls {
     QToolBar *Toolbar1 = nullptr;
     std::map<QString, QAction *> toolbarKeys;
     std::vector<QAction *> periodKeys;              // the places of the period keys on the toolbar
+    struct PeriodGroup {
+        QWidget *box = nullptr;
+        QToolButton *here = nullptr;                // names the chosen period of the group
+        std::array<QString, 3> keys;                // back, the period itself, forward
+        QString caption;
+    };
+    std::vector<PeriodGroup> periodGroups;
     QWidget *panSearch = nullptr;
     QLineEdit *txtSearch = nullptr;
+    QLabel *lblNotFound = nullptr;
     QAbstractButton *cmdNext = nullptr;
 
     CaddyGround *page = nullptr;        // all that lies between the rail and the strip
     QLabel *panPeriod = nullptr;
+    QLabel *lblNotice = nullptr;        // stands over the grids while something keeps the rows away
     QAbstractButton *panNew = nullptr;
     QSplitter *SSPanel1 = nullptr;
     DetailPane *picDetails = nullptr;

@@ -51,25 +51,24 @@ void CaddyEdit::editReminder(GridPane &pane)
 void CaddyEdit::EditRow(GridPane &pane, qint32 id)
 {
     if (m_screen.writeRows())
-        openReminder(pane, id, true);
+        openReminder(pane, id);
 }
 
-void CaddyEdit::openReminder(GridPane &pane, qint32 id, bool inAnyPeriod)
+void CaddyEdit::openReminder(GridPane &pane, qint32 id)
 {
-    State &s = state();
-    s.selection.gRecordCode = pane.code;
-    s.selection.gLastRecord = id;
+    pane.lastId = id;
     stopTimers();
-    basic::Trap([&] { showReminder(pane, id, inAnyPeriod); });
+    basic::Trap([&] { pane.lastId = showReminder(pane, id).lastId; });
     startTimers();
     m_screen.GetData();
-    if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
+    if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
         pane.grid->setBookmark(pane.data->Recordset().Bookmark());
 }
 
-void CaddyEdit::showReminder(const GridPane &pane, qint32 id, bool inAnyPeriod)
+// A row that the period on show does not hold is opened among all rows.
+RecordOutcome CaddyEdit::showReminder(const GridPane &pane, qint32 id)
 {
-    frmRecord record(m_window);
+    frmRecord record(pane.code, m_window);
     controls::DataControl &rows = record.dtaData();
     if (id == 0) {
         rows.setRecordSource(pane.newRowSource);
@@ -78,13 +77,14 @@ void CaddyEdit::showReminder(const GridPane &pane, qint32 id, bool inAnyPeriod)
         rows.setRecordSource(state().period.*pane.sql);
         rows.Refresh();
         const QString criteria = u"ID = %1"_s.arg(id);
-        if (!rows.FindFirst(criteria) && inAnyPeriod) {
+        if (!rows.FindFirst(criteria)) {
             rows.setRecordSource(pane.newRowSource);
             rows.Refresh();
             rows.FindFirst(criteria);
         }
     }
     record.ShowModal();
+    return record.outcome();
 }
 
 // The reminder grid that New works on: the section's own; where several are on show, the one used last.
@@ -104,12 +104,12 @@ void CaddyEdit::openSubject(qint32 id)
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     m_c.TimerMessages->stop();
     m_screen.UpdateRowHeight();
-    state().selection.gLastRecord = id;
+    GridPane &subjects = m_c.subjects();
+    subjects.lastId = id;
     if (const RecordScreen *screen = recordScreen(state().selection.gSection)) {
-        state().selection.gRecordCode = screen->recordCode;
         stopTimers();
         if (screen->open)
-            basic::Trap([&] { screen->open({m_window, id}); });
+            basic::Trap([&] { subjects.lastId = screen->open({screen->recordCode, id}, m_window).lastId; });
         else if (const Section *section = sectionByCode(state().selection.gSection))
             showLater(u"The screen of a record of "_s + section->name);
     }
@@ -168,8 +168,22 @@ void CaddyEdit::startTimers()
         m_c.TimerMessages->start();
 }
 
+// Without its main file the program runs on, but there is nothing to store a reminder in.
+bool CaddyEdit::hasFile() const
+{
+    const Section *section = sectionByCode(state().selection.gSection);
+    const bool inMain = !section || section->kind == SectionKind::Reminder || section->file == DataFile::Main;
+    if (!inMain || state().mainFile != MainFileAccess::None)
+        return true;
+    basic::MsgBox(u"There is no main data file, so no record can be stored.\r\nRestart the program and let it create a new one."_s,
+                  {}, basic::Icon::Exclamation);
+    return false;
+}
+
 void CaddyEdit::panNew_Click()
 {
+    if (!hasFile())
+        return;
     if (basic::askYesNo(u"Create a New Blank Record?"_s))
         NewRecord();
 }

@@ -2,6 +2,7 @@
 
 #include "frame/frmCaddyControls.h"
 #include "session/mainscreen.h"
+#include "session/recordcall.h"
 
 namespace vorel {
 
@@ -30,8 +31,9 @@ signals:
 
 private:
     void editReminder(GridPane &pane);
-    void openReminder(GridPane &pane, qint32 id, bool inAnyPeriod = false);
-    void showReminder(const GridPane &pane, qint32 id, bool inAnyPeriod);
+    void openReminder(GridPane &pane, qint32 id);
+    RecordOutcome showReminder(const GridPane &pane, qint32 id);
+    bool hasFile() const;
     void openSubject(qint32 id);
     GridPane *currentReminder() const;
     void stopTimers();

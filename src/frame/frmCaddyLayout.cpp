@@ -75,6 +75,15 @@ QToolButton *keyButton(CaddyControls &c, const QString &key, const QString &capt
     return button;
 }
 
+// The keys do not move when the group's name changes.
+void keepWidth(const CaddyControls::PeriodGroup &group)
+{
+    int width = 0;
+    for (const QString &name : {periodKeyName(group.keys[0]), group.caption, periodKeyName(group.keys[2])})
+        width = std::max(width, group.here->fontMetrics().horizontalAdvance(name));
+    group.here->setMinimumWidth(width + 2 * unit);
+}
+
 void buildKeys(CaddyControls &c)
 {
     for (const ToolbarButton &entry : toolbarTable()) {
@@ -109,6 +118,10 @@ QWidget *buildSearch(CaddyControls &c)
     auto *row = new QHBoxLayout(c.panSearch);
     row->setContentsMargins(unit, 0, unit, 0);
     row->setSpacing(unit / 2);
+    c.lblNotFound = new QLabel(u"Not found"_s);
+    c.lblNotFound->setObjectName(u"lblNotFound"_s);
+    c.lblNotFound->hide();
+    row->addWidget(c.lblNotFound);
     row->addWidget(c.txtSearch, 1);
     row->addWidget(next);
     return c.panSearch;
@@ -130,9 +143,13 @@ void buildToolbar(QMainWindow *window, CaddyControls &c)
         const QString here = QString::fromUtf16(group.here);
         c.toolbarKeys.at(here)->setText(QString::fromUtf16(group.caption));
         row->addWidget(keyButton(c, QString::fromUtf16(group.back), {}));
-        row->addWidget(keyButton(c, here, QString::fromUtf16(group.caption)));
+        QToolButton *middle = keyButton(c, here, QString::fromUtf16(group.caption));
+        row->addWidget(middle);
         row->addWidget(keyButton(c, QString::fromUtf16(group.forward), {}));
         c.periodKeys.push_back(c.Toolbar1->addWidget(box));
+        c.periodGroups.push_back({box, middle, {QString::fromUtf16(group.back), here, QString::fromUtf16(group.forward)},
+                                  QString::fromUtf16(group.caption)});
+        keepWidth(c.periodGroups.back());
     }
     c.toolbarKeys.at(u"ALL RECORDS"_s)->setText(u"All"_s);
     c.periodKeys.push_back(c.Toolbar1->addWidget(keyButton(c, u"ALL RECORDS"_s, u"All"_s)));
@@ -251,6 +268,14 @@ void buildPage(QMainWindow *window, CaddyControls &c)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(unit);
     column->addLayout(buildHead(c));
+    c.lblNotice = new QLabel;
+    c.lblNotice->setObjectName(u"lblNotice"_s);
+    c.lblNotice->setAccessibleName(u"Notice"_s);
+    c.lblNotice->setWordWrap(true);
+    c.lblNotice->setFrameShape(QFrame::StyledPanel);
+    c.lblNotice->setMargin(unit);
+    c.lblNotice->hide();
+    column->addWidget(c.lblNotice);
     column->addWidget(c.SSPanel1, 1);
     auto *across = new QSplitter(Qt::Horizontal);
     across->setObjectName(u"Panes"_s);
@@ -332,6 +357,16 @@ void buildStrip(QMainWindow *window, CaddyControls &c)
     window->setStatusBar(c.StatusBar1);
 }
 
+}
+
+QString periodKeyName(const QString &key)
+{
+    const QString small = key.toLower();
+    QString name = small.left(1).toUpper() + small.mid(1);
+    for (qsizetype i = 1; i < name.size(); ++i)
+        if (name[i - 1] == u' ')
+            name[i] = name[i].toUpper();
+    return name;
 }
 
 QFont headingFont(const QFont &body)

@@ -4,6 +4,8 @@
 
 namespace vorel {
 
+QString periodKeyName(const QString &key);          // "LAST WEEK" as "Last Week"
+
 // The icons of everything but the rail, anew after a change of the palette.
 void applyCaddyIcons(CaddyControls &c);
 // Three text sizes serve the whole screen: small print, body, headings.

@@ -14,6 +14,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QShortcut>
+#include <QToolBar>
 
 namespace vorel {
 
@@ -22,6 +23,7 @@ using namespace Qt::StringLiterals;
 CaddyMenus::CaddyMenus(CaddyControls &c, MainScreen &screen, CaddyPeriods &periods, QMainWindow *window)
     : m_c(c), m_screen(screen), m_periods(periods), m_window(window)
 {
+    m_lists.setObjectName(u"mnuPrintShown"_s);
     buildMenus();
     connectToolbar();
     addKeys();
@@ -86,8 +88,29 @@ void CaddyMenus::run(const QString &menuName)
 
 void CaddyMenus::printCurrent()
 {
-    if (m_screen.writeRows())
-        print(printCodeFor(state().selection.gSection));
+    if (!m_screen.writeRows())
+        return;
+    const QString code = printCodeFor(state().selection.gSection);
+    if (code.isEmpty())
+        offerLists();
+    else
+        print(code);
+}
+
+// A section of several grids has no list of its own: those of the grids on show are offered.
+void CaddyMenus::offerLists()
+{
+    m_lists.clear();
+    for (const GridPane &pane : m_c.reminders())
+        if (pane.isShown())
+            for (const MenuEntry &entry : menuTable())
+                if (entry.call == MenuCall::Print && entry.argument == pane.code)
+                    m_lists.addAction(m_c.actions.at(entry.objectName));
+    if (m_lists.isEmpty())
+        return;
+    const QWidget *key = m_c.Toolbar1->findChild<QWidget *>(u"PRINT CURRENT CATEGORY"_s);
+    const QPoint below = key ? key->mapToGlobal(QPoint(0, key->height())) : m_c.Toolbar1->mapToGlobal(QPoint());
+    m_lists.popup(below, m_lists.actions().front());
 }
 
 void CaddyMenus::print(const QString &code)

@@ -4,6 +4,8 @@
 #include "frame/frmCaddyPeriods.h"
 #include "session/mainscreen.h"
 
+#include <QMenu>
+
 namespace vorel {
 
 // The menus, the toolbar and the keys: each runs what its table row names.
@@ -20,6 +22,7 @@ public:
 private:
     void buildMenus();
     void print(const QString &code);
+    void offerLists();
     void connectToolbar();
     void addKeys();
 
@@ -27,6 +30,7 @@ private:
     MainScreen &m_screen;
     CaddyPeriods &m_periods;
     QMainWindow *m_window;
+    QMenu m_lists;                              // the lists on show, for the print key
     std::map<QString, std::function<void()>> m_answers;
 };
 

@@ -1,10 +1,14 @@
 #include "frame/frmCaddyPeriods.h"
 
+#include "frame/frmCaddyLayout.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/format.h"
+#include "platform/controls/colours.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
+#include <QToolButton>
 
 namespace vorel {
 
@@ -25,7 +29,7 @@ const PeriodEntry *periodByMenu(const QString &menu)
 void CaddyPeriods::choose(const PeriodEntry &period)
 {
     period.set();
-    m_key = QString::fromUtf16(period.toolbarKey);
+    m_period = &period;
     m_screen.GetData();
 }
 
@@ -35,17 +39,10 @@ void CaddyPeriods::choose(const QString &menu)
         choose(*period);
 }
 
-void CaddyPeriods::setQuietly(const QString &menu)
+void CaddyPeriods::showDates()
 {
-    if (const PeriodEntry *period = periodByMenu(menu)) {
-        period->set();
-        m_key = QString::fromUtf16(period->toolbarKey);
-    }
-}
-
-void CaddyPeriods::DisplayDates()
-{
-    m_c.lblDate->setText(displayDate(basic::Date()));
+    m_day = basic::Date();
+    m_c.lblDate->setText(displayDate(m_day));
     m_c.lblTime->setText(basic::Format(basic::Now(), u"hh:mm AM/PM"));
     for (const PeriodEntry &period : periodTable()) {
         const QString caption = period.caption();
@@ -54,16 +51,55 @@ void CaddyPeriods::DisplayDates()
         if (const auto key = m_c.toolbarKeys.find(QString::fromUtf16(period.toolbarKey)); key != m_c.toolbarKeys.end())
             key->second->setToolTip(caption);
     }
+}
+
+void CaddyPeriods::DisplayDates()
+{
+    showDates();
     choose(startPeriod());
+}
+
+bool CaddyPeriods::isTyping() const
+{
+    const QWidget *focus = QApplication::focusWidget();
+    return std::any_of(m_c.panes.begin(), m_c.panes.end(), [focus](const GridPane &pane) {
+        return pane.grid->isRowChanged() || (focus && pane.grid->viewport()->isAncestorOf(focus));
+    });
+}
+
+void CaddyPeriods::followDay()
+{
+    if (m_day == basic::Date() || !m_period || isTyping())
+        return;
+    state().period.gToday = basic::Date();
+    showDates();
+    choose(*m_period);
+    for (const GridPane &pane : m_c.panes)
+        pane.grid->Repaint();                   // rows of today have a colour
 }
 
 void CaddyPeriods::DisplayCaption()
 {
     m_c.panPeriod->setText(periodCaption());
     m_c.lblUsername->setText(state().settings.gUserName);
+    showChosen();
+}
+
+void CaddyPeriods::showChosen()
+{
+    const QString chosen = m_period ? QString::fromUtf16(m_period->toolbarKey) : QString();
     for (const auto &[key, action] : m_c.toolbarKeys)
         if (action->isCheckable())
-            action->setChecked(key == m_key);
+            action->setChecked(key == chosen);
+    const QPalette system = QGuiApplication::palette();
+    for (const CaddyControls::PeriodGroup &group : m_c.periodGroups) {
+        const bool here = std::find(group.keys.begin(), group.keys.end(), chosen) != group.keys.end();
+        group.here->setText(here && chosen != group.keys[1] ? periodKeyName(chosen) : group.caption);
+        QPalette colours = system;
+        colours.setColor(QPalette::Window, controls::blend(system.color(QPalette::Window), system.color(QPalette::Highlight), 0.3));
+        group.box->setPalette(here ? colours : system);
+        group.box->setAutoFillBackground(here);
+    }
 }
 
 }

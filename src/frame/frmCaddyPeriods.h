@@ -13,14 +13,21 @@ public:
 
     void choose(const PeriodEntry &period);     // and show its rows
     void choose(const QString &menu);           // by the menu entry's name; an unknown one does nothing
-    void setQuietly(const QString &menu);       // sets the period, leaves the grids as they are
+    // When the day has changed, all that speaks of today is computed anew: dates, captions, tips, the rows of the period
+    // on show, which is relative to today. Rows that are being typed into are waited for.
+    void followDay();
+    void showChosen();                          // marks and names the chosen period's keys, in the palette's colours
     void DisplayDates();
     void DisplayCaption();
 
 private:
     CaddyControls &m_c;
     MainScreen &m_screen;
-    QString m_key;                              // the toolbar key of the period set last
+    void showDates();
+    bool isTyping() const;
+
+    const PeriodEntry *m_period = nullptr;      // set last
+    basic::DateTime m_day;                      // of which the screen speaks
 };
 
 }

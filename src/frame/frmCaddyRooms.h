@@ -19,7 +19,7 @@ struct frmCaddy::Rooms {
         : c(&screen), columns(sizes), painting(c, sizes, columns), search(c),
           sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
           menus(c, screen, periods, &screen), strip(c, screen), tips(c, [this] { edit.showDetails(); }),
-          alerts(c, painting, edit, &screen) {}
+          alerts(c, painting, edit, &screen, [this] { sections.fileIsBusy(); }) {}
 
     CaddyControls c;
     GridLayout sizes;

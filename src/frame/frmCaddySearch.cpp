@@ -2,9 +2,11 @@
 
 #include "platform/basic/prompts.h"
 #include "platform/basic/text.h"
+#include "platform/controls/colours.h"
 #include "session/sections.h"
 
 #include <QGuiApplication>
+#include <QLabel>
 #include <QLineEdit>
 
 namespace vorel {
@@ -98,6 +100,17 @@ void CaddySearch::next()
     GridSearch(searchGrid());
 }
 
+void CaddySearch::showPlaceholder()
+{
+    const GridPane &pane = m_c.paneOf(searchGrid());
+    const Section *section = sectionByCode(pane.sectionCode());
+    m_c.txtSearch->setPlaceholderText(section ? u"Search "_s + section->name.toLower() : u"Search"_s);
+    QPalette colours = QGuiApplication::palette();
+    colours.setColor(QPalette::PlaceholderText,
+                     controls::blend(colours.color(QPalette::Text), colours.color(QPalette::Base), 0.4));
+    m_c.txtSearch->setPalette(colours);
+}
+
 void CaddySearch::forgetRows()
 {
     m_start = 0;
@@ -106,9 +119,13 @@ void CaddySearch::forgetRows()
 void CaddySearch::GridSearch(Grid *grid)
 {
     grid->setActiveRowStyleSet({});
+    m_c.lblNotFound->hide();
     const QString wanted = basic::Trim(m_c.txtSearch->text()).toUpper();
     const dao::Recordset rows = grid->dataControl()->Recordset();
-    if (wanted.isEmpty() || !rows || rows.rowTotal() == 0)
+    if (wanted.isEmpty())
+        return;
+    m_c.lblNotFound->show();
+    if (!rows || rows.rowTotal() == 0)
         return;
     dao::Bookmark hit;
     // A pattern that is still being typed ("[a") is no fault of the user's: it finds nothing yet.
@@ -119,6 +136,7 @@ void CaddySearch::GridSearch(Grid *grid)
     m_start = 0;
     if (!hit.isValid())
         return;
+    m_c.lblNotFound->hide();
     grid->setBookmark(hit);
     grid->setActiveRowStyleSet(u"SEARCH"_s);
     m_start = rows.positionOf(hit) + 1;
@@ -176,13 +194,12 @@ void CaddySearch::HeadClick(Grid *grid, int column)
 // The events stand either by their dates or, for those who look for the days of a year, by day and month.
 void CaddySearch::alternateEventOrder()
 {
-    QString &sql = state().period.gSqlEvents;
-    const qsizetype by = sql.lastIndexOf(u" ORDER BY "_s, -1, Qt::CaseInsensitive);
-    if (by < 0)
-        return;
-    m_dayOrder = sql.indexOf(u" BY DAY("_s, by, Qt::CaseInsensitive) < 0;
-    sql = sql.left(by) + u" ORDER"_s + (m_dayOrder ? u" BY DAY([DATE]),MONTH([DATE])"_s : u" BY [DATE],[SUBJECT],[EVENT]"_s);
-    m_c.events().data->setRecordSource(sql);
+    ShownPeriod &period = state().period;
+    const QString byDay = u"DAY([DATE]),MONTH([DATE])"_s;
+    ReminderQuery events = period.events;
+    events.order = events.order == byDay ? u"[DATE],[SUBJECT],[EVENT]"_s : byDay;
+    period.setQueries(period.appointments, period.bills, events);
+    m_c.events().data->setRecordSource(period.gSqlEvents);
     m_c.events().data->Refresh();
 }
 

@@ -13,6 +13,7 @@ public:
     void textChanged();                         // from the first row on
     void next();                                // from the row after the last hit on
     void GridSearch(controls::Grid *grid);
+    void showPlaceholder();                     // names what is searched, readable in each palette
     void forgetRows();                          // the rows changed: the next search begins at the first
 
     // Sorts the grid of a section code by the remembered column, asking for one if there is none.
@@ -26,7 +27,6 @@ private:
     qsizetype m_start = 0;
     QString m_sortColumn;
     std::map<const controls::Grid *, bool> m_ascending;
-    bool m_dayOrder = false;                    // the events stand in the order of their days
 };
 
 }

@@ -15,12 +15,14 @@
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
+#include "platform/controls/form.h"
 #include "session/datafiles.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
+#include <QMenu>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QToolBar>
@@ -91,6 +93,9 @@ CaddySections::CaddySections(CaddyControls &c, MainScreen &screen, GridLayout &s
                              CaddySearch &search)
     : m_c(c), m_screen(screen), m_sizes(sizes), m_columns(columns), m_search(search)
 {
+    for (const GridPane &pane : m_c.panes)
+        controls::on(pane.data, &controls::DataControl::Error, pane.data,
+                     [this](int number, const QString &text) { rowsFailed(number, text); });
 }
 
 void CaddySections::cmdCat_Click(int index)
@@ -157,13 +162,17 @@ void CaddySections::clearScreen(const Section &section)
     m_c.showAction(u"mnuTasksToOutlook"_s, false);
     m_c.subjects().data->setRecordSource({});
     m_c.subjects().data->Refresh();
+    m_c.subjects().lastId = 0;
+    m_waiting = false;
+    m_notice.clear();
+    showNotice();
 }
 
 void CaddySections::showReminders(const Section &section)
 {
     state().selection.gSection = section.code;
     markButton(section.name);
-    m_c.enableAction(u"mnuDisplayPeriod"_s, true);
+    allowPeriods(true);
     for (std::size_t i = 0; i < m_c.reminders().size(); ++i) {
         m_c.reminders()[i].grid->setVisible(section.grids[i]);
         m_c.reminders()[i].panEdit->setVisible(section.grids[i]);
@@ -172,13 +181,14 @@ void CaddySections::showReminders(const Section &section)
     allowPrinting(section);
     RefreshData();
     readWaiting();
+    m_search.showPlaceholder();
 }
 
 void CaddySections::showGrid(const Section &section)
 {
     state().selection.gSection = section.code;
     markButton(section.name);
-    m_c.enableAction(u"mnuDisplayPeriod"_s, false);
+    allowPeriods(false);
     QString title = section.gridTitle;
     if (section.code == u"M"_s)
         title += u" for "_s + state().settings.gUserName;
@@ -192,6 +202,7 @@ void CaddySections::showGrid(const Section &section)
     m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().settings.gNetwork && state().settings.gFeature[u"Messages"_s]);
     allowPrinting(section);
     RefreshData();
+    m_search.showPlaceholder();
     m_screen.DisableButtons(true);
 }
 
@@ -234,7 +245,7 @@ void CaddySections::connectSubjects(const Section &section)
     m_c.subjects().data->setConnect(place.connect.isEmpty() ? u"Access"_s : place.connect);
     m_c.subjects().data->setDatabaseName(none ? QString() : place.path);
     m_c.subjects().data->setRecordSource(section.query);
-    m_c.subjects().data->Refresh();
+    read(m_c.subjects());
 }
 
 void CaddySections::showSubjectColumns(const Section &section)
@@ -279,36 +290,62 @@ void CaddySections::showSubjectColumns(const Section &section)
 }
 
 // The query of a grid that is not on show is set and read later: nobody waits for rows that nobody sees.
-void CaddySections::refresh(GridPane &pane, bool quiet)
+bool CaddySections::refresh(GridPane &pane)
 {
     pane.data->setRecordSource(state().period.*pane.sql);
-    pane.waits = pane.grid->isHidden();
-    if (!pane.waits)
-        pane.data->Refresh(quiet);
+    pane.waits = !pane.isShown();
+    return pane.waits || read(pane);
 }
 
-void CaddySections::readWaiting()
+bool CaddySections::read(GridPane &pane)
+{
+    if (pane.data->Refresh())
+        return true;
+    pane.waits = pane.isReminder();
+    m_waiting = true;
+    return false;
+}
+
+bool CaddySections::readReminders()
+{
+    const auto reminders = m_c.reminders();
+    return std::all_of(reminders.begin(), reminders.end(), [this](GridPane &pane) { return refresh(pane); });
+}
+
+bool CaddySections::readWaiting()
 {
     for (GridPane &pane : m_c.reminders()) {
-        if (!pane.waits || pane.grid->isHidden())
+        if (!pane.waits || !pane.isShown())
             continue;
         pane.waits = false;
-        pane.data->Refresh();
+        if (!read(pane))
+            return false;
     }
+    return true;
+}
+
+bool CaddySections::readSubjects()
+{
+    GridPane &pane = m_c.subjects();
+    const Selection &now = state().selection;
+    const auto query = now.gSqlSection.find(now.gSection);
+    if (isReminder(now.gSection) || query == now.gSqlSection.end() || pane.data->DatabaseName().isEmpty())
+        return true;
+    pane.data->setRecordSource(query->second);
+    if (!read(pane))
+        return false;
+    if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
+        pane.grid->setBookmark(pane.data->Recordset().Bookmark());
+    return true;
 }
 
 void CaddySections::GetData()
 {
-    State &s = state();
-    for (GridPane &pane : m_c.reminders())
-        refresh(pane);
-    const auto query = s.selection.gSqlSection.find(s.selection.gSection);
-    if (!isReminder(s.selection.gSection) && query != s.selection.gSqlSection.end() && !m_c.subjects().data->DatabaseName().isEmpty()) {
-        m_c.subjects().data->setRecordSource(query->second);
-        m_c.subjects().data->Refresh();
-        if (m_c.subjects().data->hasRows() && m_c.subjects().data->FindFirst(u"ID=%1"_s.arg(s.selection.gLastRecord)))
-            m_c.subjects().grid->setBookmark(m_c.subjects().data->Recordset().Bookmark());
-    }
+    m_waiting = false;
+    if (!readReminders() || !readSubjects())
+        return;
+    m_notice.clear();
+    showNotice();
     m_search.forgetRows();
     m_screen.DisplayCaption();
 }
@@ -320,10 +357,65 @@ void CaddySections::RefreshData()
         return;
     if (state().period.gSqlAppointments.isEmpty())
         SetDayPeriod(u"Today"_s);
-    for (GridPane &pane : m_c.reminders())
-        basic::IgnoreErrors([&] { refresh(pane, true); });
+    const QScopedValueRollback quiet(m_quiet, true);
+    if (!readReminders())
+        return;
     m_search.forgetRows();
     m_screen.DisplayCaption();
+}
+
+bool CaddySections::retry()
+{
+    if (!m_waiting)
+        return true;
+    const int wait = dao::DBEngine::LockWait();
+    dao::DBEngine::setLockWait(0);
+    const QScopedValueRollback quiet(m_quiet, true);
+    basic::IgnoreErrors([] {
+        if (!state().gMainDb)
+            openMainDatabase();
+    });
+    m_screen.GetData();
+    dao::DBEngine::setLockWait(wait);
+    return !m_waiting;
+}
+
+void CaddySections::fileIsBusy()
+{
+    m_waiting = true;
+    m_notice = u"Another program is using the data file. The rows on show may be out of date; they are read again as soon as "
+               u"the file is free."_s;
+    showNotice();
+}
+
+// What the engine says when a grid's rows cannot be read.
+void CaddySections::rowsFailed(int number, const QString &text)
+{
+    if (number == dao::err::Locked || number == dao::err::FileInUse) {
+        fileIsBusy();
+        return;
+    }
+    m_notice = u"The rows could not be read: "_s + text;
+    showNotice();
+    if (!m_quiet)
+        basic::MsgBox(m_notice, {}, basic::Icon::Exclamation);
+}
+
+void CaddySections::showNotice()
+{
+    QString text = m_notice;
+    if (text.isEmpty() && state().mainFile == MainFileAccess::None)
+        text = u"There is no main data file. Restart the program and let it create a new one."_s;
+    m_c.lblNotice->setText(text);
+    m_c.lblNotice->setVisible(!text.isEmpty());
+}
+
+void CaddySections::allowPeriods(bool allow)
+{
+    m_c.enableAction(u"mnuDisplayPeriod"_s, allow);
+    for (const auto &[key, action] : m_c.toolbarKeys)
+        if (action->isCheckable())
+            action->setEnabled(allow);
 }
 
 void CaddySections::UpdateRowHeight()
@@ -353,7 +445,7 @@ void CaddySections::allowPrinting(const Section &section)
     const QStringList entries = printMenusOf(section);
     for (const QString &name : entries)
         m_c.enableAction(name, ready);
-    if (!entries.isEmpty())
+    if (!entries.isEmpty() || section.kind == SectionKind::Reminder)
         m_c.toolbarKeys.at(u"PRINT CURRENT CATEGORY"_s)->setEnabled(ready);
 }
 
@@ -361,7 +453,8 @@ void CaddySections::applyFeatures()
 {
     const auto show = [this](const QString &name, bool visible) {
         m_c.showAction(name, visible);
-        if (QWidget *control = m_c.page->window()->findChild<QWidget *>(name))
+        // A menu shares its name with its entry; shown as a widget it would pop up.
+        if (auto *control = m_c.page->window()->findChild<QWidget *>(name); control && !qobject_cast<QMenu *>(control))
             control->setVisible(visible);
     };
     for (const FeatureEntry &feature : featureTable()) {

@@ -15,7 +15,12 @@ public:
 
     void cmdCat_Click(int index);
     void DisplayCategory(const QString &name);
+    // Reads the rows of the grids on show anew. The first failure ends it: the rows and the caption stay as they are, and
+    // retry takes it up again.
     void GetData();
+    // Where rows are still to be read: tries once more, without waiting for another program. false: still none.
+    bool retry();
+    void fileIsBusy();                          // says so over the grids until the rows can be read
     void RefreshData();
     void UpdateRowHeight();
     void SizeGrids();
@@ -32,8 +37,14 @@ private:
     void openScreen(const QString &name);
     void connectSubjects(const Section &section);
     void showSubjectColumns(const Section &section);
-    void refresh(GridPane &pane, bool quiet = false);
-    void readWaiting();
+    bool refresh(GridPane &pane);
+    bool readReminders();
+    bool readSubjects();
+    bool readWaiting();
+    bool read(GridPane &pane);
+    void rowsFailed(int number, const QString &text);
+    void showNotice();
+    void allowPeriods(bool allow);
     void markButton(const QString &tag);
     void allowPrinting(const Section &section);
 
@@ -44,6 +55,9 @@ private:
     CaddySearch &m_search;
     std::map<QString, std::function<void()>> m_answers;
     bool m_switching = false;
+    bool m_waiting = false;                     // rows are still to be read
+    bool m_quiet = false;                       // a failure is shown in the notice, not in a box
+    QString m_notice;
 };
 
 }

@@ -7,6 +7,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "platform/desktop/desktop.h"
+#include "session/changes.h"
 #include "utilities/frmCalculator.h"
 #include "utilities/frmInformation.h"
 
@@ -28,10 +29,15 @@ void frmCaddy::connectGrids()
         controls::on(grid, &Grid::DblClick, this, [this, &pane](int y) { d->edit.DblClick(pane, y); });
         controls::on(grid, &Grid::EnterKey, this, [&pane] { pane.panEdit->click(); });
         controls::on(grid, &Grid::HeadClick, this, [this, grid](int column) { d->search.HeadClick(grid, column); });
-        controls::on(grid, &Grid::RowChange, this, [this, grid] {
+    }
+    // A list that becomes empty has no current row that could change: its details go with its rows.
+    for (const GridPane &pane : d->c.panes) {
+        const auto follow = [this, grid = pane.grid] {
             if (grid == d->edit.activeGrid())
                 d->edit.showDetails();
-        });
+        };
+        controls::on(pane.grid, &controls::Grid::RowChange, this, follow);
+        controls::on(pane.data, &controls::DataControl::RowsChanged, this, follow);
     }
     controls::Grid *subjects = d->c.subjects().grid;
     controls::on(subjects, &controls::Grid::DblClick, this, [this](int y) {
@@ -41,7 +47,6 @@ void frmCaddy::connectGrids()
     controls::on(subjects, &controls::Grid::EnterKey, this, [this] { d->edit.ShowEdit(); });
     controls::on(subjects, &controls::Grid::HeadClick, this,
                  [this, subjects](int column) { d->search.HeadClick(subjects, column); });
-    controls::on(subjects, &controls::Grid::RowChange, this, [this] { d->edit.showDetails(); });
     controls::on(subjects, &controls::Grid::BtnClick, this, [this](int, qsizetype row) { d->edit.subjectButton(row); });
     subjects->setToolTipProvider(
         [this, subjects](qsizetype row, int) { return row < 0 ? QString() : rowTip(subjects, state().selection.gSection, row); });
@@ -75,9 +80,7 @@ void frmCaddy::connectButtons()
     click(c.panMessages, [this] { DisplayCategory(u"Messages"_s); });
     click(c.panBackup, [this] { DisplayCategory(u"File Backup"_s); });
     click(c.panAppoint, [this] { d->alerts.panAppoint_Click(); });
-    for (const auto &[name, button] : c.tools)
-        click(button, [spoken = button->accessibleName()] { showLater(spoken); });
-    const std::pair<QString, std::function<void()>> answered[] = {
+    const std::map<QString, std::function<void()>> answered = {
         {u"cmdColor"_s, [this] { cmdColor_Click(); }},
         {u"cmdBackground"_s, [this] { cmdBackground_Click(); }},
         {u"cmdCalendar"_s, [this] { DisplayCategory(u"Calendar"_s); }},
@@ -86,13 +89,18 @@ void frmCaddy::connectButtons()
         {u"cmdPopUpCloser"_s, [this] { d->alerts.cmdPopUpCloser_Click(); }},
         {u"cmdInfo"_s, [this] { d->menus.run(u"mnuHelp"_s); }},
     };
-    for (const auto &[name, step] : answered) {
-        c.tools.at(name)->disconnect(this);
-        click(c.tools.at(name), step);
+    for (const auto &[name, button] : c.tools) {
+        const auto step = answered.find(name);
+        click(button, step != answered.end() ? step->second
+                                             : std::function<void()>([tool = button->accessibleName()] { showLater(tool); }));
     }
     controls::on(c.txtSearch, &QLineEdit::textChanged, this, [this] { d->search.textChanged(); });
     controls::on(c.txtSearch, &QLineEdit::returnPressed, this, [this] { d->edit.editSearched(); });
     c.txtSearch->installEventFilter(this);
+    controls::on(&Changes::instance(), &Changes::changed, this, [this](const QString &table) {
+        if (table == u"MESSAGES"_s)
+            CheckForMessages();
+    });
 }
 
 void frmCaddy::answerMenus()

@@ -114,6 +114,14 @@ void Startup::LoadVorel()
     QGuiApplication::restoreOverrideCursor();
 }
 
+void Startup::End()
+{
+    if (m_caddy && m_caddy->isVisible())
+        m_caddy->endSession();
+    else
+        QCoreApplication::quit();
+}
+
 void Startup::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);

@@ -20,6 +20,7 @@ public:
 
     void Load();
     void LoadVorel();
+    void End();                         // as the desktop asks, at any time
     frmCaddy *mainScreen() const { return m_caddy.get(); }
 
 protected:

@@ -140,16 +140,16 @@ void SetDayPeriod(const QString &name)
     }
 
     const DateTime date = basic::CDate(s.period.gPeriodStart);
-    const QString d = sqlDate(date);
+    const QString onDay = u"[DATE]=#%1#"_s.arg(sqlDate(date));
     const QString sameDay = u" AND month([DATE]) = %1 AND day([DATE]) = %2"_s.arg(date.month()).arg(date.day());
-    s.period.gSqlAppointments = u"select * from APPOINTMENTS where [DATE]=#%1# ORDER BY [APPTIME],[APPOINTMENT] DESC"_s.arg(d);
-    s.period.gSqlBills = u"select * from BILLS where [DATE]=#%1# ORDER BY [DATE],[BILL],[AMOUNT] DESC"_s.arg(d);
     // Unlike a period's query this one takes holidays, and rows of later years too.
-    QString events = u"select * from EVENTS where [DATE]=#%1#"_s.arg(d);
+    QString events = onDay;
     for (const QString &subject : {u"ANNIVERSARY"_s, u"BIRTHDAY"_s, u"ON THIS DAY"_s, u"HOLIDAY"_s})
         events += u" OR [SUBJECT]='"_s + subject + u'\'' + sameDay;
     events += u" OR [RECURRING]=True"_s + sameDay;
-    s.period.gSqlEvents = events + u" ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
+    s.period.setQueries({u"select * from APPOINTMENTS"_s, onDay, u"[APPTIME],[APPOINTMENT] DESC"_s},
+                        {u"select * from BILLS"_s, onDay, u"[DATE],[BILL],[AMOUNT] DESC"_s},
+                        {u"select * from EVENTS"_s, events, u"[DATE],[SUBJECT],[EVENT]"_s});
 }
 
 void SetThisWeek() { setWeek(0); }
@@ -167,9 +167,9 @@ void SetAllRecords()
     State &s = state();
     s.period.gPeriodStart.clear();
     s.period.gPeriodEnd = s.period.gPeriodStart;
-    s.period.gSqlAppointments = u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"_s;
-    s.period.gSqlBills = u"select * from [BILLS] ORDER BY [DATE],[BILL],[AMOUNT]"_s;
-    s.period.gSqlEvents = u"select * from [EVENTS] ORDER BY [DATE],[SUBJECT],[EVENT]"_s;
+    s.period.setQueries({u"select * from [APPOINTMENTS]"_s, {}, u"[DATE],[APPTIME],[APPOINTMENT]"_s},
+                        {u"select * from [BILLS]"_s, {}, u"[DATE],[BILL],[AMOUNT]"_s},
+                        {u"select * from [EVENTS]"_s, {}, u"[DATE],[SUBJECT],[EVENT]"_s});
 }
 
 void BuildPeriodQueries()
@@ -181,18 +181,17 @@ void BuildPeriodQueries()
     s.period.gTodayYear = static_cast<std::int16_t>(start.year());
 
     const QString first = sqlDate(start);
-    const QString between = u" between #%1# and #%2#"_s.arg(first, sqlDate(end));
-    s.period.gSqlAppointments = u"select * from APPOINTMENTS where [DATE]"_s + between
-        + u" ORDER BY [DATE],[APPTIME],[APPOINTMENT] DESC"_s;
-    s.period.gSqlBills = u"select * from BILLS where [DATE]"_s + between + u" ORDER BY [DATE],[BILL] DESC"_s;
+    const QString between = u" between #%1# and #%2#"_s.arg(first, sqlDate(end)), inPeriod = u"[DATE]"_s + between;
     // Rows of earlier years come by their day and month in the year of the period's start, that one year only.
     const QString before = u" OR [DATE]<#%1# AND "_s.arg(first);
     const QString inYear = u" AND DATESERIAL( %1,MONTH([DATE]),DAY([DATE]))"_s.arg(start.year()) + between;
-    QString events = u"select * from EVENTS where [DATE]"_s + between;
+    QString events = inPeriod;
     for (const QString &subject : {u"ANNIVERSARY"_s, u"BIRTHDAY"_s, u"ON THIS DAY"_s})
         events += before + u"[SUBJECT]='"_s + subject + u'\'' + inYear;
     events += before + u"[RECURRING]=True"_s + inYear;
-    s.period.gSqlEvents = events + u" ORDER BY [Date],[Subject],[Event]"_s;
+    s.period.setQueries({u"select * from APPOINTMENTS"_s, inPeriod, u"[DATE],[APPTIME],[APPOINTMENT] DESC"_s},
+                        {u"select * from BILLS"_s, inPeriod, u"[DATE],[BILL] DESC"_s},
+                        {u"select * from EVENTS"_s, events, u"[Date],[Subject],[Event]"_s});
 }
 
 QString periodCaption()

@@ -114,7 +114,7 @@ qint32 frmSection::currentId() const
 // The row as it is shown.
 void frmSection::dtaData_Reposition()
 {
-    state().selection.gLastRecord = currentId();
+    m_outcome.lastId = currentId();
     setRecordTitle(m_design.title, text(m_design.nameControl));
     selectNode();
     m_path = text(u"lblPictureFile"_s);

@@ -25,6 +25,7 @@ class SectionPanel;
 class frmSection : public controls::RecordForm {
     Q_OBJECT
 public:
+    RecordOutcome outcome() const { return m_outcome; }
     void AddNewRecord(const QString &sourceID = {});    // a blank row, stored at once; a source has no meaning here
     void AllowInput();
     void FillLists();
@@ -106,6 +107,7 @@ private:
 
     const records::RecordDesign &m_design;
     MainScreen *m_main = nullptr;
+    RecordOutcome m_outcome;
     const records::TreeButton *m_treeButton = nullptr;  // whose tree is on show; nullptr = no tree
     QHBoxLayout *m_treeKeys = nullptr;
     RecordTree *m_tree = nullptr;                       // nullptr = a screen without one

@@ -90,23 +90,19 @@ std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const Aler
     return alerts;
 }
 
-// Only today's rows can warn. Over a view of all years, sorting and reading every row at every tick would be felt.
-QString onDay(const QString &query, DateTime day)
+ReminderQuery appointmentsOf(DateTime day)
 {
-    const qsizetype order = query.lastIndexOf(u" ORDER BY "_s, -1, Qt::CaseInsensitive);
-    const QString head = query.left(order), tail = order < 0 ? QString() : query.mid(order);
-    const bool narrowed = head.contains(u" where "_s, Qt::CaseInsensitive);
-    return head + (narrowed ? u" and "_s : u" where "_s)
-        + u"[DATE]>=#%1# and [DATE]<#%2#"_s.arg(sqlDate(day), sqlDate(basic::DateAdd(u"d", 1, day))) + tail;
+    return {.from = u"select * from APPOINTMENTS"_s,
+            .order = u"[APPTIME],[APPOINTMENT] DESC"_s,
+            .narrowing = u"[DATE]>=#%1# and [DATE]<#%2#"_s.arg(sqlDate(day), sqlDate(basic::DateAdd(u"d", 1, day)))};
 }
 
 std::vector<AppointmentRow> appointmentsOfToday()
 {
     std::vector<AppointmentRow> rows;
-    const QString &query = state().period.gSqlAppointments;
-    if (query.isEmpty() || !state().gMainDb)
+    if (!state().gMainDb)
         return rows;
-    dao::Recordset set = state().gMainDb.CreateSnapshot(onDay(query, basic::Date()));
+    dao::Recordset set = state().gMainDb.CreateSnapshot(appointmentsOf(basic::Date()).text());
     dao::DBEngine::Idle(dao::dbRefreshCache);
     for (; !set.EOF_(); set.MoveNext()) {
         const dao::Value met = set.Get(u"MET");

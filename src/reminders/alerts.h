@@ -41,9 +41,7 @@ AlertRule alertRule();          // as set
 // judged by itself, so a clock that was set, or a machine that slept, leaves nothing behind.
 std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const AlertRule &rule, basic::DateTime now);
 
-// The query with its rows narrowed to one day; its order stays.
-QString onDay(const QString &query, basic::DateTime day);
-// Today's rows of the current appointments query. Engine errors.
+// Today's appointments in the order of the day, whatever period is on show. Engine errors.
 std::vector<AppointmentRow> appointmentsOfToday();
 
 // Which alerts were announced already: each appointment once a colour, whatever the clock does, and again when it is moved.

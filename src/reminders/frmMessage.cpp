@@ -6,7 +6,7 @@
 #include "platform/controls/keyrow.h"
 #include "platform/controls/layout.h"
 #include "reminders/messages.h"
-#include "session/mainscreen.h"
+#include "session/changes.h"
 #include "session/state.h"
 
 #include <QComboBox>
@@ -155,7 +155,7 @@ void frmMessage::dtaData_Reposition()
     const bool rows = dtaData().hasRows() && dtaData().Recordset() && !dtaData().Recordset().EOF_();
     setRecordTitle(u"Messages"_s, rows ? text(u"cboName"_s) : QString());
     if (rows)
-        state().selection.gLastRecord = basic::CLng(dtaData().Recordset().Get(u"ID"));
+        m_outcome.lastId = basic::CLng(dtaData().Recordset().Get(u"ID"));
 }
 
 // A message that New added and nobody wrote is not kept.
@@ -236,8 +236,7 @@ bool frmMessage::QueryUnload()
 
 void frmMessage::Unload()
 {
-    if (auto *screen = dynamic_cast<MainScreen *>(parentWidget()))
-        basic::Trap([screen] { screen->CheckForMessages(); });
+    emit Changes::instance().changed(u"MESSAGES"_s);
 }
 
 }

@@ -1,20 +1,21 @@
 #pragma once
 
 #include "platform/controls/recordform.h"
+#include "session/recordcall.h"
 
 namespace vorel {
 
-// The modal screen of the messages between users of one file. Over a MainScreen as its parent it has the signal of waiting
-// messages brought up to date when it closes.
+// The modal screen of the messages between users of one file.
 //     frmMessage form(parent);
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
-// state().selection.gLastRecord is then the ID of the row that was last current.
+// form.outcome().lastId is then the ID of the row that was last current. Closing emits the change of the messages.
 class frmMessage : public controls::RecordForm {
     Q_OBJECT
 public:
     explicit frmMessage(QWidget *parent = nullptr);
 
+    RecordOutcome outcome() const { return m_outcome; }
     // A blank message from the current user, dated now. The text is not used: a message has no copies.
     void AddNewRecord(const QString &sourceID);
     void AllowInput();
@@ -28,6 +29,7 @@ protected:
     void Unload() override;
 
 private:
+    RecordOutcome m_outcome;
     void composeScreen();
     void dtaData_Reposition();
     void cmdSend_Click();

@@ -18,8 +18,8 @@ namespace vorel {
 using namespace Qt::StringLiterals;
 using controls::on;
 
-frmRecord::frmRecord(QWidget *parent)
-    : RecordForm(u"frmRecord"_s, u"dtaData"_s, parent), m_section(record::section(state().selection.gRecordCode))
+frmRecord::frmRecord(const QString &section, QWidget *parent)
+    : RecordForm(u"frmRecord"_s, u"dtaData"_s, parent), m_section(record::section(section))
 {
     dtaData().setDatabaseName(state().path(DataFile::Main));
     composeScreen();

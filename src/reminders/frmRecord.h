@@ -2,25 +2,25 @@
 
 #include "platform/controls/recordform.h"
 #include "reminders/record.h"
+#include "session/recordcall.h"
 
 class QButtonGroup;
 
 namespace vorel {
 
-// The modal screen of an appointment, a bill or an event: state().selection.gRecordCode ("A", "B", "E") is read when it is
-// created.
-//     state().selection.gRecordCode = "A";
-//     frmRecord form;
+// The modal screen of an appointment, a bill or an event, by its section's code ("A", "B", "E").
+//     frmRecord form(u"A"_s);
 //     form.dtaData().setRecordSource(state().period.gSqlAppointments);
 //     form.dtaData().Refresh();
 //     form.dtaData().FindFirst("ID = 5");        // or form.AddNewRecord({});
 //     form.ShowModal();
-// state().selection.gLastRecord is then the ID of the row that was last current.
+// form.outcome().lastId is then the ID of the row that was last current.
 class frmRecord : public controls::RecordForm {
     Q_OBJECT
 public:
-    explicit frmRecord(QWidget *parent = nullptr);
+    explicit frmRecord(const QString &section, QWidget *parent = nullptr);
 
+    RecordOutcome outcome() const { return m_outcome; }
     // A blank row dated today, or with a source ID a copy of that row, after its question. Refreshes the rows first.
     void AddNewRecord(const QString &sourceID);
 
@@ -41,6 +41,7 @@ protected:
 
 private:
     bool isA(ReminderKind kind) const { return m_section.kind == kind; }
+    RecordOutcome m_outcome;
 
     // Layout (frmRecordLayout.cpp)
     void createButtons();

@@ -50,7 +50,7 @@ void frmRecord::dtaData_Reposition()
 {
     m_showing = true;
     const bool rows = dtaData().hasRows();
-    state().selection.gLastRecord = static_cast<qint32>(record::number(text(u"lblID1"_s)));
+    m_outcome.lastId = static_cast<qint32>(record::number(text(u"lblID1"_s)));
     rememberDates();
     setText(u"lblDay"_s, record::weekDayOf(rowDate()));
     setRecordTitle(m_section.title.toString(), rows ? shownApostrophes(text(m_section.textControl.toString())) : QString());

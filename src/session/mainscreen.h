@@ -19,8 +19,8 @@ public:
     // The alerts wait while something stands open that they would disturb; afterwards they go on if they went before.
     virtual void holdTimer(bool) {}
     // Writes what was changed in the grids' cells. false: a row was refused, the user was told, and its typing is kept:
-    // whoever would leave or read the rows stays where he is.
-    virtual bool writeRows() { return true; }
+    // the caller must not leave or read the rows.
+    virtual bool writeRows() = 0;
 };
 
 }

@@ -1,5 +1,6 @@
 list(APPEND VOREL_ROUTINES
   session/categories.cpp
+  session/changes.cpp
   session/datafiles.cpp
   session/datetexts.cpp
   session/ini.cpp

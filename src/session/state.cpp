@@ -43,4 +43,14 @@ void DetectDateOrder()
     s.settings.gDateTimeLong = s.settings.gDateLong + u" hh:mm am/pm"_s;
 }
 
+void ShownPeriod::setQueries(ReminderQuery ofAppointments, ReminderQuery ofBills, ReminderQuery ofEvents)
+{
+    appointments = std::move(ofAppointments);
+    bills = std::move(ofBills);
+    events = std::move(ofEvents);
+    gSqlAppointments = appointments.text();
+    gSqlBills = bills.text();
+    gSqlEvents = events.text();
+}
+
 }

@@ -2,6 +2,7 @@
 
 #include "platform/basic/value.h"
 #include "platform/dao/dao.h"
+#include "session/reminderquery.h"
 
 #include <QString>
 #include <array>
@@ -43,7 +44,11 @@ struct ShownPeriod {
     basic::DateTime gToday;
     std::int16_t gTodayYear = 0, gTodayMonth = 0, gTodayDay = 0;
     QString gPeriodStart, gPeriodEnd;       // gDateShort form; the year periods and "all" see periods.h
+    // The texts of the three queries below, as the grids run them: setQueries keeps both together.
     QString gSqlAppointments, gSqlBills, gSqlEvents;
+    ReminderQuery appointments, bills, events;
+
+    void setQueries(ReminderQuery ofAppointments, ReminderQuery ofBills, ReminderQuery ofEvents);
 };
 
 // What the user is working on.
@@ -52,8 +57,6 @@ struct Selection {
     QString gLastCategory;
     bool gAdminOk = false;
     std::map<QString, QString> gSqlSection; // by section code
-    QString gRecordCode;                    // the section that a record screen is about to serve
-    qint32 gLastRecord = 0;                 // ID of the record last worked on
 };
 
 struct State {

@@ -48,11 +48,6 @@ protected:
         m_clock.set(QDate(2026, 11, 22), QTime(hour, minute));
         tick();
     }
-    void tick()
-    {
-        QTimerEvent event(c().Timer2->timerId());
-        QCoreApplication::sendEvent(c().Timer2, &event);
-    }
     QColor ground() { return c().panAppoint->palette().color(QPalette::Button); }
 
     Ears ears;
@@ -118,15 +113,30 @@ TEST_F(AlertScreen, ClickShowsTheTextAndOpensTheRow)
 TEST_F(AlertScreen, FailureIsToldOnce)
 {
     startWith({{"12:10 pm", "BANK"}});
-    state().period.gSqlAppointments = u"select * from NOWHERE ORDER BY [DATE]"_s;
+    execute(u"DROP TABLE [APPOINTMENTS]"_s);
     m_prompts.expect({});
     tick();
     tick();
     tick();
     EXPECT_EQ(m_prompts.shown().size(), 1u);
-    menu(u"mnuToday"_s)->trigger();
+}
+
+// Whatever is on show, and on the next day too.
+TEST_F(AlertScreen, WarnsOverAnyPeriodAndPastMidnight)
+{
+    execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET],[TimeUpdate]) VALUES (#11/23/2026#,'00:05 am','NIGHT',False,True)"_s);
+    startWith({{"12:10 pm", "BANK"}});
+    click(u"NEXT MONTH"_s);
     tick();
     EXPECT_TRUE(isShown(u"panAppoint"_s));
+    click(u"TODAY"_s);
+    m_clock.set(QDate(2026, 11, 23), QTime(0, 1));
+    tick();
+    EXPECT_EQ(text(u"panAppoint"_s), u" Appointment Reminder 00:05 am "_s);
+    EXPECT_EQ(text(u"lblDate"_s), u"11/23/2026"_s);
+    EXPECT_EQ(text(u"panPeriod"_s), u" (Today - Mon 11/23/2026)"_s);
+    EXPECT_EQ(menu(u"mnuToday"_s)->text(), u"Today ......... 11/23/2026"_s);
+    EXPECT_EQ(appointments(), QStringList{u"NIGHT"_s});
 }
 
 TEST_F(AlertScreen, StartHandsOverToTheOtherPrograms)

@@ -117,6 +117,11 @@ protected:
         QTest::keyClicks(box, words);
     }
     static void press(const QWidget &form, const QString &name) { test::click(form, name); }
+    void tick()
+    {
+        QTimerEvent event(c().Timer2->timerId());
+        QCoreApplication::sendEvent(c().Timer2, &event);
+    }
     // The program from its start, on a section.
     void startOn(const QString &section)
     {

@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "support/otherprocess.h"
 
 namespace vorel {
 
@@ -83,13 +84,11 @@ TEST_F(Edit, EachGridOpensItsOwnRecord)
     click(u"THIS WEEK"_s);
     select(u"APPOINTMENTSGRID"_s, 1);
     inRecord([this] { QTest::keyClick(at(u"APPOINTMENTSGRID"_s), Qt::Key_Return); }, [](frmRecord &record) {
-        EXPECT_EQ(state().selection.gRecordCode, u"A"_s);
         EXPECT_EQ(record.findChild<QLineEdit *>(u"txtAppointment"_s)->text(), u"two"_s);
     });
     EXPECT_EQ(at<Grid>(u"APPOINTMENTSGRID"_s)->CellText(4), u"two"_s);      // the cursor stays on the row
     select(u"EVENTSGRID"_s, 0);
     inRecord([this] { click(u"panEditE"_s); }, [](frmRecord &record) {
-        EXPECT_EQ(state().selection.gRecordCode, u"E"_s);
         EXPECT_EQ(record.findChild<QLineEdit *>(u"txtEvent"_s)->text(), u"fair"_s);
     });
     // The keyboard is the main screen's again.
@@ -117,7 +116,7 @@ TEST_F(Edit, NewWorksOnTheGridUsedLastAndTheSearchIsEmptied)
     at<QLineEdit>(u"txtSearch"_s)->setText(u"x"_s);
     m_prompts.expect(u"Create a New Blank Record?"_s, Answer::Yes);
     inRecord([this] { QTest::keyClick(&screen(), Qt::Key_N, Qt::ControlModifier); },
-             [](frmRecord &) { EXPECT_EQ(state().selection.gRecordCode, u"E"_s); });
+             [](frmRecord &record) { EXPECT_TRUE(record.findChild<QLineEdit *>(u"txtEvent"_s)->isVisible()); });
     EXPECT_EQ(text(u"txtSearch"_s), QString());
     EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
 }
@@ -132,6 +131,52 @@ TEST_F(Edit, RefreshThatFailsIsQuietAndReadingAnewTells)
     m_prompts.expect(u"input table or query 'BILLS'"_s);
     screen().GetData();
     EXPECT_TRUE(m_prompts.isDone());
+}
+
+// What is being typed is stored when the desktop ends the program, on a record screen as in a grid.
+TEST_F(Edit, EndOfTheSessionKeepsWhatIsTyped)
+{
+    startOn(u"Appointments"_s);
+    inRecord([this] { click(u"panEditA"_s); }, [this](frmRecord &record) {
+        type(record, u"txtAppointment"_s, u"half typed"_s);
+        screen().endSession();
+        EXPECT_FALSE(record.isVisible());
+    });
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !screen().isVisible(); }));
+    start();
+    EXPECT_EQ(appointments(), QStringList{u"HALF TYPED"_s});
+}
+
+TEST_F(Edit, NewWithoutAMainFileIsRefusedInWords)
+{
+    m_folder.write(u"VOREL.MDB"_s, QByteArray(5000, 'x'));
+    m_prompts.expect(u"Would you like to create a new database?"_s, Answer::No);
+    start();
+    EXPECT_TRUE(isShown(u"lblNotice"_s));
+    m_prompts.expect(u"There is no main data file"_s);
+    click(u"panNew"_s);
+    EXPECT_TRUE(m_prompts.isDone());
+}
+
+// One wait, no box, and the rows on show stay with their caption until the file is free.
+TEST_F(Edit, LockedFileIsSaidOverTheGridsAndReadAgain)
+{
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/22/2026#,'Gas',5)"_s);
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,'Rent',5)"_s);
+    startOn(u"Bills"_s);
+    click(u"TODAY"_s);
+    dao::DBEngine::setLockWait(20);
+    auto other = std::make_unique<test::OtherProcess>(m_folder.path(u"VOREL.MDB"_s));
+    click(u"TOMORROW"_s);
+    EXPECT_TRUE(isShown(u"lblNotice"_s));
+    EXPECT_EQ(text(u"panPeriod"_s), u" (Today - Sun 11/22/2026)"_s);
+    EXPECT_EQ(bills(), QStringList{u"Gas"_s});
+    other.reset();
+    tick();
+    EXPECT_FALSE(isShown(u"lblNotice"_s));
+    EXPECT_EQ(text(u"panPeriod"_s), u" (Tomorrow - Mon 11/23/2026)"_s);
+    EXPECT_EQ(bills(), QStringList{u"Rent"_s});
+    dao::DBEngine::setLockWait(5000);
 }
 
 }

@@ -1,5 +1,7 @@
 #include "app/caddyscreen.h"
 
+#include <QToolButton>
+
 namespace vorel {
 
 using namespace Qt::StringLiterals;
@@ -48,10 +50,31 @@ TEST_F(Periods, EachKeyShowsItsRowsInAllThreeGrids)
         EXPECT_EQ(events(), rows) << qPrintable(key);
         EXPECT_TRUE(c().toolbarKeys.at(key)->isChecked()) << qPrintable(key);
     }
+    // The group carries the name of what is on show; where no period applies the keys are off.
+    const auto named = [this](const QString &key) { return at<QToolButton>(key)->text(); };
+    EXPECT_EQ(named(u"THIS YEAR"_s), u"Last Year"_s);
+    EXPECT_EQ(named(u"THIS WEEK"_s), u"This Week"_s);
+    screen().DisplayCategory(u"Books"_s);
+    EXPECT_FALSE(at(u"NEXT WEEK"_s)->isEnabled());
+    screen().DisplayCategory(u"All"_s);
+    EXPECT_TRUE(at(u"NEXT WEEK"_s)->isEnabled());
     click(u"ALL RECORDS"_s);
     EXPECT_EQ(appointments().size(), 11);
     EXPECT_EQ(appointments().value(0), u"lastyear"_s);
     EXPECT_EQ(text(u"panPeriod"_s), u" (All Records)"_s);
+}
+
+// At the start the grids show the week; so does the state, and the row under a double click is the one that opens.
+TEST_F(Periods, FirstViewAndItsQueriesAreOne)
+{
+    fill();
+    start();
+    EXPECT_EQ(state().period.gPeriodEnd, u"11/28/2026"_s);
+    select(u"BILLSGRID"_s, 2);
+    inRecord([this] { click(u"panEditB"_s); }, [](frmRecord &record) {
+        EXPECT_EQ(record.findChild<QLineEdit *>(u"txtBill"_s)->text().toLower(), u"saturday"_s);
+    });
+    EXPECT_EQ(bills().size(), 3) << "the view stays after the screen has closed";
 }
 
 TEST_F(Periods, CaptionsAndToolTips)

@@ -55,7 +55,6 @@ TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
         EXPECT_EQ(test::control<QComboBox>(item, u"cboItem"_s)->currentText(), u"Desk"_s);
         QTest::keyClicks(test::control<QLineEdit>(item, u"txtLocation"_s), u"attic"_s);        // written on the way out
     });
-    EXPECT_EQ(u"I"_s, state().selection.gRecordCode);
     EXPECT_EQ(QString(), text(u"txtSearch"_s));
     EXPECT_EQ(u"attic"_s, at<Grid>(u"SUBJECTGRID"_s)->CellText(3)) << "the rows are new and the cursor on its row";
     EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());

@@ -40,6 +40,10 @@ TEST_F(Search, OneLetterBeginsMoreAreAnywhere)
         look(typed);
         EXPECT_EQ(hit(), found.isEmpty() ? before : found) << qPrintable(typed);
     }
+    EXPECT_FALSE(isShown(u"lblNotFound"_s));
+    look(u"nowhere"_s);
+    EXPECT_TRUE(isShown(u"lblNotFound"_s));
+    EXPECT_EQ(at<QLineEdit>(u"txtSearch"_s)->placeholderText(), u"Search appointments"_s);
     look(u"[a"_s);                      // half a pattern is no error
     EXPECT_TRUE(m_prompts.shown().empty());
 }

@@ -129,10 +129,10 @@ TEST_F(Sections, ReturnKeepsTheRecordLastWorkedOn)
     for (const QString &item : {u"Axe"_s, u"Saw"_s, u"Vice"_s})
         execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('%1')"_s.arg(item));
     startOn(u"Inventory"_s);
-    state().selection.gLastRecord = 2;
+    c().subjects().lastId = 2;
     screen().GetData();
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->CellText(1), u"Saw"_s);
-    state().selection.gLastRecord = 99;
+    c().subjects().lastId = 99;
     screen().GetData();
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rows(), 3);
 }

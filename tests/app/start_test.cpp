@@ -1,5 +1,7 @@
 #include "app/caddyscreen.h"
 
+#include <QMenu>
+
 namespace vorel {
 
 using namespace Qt::StringLiterals;
@@ -27,6 +29,8 @@ TEST_F(Start, FreshFolderGetsTheMainFileAndThePathKeys)
         EXPECT_TRUE(isShown(grid)) << qPrintable(grid);
     EXPECT_FALSE(isShown(u"SUBJECTGRID"_s));
     EXPECT_TRUE(m_prompts.shown().empty());
+    for (const QWidget *window : QApplication::topLevelWidgets())
+        EXPECT_FALSE(qobject_cast<const QMenu *>(window) && window->isVisible()) << qPrintable(window->objectName());
 }
 
 // The paths are all that a folder gets in any country, and the same row reads in each one's own order.
@@ -68,6 +72,7 @@ TEST_F(Start, SettingsOfTheScreenAreTaken)
         {"user", u"UserName"_s, u"Ann"_s, [this] { return text(u"lblUsername"_s) == u"Ann"_s; }},
         {"maximized", u"Screen"_s, u"2"_s, [this] { return screen().isMaximized(); }},
         {"no network", u"Network"_s, u"False"_s, [this] { return !c().TimerMessages->isActive(); }},
+        {"no hints", u"DisplayAds"_s, u"False"_s, [this] { return !isShown(u"panInfo"_s); }},
         {"period", u"DisplayPeriod"_s, u"This Year"_s,
          [this] { return text(u"panPeriod"_s) == u" (1/1/2026 - 12/31/2026)"_s; }},
     };

@@ -66,7 +66,7 @@ TEST_F(Section, TheTreeTurnsByItsKeysAndGoesToRows)
     EXPECT_EQ(text(u"txtTitle"_s), u"7 days"_s);            // the first in the order of the rows
     clickNode(u"Dune"_s);
     EXPECT_EQ(text(u"txtAuthor"_s), u"Herbert"_s);
-    EXPECT_EQ(state().selection.gLastRecord, 1);
+    EXPECT_EQ(form->outcome().lastId, 1);
     click(u"cmdCategory"_s);
     EXPECT_EQ(nodes(), (QStringList{u"Nature: Amazing Birds"_s, u"Novel: Dune"_s}));
     EXPECT_EQ(selectedNode(), u"Dune"_s);

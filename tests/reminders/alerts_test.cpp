@@ -138,8 +138,8 @@ TEST_F(Alerts, TodaysRowsOfAnyPeriod)
     openMainDatabase();
     struct Case { const char *name; std::function<void()> choose; QString wanted; };
     const Case cases[] = {
-        {"day", [] { SetDayPeriod(u"Today"_s); }, u"cba"_s}, {"year", SetThisYear, u"cba"_s}, {"all", SetAllRecords, u"cab"_s},
-        {"tomorrow", [] { SetDayPeriod(u"Tomorrow"_s); }, u""_s}, {"no query yet", [] { state().period.gSqlAppointments.clear(); }, u""_s}};
+        {"day", [] { SetDayPeriod(u"Today"_s); }, u"cba"_s}, {"year", SetThisYear, u"cba"_s}, {"all", SetAllRecords, u"cba"_s},
+        {"tomorrow", [] { SetDayPeriod(u"Tomorrow"_s); }, u"cba"_s}, {"no query yet", [] { state().period.gSqlAppointments.clear(); }, u"cba"_s}};
     for (const Case &c : cases) {
         c.choose();
         QString texts;

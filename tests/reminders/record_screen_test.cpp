@@ -33,7 +33,7 @@ TEST_F(RecordModes, EachSectionShowsItsControls)
         check({u"lblID1"_s, u"lblID2"_s, u"lblEmailID"_s, u"lblContactID"_s}, false);
         check({u"chkEmail"_s, u"chkCard"_s, u"txtEmail"_s}, false);
         EXPECT_EQ(text(u"lblID2"_s), u"1"_s);
-        EXPECT_EQ(state().selection.gLastRecord, 1);
+        EXPECT_EQ(form->outcome().lastId, 1);
         EXPECT_FALSE(at<QLabel>(u"picImage"_s)->pixmap().isNull());
         if (code != u"E") {
             EXPECT_EQ(at(u"fraBill"_s)->property("title").toString(), code == u"A" ? u" Frequency "_s : u" Payment Frequency "_s);

@@ -24,8 +24,7 @@ protected:
     // Opens the screen of the code on the row; none: without rows.
     frmRecord &openScreen(const QString &code, int id)
     {
-        state().selection.gRecordCode = code;
-        form = std::make_unique<frmRecord>();
+        form = std::make_unique<frmRecord>(code);
         form->dtaData().setRecordSource(record::section(code).allRows.toString());
         form->dtaData().Refresh();
         if (id != none) {

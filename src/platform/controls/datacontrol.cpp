@@ -466,10 +466,10 @@ void DataControl::setMovesAsk(bool on)
     d->movesAsk = on;
 }
 
-void DataControl::Refresh(bool quiet)
+bool DataControl::Refresh(bool quiet)
 {
     if (!d->writeOthers())
-        return;
+        return false;
     dao::Database opened;
     dao::Recordset recordset;
     if (!d->source.trimmed().isEmpty() && !d->path.isEmpty()) {
@@ -480,7 +480,7 @@ void DataControl::Refresh(bool quiet)
         } catch (const basic::Error &e) {
             if (!quiet)
                 d->report({e.number(), e.text()});
-            return;
+            return false;
         }
         d->database = opened;
         d->openPath = d->path;
@@ -488,6 +488,7 @@ void DataControl::Refresh(bool quiet)
         d->openFile = identityOf(d->path);
     }
     d->take(recordset);
+    return true;
 }
 
 dao::Recordset &DataControl::Recordset()

@@ -32,7 +32,8 @@ public:
     void setRecordSource(const QString &sql);           // "" = no rows after the next Refresh
     const QString &RecordSource() const;
     // Opens the query, first row current. When the engine refuses, the rows on show stay, and Error tells it unless quiet.
-    void Refresh(bool quiet = false);
+    // Returns whether the rows are those of the query now.
+    bool Refresh(bool quiet = false);
     dao::Recordset &Recordset();                        // an open recordset or an empty handle
     dao::Database &Database();
     void setRecordset(const dao::Recordset &recordset); // shows another recordset (a sorted one), first row current

@@ -80,6 +80,11 @@ int lockWait()
     return lockWaitMilliseconds;
 }
 
+int DBEngine::LockWait()
+{
+    return lockWaitMilliseconds;
+}
+
 void DBEngine::setLockWait(int waitMilliseconds)
 {
     lockWaitMilliseconds = waitMilliseconds;

@@ -252,6 +252,7 @@ void Forget(const QString &path);
 // How long a read or write waits for another process before it fails with 3218; 5,000 ms unless set. After a wait in vain
 // the next ones on that file fail at once, until a write gets through or 5 s have passed.
 void setLockWait(int waitMilliseconds);
+int LockWait();
 
 // The workspace's transaction over the databases open in it.
 void BeginTrans();

@@ -1,0 +1,11 @@
+#include "session/changes.h"
+
+namespace vorel {
+
+Changes &Changes::instance()
+{
+    static Changes changes;
+    return changes;
+}
+
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QObject>
+
+namespace vorel {
+
+// Tells whoever shows rows that others have changed them. One object for the program.
+class Changes : public QObject {
+    Q_OBJECT
+public:
+    static Changes &instance();
+
+signals:
+    void changed(const QString &table);
+};
+
+}
