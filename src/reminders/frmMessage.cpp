@@ -174,7 +174,7 @@ void frmMessage::AddNewRecord(const QString &)
     if (!dtaData().Recordset())
         return;
     dtaData().setBookmark(addMessage(dtaData().Recordset()));
-    m_added = state().selection.gLastRecord;
+    m_added = m_outcome.lastId;
     AllowInput();
     control(u"cboName"_s)->setFocus();
 }

@@ -6,6 +6,7 @@
 #include "platform/desktop/desktop.h"
 #include "session/datetexts.h"
 #include "session/state.h"
+#include "utilities/frmInformation.h"
 
 #include <QButtonGroup>
 #include <QCheckBox>
