@@ -319,7 +319,9 @@ std::optional<DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, c
     return pickDay(grid, {grid->mapToGlobal(cell.topLeft()), cell.size()}, day);
 }
 
-bool OpenDatePicker(QWidget *box, const QString &code)
+bool OpenDatePicker(QWidget *box, const QString &code) { return OpenDatePicker(box, code, state().settings.gDateDisplay); }
+
+bool OpenDatePicker(QWidget *box, const QString &code, const QString &format)
 {
     const PickerTarget *target = pickerTarget(code);
     QPointer<QWidget> written = box;
@@ -329,7 +331,6 @@ bool OpenDatePicker(QWidget *box, const QString &code)
     }
     if (!written)
         return false;
-    const QString &format = target && target->shortForm ? state().settings.gDateShort : state().settings.gDateDisplay;
     const std::optional<DateTime> chosen = pickDay(box, {box->mapToGlobal(QPoint(0, 0)), box->size()}, shownDate(written, format));
     if (!chosen || !written)        // the screen may have gone while the picker was open
         return false;

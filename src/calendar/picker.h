@@ -23,6 +23,7 @@ std::optional<basic::DateTime> shownDate(const QWidget *box, const QString &form
 // date into the box in the display date format. The code is the picker's return code, three characters at most ("R1").
 // Cancelling leaves the box as it was. true: a date was applied.
 bool OpenDatePicker(QWidget *box, const QString &code);
+bool OpenDatePicker(QWidget *box, const QString &code, const QString &format);    // of a box that shows another format
 
 // The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates, on the cell's day. The code
 // is the grid's letter. The chosen day; nullopt: cancelled.
@@ -34,7 +35,6 @@ struct PickerTarget {
     QStringView code;
     QStringView screen;         // objectName of the screen
     QStringView box;            // objectName of the date box, "" = the box that the picker was opened on
-    bool shortForm = false;     // the box shows the form that its text field keeps, not the display format
 };
 const PickerTarget *pickerTarget(const QString &code);      // nullptr: no such code
 

@@ -1,6 +1,7 @@
 #include "records/frmSection.h"
 
 #include "calendar/picker.h"
+#include "session/state.h"
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
@@ -89,15 +90,10 @@ QFormLayout *frmSection::formOf(const Field &field)
     return form;
 }
 
-// The box keeps the short form in which the field is stored, whatever the form in which the picker writes.
+// The box shows the short form in which the field is stored.
 void frmSection::pickDate(const Field &field)
 {
-    auto *box = control<QWidget>(field.control);
-    if (!field.code.isEmpty())
-        OpenDatePicker(box, field.code);
-    else if (const auto chosen = vorel::pickDate(box, text(field.control), field.label.isEmpty() ? field.spoken : field.label))
-        setText(field.control, *chosen);
-    setText(field.control, records::shownDate(text(field.control)));
+    OpenDatePicker(control<QWidget>(field.control), field.code, state().settings.gDateShort);
 }
 
 void frmSection::revealField(QWidget *widget)
