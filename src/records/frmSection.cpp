@@ -4,10 +4,12 @@
 #include "media/frmShowPic.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
+#include "platform/basic/twips.h"
 #include "platform/controls/fieldadapter.h"
 #include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/hourglass.h"
 #include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
 #include "session/ini.h"
@@ -237,14 +239,23 @@ void frmSection::GetFilePath()
     if (!m_data->hasRows())
         return;
     m_path = text(u"lblPictureFile"_s);
-    m_path = chooseDataPath({m_design.chooser.toString(), m_path, text(m_design.nameControl.toString()), this});
+    m_path = choosePath(m_design.chooser.toString(), u"lblPictureFile"_s);
     setText(u"lblPictureFile"_s, m_path);
     ShowPic();
 }
 
 void frmSection::chooseSound(const QString &name)
 {
-    setText(name, chooseDataPath({m_design.sound.toString(), text(name), text(m_design.nameControl.toString()), this}));
+    setText(name, choosePath(m_design.sound.toString(), name));
+}
+
+QString frmSection::choosePath(const QString &caption, const QString &name)
+{
+    qsizetype room = 0;
+    for (const records::Field &field : m_design.fields)
+        if (field.control == name)
+            room = textRoom(m_data->Recordset(), field.field);
+    return chooseDataPath({caption, text(name), text(m_design.nameControl.toString()), this, room});
 }
 
 void frmSection::ShowPic()
@@ -266,11 +277,9 @@ std::vector<records::ViewBlock> frmSection::pageBlocks() const
 
 void frmSection::cmdView_Click()
 {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
-    constexpr int twipsPerPixel = 15;
+    const desktop::Hourglass busy;
     records::showViewPage({m_design.pageFile.toString(), m_design.pageHeading.toString(), m_path,
-                           m_image->pictureSize() * twipsPerPixel, pageBlocks()});
+                           m_image->pictureSize() * basic::twipsPerPixel, pageBlocks()});
 }
 
 // The rich text's own menu stands open for as long as the user likes; the main screen's alerts wait for it.

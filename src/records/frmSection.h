@@ -85,6 +85,7 @@ private:
     bool filterKey(const records::Field &field, QObject *watched, QEvent *event);
     void paintField(QWidget *widget, bool focused);
     void chooseSound(const QString &control);
+    QString choosePath(const QString &caption, const QString &name);
 
     // Layout (frmSectionLayout.cpp)
     void createButtons();

@@ -1,5 +1,6 @@
 #include "records/frmSection.h"
 
+#include "platform/basic/colournumber.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
@@ -34,7 +35,7 @@ QColor settingColour(const QString &key, quint32 stock)
     const quint32 number = GetIniColour(key, stock);
     if (number == stock)
         return {};
-    return QColor(static_cast<int>(number & 0xff), static_cast<int>(number >> 8 & 0xff), static_cast<int>(number >> 16 & 0xff));
+    return basic::colourOfNumber(number);
 }
 
 struct KeyRow {
@@ -60,7 +61,7 @@ void frmSection::loadSettings()
     const QString back = GetIniValue(iniSettings, m_design.colourKey.toString(), {});
     if (!back.isEmpty()) {
         if (const auto number = colourNumber(back); number && *number <= 0xFFFFFF)
-            m_back = QColor(static_cast<int>(*number & 0xff), static_cast<int>(*number >> 8 & 0xff), static_cast<int>(*number >> 16));
+            m_back = basic::colourOfNumber(*number);
     }
     m_fieldColour = settingColour(u"DefaultColour"_s, 0xFFFFFF);
     m_focusColour = settingColour(u"EditColour"_s, 0xFFFF);

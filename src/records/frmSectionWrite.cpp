@@ -1,5 +1,6 @@
 #include "records/frmSection.h"
 
+#include "platform/basic/colournumber.h"
 #include "platform/basic/prompts.h"
 #include "records/frmRecordTree.h"
 #include "session/ini.h"
@@ -85,8 +86,7 @@ void frmSection::cmdColor_Click()
         return;
     m_back = QColor::fromRgb(*chosen);
     GetColours();
-    const int number = m_back.red() | m_back.green() << 8 | m_back.blue() << 16;
-    PutIniValue(iniSettings, m_design.colourKey.toString(), QString::number(number));
+    PutIniValue(iniSettings, m_design.colourKey.toString(), QString::number(basic::numberOfColour(m_back)));
     m_tree->setFocus();
     if (m_data->hasRows())
         m_data->FindFirst(u"ID="_s + text(u"lblIDNum"_s));

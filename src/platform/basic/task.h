@@ -67,9 +67,9 @@ public:
     template <class Work, class Done>
     void start(Work work, Done done)
     {
-        using Value = typename std::invoke_result_t<Work, TaskContext &>::value_type;
+        using Result = typename std::invoke_result_t<Work, TaskContext &>::value_type;
         struct End {
-            std::optional<Value> value;
+            std::optional<Result> value;
             std::exception_ptr failure;
         };
         auto end = std::make_shared<End>();
@@ -79,7 +79,7 @@ public:
             } catch (...) {
                 end->failure = std::current_exception();
             }
-        }, [end, done = std::move(done)] { done(TaskOutcome<Value>(std::move(end->value), end->failure)); });
+        }, [end, done = std::move(done)] { done(TaskOutcome<Result>(std::move(end->value), end->failure)); });
     }
     void cancel();                  // a wish: the outcome follows
     bool isRunning() const { return m_thread != nullptr; }

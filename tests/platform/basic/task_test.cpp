@@ -19,10 +19,13 @@ auto note(Ends &ends)
 {
     return [&ends, home = QThread::currentThread()](const TaskOutcome<int> &outcome) {
         EXPECT_EQ(QThread::currentThread(), home);
-        if (outcome.isStopped())
-            ends << u"stopped"_s;
-        else if (const int number = IgnoreErrors([&] { ends << QString::number(outcome.value()); }))
-            ends << u"error "_s + QString::number(number);
+        try {
+            ends << (outcome.isStopped() ? u"stopped"_s : QString::number(outcome.value()));
+        } catch (const Error &error) {
+            ends << u"error "_s + QString::number(error.number());
+        } catch (const std::bad_alloc &) {
+            ends << u"no memory"_s;
+        }
     };
 }
 
@@ -52,7 +55,7 @@ TEST(Task, ItsOutcomeComesBackOnTheCallersThread)
     } cases[] = {
         {[home](TaskContext &) -> Number { return QThread::currentThread() == home ? 0 : 7; }, u"7"_s},
         {[](TaskContext &) -> Number { throw BasicError(61); }, u"error 61"_s},
-        {[](TaskContext &) -> Number { throw std::bad_alloc(); }, u"error -1"_s},
+        {[](TaskContext &) -> Number { throw std::bad_alloc(); }, u"no memory"_s},
         {[](TaskContext &) -> Number { return std::nullopt; }, u"stopped"_s},
     };
     for (const auto &one : cases) {
@@ -60,7 +63,7 @@ TEST(Task, ItsOutcomeComesBackOnTheCallersThread)
         EXPECT_TRUE(task.isRunning());
         waitFor(task);
     }
-    EXPECT_EQ(ends, Ends({u"7"_s, u"error 61"_s, u"error -1"_s, u"stopped"_s}));
+    EXPECT_EQ(ends, Ends({u"7"_s, u"error 61"_s, u"no memory"_s, u"stopped"_s}));
 }
 
 TEST(Task, ItTellsHowFarItIsWithoutFloodingTheCaller)
