@@ -5,6 +5,7 @@
 #include "frame/startup.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
+#include "platform/controls/look.h"
 #include "platform/controls/prompts.h"
 #include "platform/desktop/busnotifier.h"
 #include "platform/desktop/desktop.h"
@@ -34,6 +35,7 @@ int main(int argc, char **argv)
         return 0;
 
     vorel::removePrintScripts();
+    QApplication::setStyle(new vorel::controls::LookStyle);
     vorel::applyIconTheme();
     QApplication::setWindowIcon(QIcon(u":/icons/vorelreminder.svg"_s));
     vorel::basic::setApplicationTitle(u"Vorel Reminder"_s);

@@ -9,6 +9,7 @@
 #include "frame/frmUnload.h"
 #include "frame/periods.h"
 #include "frame/startup.h"
+#include "platform/basic/colournumber.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -223,7 +224,7 @@ void frmCaddy::applyBackground()
 {
     QColor chosen;
     if (const auto number = colourNumber(GetIniValue(iniSettings, u"ScreenBackColour"_s, {})))
-        chosen = colourOf(*number);
+        chosen = basic::colourOfNumber(*number);
     const bool ownWords = d->sizes.screenFontColour > 0;
     const QColor words = ownWords ? screenFontColour(d->sizes.screenFontColour) : palette().color(QPalette::WindowText);
     QPalette page;
@@ -261,8 +262,7 @@ void frmCaddy::cmdColor_Click()
     const std::optional<quint32> chosen = basic::prompts().chooseColour(now.rgb() & 0xFFFFFF);
     if (!chosen)
         return;
-    const quint32 bgr = (*chosen & 0xFF) << 16 | (*chosen & 0xFF00) | (*chosen >> 16 & 0xFF);
-    PutIniValue(iniSettings, u"ScreenBackColour"_s, QString::number(bgr));
+    PutIniValue(iniSettings, u"ScreenBackColour"_s, QString::number(basic::numberOfColour(QColor::fromRgb(*chosen))));
     applyBackground();
 }
 

@@ -2,6 +2,7 @@
 
 #include "frame/rowrules.h"
 #include "platform/basic/clock.h"
+#include "platform/basic/colournumber.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
@@ -92,11 +93,6 @@ bool isYearly(const QString &subject, const basic::Value &recurring)
     return subject == u"ANNIVERSARY"_s || subject == u"BIRTHDAY"_s || subject == u"HOLIDAY"_s || (everyYear && *everyYear);
 }
 
-}
-
-QColor colourOf(quint32 bgr)
-{
-    return QColor(static_cast<int>(bgr & 0xff), static_cast<int>(bgr >> 8 & 0xff), static_cast<int>(bgr >> 16 & 0xff));
 }
 
 QColor screenFontColour(quint32 index)
@@ -217,7 +213,7 @@ void CaddyPainting::applyColours(Grid *grid)
         if (chosen == m_sizes.colours.end() || chosen->second == entry.design || (!own.isEmpty() && entry.word != own))
             continue;
         for (const QString &name : entry.styleSets)
-            grid->setStyleSet(name, {colourOf(chosen->second), {}, false});
+            grid->setStyleSet(name, {basic::colourOfNumber(chosen->second), {}, false});
     }
     grid->setStyleSet({}, defaultGround());
     if (grid == m_c.subjects().grid)
@@ -227,7 +223,7 @@ void CaddyPainting::applyColours(Grid *grid)
 controls::StyleSet CaddyPainting::defaultGround() const
 {
     const auto ground = colourNumber(m_sizes.defaultColour);
-    return ground && *ground != 0xFFFFFF ? controls::StyleSet{colourOf(*ground), {}, false} : controls::StyleSet{};
+    return ground && *ground != 0xFFFFFF ? controls::StyleSet{basic::colourOfNumber(*ground), {}, false} : controls::StyleSet{};
 }
 
 void CaddyPainting::showGround()

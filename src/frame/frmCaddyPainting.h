@@ -32,7 +32,6 @@ private:
     qint32 m_warning = 0;               // the appointment whose alert was raised
 };
 
-QColor colourOf(quint32 bgr);
 // The sixteen classic colours, by the index that ScreenFontColour keeps; anything else is black.
 QColor screenFontColour(quint32 index);
 

@@ -3,6 +3,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/basic/text.h"
 #include "platform/controls/colours.h"
+#include "platform/desktop/hourglass.h"
 #include "session/sections.h"
 
 #include <QGuiApplication>
@@ -15,13 +16,6 @@ using namespace Qt::StringLiterals;
 using controls::Grid;
 
 namespace {
-
-class BusyPointer {
-public:
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    Q_DISABLE_COPY_MOVE(BusyPointer)
-};
 
 // Where the name of a row is not its first text column.
 QString nameField(const QString &code)
@@ -161,7 +155,7 @@ void CaddySearch::SortData(const QString &code)
         column = basic::InputBox(u"Enter Sort Column:"_s);
     if (column.isEmpty())
         return;
-    const BusyPointer busy;
+    const desktop::Hourglass busy;
     basic::IgnoreErrors([&] {
         rows.setSort(column);
         data->setRecordset(rows.OpenRecordset(dao::dbOpenDynaset));

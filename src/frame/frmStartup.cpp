@@ -5,9 +5,11 @@
 #include "frame/frmLater.h"
 #include "frame/startup.h"
 #include "media/pictures.h"
+#include "platform/basic/colournumber.h"
 #include "platform/basic/error.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/layout.h"
+#include "platform/desktop/hourglass.h"
 #include "platform/desktop/profile.h"
 #include "session/ini.h"
 #include "store/upgrade.h"
@@ -30,12 +32,6 @@ namespace {
 constexpr int splashTop = controls::toPixels(1500);
 constexpr int pauseTicks = 50;
 constexpr int iconSide = 96;
-
-// The colour number of the configuration file's form.
-quint32 colourNumberOf(const QColor &colour)
-{
-    return static_cast<quint32>(colour.red() | colour.green() << 8 | colour.blue() << 16);
-}
 
 }
 
@@ -68,15 +64,15 @@ Startup::~Startup() = default;
 
 void Startup::Load()
 {
-    if (const QScreen *desktop = QGuiApplication::primaryScreen()) {
-        const QRect room = desktop->availableGeometry();
+    if (const QScreen *display = QGuiApplication::primaryScreen()) {
+        const QRect room = display->availableGeometry();
         move(room.left() + room.width() / 2 - width() / 2, room.top() + splashTop);
     }
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const desktop::Hourglass busy;
     m_version->setText(u" Build #%1"_s.arg(VOREL_REVISION));
     basic::Trap([this] {
         const desktop::ProfileBatch oneWrite;
-        loadProgramState(colourNumberOf(palette().color(QPalette::Window)));
+        loadProgramState(basic::numberOfColour(palette().color(QPalette::Window)));
     });
     MakePictureFolders();
     m_title->setText(state().gProductTitle);
@@ -90,7 +86,6 @@ void Startup::Load()
     m_caddy = std::make_unique<frmCaddy>();
     connect(m_caddy.get(), &frmCaddy::Activated, this, [this] { close(); });
     m_caddy->Load();
-    QGuiApplication::restoreOverrideCursor();
     m_timer->start();
 }
 
@@ -103,7 +98,7 @@ void Startup::Timer1_Timer()
 void Startup::LoadVorel()
 {
     m_timer->stop();
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+    const desktop::Hourglass busy;
     runStartupPasses();
     basic::Trap([this] { m_caddy->requeryReminders(); });       // the passes changed rows under the hidden screen
     m_caddy->show();
@@ -111,7 +106,6 @@ void Startup::LoadVorel()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
     // With CalendarStart the month screen opens here over the main screen, once there is one.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    QGuiApplication::restoreOverrideCursor();
 }
 
 void Startup::End()

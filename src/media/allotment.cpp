@@ -8,6 +8,9 @@
 #include <QFileInfo>
 #include <QTemporaryFile>
 #include <array>
+#include <cerrno>
+#include <cstring>
+#include <unistd.h>
 
 namespace vorel {
 
@@ -18,34 +21,34 @@ namespace {
 using enum PathKind;
 
 constexpr std::array allotments{
-    Allotment{u"Data Path", u"", Data, u"frmSetup", u"txtDataPath"},
-    Allotment{u"Sound Path", u"", Sound, u"frmSetup", u"txtSoundFile"},
-    Allotment{u"Backup File", u"", Backup, u"frmBackup", u"txtFilename"},
-    Allotment{u"Backup Software", u"", Backup, u"frmBackup", u"cboSoftware"},
-    Allotment{u"Setup Picture", u"", Picture, u"frmSetup", u"lblPictureFile"},
-    Allotment{u"Book Picture", u"BookPictures", Picture, u"frmBooks", u""},
-    Allotment{u"Movie Picture", u"MoviePictures", Picture, u"frmMovies", u""},
-    Allotment{u"Movie Sound", u"MoviePictures", Sound, u"frmMovies", u"lblSoundFile"},
-    Allotment{u"Music Picture", u"MusicPictures", Picture, u"frmMusic", u""},
-    Allotment{u"Music Sound", u"MusicPictures", Sound, u"frmMusic", u"lblSoundFile"},
-    Allotment{u"Contact Picture", u"ContactPictures", Picture, u"frmContacts", u""},
-    Allotment{u"Contact Other Picture ", u"ContactPictures", Picture, u"frmContacts", u"imgOther", 6},
-    Allotment{u"Garden Picture", u"GardenPictures", Picture, u"frmGarden", u""},
-    Allotment{u"Garden Other Picture ", u"GardenPictures", Picture, u"frmGarden", u"imgOther", 6},
-    Allotment{u"Asset Picture", u"AssetPictures", Picture, u"frmInventory", u""},
-    Allotment{u"Recipe Picture", u"RecipePictures", Picture, u"frmRecipes", u""},
-    Allotment{u"Calendar Picture", u"CalendarPictures", Picture, u"frmCalendar", u"lblPictureFile"},
-    Allotment{u"Cal Pic", u"CalendarPictures", Picture, u"frmCalendar", u"lblPictureFile"},
-    Allotment{u"CalcPic", u"CalendarPictures", Picture, u"frmCalculator", u"lblPictureFile"},
-    Allotment{u"Profile Picture", u"ProfilePictures", Picture, u"frmProfile", u""},
-    Allotment{u"Profile Other Picture ", u"ProfilePictures", Picture, u"frmProfile", u"imgOther", 6},
-    Allotment{u"Motor Vehicle Picture", u"VehiclePictures", Picture, u"frmVehicle", u""},
-    Allotment{u"Vehicle Other Picture ", u"VehiclePictures", Picture, u"frmVehicle", u"imgOther", 6},
-    Allotment{u"Event Picture", u"EventPictures", Picture, u"frmRecord", u""},
-    Allotment{u"Health Picture", u"HealthPictures", Picture, u"frmHealth", u""},
-    Allotment{u"Health Picture ", u"HealthPictures", Picture, u"frmHealth", u"imgOther", 10},
-    Allotment{u"Sport Picture", u"SportsPictures", Picture, u"frmSport", u""},
-    Allotment{u"Sport Picture ", u"SportsPictures", Picture, u"frmSport", u"imgOther", 10},
+    Allotment{u"Data Path", u"", Data},
+    Allotment{u"Sound Path", u"", Sound},
+    Allotment{u"Backup File", u"", Backup},
+    Allotment{u"Backup Software", u"", Backup},
+    Allotment{u"Setup Picture", u"", Picture},
+    Allotment{u"Book Picture", u"BookPictures", Picture},
+    Allotment{u"Movie Picture", u"MoviePictures", Picture},
+    Allotment{u"Movie Sound", u"MoviePictures", Sound},
+    Allotment{u"Music Picture", u"MusicPictures", Picture},
+    Allotment{u"Music Sound", u"MusicPictures", Sound},
+    Allotment{u"Contact Picture", u"ContactPictures", Picture},
+    Allotment{u"Contact Other Picture ", u"ContactPictures", Picture, 6},
+    Allotment{u"Garden Picture", u"GardenPictures", Picture},
+    Allotment{u"Garden Other Picture ", u"GardenPictures", Picture, 6},
+    Allotment{u"Asset Picture", u"AssetPictures", Picture},
+    Allotment{u"Recipe Picture", u"RecipePictures", Picture},
+    Allotment{u"Calendar Picture", u"CalendarPictures", Picture},
+    Allotment{u"Cal Pic", u"CalendarPictures", Picture},
+    Allotment{u"CalcPic", u"CalendarPictures", Picture},
+    Allotment{u"Profile Picture", u"ProfilePictures", Picture},
+    Allotment{u"Profile Other Picture ", u"ProfilePictures", Picture, 6},
+    Allotment{u"Motor Vehicle Picture", u"VehiclePictures", Picture},
+    Allotment{u"Vehicle Other Picture ", u"VehiclePictures", Picture, 6},
+    Allotment{u"Event Picture", u"EventPictures", Picture},
+    Allotment{u"Health Picture", u"HealthPictures", Picture},
+    Allotment{u"Health Picture ", u"HealthPictures", Picture, 10},
+    Allotment{u"Sport Picture", u"SportsPictures", Picture},
+    Allotment{u"Sport Picture ", u"SportsPictures", Picture, 10},
 };
 
 // The slot's number behind the caption, -1 if the caption is not this one's.
@@ -58,54 +61,73 @@ int slotIn(const Allotment &one, const QString &caption)
     return isNumber && slot >= 0 && slot < one.slotCount ? slot : -1;
 }
 
-// A copy under a name of its own, so that nobody ever meets half a file under the right one.
-QString copyWhole(const QString &from, const QString &to)
+constexpr qint64 pieceBytes = 1 << 20;
+
+enum class Copied { Whole, Stopped, Failed };
+
+// A copy under a scratch name, so that nobody ever finds half a file under the right one.
+Copied copyWhole(const QString &from, const QString &to, basic::TaskContext &context, QString &failure)
 {
     QFile source(from);
-    if (!source.open(QIODevice::ReadOnly))
-        return source.errorString();
     QTemporaryFile scratch(QFileInfo(to).path() + u"/.transfer-XXXXXX"_s);
+    const auto failed = [&](const QFileDevice &file) {
+        failure = file.errorString();
+        return Copied::Failed;
+    };
+    if (!source.open(QIODevice::ReadOnly))
+        return failed(source);
     if (!scratch.open())
-        return scratch.errorString();
-    constexpr qint64 piece = 1 << 20;
+        return failed(scratch);
     while (!source.atEnd()) {
-        const QByteArray bytes = source.read(piece);
+        if (context.isCancelled())
+            return Copied::Stopped;
+        const QByteArray bytes = source.read(pieceBytes);
         if (bytes.isEmpty() && source.error() != QFile::NoError)
-            return source.errorString();
-        if (scratch.write(bytes) != bytes.size())
-            return scratch.errorString();
+            return failed(source);
+        if (scratch.write(bytes) != bytes.size() || !scratch.flush())
+            return failed(scratch);
+        context.progress(source.pos(), source.size(), from);
     }
-    if (!scratch.flush())
-        return scratch.errorString();
     scratch.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
+    // Written through to the disk before it gets its name: a power cut must not leave an empty picture under it.
+    if (::fsync(scratch.handle()) != 0) {
+        failure = QString::fromLocal8Bit(std::strerror(errno));
+        return Copied::Failed;
+    }
     // Refused if a file of the name has come meanwhile.
     if (!scratch.rename(to))
-        return QFileInfo::exists(to) ? QString() : scratch.errorString();
+        return QFileInfo::exists(to) ? Copied::Whole : failed(scratch);
     scratch.setAutoRemove(false);
-    return {};
+    return Copied::Whole;
+}
+
+// Nothing if it was stopped before it knew.
+std::optional<bool> isSameContent(const QString &path, const QString &other, basic::TaskContext &context)
+{
+    if (QFileInfo(path).canonicalFilePath() == QFileInfo(other).canonicalFilePath())
+        return true;
+    QFile a(path), b(other);
+    if (!a.open(QIODevice::ReadOnly) || !b.open(QIODevice::ReadOnly) || a.size() != b.size())
+        return false;
+    while (!a.atEnd()) {
+        if (context.isCancelled())
+            return std::nullopt;
+        const QByteArray piece = a.read(pieceBytes);
+        if (piece.isEmpty() || piece != b.read(pieceBytes))
+            return false;
+    }
+    return true;
 }
 
 }
 
 const Allotment &allotmentOf(const QString &caption)
 {
-    static constexpr Allotment unknown{u"", u"", Picture, u"", u""};
+    static constexpr Allotment unknown{u"", u"", Picture};
     for (const Allotment &one : allotments)
         if (one.slotCount == 0 ? one.caption == caption : slotIn(one, caption) >= 0)
             return one;
     return unknown;
-}
-
-QStringList targetControls(const QString &caption)
-{
-    const Allotment &one = allotmentOf(caption);
-    if (one.screen.isEmpty())
-        return {};
-    if (one.slotCount > 0)
-        return {one.control.toString() + u'(' + QString::number(slotIn(one, caption)) + u')'};
-    if (!one.control.isEmpty())
-        return {one.control.toString()};
-    return {u"lblFilename"_s, u"lblPictureFile"_s};
 }
 
 QString filterOf(PathKind kind)
@@ -129,22 +151,31 @@ bool isPictureName(const QString &path)
     return extension == u"GIF" || extension == u"BMP" || extension == u"JPG";
 }
 
-Transfer transferFile(const QString &path, const QString &caption)
+std::optional<Transfer> transferFile(const QString &path, const QString &caption, basic::TaskContext &context)
 {
     const QString source = basic::realPath(path);
     if (!QFileInfo(source).isFile())
-        return {{}, u"There is no file "_s + path};
+        return Transfer{{}, false, u"There is no file "_s + path};
     const QString folder = allotmentOf(caption).folder.toString();
     const QString named = basic::programFolder() + u'/' + folder;
     if (!folder.isEmpty() && !QFileInfo::exists(basic::realPath(named)))
         QDir().mkdir(named);
-    const QString target = basic::realPath(named) + (folder.isEmpty() ? u""_s : u"/"_s) + QFileInfo(source).fileName();
-    if (QFileInfo::exists(target))
-        return {target, {}};
-    const QString failure = copyWhole(source, target);
-    if (!failure.isEmpty())
-        return {{}, u"Unable to copy "_s + source + u" to "_s + target + u"\r\n"_s + failure};
-    return {target, {}};
+    const QString target = basic::realPath(basic::realPath(named) + (folder.isEmpty() ? u""_s : u"/"_s)
+                                           + QFileInfo(source).fileName());
+    if (QFileInfo::exists(target)) {
+        const std::optional<bool> same = isSameContent(source, target, context);
+        return same ? std::optional(Transfer{target, !*same, {}}) : std::nullopt;
+    }
+    QString failure;
+    switch (copyWhole(source, target, context, failure)) {
+    case Copied::Stopped:
+        return std::nullopt;
+    case Copied::Failed:
+        return Transfer{{}, false, u"Unable to copy "_s + source + u" to "_s + target + u"\r\n"_s + failure};
+    case Copied::Whole:
+        break;
+    }
+    return Transfer{target, false, {}};
 }
 
 }

@@ -1,7 +1,9 @@
 #pragma once
 
+#include "platform/basic/task.h"
+
 #include <QString>
-#include <QStringList>
+#include <optional>
 
 // What the one chooser is for, by the caption that its caller gave it.
 namespace vorel {
@@ -12,15 +14,11 @@ struct Allotment {
     QStringView caption;            // ends with a blank where a slot's number follows: "Contact Other Picture "
     QStringView folder;             // of its choosers and transfers, in the program folder; "" = none of its own
     PathKind kind;
-    QStringView screen;             // on which the path is set
-    QStringView control;            // "" = whichever label of the record's file the screen has
     int slotCount = 0;               // how many numbers may follow the caption
 };
 
-// Unknown captions are pictures without a folder or a target.
+// Unknown captions are pictures without a folder.
 const Allotment &allotmentOf(const QString &caption);
-// The controls that may take the path, the likeliest first. A slot's control is a member of an array: "imgOther(2)".
-QStringList targetControls(const QString &caption);
 // The chooser's filter, in the form of FileQuestion.
 QString filterOf(PathKind kind);
 // Whether the chooser shows the file: by the last three characters of its name, compared in capitals.
@@ -28,10 +26,11 @@ bool isPictureName(const QString &path);
 
 struct Transfer {
     QString path;                   // the copy's, or "" if there is none
+    bool isTaken = false;           // another file of the name was there: the path is that one's, and nothing was copied
     QString failure;                // "" = none
 };
-// Copies a file under its own name into the caption's folder. A file of that name there is never overwritten; it is what
-// the path then means. The copy is whole or not there at all.
-Transfer transferFile(const QString &path, const QString &caption);
+// Copies a file under its own name into the caption's folder. A file of that name there is never overwritten. The copy is
+// whole or not there at all; nothing if the work was stopped. Any thread.
+std::optional<Transfer> transferFile(const QString &path, const QString &caption, basic::TaskContext &context);
 
 }

@@ -2,7 +2,6 @@
 
 #include <QFile>
 #include <QStorageInfo>
-#include <QThread>
 #include <array>
 #include <deque>
 #include <filesystem>
@@ -118,7 +117,7 @@ QString StripNulls(const QString &text)
     return text.left(text.indexOf(QChar(u'\0')));
 }
 
-QString FindFilesAPI(const QString &path, const QString &name, const std::atomic<bool> &stop)
+QString FindFilesAPI(const QString &path, const QString &name, basic::TaskContext &context)
 {
     namespace fs = std::filesystem;
     const QString wanted = StripNulls(name);
@@ -127,10 +126,11 @@ QString FindFilesAPI(const QString &path, const QString &name, const std::atomic
     if (wanted.isEmpty() || !drive)
         return {};
     std::deque<fs::path> folders{root};
-    for (; !folders.empty() && !stop; folders.pop_front()) {
+    for (; !folders.empty() && !context.isCancelled(); folders.pop_front()) {
+        context.progress(0, 0, QFile::decodeName(folders.front().c_str()));
         std::error_code failure;
         fs::directory_iterator entry(folders.front(), fs::directory_options::skip_permission_denied, failure);
-        for (; !failure && entry != fs::directory_iterator() && !stop; entry.increment(failure)) {
+        for (; !failure && entry != fs::directory_iterator() && !context.isCancelled(); entry.increment(failure)) {
             std::error_code unknown;
             if (entry->symlink_status(unknown).type() == fs::file_type::directory) {
                 if (deviceOf(entry->path()) == drive)
@@ -145,41 +145,16 @@ QString FindFilesAPI(const QString &path, const QString &name, const std::atomic
     return {};
 }
 
-FileSearch::FileSearch(QObject *parent) : QObject(parent) {}
-
-FileSearch::~FileSearch()
+std::optional<QString> searchFile(const QStringList &roots, const QString &name, basic::TaskContext &context)
 {
-    stop();
-}
-
-void FileSearch::start(const QString &name, const QStringList &roots)
-{
-    stop();
-    auto stopped = std::make_shared<std::atomic<bool>>(false);
-    m_stop = stopped;
-    m_thread.reset(QThread::create([this, name, roots, stopped] {
-        QString found;
-        for (const QString &root : roots)
-            if (found.isEmpty() && !*stopped)
-                found = FindFilesAPI(root, name, *stopped);
-        // The object waits for this thread before it goes; what is posted to it then goes with it.
-        QMetaObject::invokeMethod(this, [this, found, stopped] {
-            if (*stopped)
-                return;
-            stop();
-            emit Finished(found);
-        }, Qt::QueuedConnection);
-    }));
-    m_thread->start(QThread::LowPriority);
-}
-
-void FileSearch::stop()
-{
-    if (!m_thread)
-        return;
-    *m_stop = true;
-    m_thread->wait();
-    m_thread.reset();
+    for (const QString &root : roots) {
+        const QString found = FindFilesAPI(root, name, context);
+        if (!found.isEmpty())
+            return found;
+        if (context.isCancelled())
+            return std::nullopt;
+    }
+    return QString();
 }
 
 }

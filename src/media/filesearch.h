@@ -1,12 +1,9 @@
 #pragma once
 
-#include <QObject>
-#include <QStringList>
-#include <atomic>
-#include <functional>
-#include <memory>
+#include "platform/basic/task.h"
 
-class QThread;
+#include <QStringList>
+#include <optional>
 
 // The search for a file that has moved, over the drives of this machine.
 namespace vorel {
@@ -20,27 +17,10 @@ QStringList searchRoots();                              // where a search begins
 void setSearchRoots(const QStringList &folders);        // none: the fixed drives again
 
 QString StripNulls(const QString &text);                // the text before its first null character
-// The first file of the name (in any case) below the path, nearest first; "" if there is none. Neither links nor other
-// drives are followed; folders without permission are passed over. Ends soon after `stop` is set. Any thread.
-QString FindFilesAPI(const QString &path, const QString &name, const std::atomic<bool> &stop);
-
-// A search in the background. Ends with the object.
-class FileSearch : public QObject {
-    Q_OBJECT
-public:
-    explicit FileSearch(QObject *parent = nullptr);
-    ~FileSearch() override;
-
-    void start(const QString &name, const QStringList &roots);     // an earlier search is stopped
-    void stop();                            // no Finished comes
-    bool isRunning() const { return m_thread != nullptr; }
-
-signals:
-    void Finished(const QString &path);     // "" = not found
-
-private:
-    std::unique_ptr<QThread> m_thread;
-    std::shared_ptr<std::atomic<bool>> m_stop;
-};
+// The first file of the name (in any case) below the path, nearest first; "" if there is none, or if the work is to stop.
+// Neither links nor other drives are followed; folders without permission are passed over. Any thread.
+QString FindFilesAPI(const QString &path, const QString &name, basic::TaskContext &context);
+// The same below several folders, one after the other. Nothing if it was stopped.
+std::optional<QString> searchFile(const QStringList &roots, const QString &name, basic::TaskContext &context);
 
 }

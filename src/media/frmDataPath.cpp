@@ -3,19 +3,17 @@
 #include "media/frmShowPic.h"
 #include "media/pictureeditor.h"
 #include "media/pictures.h"
+#include "platform/basic/colournumber.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturebox.h"
+#include "platform/controls/taskstrip.h"
 #include "session/ini.h"
 #include "session/shared.h"
 
-#include <QApplication>
-#include <QComboBox>
-#include <QFileInfo>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTimer>
 
@@ -54,41 +52,15 @@ QString nameIn(const QString &path)
 
 void takeFormColour(QWidget *form)
 {
-    const QColor own = form->palette().color(QPalette::Window);
-    const quint32 ownNumber = static_cast<quint32>(own.blue() << 16 | own.green() << 8 | own.red());
-    const quint32 bgr = GetIniColour(u"FileBackColour"_s, ownNumber);
-    const QColor back(static_cast<int>(bgr & 0xFF), static_cast<int>(bgr >> 8 & 0xFF), static_cast<int>(bgr >> 16 & 0xFF));
-    if (bgr == ownNumber)
+    const quint32 own = basic::numberOfColour(form->palette().color(QPalette::Window));
+    const quint32 number = GetIniColour(u"FileBackColour"_s, own);
+    if (number == own)
         return;
+    const QColor back = basic::colourOfNumber(number);
     QPalette colours = form->palette();
     colours.setColor(QPalette::Window, back);
     colours.setColor(QPalette::WindowText, controls::readable(colours.color(QPalette::WindowText), back));
     form->setPalette(colours);
-}
-
-// The text of whatever kind of control it is; false if it has none.
-bool give(QWidget *control, const QString &text)
-{
-    if (auto *words = qobject_cast<QLabel *>(control))
-        words->setText(text);
-    else if (auto *field = qobject_cast<QLineEdit *>(control))
-        field->setText(text);
-    else if (auto *box = qobject_cast<QComboBox *>(control))
-        box->setCurrentText(text);
-    else if (auto *picture = qobject_cast<controls::PictureBox *>(control))
-        picture->showFile(text);
-    else
-        return false;
-    return true;
-}
-
-QWidget *screenNamed(const QString &name)
-{
-    const QWidgetList screens = QApplication::topLevelWidgets();
-    for (QWidget *screen : screens)
-        if (screen->objectName() == name)
-            return screen;
-    return nullptr;
 }
 
 }
@@ -98,7 +70,7 @@ frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
       m_title(label(u"lblTitle"_s)), m_current(label(u"lblCurrentPath"_s)), m_selected(label(u"lblSelectedPath"_s)),
       m_status(label(u"lblSearch"_s)), m_number(label(u"lblNum"_s)), m_words(label(u"lblSlideCaption"_s)),
       m_image(new controls::PictureBox(u"picImage"_s)), m_chooser(new QWidget), m_slide(composeSlide()),
-      m_timer(new QTimer(this))
+      m_timer(new QTimer(this)), m_strip(new controls::TaskStrip(m_task))
 {
     setWindowTitle(call.caption);
     QFont strong = m_title->font();
@@ -108,7 +80,7 @@ frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
     m_image->setMinimumSize(pictureSize);
     m_image->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_image->setAccessibleName(u"Picture"_s);
-    QLayout *chooser = layout::Column({composePaths(), m_status, composeKeys()});
+    QLayout *chooser = layout::Column({composePaths(), m_status, m_strip, composeKeys()});
     layout::setMargins(chooser, 0);
     m_chooser->setLayout(chooser);
     auto *whole = new QVBoxLayout;
@@ -130,7 +102,6 @@ frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
     m_timer->setInterval(slideMilliseconds);
     on(m_timer, &QTimer::timeout, this, [this] { cmdNext_Click(); });
     on(m_image, &controls::PictureBox::Clicked, this, [this] { picImage_Click(); });
-    on(&m_search, &FileSearch::Finished, this, [this](const QString &found) { searched(found); });
     resize(call.slideShow ? slideSize : screenSize);
     Load();
 }
@@ -155,17 +126,24 @@ QLayout *frmDataPath::composePaths()
     return layout::Fields({{u"Current path"_s, m_current}, {u"Selected path"_s, m_selected}});
 }
 
-QLayout *frmDataPath::composeKeys()
+// Close stays outside: it can be pressed while a file is copied.
+QWidget *frmDataPath::composeKeys()
 {
     using Me = frmDataPath;
-    return layout::Row({key(u"cmdSearch"_s, u"&Search..."_s, u" Choose a file "_s, &Me::cmdSearch_Click),
-                        key(u"cmdAutoSearch"_s, autoSearchCaption, u" Look for the file of the current path on all drives "_s,
-                            &Me::cmdAutoSearch_Click),
-                        key(u"cmdTransfer"_s, u"&Transfer"_s, u" Copy the file into the folder of the program "_s,
-                            &Me::cmdTransfer_Click),
-                        key(u"cmdRemove"_s, u"&Remove"_s, u" No file any more "_s, &Me::cmdRemove_Click),
-                        key(u"cmdSound"_s, u"&Play"_s, u" Play the sound "_s, &Me::cmdSound_Click), layout::Stretch{},
-                        key(u"cmdApply"_s, u"&Apply"_s, u" Take the selected file and close "_s, &Me::cmdApply_Click)});
+    m_keys = new QWidget;
+    QLayout *keys = layout::Row({key(u"cmdSearch"_s, u"&Search..."_s, u" Choose a file "_s, &Me::cmdSearch_Click),
+                                 key(u"cmdAutoSearch"_s, autoSearchCaption,
+                                     u" Look for the file of the current path on all drives "_s, &Me::cmdAutoSearch_Click),
+                                 key(u"cmdTransfer"_s, u"&Transfer"_s, u" Copy the file into the folder of the program "_s,
+                                     &Me::cmdTransfer_Click),
+                                 key(u"cmdRemove"_s, u"&Remove"_s, u" No file any more "_s, &Me::cmdRemove_Click),
+                                 key(u"cmdSound"_s, u"&Play"_s, u" Play the sound "_s, &Me::cmdSound_Click), layout::Stretch{},
+                                 key(u"cmdApply"_s, u"&Apply"_s, u" Take the selected file and close "_s, &Me::cmdApply_Click)});
+    m_keys->setLayout(keys);
+    auto *line = new QWidget;
+    line->setLayout(layout::Row({m_keys, key(u"cmdClose"_s, u"&Close"_s, u" Close without taking the selected file "_s,
+                                             &Me::cmdClose_Click)}));
+    return line;
 }
 
 QWidget *frmDataPath::composeSlide()
@@ -220,6 +198,9 @@ void frmDataPath::Load()
 void frmDataPath::showInBox(const QString &path)
 {
     QString shown = path;
+    const bool isLost = !path.trimmed().isEmpty() && !path.contains(u'*') && pictureFile(path).isEmpty();
+    m_image->setUnreadableText(isLost ? u"This picture was not found. Auto Search looks for it on all drives."_s
+                                      : u"This picture cannot be shown."_s);
     ShowPic(this, shown, m_section);
     m_image->setToolTip(GetTipInfo(path));
     m_image->setCursor(basic::Dir(path).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
@@ -243,9 +224,10 @@ void frmDataPath::showSelected(const QString &path)
     at(u"cmdRemove"_s)->setEnabled(true);
     at(u"cmdTransfer"_s)->setEnabled(!m_allotment.folder.isEmpty());
     if (isPictureName(path))
-        showInBox(path);
-    else
-        m_image->hide();
+        return showInBox(path);
+    m_image->hide();
+    if (m_allotment.kind == PathKind::Picture)
+        m_status->setText(u"Only files ending in .bmp, .gif and .jpg are shown here."_s);
 }
 
 void frmDataPath::cmdSearch_Click()
@@ -260,26 +242,34 @@ void frmDataPath::cmdSearch_Click()
 
 void frmDataPath::setSearching(bool searching)
 {
-    if (!searching)
-        m_search.stop();
+    if (m_searching && !searching)
+        m_task.cancel();
+    m_searching = searching;
     at(u"cmdAutoSearch"_s)->setText(searching ? u"&Stop"_s : autoSearchCaption);
     m_status->setText(searching ? u" Searching ... Please wait "_s : QString());
 }
 
 void frmDataPath::cmdAutoSearch_Click()
 {
-    if (m_search.isRunning())
+    if (m_searching)
         return setSearching(false);
     const QString name = nameIn(StripNulls(m_current->text()));
     if (name.isEmpty())
         return searched({});
+    m_strip->setGuarded(nullptr);
+    m_task.start([name, roots = searchRoots()](basic::TaskContext &context) { return searchFile(roots, name, context); },
+                 [this](const basic::TaskOutcome<QString> &outcome) {
+                     if (!m_searching)
+                         return;                // stopped by its key, or by another choice
+                     setSearching(false);
+                     if (!outcome.isStopped())
+                         searched(outcome.value());
+                 });
     setSearching(true);
-    m_search.start(name, searchRoots());
 }
 
 void frmDataPath::searched(const QString &path)
 {
-    setSearching(false);
     if (path.isEmpty())
         m_status->setText(u" Sorry Picture Not Found "_s);
     else
@@ -288,11 +278,28 @@ void frmDataPath::searched(const QString &path)
 
 void frmDataPath::cmdTransfer_Click()
 {
-    const Transfer done = transferFile(fileInView(), m_call.caption);
-    if (!done.failure.isEmpty())
-        return basic::MsgBox(done.failure, m_call.caption, basic::Icon::Exclamation);
-    m_current->setText(done.path);
-    showSelected(done.path);
+    setSearching(false);
+    m_strip->setGuarded(m_keys);
+    m_task.start([path = fileInView(), caption = m_call.caption](basic::TaskContext &context) {
+                     return transferFile(path, caption, context);
+                 },
+                 [this](const basic::TaskOutcome<Transfer> &outcome) {
+                     if (outcome.isStopped())
+                         m_status->setText(u"Stopped. Nothing was copied."_s);
+                     else
+                         transferred(outcome.value());
+                 });
+}
+
+void frmDataPath::transferred(const Transfer &transfer)
+{
+    if (!transfer.failure.isEmpty())
+        return basic::MsgBox(transfer.failure, m_call.caption, basic::Icon::Exclamation);
+    m_current->setText(transfer.path);
+    showSelected(transfer.path);
+    if (transfer.isTaken)
+        m_status->setText(u"Another file named %1 is already in %2: that one is shown now. Yours was not copied; give it "
+                          "another name to use it."_s.arg(nameIn(transfer.path), m_allotment.folder));
 }
 
 void frmDataPath::cmdRemove_Click()
@@ -309,30 +316,36 @@ void frmDataPath::cmdRemove_Click()
 
 void frmDataPath::cmdApply_Click()
 {
-    // Without a choice the plain picture takes the place of the record's own. A sound or a file is no place for a picture.
-    if (!m_selected->text().isEmpty())
-        m_path = m_selected->text();
-    else if (m_allotment.kind == PathKind::Picture)
-        m_path = basic::programFolder() + u"/DefaultS.jpg"_s;
-    AllotPictures();
+    if (AllotPictures())
+        Close();
+}
+
+void frmDataPath::cmdClose_Click()
+{
     Close();
 }
 
-// The screen may not have the control, or may not be open: then the caller alone takes the path.
-void frmDataPath::AllotPictures()
+// The path in the form in which it is stored; false if the field cannot hold it. Without a choice the plain picture takes
+// the place of the record's own. A sound or a file has no such stand-in.
+bool frmDataPath::AllotPictures()
 {
-    QWidget *screen = m_call.screen ? m_call.screen : screenNamed(m_allotment.screen.toString());
-    if (!screen)
-        return;
-    const QStringList controls = m_call.control.isEmpty() ? targetControls(m_call.caption) : QStringList{m_call.control};
-    for (const QString &name : controls)
-        if (QWidget *control = screen->findChild<QWidget *>(name); control && give(control, m_path))
-            break;
-    if (m_call.caption != u"Backup File")
-        return;
-    const QFileInfo file(basic::realPath(m_path));
-    if (auto *date = screen->findChild<QWidget *>(u"txtFileDate"_s); date && file.exists())
-        give(date, displayDate(basic::DateTime::fromQDateTime(file.lastModified())));
+    QString chosen = m_selected->text();
+    if (chosen.isEmpty() && m_allotment.kind == PathKind::Picture)
+        chosen = basic::programFolder() + u"/DefaultS.jpg"_s;
+    if (chosen.isEmpty())
+        return true;
+    const bool movesWithFolder = m_allotment.kind == PathKind::Picture || m_allotment.kind == PathKind::Sound;
+    const QString kept = movesWithFolder ? basic::keptPath(chosen) : chosen;
+    if (m_call.room > 0 && kept.size() > m_call.room) {
+        const bool canMove = !m_allotment.folder.isEmpty() && kept == chosen;
+        basic::MsgBox(u"This path has %1 characters, but the field holds only %2.\r\n"_s.arg(kept.size()).arg(m_call.room)
+                          + (canMove ? u"Transfer copies the file into the program's folder, where its path is short."_s
+                                     : u"Give the file a shorter name."_s),
+                      m_call.caption, basic::Icon::Exclamation);
+        return false;
+    }
+    m_path = kept;
+    return true;
 }
 
 void frmDataPath::cmdSound_Click()
@@ -351,7 +364,7 @@ void frmDataPath::picImage_Click()
 void frmDataPath::Unload()
 {
     m_timer->stop();
-    m_search.stop();
+    m_task.cancel();
 }
 
 void frmDataPath::GetSlideShowFiles()
@@ -396,6 +409,16 @@ void frmDataPath::cmdAuto_Click()
     else
         m_timer->stop();
     at(u"cmdAuto"_s)->setText(starts ? u"Stop"_s : u"Auto"_s);
+}
+
+qsizetype textRoom(const dao::Recordset &row, QStringView field)
+{
+    if (!row)
+        return 0;
+    for (const dao::RecordsetField &known : row.Fields())
+        if (known.Name.compare(field, Qt::CaseInsensitive) == 0)
+            return known.Type == dao::dbText ? known.Size : 0;
+    return 0;
 }
 
 QString chooseDataPath(const DataPathCall &call)

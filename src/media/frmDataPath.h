@@ -11,6 +11,7 @@ class QTimer;
 
 namespace vorel::controls {
 class PictureBox;
+class TaskStrip;
 }
 
 // The one chooser for pictures, sounds, the data file and the backup files. The slide show of a record's picture set runs
@@ -21,8 +22,8 @@ struct DataPathCall {
     QString caption{};                  // the purpose, e.g. "Book Picture": names the folder and the target
     QString path{};                     // what the field holds at present
     QString name{};                     // the record's own name, e.g. a book's title
-    QWidget *screen = nullptr;          // the screen on which the result is set
-    QString control{};                  // the control there that takes it; "" = the caption's own
+    QWidget *screen = nullptr;          // the caller's, over which the chooser opens
+    qsizetype room = 0;                 // how many characters the field holds; 0 = any number
     bool slideShow = false;             // of the picture set of `owner` in `section`, instead of the chooser
     QString section{};
     PictureOwner owner{};
@@ -33,14 +34,14 @@ class frmDataPath : public controls::Form {
 public:
     explicit frmDataPath(const DataPathCall &call, QWidget *parent = nullptr);
 
-    const QString &path() const { return m_path; }      // what the field holds afterwards
+    const QString &path() const { return m_path; }      // what the field is to hold
 
 protected:
     void Unload() override;
 
 private:
     QLayout *composePaths();
-    QLayout *composeKeys();
+    QWidget *composeKeys();
     QWidget *composeSlide();
     QAbstractButton *key(const QString &name, const QString &caption, const QString &toolTip, void (frmDataPath::*step)());
     QAbstractButton *at(const QString &name) const;
@@ -51,12 +52,14 @@ private:
     QString GetTipInfo(const QString &path) const;
     void setSearching(bool searching);
     void searched(const QString &path);
-    void AllotPictures();
+    void transferred(const Transfer &transfer);
+    bool AllotPictures();
     void cmdSearch_Click();
     void cmdAutoSearch_Click();
     void cmdTransfer_Click();
     void cmdRemove_Click();
     void cmdApply_Click();
+    void cmdClose_Click();
     void cmdSound_Click();
     void picImage_Click();
 
@@ -73,12 +76,19 @@ private:
     controls::PictureBox *m_image;
     QWidget *m_chooser, *m_slide;
     QTimer *m_timer;
-    FileSearch m_search;
+    basic::Task m_task;                                 // the search, or the copying
+    controls::TaskStrip *m_strip;
+    QWidget *m_keys = nullptr;
+    bool m_searching = false;
     std::vector<PictureSlot> m_slides;
     std::ptrdiff_t m_place = 0;
 };
 
-// The chooser, modal. The answer is the path that the field holds afterwards: the old one if nothing was applied.
+// How many characters a text field of the row holds; 0 if any number.
+qsizetype textRoom(const dao::Recordset &row, QStringView field);
+
+// The chooser, modal. The answer is the path that the field is to hold, in the form in which it is stored: the old one if
+// nothing was applied. The caller puts it into its field.
 QString chooseDataPath(const DataPathCall &call);
 // The slide show of a record's pictures, modal. name: the record's own, for the title.
 void showSlideShow(const QString &section, const PictureOwner &owner, const QString &name, QWidget *screen);

@@ -48,19 +48,17 @@ const ScreenSection *recordScreen(const QString &screen)
     return nullptr;
 }
 
-// The program's own pictures count as lying in the program folder, where a user may replace them.
-QString fileAt(const QString &path)
+// Of "/old/place/BookPictures/x.jpg" the end from the folder's name on, and of a file that lay beside the program's own
+// its name, if its folder has gone too: where the folder is still there, the picture was deleted, not moved.
+QString endInProgramFolder(const QString &plain)
 {
-    if (!basic::Dir(path).isEmpty())
-        return basic::realPath(path);
-    const QString folder = basic::programFolder();
-    QString plain = path;
-    plain.replace(u'\\', u'/');
-    if (folder.isEmpty() || !plain.startsWith(folder + u'/'))
-        return {};
-    const QString name = plain.mid(folder.size() + 1);
-    return name.contains(u'/') || !name.startsWith(u"Default"_s, Qt::CaseInsensitive) ? QString()
-                                                                                      : desktop::findResource(name);
+    for (const QString &folder : pictureFolders()) {
+        const qsizetype at = plain.lastIndexOf(u'/' + folder + u'/', -1, Qt::CaseInsensitive);
+        if (at >= 0)
+            return plain.mid(at);
+    }
+    const qsizetype name = plain.lastIndexOf(u'/');
+    return name > 0 && !QFileInfo::exists(plain.left(name)) ? plain.mid(name) : QString();
 }
 
 }
@@ -107,14 +105,34 @@ QString sectionOfScreen(const QString &screen)
     return known ? known->section.toString() : QString();
 }
 
+QString pictureFile(const QString &path)
+{
+    if (basic::Trim(path).isEmpty())
+        return {};
+    if (!basic::Dir(path).isEmpty())
+        return basic::realPath(path);
+    const QString folder = basic::programFolder();
+    QString plain = basic::realPath(path);
+    plain.replace(u'\\', u'/');
+    if (folder.isEmpty())
+        return {};
+    const QString moved = endInProgramFolder(plain);
+    if (!moved.isEmpty() && !basic::Dir(folder + moved).isEmpty())
+        return basic::realPath(folder + moved);
+    // The program's own pictures count as lying in the program folder, where a user may replace them.
+    const QString name = plain.mid(plain.lastIndexOf(u'/') + 1);
+    const bool isOwn = plain.compare(folder + u'/' + name) == 0 && name.startsWith(u"Default"_s, Qt::CaseInsensitive);
+    return isOwn ? desktop::findResource(name) : QString();
+}
+
 PictureChoice choosePicture(QString &path, const QString &section, bool keepBroken)
 {
     const bool wantsDefault = basic::Trim(path).isEmpty() || path.contains(u'*');
-    const QString file = wantsDefault ? QString() : fileAt(path);
+    const QString file = wantsDefault ? QString() : pictureFile(path);
     if (file.isEmpty() && !keepBroken)
         path.clear();
     if (!file.isEmpty())
-        return {file, basic::Dir(path).isEmpty()};
+        return {file, basic::Dir(path).isEmpty() && QFileInfo(file).fileName().startsWith(u"Default"_s, Qt::CaseInsensitive)};
     if (!wantsDefault && keepBroken)
         return {path, false};
     return {desktop::findResource(defaultPicture(section)), true};

@@ -20,6 +20,10 @@ QString defaultPicture(const QString &section);
 // The section code of a record screen by its name, e.g. "frmBooks" -> "K"; "" for the others.
 QString sectionOfScreen(const QString &screen);
 
+// The file of a stored path, as it can be opened; "" if there is none. A path into another place of the program folder, as
+// files from before a move hold it, is found by its end in this one.
+QString pictureFile(const QString &path);
+
 struct PictureChoice {
     QString file;               // what to show, as it can be opened; "" if even the default is missing
     bool isDefault = false;

@@ -1,5 +1,6 @@
 #include "print/frmPreviewPages.h"
 
+#include "platform/basic/colournumber.h"
 #include "platform/controls/layout.h"
 #include "platform/basic/prompts.h"
 #include "platform/printer/printer.h"
@@ -27,10 +28,8 @@ constexpr int leftColour = 15;
 
 void paintBack(QLineEdit *box, int number)
 {
-    const quint32 colour = printer::QBColor(number);
     QPalette palette = box->palette();
-    palette.setColor(QPalette::Base, QColor(static_cast<int>(colour & 0xff), static_cast<int>(colour >> 8 & 0xff),
-                                            static_cast<int>(colour >> 16 & 0xff)));
+    palette.setColor(QPalette::Base, basic::colourOfNumber(printer::QBColor(number)));
     palette.setColor(QPalette::Text, Qt::black);
     box->setPalette(palette);
 }

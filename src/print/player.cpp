@@ -4,6 +4,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/prompts.h"
+#include "platform/desktop/hourglass.h"
 #include "platform/printer/printer.h"
 #include "print/playercommands.h"
 #include "print/script.h"
@@ -77,14 +78,13 @@ void setPreviewMaker(std::function<std::unique_ptr<PreviewScreen>(PrintJob &)> m
 
 void showHourglass(bool on)
 {
-    static bool shown = false;
-    if (on == shown || !qGuiApp)
+    static std::optional<desktop::Hourglass> shown;
+    if (on == shown.has_value() || !qGuiApp)
         return;
-    shown = on;
     if (on)
-        QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+        shown.emplace();
     else
-        QGuiApplication::restoreOverrideCursor();
+        shown.reset();
 }
 
 bool PrinterReady()

@@ -4,8 +4,11 @@
 #include "media/frmShowPic.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
+#include "platform/basic/twips.h"
+#include "platform/controls/fieldadapter.h"
 #include "platform/controls/picturebox.h"
 #include "platform/desktop/desktop.h"
+#include "platform/desktop/hourglass.h"
 #include "records/frmChildGrid.h"
 #include "records/frmPictureSet.h"
 #include "records/frmRecordTree.h"
@@ -226,14 +229,23 @@ void frmSection::GetFilePath()
     if (!dtaData().hasRows())
         return;
     m_path = text(u"lblPictureFile"_s);
-    m_path = chooseDataPath({m_design.chooser, m_path, text(m_design.nameControl), this});
+    m_path = choosePath(m_design.chooser, u"lblPictureFile"_s);
     setText(u"lblPictureFile"_s, m_path);
     ShowPic();
 }
 
 void frmSection::chooseSound(const QString &name)
 {
-    setText(name, chooseDataPath({m_design.sound, text(name), text(m_design.nameControl), this}));
+    setText(name, choosePath(m_design.sound, name));
+}
+
+QString frmSection::choosePath(const QString &caption, const QString &name)
+{
+    qsizetype room = 0;
+    for (const records::Field &field : m_design.fields)
+        if (field.control == name)
+            room = textRoom(dtaData().Recordset(), field.field);
+    return chooseDataPath({caption, text(name), text(m_design.nameControl), this, room});
 }
 
 void frmSection::ShowPic()
@@ -257,10 +269,9 @@ std::vector<records::ViewBlock> frmSection::pageBlocks() const
 
 void frmSection::cmdView_Click()
 {
-    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto restore = qScopeGuard([] { QGuiApplication::restoreOverrideCursor(); });
-    constexpr int twipsPerPixel = 15;
-    records::showViewPage({m_design.pageFile, m_design.pageHeading, m_path, m_image->pictureSize() * twipsPerPixel, pageBlocks()});
+    const desktop::Hourglass busy;
+    records::showViewPage({m_design.pageFile, m_design.pageHeading, m_path,
+                           m_image->pictureSize() * basic::twipsPerPixel, pageBlocks()});
 }
 
 // The rich text's own menu is open for as long as the user likes; the main screen's alerts wait for it.

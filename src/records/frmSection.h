@@ -73,6 +73,7 @@ private:
     // Fields (frmSectionFields.cpp)
     void paintField(QWidget *widget, bool focused);
     void chooseSound(const QString &control);
+    QString choosePath(const QString &caption, const QString &name);
 
     // Layout (frmSectionLayout.cpp)
     void createButtons();

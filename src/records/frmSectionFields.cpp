@@ -5,6 +5,7 @@
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
+#include "platform/controls/look.h"
 #include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
 #include "records/frmSectionPanel.h"
@@ -139,6 +140,7 @@ void frmSection::paintField(QWidget *widget, bool focused)
     for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
         own.setColor(group, QPalette::Base, ground);
         own.setColor(group, QPalette::Text, controls::readable(own.color(QPalette::Active, QPalette::Text), ground));
+        own.setColor(group, QPalette::PlaceholderText, controls::placeholderOn(ground));
     }
     widget->setPalette(own);
 }

@@ -1,5 +1,6 @@
 #include "records/frmSection.h"
 
+#include "platform/basic/colournumber.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/keyrow.h"
@@ -38,7 +39,7 @@ QColor settingColour(const QString &key, quint32 stock)
     const quint32 number = GetIniColour(key, stock);
     if (number == stock)
         return {};
-    return QColor(static_cast<int>(number & 0xff), static_cast<int>(number >> 8 & 0xff), static_cast<int>(number >> 16 & 0xff));
+    return basic::colourOfNumber(number);
 }
 
 const std::vector<controls::ScreenKey> &recordButtons()
@@ -78,7 +79,7 @@ void frmSection::loadSettings()
     const QString back = GetIniValue(iniSettings, m_design.colourKey, {});
     if (!back.isEmpty()) {
         if (const auto number = colourNumber(back); number && *number <= 0xFFFFFF)
-            m_back = QColor(static_cast<int>(*number & 0xff), static_cast<int>(*number >> 8 & 0xff), static_cast<int>(*number >> 16));
+            m_back = basic::colourOfNumber(*number);
     }
     m_fieldColour = settingColour(u"DefaultColour"_s, 0xFFFFFF);
     m_focusColour = settingColour(u"EditColour"_s, 0xFFFF);

@@ -1,5 +1,6 @@
 #include "records/frmSection.h"
 
+#include "platform/basic/colournumber.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
 #include "records/frmPictureSet.h"
@@ -118,8 +119,7 @@ void frmSection::cmdColor_Click()
         return;
     m_back = QColor::fromRgb(*chosen);
     GetColours();
-    const int number = m_back.red() | m_back.green() << 8 | m_back.blue() << 16;
-    PutIniValue(iniSettings, m_design.colourKey, QString::number(number));
+    PutIniValue(iniSettings, m_design.colourKey, QString::number(basic::numberOfColour(m_back)));
     if (m_tree)
         m_tree->setFocus();
     if (dtaData().hasRows())

@@ -1,5 +1,6 @@
 #include "records/viewpage.h"
 
+#include "media/pictures.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/basic/text.h"
@@ -60,7 +61,8 @@ bool hasPicture(const QString &path)
 
 QString pictureElement(const ViewPage &page)
 {
-    const QString address = QUrl::fromLocalFile(basic::realPath(page.picture)).toString(QUrl::FullyEncoded);
+    const QString file = pictureFile(page.picture);
+    const QString address = QUrl::fromLocalFile(file.isEmpty() ? basic::realPath(page.picture) : file).toString(QUrl::FullyEncoded);
     QString size;
     if (!page.pictureSize.isEmpty())
         size = u" width=\"%1\" height=\"%2\""_s.arg(std::lround(pageScale * page.pictureSize.width()))
@@ -131,6 +133,7 @@ void showViewPage(const ViewPage &page)
     const QString path = inProgramFolder(page.file);
     writePage(path, viewPageText(page).toUtf8());
     // As an address: on a disk where every file may be run, the page would be started as a program.
+    const QString file = pictureFile(page.picture);
     const QString address = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toString(QUrl::FullyEncoded);
     if (!desktop::ShellExecute(address))
         throw basic::Error(53, u"No program on this desktop opens the page "_s + QDir::toNativeSeparators(path));

@@ -141,7 +141,8 @@ void frmRecord::cmdPicture_Click()
 
 QString frmRecord::GetFilePath(const QString &startPath)
 {
-    return chooseDataPath({u"Event Picture"_s, startPath, text(u"txtEvent"_s), this});
+    return chooseDataPath({u"Event Picture"_s, startPath, text(u"txtEvent"_s), this,
+                           textRoom(m_data->Recordset(), u"FILENAME")});
 }
 
 void frmRecord::chkDelete_MouseUp()

@@ -1,5 +1,7 @@
 #include "session/frmColours.h"
 
+#include "platform/basic/colournumber.h"
+#include "platform/controls/look.h"
 #include "session/ini.h"
 
 #include <QComboBox>
@@ -19,11 +21,6 @@ namespace {
 constexpr quint32 editColourDefault = 0xFFFF;       // yellow
 constexpr int middleGray = 140;
 
-QColor colourOf(quint32 number)
-{
-    return QColor(static_cast<int>(number & 0xff), static_cast<int>(number >> 8 & 0xff), static_cast<int>(number >> 16 & 0xff));
-}
-
 // An editable combo box holds a text box of its own, which follows it.
 bool isTextBox(const QWidget *control)
 {
@@ -42,9 +39,12 @@ bool isPanelOrImage(const QWidget *control)
 void paintBack(QWidget *control, QPalette::ColorRole role, const QColor &back)
 {
     QPalette palette = control->palette();
-    palette.setColor(role, back);
-    if (role == QPalette::Base)
+    if (role == QPalette::Base) {
+        controls::setTextGround(palette, back);
         palette.setColor(QPalette::Text, qGray(back.rgb()) > middleGray ? Qt::black : Qt::white);
+    } else {
+        palette.setColor(role, back);
+    }
     control->setPalette(palette);
     if (role == QPalette::Window)
         control->setAutoFillBackground(true);
@@ -54,7 +54,7 @@ void paintBack(QWidget *control, QPalette::ColorRole role, const QColor &back)
 
 void ApplyFormColours(QWidget *form)
 {
-    const QColor edit = colourOf(GetIniColour(u"EditColour"_s, editColourDefault));
+    const QColor edit = basic::colourOfNumber(GetIniColour(u"EditColour"_s, editColourDefault));
     const QColor back = form->palette().color(QPalette::Window);
     const QList<QWidget *> controls = form->findChildren<QWidget *>();
     for (QWidget *control : controls) {

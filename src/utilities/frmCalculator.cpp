@@ -1,6 +1,7 @@
 #include "utilities/frmCalculator.h"
 
 #include "media/frmDataPath.h"
+#include "platform/basic/colournumber.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
@@ -34,8 +35,7 @@ const QString colourKey = u"CalculatorBackColour"_s, pictureKey = u"CalcPicFile"
 
 QColor backColour()
 {
-    const quint32 bgr = GetIniColour(colourKey, defaultColour);
-    return QColor(static_cast<int>(bgr & 0xFF), static_cast<int>(bgr >> 8 & 0xFF), static_cast<int>(bgr >> 16 & 0xFF));
+    return basic::colourOfNumber(GetIniColour(colourKey, defaultColour));
 }
 
 QPixmap readPicture(const QString &file, double ratio)
@@ -279,8 +279,7 @@ void frmCalculator::cmdColor_Click()
     const std::optional<quint32> chosen = basic::prompts().chooseColour(backColour().rgb() & 0xFFFFFF);
     if (!chosen)
         return;
-    const quint32 bgr = (*chosen & 0xFF) << 16 | (*chosen & 0xFF00) | (*chosen >> 16 & 0xFF);
-    PutIniValue(iniSettings, colourKey, QString::number(bgr));
+    PutIniValue(iniSettings, colourKey, QString::number(basic::numberOfColour(QColor::fromRgb(*chosen))));
     paint();
 }
 

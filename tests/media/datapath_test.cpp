@@ -9,7 +9,6 @@
 #include <QAbstractButton>
 #include <QImage>
 #include <QLabel>
-#include <QLineEdit>
 #include <QSignalSpy>
 #include <QTest>
 #include <QTimer>
@@ -28,8 +27,6 @@ protected:
         for (const DataFileEntry &entry : dataFiles())
             state().path(entry.file) = m_folder.path(entry.defaultName.mid(1));
         state().gIniFile = m_folder.path(u"vorelreminder.ini"_s);
-        target = new QLabel(&screen);
-        target->setObjectName(u"lblPictureFile"_s);
         screen.setObjectName(u"frmBooks"_s);
         setSearchRoots({m_folder.path()});
         picture(u"DefaultPicE.jpg"_s);
@@ -61,11 +58,17 @@ protected:
         ASSERT_TRUE(key(name) && key(name)->isVisible() && key(name)->isEnabled()) << qPrintable(name);
         QTest::mouseClick(key(name), Qt::LeftButton);
     }
+    void transfer()
+    {
+        click(u"cmdTransfer"_s);
+        EXPECT_FALSE(key(u"cmdApply"_s)->isEnabled()) << "not while the file is copied";
+        EXPECT_TRUE(key(u"cmdClose"_s)->isEnabled());
+        ASSERT_TRUE(QTest::qWaitFor([&] { return key(u"cmdTransfer"_s)->isEnabled(); }));
+    }
     QString words(const QString &name) { return form->findChild<QLabel *>(name)->text(); }
     controls::PictureBox *box() { return form->findChild<controls::PictureBox *>(u"picImage"_s); }
 
     QWidget screen;
-    QLabel *target;
     std::unique_ptr<frmDataPath> form;
 };
 
@@ -82,15 +85,18 @@ TEST_F(DataPath, AChosenPictureIsShownAppliedAndSetOnTheScreen)
     click(u"cmdSearch"_s);
     EXPECT_EQ(box()->path(), file);
     EXPECT_EQ(box()->toolTip(), file + u" CLICK TO EDIT "_s);
-    click(u"cmdTransfer"_s);
+    transfer();
     const QString moved = m_folder.path(u"BookPictures/own.jpg"_s);
     EXPECT_EQ(words(u"lblSelectedPath"_s), moved);
     EXPECT_EQ(words(u"lblCurrentPath"_s), moved);
-    EXPECT_EQ(target->text(), QString()) << "nothing is set before it is applied";
+    EXPECT_EQ(form->path(), QString()) << "nothing is taken before it is applied";
     click(u"cmdApply"_s);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(target->text(), moved);
-    EXPECT_EQ(form->path(), moved);
+    EXPECT_EQ(form->path(), u"\\BookPictures\\own.jpg"_s) << "kept so that it moves with the folder";
+
+    openBooks(form->path());
+    EXPECT_TRUE(box()->isShown());
+    EXPECT_EQ(box()->path(), moved);
 }
 
 TEST_F(DataPath, WhatIsNotAppliedLeavesThePathAsItWas)
@@ -100,12 +106,14 @@ TEST_F(DataPath, WhatIsNotAppliedLeavesThePathAsItWas)
     m_prompts.expectFile({}, m_folder.write(u"letter.txt"_s, "x"));
     click(u"cmdSearch"_s);
     EXPECT_FALSE(box()->isVisible()) << "no picture's name";
-    form->Close();
+    EXPECT_FALSE(words(u"lblSearch"_s).isEmpty());
+    click(u"cmdClose"_s);
+    EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(form->path(), own);
 
     openBooks(own);
     click(u"cmdApply"_s);
-    EXPECT_EQ(form->path(), m_folder.path(u"DefaultS.jpg"_s)) << "applied without a choice";
+    EXPECT_EQ(form->path(), u"\\DefaultS.jpg"_s) << "applied without a choice";
 
     openBooks(own);
     click(u"cmdRemove"_s);
@@ -158,24 +166,36 @@ TEST_F(DataPath, AClickEditsAndASoundPlays)
     EXPECT_EQ(played, QStringList(sound));
 }
 
-TEST_F(DataPath, ABackupFileBringsItsDate)
+TEST_F(DataPath, ATakenNameAndAPathThatIsTooLongAreRefusedInWords)
 {
-    screen.setObjectName(u"frmBackup"_s);
-    auto *name = new QLineEdit(&screen), *date = new QLineEdit(&screen);
-    name->setObjectName(u"txtFilename"_s);
-    date->setObjectName(u"txtFileDate"_s);
-    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;
-    const QString file = m_folder.write(u"backup.zip"_s, "x");
-    QFile touched(file);
-    ASSERT_TRUE(touched.open(QIODevice::ReadWrite)
-                && touched.setFileTime(QDateTime(QDate(2026, 3, 9), QTime(8, 0)), QFileDevice::FileModificationTime));
-    touched.close();
-    open({u"Backup File"_s, {}, {}, &screen});
-    m_prompts.expectFile(u"Backup File"_s, file);
-    click(u"cmdSearch"_s);
+    const QString file = picture(QString(120, u'd') + u"/own.jpg"_s);
+    const auto choose = [&](const QString &path) {
+        m_prompts.expectFile(u"Book Picture"_s, path);
+        click(u"cmdSearch"_s);
+    };
+    open({u"Book Picture"_s, {}, u"A title"_s, &screen, 100});
+    choose(file);
+    m_prompts.expect(u"This path has %1 characters, but the field holds only 100."_s.arg(file.size()));
     click(u"cmdApply"_s);
-    EXPECT_EQ(name->text(), file);
-    EXPECT_EQ(date->text(), u"09/03/2026"_s);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->path(), QString());
+    transfer();
+    EXPECT_EQ(words(u"lblSearch"_s), QString());
+    click(u"cmdApply"_s);
+    EXPECT_EQ(form->path(), u"\\BookPictures\\own.jpg"_s);
+
+    const QString named = picture(QString(100, u'n') + u".jpg"_s);
+    open({u"Book Picture"_s, {}, {}, &screen, 100});
+    choose(named);
+    m_prompts.expect(u"Give the file a shorter name."_s);
+    click(u"cmdApply"_s);
+
+    openBooks({});
+    choose(m_folder.write(u"other/own.jpg"_s, "another picture"));
+    transfer();
+    EXPECT_TRUE(words(u"lblSearch"_s).contains(u"Another file named own.jpg"_s));
+    EXPECT_EQ(box()->path(), m_folder.path(u"BookPictures/own.jpg"_s)) << "the one that will be taken is on show";
+    EXPECT_TRUE(box()->isShown());
 }
 
 TEST_F(DataPath, TheSlideShowStepsRoundAndByItself)

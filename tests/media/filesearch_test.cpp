@@ -1,7 +1,8 @@
 #include "media/filesearch.h"
 #include "support/testfolder.h"
 
-#include <QEventLoop>
+#include <QCoreApplication>
+#include <QThread>
 
 using namespace Qt::StringLiterals;
 using namespace vorel;
@@ -27,8 +28,8 @@ TEST(FileSearch, DriveTypes)
 TEST(FileSearch, FindsTheNearestPastCirclesAndClosedFolders)
 {
     const test::TestFolder folder;
-    std::atomic<bool> stop = false;
-    const auto find = [&](const QString &name) { return FindFilesAPI(folder.path(), name, stop); };
+    basic::TaskContext context;
+    const auto find = [&](const QString &name) { return FindFilesAPI(folder.path(), name, context); };
     folder.write(u"a/b/c/Rose.JPG"_s, "deep");
     folder.write(u"closed/secret.jpg"_s, "hidden");
     QFile::link(folder.path(), folder.path(u"a/circle"_s));
@@ -45,27 +46,29 @@ TEST(FileSearch, FindsTheNearestPastCirclesAndClosedFolders)
     const QString secret = find(u"secret.jpg"_s);
     EXPECT_TRUE(secret.isEmpty() || QFileInfo(folder.path(u"closed"_s)).isReadable());
     QFile::setPermissions(folder.path(u"closed"_s), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    stop = true;
-    EXPECT_EQ(find(u"rose.jpg"_s), QString());
 }
 
-TEST(FileSearch, TellsItsEndButNotAfterAStop)
+TEST(FileSearch, GoesThroughTheRootsUntilItIsStopped)
 {
     const test::TestFolder folder;
     const QString file = folder.write(u"a/rose.jpg"_s, "x");
-    FileSearch search;
+    const QStringList roots{folder.path(u"nowhere"_s), folder.path()};
     QStringList ends;
-    QEventLoop until;
-    QObject::connect(&search, &FileSearch::Finished, &until, [&](const QString &path) {
-        ends << path;
-        until.quit();
-    });
-    search.start(u"rose.jpg"_s, {folder.path(u"nowhere"_s), folder.path()});
-    until.exec();
-    EXPECT_EQ(ends, QStringList(file));
-    EXPECT_FALSE(search.isRunning());
-    search.start(u"rose.jpg"_s, {folder.path()});
-    search.stop();
-    QCoreApplication::processEvents();
-    EXPECT_EQ(ends.size(), 1);
+    basic::Task task;
+    const auto search = [&](const QString &name, bool isStopped) {
+        task.start([&roots, name, isStopped](basic::TaskContext &context) {
+            while (isStopped && !context.isCancelled())
+                QThread::usleep(100);
+            return searchFile(roots, name, context);
+        }, [&](const basic::TaskOutcome<QString> &end) { ends << (end.isStopped() ? u"stopped"_s : end.value()); });
+        if (isStopped)
+            task.cancel();
+        while (task.isRunning())
+            QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    };
+    search(u"rose.jpg"_s, false);
+    EXPECT_TRUE(task.progress().text.startsWith(folder.path())) << "it tells where it is";
+    search(u"tulip.jpg"_s, false);
+    search(u"rose.jpg"_s, true);
+    EXPECT_EQ(ends, QStringList({file, {}, u"stopped"_s}));
 }

@@ -1,8 +1,10 @@
 #include "media/allotment.h"
 #include "media/pictures.h"
 #include "platform/basic/clock.h"
+#include "platform/basic/files.h"
 #include "support/testfolder.h"
 
+#include <QCoreApplication>
 #include <QSet>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -85,28 +87,63 @@ TEST(Pictures, FoldersAreMadeWhereTheyCanBe)
     EXPECT_FALSE(QFileInfo::exists(folder.path(u"nowhere"_s)));
 }
 
-TEST(Allotments, TheCaptionNamesFolderKindAndTarget)
+TEST(Pictures, ThePicturesMoveWithTheProgramFolder)
+{
+    const test::TestFolder folder;
+    const QString book = folder.write(u"BookPictures/sub/Own.jpg"_s, "x"), sample = folder.write(u"movie.jpg"_s, "x");
+    const QString elsewhere = folder.write(u"album/rose.jpg"_s, "x");
+    basic::setProgramFolder(folder.path());
+    EXPECT_EQ(basic::keptPath(book), u"\\BookPictures\\sub\\Own.jpg"_s);
+    EXPECT_EQ(basic::keptPath(folder.path(u"BOOKPICTURES\\sub\\own.JPG"_s)), u"\\BookPictures\\sub\\Own.jpg"_s);
+    QFile::link(folder.path(), folder.path(u"link"_s));
+    basic::setProgramFolder(folder.path(u"link"_s));
+    EXPECT_EQ(basic::keptPath(book), u"\\BookPictures\\sub\\Own.jpg"_s) << "the folder's other name";
+    basic::setProgramFolder(folder.path());
+    for (const QString &other : {u"/elsewhere/x.jpg"_s, folder.path() + u"2/x.jpg"_s, u"C:\\Pictures\\x.jpg"_s, QString(), folder.path(),
+                                 folder.write(u"back\\slash.jpg"_s, "x")})
+        EXPECT_EQ(basic::keptPath(other), other);
+
+    const std::pair<QString, QString> cases[] = {
+        {u"\\BookPictures\\sub\\Own.jpg"_s, book},
+        {u"\\bookpictures\\sub\\own.JPG"_s, book},
+        {u"/old/place/BookPictures/sub/Own.jpg"_s, book},           // as the folder was before it moved
+        {u"C:\\Vorel\\BookPictures\\sub\\Own.jpg"_s, book},
+        {u"/old/place/movie.jpg"_s, sample},
+        {folder.path(u"album/movie.jpg"_s), {}},                    // that folder is there: deleted, not moved
+        {u"/old/place/MoviePictures/Own.jpg"_s, {}},
+        {u"/old/place/album/rose.jpg"_s, {}},
+        {elsewhere, elsewhere}, {u"\\album\\rose.jpg"_s, elsewhere},
+        {u"\\\\HOST\\movie.jpg"_s, sample}, {{}, {}}, {u" "_s, {}},
+    };
+    for (const auto &[stored, file] : cases)
+        EXPECT_EQ(pictureFile(stored), file) << qPrintable(stored);
+    QString path = u"/old/place/BookPictures/sub/Own.jpg"_s;
+    const PictureChoice choice = choosePicture(path, u"K"_s, false);
+    EXPECT_EQ(choice.file, book);
+    EXPECT_FALSE(choice.isDefault);
+    EXPECT_EQ(path, u"/old/place/BookPictures/sub/Own.jpg"_s) << "the record keeps its text";
+}
+
+TEST(Allotments, TheCaptionNamesFolderAndKind)
 {
     const struct {
-        QString caption, folder, screen, controls;
+        QString caption, folder;
         PathKind kind;
     } cases[] = {
-        {u"Data Path"_s, {}, u"frmSetup"_s, u"txtDataPath"_s, PathKind::Data},
-        {u"Backup File"_s, {}, u"frmBackup"_s, u"txtFilename"_s, PathKind::Backup},
-        {u"Book Picture"_s, u"BookPictures"_s, u"frmBooks"_s, u"lblFilename|lblPictureFile"_s, PathKind::Picture},
-        {u"Music Sound"_s, u"MusicPictures"_s, u"frmMusic"_s, u"lblSoundFile"_s, PathKind::Sound},
-        {u"Contact Other Picture 5"_s, u"ContactPictures"_s, u"frmContacts"_s, u"imgOther(5)"_s, PathKind::Picture},
-        {u"Contact Other Picture 6"_s, {}, {}, {}, PathKind::Picture},
-        {u"Health Picture"_s, u"HealthPictures"_s, u"frmHealth"_s, u"lblFilename|lblPictureFile"_s, PathKind::Picture},
-        {u"Health Picture 9"_s, u"HealthPictures"_s, u"frmHealth"_s, u"imgOther(9)"_s, PathKind::Picture},
-        {u"CalcPic"_s, u"CalendarPictures"_s, u"frmCalculator"_s, u"lblPictureFile"_s, PathKind::Picture},
-        {u"Nothing known"_s, {}, {}, {}, PathKind::Picture},
+        {u"Data Path"_s, {}, PathKind::Data},
+        {u"Backup File"_s, {}, PathKind::Backup},
+        {u"Book Picture"_s, u"BookPictures"_s, PathKind::Picture},
+        {u"Music Sound"_s, u"MusicPictures"_s, PathKind::Sound},
+        {u"Contact Other Picture 5"_s, u"ContactPictures"_s, PathKind::Picture},
+        {u"Contact Other Picture 6"_s, {}, PathKind::Picture},
+        {u"Health Picture"_s, u"HealthPictures"_s, PathKind::Picture},
+        {u"Health Picture 9"_s, u"HealthPictures"_s, PathKind::Picture},
+        {u"CalcPic"_s, u"CalendarPictures"_s, PathKind::Picture},
+        {u"Nothing known"_s, {}, PathKind::Picture},
     };
     for (const auto &one : cases) {
         const Allotment &found = allotmentOf(one.caption);
         EXPECT_EQ(found.folder.toString(), one.folder) << qPrintable(one.caption);
-        EXPECT_EQ(found.screen.toString(), one.screen) << qPrintable(one.caption);
-        EXPECT_EQ(targetControls(one.caption).join(u'|'), one.controls) << qPrintable(one.caption);
         EXPECT_EQ(found.kind, one.kind) << qPrintable(one.caption);
     }
 }
@@ -114,20 +151,47 @@ TEST(Allotments, TheCaptionNamesFolderKindAndTarget)
 TEST(Allotments, ATransferIsWholeOrNotAtAll)
 {
     const test::TestFolder folder;
+    const auto files = [&](const QString &name) {
+        return QDir(folder.path(name)).entryList(QDir::Files | QDir::Hidden).join(u'|');
+    };
+    basic::TaskContext context;
+    const auto transfer = [&](const QString &path, const QString &caption) { return transferFile(path, caption, context).value(); };
     const QByteArray content(3'000'000, 'x');
     const QString source = folder.write(u"from/rose.jpg"_s, content);
-    const Transfer first = transferFile(source, u"Garden Picture"_s);
+    const Transfer first = transfer(source, u"Garden Picture"_s);
     EXPECT_EQ(first.path, folder.path(u"GardenPictures/rose.jpg"_s));
     EXPECT_EQ(folder.read(u"GardenPictures/rose.jpg"_s), content);
+    EXPECT_FALSE(transfer(source, u"Garden Picture"_s).isTaken) << "the same picture";
+    EXPECT_FALSE(transfer(first.path, u"Garden Picture"_s).isTaken) << "the very file";
 
-    folder.write(u"from/rose.jpg"_s, "another");
-    EXPECT_EQ(transferFile(source, u"Garden Picture"_s).path, first.path);
-    EXPECT_EQ(folder.read(u"GardenPictures/rose.jpg"_s), content) << "a file of the name stays";
-
-    EXPECT_FALSE(transferFile(folder.path(u"gone.jpg"_s), u"Garden Picture"_s).failure.isEmpty());
+    for (const QByteArray &other : {QByteArray("another"), QByteArray(3'000'000, 'y')}) {
+        folder.write(u"from/Rose.JPG"_s, other);
+        const Transfer taken = transfer(folder.path(u"from/Rose.JPG"_s), u"Garden Picture"_s);
+        EXPECT_EQ(taken.path, first.path);
+        EXPECT_TRUE(taken.isTaken);
+        EXPECT_EQ(folder.read(u"GardenPictures/rose.jpg"_s), content) << "a file of the name stays";
+    }
+    EXPECT_FALSE(transfer(folder.path(u"gone.jpg"_s), u"Garden Picture"_s).failure.isEmpty());
     folder.write(u"BookPictures"_s, "no folder");
-    const Transfer refused = transferFile(source, u"Book Picture"_s);
+    const Transfer refused = transfer(source, u"Book Picture"_s);
     EXPECT_TRUE(refused.path.isEmpty());
     EXPECT_TRUE(refused.failure.contains(u"rose.jpg"_s));
-    EXPECT_EQ(QDir(folder.path(u"GardenPictures"_s)).entryList(QDir::Files | QDir::Hidden).size(), 1) << "no scratch is left";
+    EXPECT_EQ(files(u"GardenPictures"_s), u"rose.jpg"_s) << "no scratch is left";
+
+    // Stopped in the middle of a copy.
+    basic::Task task;
+    bool isStopped = false;
+    QObject::connect(&task, &basic::Task::progressed, &task, [&] {
+        EXPECT_TRUE(files(u"MoviePictures"_s).contains(u".transfer"_s));
+        task.cancel();
+    });
+    task.start([&](basic::TaskContext &inner) {
+        QFile big(folder.path(u"from/big.jpg"_s));          // a sparse terabyte: its copy does not come to an end first
+        EXPECT_TRUE(big.open(QIODevice::WriteOnly) && big.resize(qint64{1} << 40));
+        return transferFile(big.fileName(), u"Movie Picture"_s, inner);
+    }, [&](const basic::TaskOutcome<Transfer> &end) { isStopped = end.isStopped(); });
+    while (task.isRunning())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_TRUE(isStopped);
+    EXPECT_EQ(files(u"MoviePictures"_s), QString());
 }

@@ -32,7 +32,8 @@ QString realPath(const QString &path)
 {
     if (path.isEmpty() || QFileInfo::exists(path))
         return path;
-    QString wanted = path;
+    const bool isOfProgram = path.startsWith(u'\\') && !path.startsWith(u"\\\\") && !programFolder().isEmpty();
+    QString wanted = isOfProgram ? programFolder() + path : path;
     wanted.replace(u'\\', u'/');
     if (QFileInfo::exists(wanted))
         return wanted;
@@ -58,6 +59,22 @@ QString Dir(const QString &path)
 {
     const QFileInfo info(realPath(path));
     return info.isFile() ? info.fileName() : QString();
+}
+
+QString keptPath(const QString &path)
+{
+    const QString folder = QDir::cleanPath(realPath(programFolder())), file = QDir::cleanPath(realPath(path));
+    if (path.isEmpty() || folder.isEmpty() || !QFileInfo(file).isAbsolute())
+        return path;
+    const auto tailOf = [](const QString &whole, const QString &start) {
+        return whole.startsWith(start + u'/') ? whole.mid(start.size()) : QString();
+    };
+    QString tail = tailOf(file, folder);
+    if (tail.isEmpty())             // the same folder by another name, through a link
+        tail = tailOf(QFileInfo(file).canonicalFilePath(), QFileInfo(folder).canonicalFilePath());
+    if (tail.isEmpty() || tail.contains(u'\\'))
+        return path;
+    return tail.replace(u'/', u'\\');
 }
 
 const QString &programFolder()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/basic/twips.h"
 #include "platform/controls/datacontrol.h"
 #include "platform/controls/gridedit.h"
 
@@ -9,7 +10,7 @@
 // The grid of the main screen: an item model over a recordset, style sets by name, twips for sizes.
 namespace vorel::controls {
 
-inline constexpr int twipsPerPixel = 15;                // 96 dpi; the toolkit scales pixels itself
+using basic::twipsPerPixel;                              // the toolkit scales pixels itself
 constexpr int toPixels(double twips) { return static_cast<int>(twips / twipsPerPixel + 0.5); }
 constexpr int toTwips(int pixels) { return pixels * twipsPerPixel; }
 // Where the head lines end in the positions that DblClick tells, whatever their real height on this desktop.

@@ -43,11 +43,19 @@ QString fittedText(const QString &text, const QFontMetrics &metrics, QSize room)
     return lines.join(u'\n');
 }
 
+// A row that says something by its colour keeps it while the user is elsewhere; two lines mark it as the current one. The
+// tint of a single cell is no such colour: it gives way, so that a selected row is of one piece.
+bool GridDelegate::keepsRowColour(const QStyleOptionViewItem &option, const QModelIndex &index) const
+{
+    return !(option.widget && option.widget->hasFocus()) && m_model.styleSet(m_model.rowStyleName(index.row())).back.isValid();
+}
+
 GridDelegate::Look GridDelegate::look(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     const bool selected = option.state & QStyle::State_Selected;
     const StyleSet active = selected && !m_activeStyle.isEmpty() ? m_model.styleSet(m_activeStyle) : StyleSet();
     const StyleSet own = m_model.styleSet(m_model.styleName(index.row(), index.column()));
+    const bool keepsColour = keepsRowColour(option, index);
     const StyleSet base = m_model.styleSet({});
     const auto first = [](std::initializer_list<QColor> colours) {
         for (const QColor &c : colours) {
@@ -62,8 +70,7 @@ GridDelegate::Look GridDelegate::look(const QStyleOptionViewItem &option, const 
     if (active.back.isValid() || (selected && active.fore.isValid())) {
         made.back = first({active.back, own.back, base.back, option.palette.color(QPalette::Base)});
         made.fore = active.fore;
-    } else if (selected && (!own.back.isValid() || (option.widget && option.widget->hasFocus()))) {
-        // A row that says something by its colour keeps it while the user is elsewhere; the selector marks it there.
+    } else if (selected && !keepsColour) {
         const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
         made.back = option.palette.color(group, QPalette::Highlight);
         made.fore = option.palette.color(group, QPalette::HighlightedText);
@@ -203,6 +210,12 @@ void GridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option, 
     painter->fillRect(option.rect, shown.back);
     painter->setPen(hairline(option.palette));
     painter->drawLine(option.rect.bottomLeft(), option.rect.bottomRight());
+    if (option.state & QStyle::State_Selected && keepsRowColour(option, index)) {
+        const QColor mark = option.palette.color(QPalette::Active, QPalette::Highlight);
+        constexpr int thickness = 2;
+        for (const int top : {option.rect.top(), option.rect.bottom() + 1 - thickness})
+            painter->fillRect(option.rect.left(), top, option.rect.width(), thickness, readable(mark, shown.back));
+    }
     painter->setClipRect(option.rect);
     const auto style = m_model.columns()[static_cast<std::size_t>(index.column())].style;
     const bool isNew = m_model.isNewRow(index.row()) && m_model.draft().row != index.row();

@@ -40,6 +40,7 @@ private:
         QColor back, fore;
         bool bold = false;
     };
+    bool keepsRowColour(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     Look look(const QStyleOptionViewItem &option, const QModelIndex &index) const;
     void paintCheck(QPainter *painter, const QRect &cell, const QColor &fore) const;
     void paintBox(QPainter *painter, const QRect &cell, const QColor &fore) const;

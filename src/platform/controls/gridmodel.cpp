@@ -290,6 +290,11 @@ QString GridModel::styleName(qsizetype row, int column) const
     return cell.isEmpty() ? known.rowStyle : cell;
 }
 
+QString GridModel::rowStyleName(qsizetype row) const
+{
+    return row < 0 || row >= m_rows ? QString() : paint(row).rowStyle;
+}
+
 StyleSet GridModel::styleSet(const QString &name) const
 {
     const auto known = m_styles.find(name.toUpper());

@@ -53,6 +53,7 @@ public:
     void dropDraft();
     void draftStored();                                 // the draft is in the recordset now
     QString styleName(qsizetype row, int column) const; // the cell's, else the row's, else ""
+    QString rowStyleName(qsizetype row) const;          // "" = none
 
     void setStyleSet(const QString &name, const StyleSet &style) { m_styles[name.toUpper()] = style; }
     StyleSet styleSet(const QString &name) const;

@@ -46,17 +46,45 @@ bool isAffordable(const QString &path, const QImageReader &reader, QSize size)
     return pixels <= mostPixels && (pixels <= mostProgressivePixels || !isProgressiveJpeg(path));
 }
 
+// The raster formats, by how their files begin, whatever the file is called. Others are never given to a decoder: drawings
+// (SVG) take time and memory without limit, however small their file.
+QByteArray formatOf(const QString &path)
+{
+    struct Start {
+        QByteArrayView bytes;
+        const char *format;
+    };
+    static constexpr Start starts[] = {
+        {"\xFF\xD8\xFF", "jpeg"}, {"GIF8", "gif"}, {"BM", "bmp"}, {"\x89PNG\r\n\x1A\n", "png"},
+    };
+    QFile file(path);
+    // A pipe or a device would never end.
+    if (!QFileInfo(path).isFile() || !file.open(QIODevice::ReadOnly))
+        return {};
+    const QByteArray begin = file.read(12);
+    if (begin.startsWith("RIFF") && begin.endsWith("WEBP"))
+        return "webp";
+    for (const Start &known : starts)
+        if (begin.startsWith(known.bytes))
+            return known.format;
+    return {};
+}
+
+// A GIF file is decoded to the size of its screen, whatever the reader reports of its first frame.
+QSize gifScreen(const QString &path)
+{
+    QFile file(path);
+    const QByteArray head = file.open(QIODevice::ReadOnly) ? file.read(10) : QByteArray();
+    const auto number = [&](int at) { return static_cast<uchar>(head[at]) | static_cast<uchar>(head[at + 1]) << 8; };
+    return head.size() < 10 ? QSize() : QSize(number(6), number(8));
+}
+
 // A format whose head tells no size is not one of those that records hold.
 QSize affordableSize(const QString &path, QImageReader &reader)
 {
-    const QSize size = reader.size();
+    const QSize frame = reader.size();
+    const QSize size = reader.format() == "gif" && !frame.isEmpty() ? gifScreen(path) : frame;
     return !size.isEmpty() && isAffordable(path, reader, size) ? size : QSize();
-}
-
-// A pipe or a device would never end.
-bool isPlainFile(const QString &path)
-{
-    return QFileInfo(path).isFile();
 }
 
 }
@@ -64,10 +92,11 @@ bool isPlainFile(const QString &path)
 PictureFile inspectPicture(const QString &path)
 {
     const QString file = basic::realPath(path);
-    if (!isPlainFile(file))
+    const QByteArray format = formatOf(file);
+    if (format.isEmpty())
         return {};
-    QImageReader reader(file);
-    reader.setDecideFormatFromContent(true);
+    QImageReader reader(file, format);
+    reader.setAutoDetectImageFormat(false);
     const QSize size = affordableSize(file, reader);
     if (!size.isValid())
         return {};
@@ -77,10 +106,11 @@ PictureFile inspectPicture(const QString &path)
 Picture readPicture(const QString &path, QSize bounds)
 {
     const QString file = basic::realPath(path);
-    if (!isPlainFile(file))
+    const QByteArray format = formatOf(file);
+    if (format.isEmpty())
         return {};
-    QImageReader reader(file);
-    reader.setDecideFormatFromContent(true);
+    QImageReader reader(file, format);
+    reader.setAutoDetectImageFormat(false);
     reader.setAutoTransform(true);
     const QSize stored = affordableSize(file, reader);
     if (!stored.isValid())

@@ -116,9 +116,10 @@ QString ScreenPrompts::input(const QString &text, const QString &title, const QS
 std::optional<QString> ScreenPrompts::chooseFile(const basic::FileQuestion &question)
 {
     QWidget *parent = QApplication::activeWindow();
+    constexpr QFileDialog::Option plainTypes = QFileDialog::HideNameFilterDetails;      // the names say it already
     const QString path = question.save
-        ? QFileDialog::getSaveFileName(parent, titleOr(question.title), question.startPath, question.filter)
-        : QFileDialog::getOpenFileName(parent, titleOr(question.title), question.startPath, question.filter);
+        ? QFileDialog::getSaveFileName(parent, titleOr(question.title), question.startPath, question.filter, nullptr, plainTypes)
+        : QFileDialog::getOpenFileName(parent, titleOr(question.title), question.startPath, question.filter, nullptr, plainTypes);
     return path.isEmpty() ? std::nullopt : std::optional(path);
 }
 

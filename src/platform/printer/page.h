@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/basic/twips.h"
+
 #include <QFont>
 #include <QImage>
 #include <QString>
@@ -14,7 +16,7 @@ namespace vorel::printer {
 
 inline constexpr double twipsPerInch = 1440;
 inline constexpr double twipsPerPoint = 20;
-inline constexpr double twipsPerPixel = 15;         // of a screen of 96 dots to the inch
+inline constexpr double twipsPerPixel = basic::twipsPerPixel;
 
 enum ScaleMode { UserScale = 0, Twips, Points, Pixels, Characters, Inches, Millimetres, Centimetres };
 enum Orientation { Portrait = 1, Landscape = 2 };

@@ -1,4 +1,5 @@
 #include "platform/printer/metrics.h"
+#include "platform/basic/colournumber.h"
 
 #include <QPainter>
 #include <algorithm>
@@ -21,7 +22,7 @@ QColor colourOf(quint32 number)
 {
     if (number & 0x80000000u)
         return Qt::black;               // a desktop's own colour is none of the paper's
-    return QColor(static_cast<int>(number & 0xff), static_cast<int>(number >> 8 & 0xff), static_cast<int>(number >> 16 & 0xff));
+    return basic::colourOfNumber(number);
 }
 
 // Lines and boxes along the page's edges are drawn on whole pixels, everything else is smoothed.

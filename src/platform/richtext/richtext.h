@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/basic/twips.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -11,7 +13,7 @@ class QTextDocument;
 // What else an RTF holds (pictures, headers, notes, fields' codes) is left out; the text of table cells stays.
 namespace vorel::richtext {
 
-inline constexpr int twipsPerPixel = 15;        // of the document's layout, at 96 dots an inch
+using basic::twipsPerPixel;                     // of the document's layout
 
 // The text begins as an RTF does.
 bool isRtf(const QString &text);

@@ -124,6 +124,11 @@ TEST(GridLook, StylesColourTheirCellsAndStayReadable)
         grid.setBookmark(grid.getBookmark(1));
         grid.clearFocus();
         EXPECT_EQ(QColor(255, 255, 128), backOf(look(), cell(1, 0))) << "kept while the user is elsewhere";
+        const auto edge = [&](int row) { return QColor(look().pixel(cell(row, 1).topLeft() + QPoint(3, 0))); };
+        EXPECT_GE(controls::contrast(edge(1), QColor(255, 255, 128)), 3.0) << "and marked as the current row";
+        grid.setBookmark(grid.getBookmark(2));
+        EXPECT_EQ(backOf(look(), cell(2, 0)), backOf(look(), cell(2, 1))) << "a selected row is of one piece";
+        EXPECT_EQ(edge(1), QColor(255, 255, 128));
         grid.setBookmark(grid.getBookmark(0));
         EXPECT_NE(grid.palette().color(QPalette::Base), backOf(look(), cell(0, 0))) << "the current row is marked";
         grid.setBookmark(grid.getBookmark(1));

@@ -56,6 +56,16 @@ protected:
     }
     // A small GIF of one blue pixel.
     const QByteArray gif = QByteArray::fromHex("47494638396101000100800000 0000ff000000 2c00000000010001000002024401003b");
+    // The same pixel on a larger screen.
+    QByteArray gifOfScreen(int width, int height) const
+    {
+        QByteArray made = gif;
+        for (const auto &[at, side] : {std::pair{6, width}, {8, height}}) {
+            made[at] = static_cast<char>(side & 0xFF);
+            made[at + 1] = static_cast<char>(side >> 8);
+        }
+        return made;
+    }
     const test::TestFolder folder;
 };
 
@@ -75,6 +85,11 @@ TEST_F(Pictures, FormatsDamageAndSizes)
     folder.write(u"half.png"_s, folder.read(u"a.png"_s).left(60));
     folder.write(u"huge.bmp"_s, bmpHead(20000, 10000));
     folder.write(u"turned.jpg"_s, turned(whole));
+    folder.write(u"drawing.jpg"_s, "<?xml version=\"1.0\"?><svg xmlns=\"http://www.w3.org/2000/svg\" width=\"60\" height=\"40\"/>");
+    folder.write(u"drawing.svg"_s, "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"60\" height=\"40\"/>");
+    folder.write(u"packed.jpg"_s, QByteArray::fromHex("1f8b0800000000000003") + "x");
+    folder.write(u"wide.gif"_s, gifOfScreen(300, 200));
+    folder.write(u"bomb.gif"_s, gifOfScreen(65535, 65535));
     const struct {
         QString name;
         QSize size;
@@ -82,7 +97,8 @@ TEST_F(Pictures, FormatsDamageAndSizes)
         {u"a.png"_s, {60, 40}},   {u"a.bmp"_s, {60, 40}},  {u"a.jpg"_s, {60, 40}}, {u"A.JPG"_s, {60, 40}},
         {u"gif.gif"_s, {1, 1}},   {u"png.jpg"_s, {60, 40}}, {u"turned.jpg"_s, {400, 600}}, {u"text.jpg"_s, {}},
         {u"empty.jpg"_s, {}},     {u"head.jpg"_s, {}},     {u"half.png"_s, {}},    {u"huge.bmp"_s, {}},
-        {u"gone.jpg"_s, {}},      {u"."_s, {}},
+        {u"gone.jpg"_s, {}},      {u"."_s, {}},             {u"wide.gif"_s, {300, 200}},     {u"bomb.gif"_s, {}},
+        {u"drawing.jpg"_s, {}},   {u"drawing.svg"_s, {}},  {u"packed.jpg"_s, {}},
     };
     for (const auto &one : cases) {
         PictureBox box(u"picImage"_s);
@@ -92,6 +108,10 @@ TEST_F(Pictures, FormatsDamageAndSizes)
         EXPECT_EQ(shown[0].value(0).toBool(), one.size.isValid()) << qPrintable(one.name);
         EXPECT_EQ(box.pictureSize(), one.size) << qPrintable(one.name);
     }
+    folder.write(u"tall.gif"_s, gifOfScreen(500, 60000));
+    const controls::Picture tall = controls::readPicture(folder.path(u"tall.gif"_s), {640, 480});
+    EXPECT_EQ(tall.size, QSize(500, 60000)) << "the screen's, not the frame's";
+    EXPECT_EQ(tall.image.size(), QSize(4, 480));
     const QImage upright = controls::readPicture(folder.path(u"turned.jpg"_s), {100, 100}).image;
     EXPECT_EQ(upright.height(), 100);
     EXPECT_NEAR(upright.width(), 67, 1);
