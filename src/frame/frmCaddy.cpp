@@ -2,6 +2,7 @@
 
 #include "frame/frmCaddyGround.h"
 #include "frame/frmCaddyIcons.h"
+#include "frame/frmCaddyInfo.h"
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyRail.h"
 #include "frame/frmCaddyRooms.h"

@@ -3,6 +3,7 @@
 #include "platform/controls/recordform.h"
 #include "records/recordrows.h"
 #include "records/viewpage.h"
+#include "session/recordcall.h"
 
 class QStackedWidget;
 class QTabBar;
