@@ -302,7 +302,6 @@ bool CaddySections::read(GridPane &pane)
     if (pane.data->Refresh())
         return true;
     pane.waits = pane.isReminder();
-    m_waiting = true;
     return false;
 }
 
@@ -368,6 +367,8 @@ bool CaddySections::retry()
 {
     if (!m_waiting)
         return true;
+    if (std::any_of(m_c.panes.begin(), m_c.panes.end(), [](const GridPane &pane) { return pane.grid->isRowChanged(); }))
+        return false;                   // the row would be written, and refused, at every tick
     const int wait = dao::DBEngine::LockWait();
     dao::DBEngine::setLockWait(0);
     const QScopedValueRollback quiet(m_quiet, true);
