@@ -142,7 +142,7 @@ void frmRecord::cmdPicture_Click()
 QString frmRecord::GetFilePath(const QString &startPath)
 {
     return chooseDataPath({u"Event Picture"_s, startPath, text(u"txtEvent"_s), this,
-                           textRoom(m_data->Recordset(), u"FILENAME")});
+                           textRoom(dtaData().Recordset(), u"FILENAME")});
 }
 
 void frmRecord::chkDelete_MouseUp()

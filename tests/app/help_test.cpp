@@ -53,10 +53,8 @@ protected:
     void collectAll()
     {
         collect(screen());
-        for (const QString &code : {u"A"_s, u"B"_s, u"E"_s}) {
-            state().selection.gRecordCode = code;
-            collect(frmRecord());
-        }
+        for (const QString &code : {u"A"_s, u"B"_s, u"E"_s})
+            collect(frmRecord(code));
         collect(frmMessage());
         collect(frmBooks());
         collect(frmMovies());
@@ -115,8 +113,7 @@ TEST_F(Help, F1ShowsThePageOfEachScreen)
     frmMessage message;
     frmCalculator calculator;
     frmDataPath path({u"Movie Picture"_s, {}, {}, nullptr});
-    state().selection.gRecordCode = u"B"_s;
-    frmRecord bill;
+    frmRecord bill(u"B"_s);
     frmMusic music;
     EXPECT_EQ(titleAfterF1(message), u"Messages"_s);
     EXPECT_EQ(titleAfterF1(calculator), u"Calculator"_s);
