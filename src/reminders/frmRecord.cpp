@@ -97,7 +97,7 @@ void frmRecord::AllowInput()
                                 u"panFullDetails"_s})
         control(name)->setEnabled(rows);
     for (const controls::Field &field : fields()) {
-        if (formOf(field))
+        if (field.kind != controls::FieldKind::Hidden && formOf(field))
             lineOf(field.control)->setEnabled(rows);
     }
 }

@@ -312,7 +312,8 @@ QLabel *RecordForm::labelOf(const QString &field) const
 void RecordForm::showField(const QString &field, bool visible)
 {
     control<QWidget>(field)->setVisible(visible);
-    lineOf(field)->setVisible(visible);
+    if (QWidget *line = m_lines.value(field))       // a hidden field has none
+        line->setVisible(visible);
     if (QLabel *label = labelOf(field))
         label->setVisible(visible);
 }
