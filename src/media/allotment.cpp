@@ -65,7 +65,7 @@ constexpr qint64 pieceBytes = 1 << 20;
 
 enum class Copied { Whole, Stopped, Failed };
 
-// A copy under a scratch name, so that nobody ever finds half a file under the right one.
+// A copy under a scratch name (or none, where the file system has files without), so that nobody ever finds half a file under the right one.
 Copied copyWhole(const QString &from, const QString &to, basic::TaskContext &context, QString &failure)
 {
     QFile source(from);

@@ -337,7 +337,9 @@ bool frmDataPath::AllotPictures()
     const bool movesWithFolder = m_allotment.kind == PathKind::Picture || m_allotment.kind == PathKind::Sound;
     const QString kept = movesWithFolder ? basic::keptPath(chosen) : chosen;
     if (m_call.room > 0 && kept.size() > m_call.room) {
-        const bool canMove = !m_allotment.folder.isEmpty() && kept == chosen;
+        // "\BookPictures\x.jpg": Transfer is advised only where the path that it leads to fits.
+        const qsizetype movedSize = m_allotment.folder.size() + nameIn(chosen).size() + 2;
+        const bool canMove = !m_allotment.folder.isEmpty() && movedSize <= m_call.room;
         basic::MsgBox(u"This path has %1 characters, but the field holds only %2.\r\n"_s.arg(kept.size()).arg(m_call.room)
                           + (canMove ? u"Transfer copies the file into the program's folder, where its path is short."_s
                                      : u"Give the file a shorter name."_s),

@@ -168,27 +168,37 @@ TEST_F(DataPath, AClickEditsAndASoundPlays)
 
 TEST_F(DataPath, ATakenNameAndAPathThatIsTooLongAreRefusedInWords)
 {
-    const QString file = picture(QString(120, u'd') + u"/own.jpg"_s);
     const auto choose = [&](const QString &path) {
         m_prompts.expectFile(u"Book Picture"_s, path);
         click(u"cmdSearch"_s);
     };
-    open({u"Book Picture"_s, {}, u"A title"_s, &screen, 100});
-    choose(file);
-    m_prompts.expect(u"This path has %1 characters, but the field holds only 100."_s.arg(file.size()));
-    click(u"cmdApply"_s);
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->path(), QString());
+    // What lies in the program folder counts from there on, anything else with its whole path.
+    const QTemporaryDir outside;
+    const QString deep = QString(120, u'd'), wide = QString(100, u'n') + u".jpg"_s;
+    const QString advised = u"Transfer copies"_s, refused = u"Give the file a shorter name."_s;
+    const struct {
+        QString path;
+        qsizetype size;
+        QString advice;
+    } cases[] = {
+        {picture(wide), 1 + wide.size(), refused},
+        {outside.filePath(wide), outside.filePath(wide).size(), refused},
+        {outside.filePath(deep + u"/own.jpg"_s), outside.filePath(deep + u"/own.jpg"_s).size(), advised},
+        {picture(deep + u"/own.jpg"_s), 1 + deep.size() + 8, advised},
+    };
+    for (const auto &tooLong : cases) {
+        open({u"Book Picture"_s, {}, u"A title"_s, &screen, 100});
+        choose(tooLong.path);
+        m_prompts.expect(u"This path has %1 characters, but the field holds only 100.\r\n"_s.arg(tooLong.size)
+                         + tooLong.advice);
+        click(u"cmdApply"_s);
+        EXPECT_TRUE(form->isVisible()) << qPrintable(tooLong.path);
+        EXPECT_EQ(form->path(), QString()) << qPrintable(tooLong.path);
+    }
     transfer();
     EXPECT_EQ(words(u"lblSearch"_s), QString());
     click(u"cmdApply"_s);
     EXPECT_EQ(form->path(), u"\\BookPictures\\own.jpg"_s);
-
-    const QString named = picture(QString(100, u'n') + u".jpg"_s);
-    open({u"Book Picture"_s, {}, {}, &screen, 100});
-    choose(named);
-    m_prompts.expect(u"Give the file a shorter name."_s);
-    click(u"cmdApply"_s);
 
     openBooks({});
     choose(m_folder.write(u"other/own.jpg"_s, "another picture"));

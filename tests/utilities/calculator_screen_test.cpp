@@ -120,7 +120,7 @@ TEST_F(CalculatorScreen, ColourAndPictureAreKept)
     QTest::mouseClick(at<QLabel>(u"picImage"_s), Qt::LeftButton);
     inChooser({});
     QTest::keyClick(at<QLabel>(u"picImage"_s), Qt::Key_Space);
-    EXPECT_EQ(GetIniValue(iniSettings, u"CalcPicFile"_s, {}), picture);
+    EXPECT_EQ(GetIniValue(iniSettings, u"CalcPicFile"_s, {}), u"\\own.jpg"_s) << "kept so that it moves with the folder";
     EXPECT_TRUE(user.isDone());
     const frmCalculator next;
     EXPECT_FALSE(next.findChild<QLabel *>(u"picImage"_s)->pixmap(Qt::ReturnByValue).isNull());

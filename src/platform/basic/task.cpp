@@ -12,8 +12,9 @@ void TaskContext::progress(qint64 done, qint64 total, const QString &text)
         const QMutexLocker lock(&m_mutex);
         m_latest = {done, total, text};
     }
-    // One report is under way at most, however often a quick worker calls.
-    if (!m_reported.exchange(true))
+    // One report is under way at most, however often a quick worker calls. Work that is called directly, without a task,
+    // has nobody to report to.
+    if (m_changed && !m_reported.exchange(true))
         m_changed();
 }
 
