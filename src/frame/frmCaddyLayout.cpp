@@ -142,6 +142,9 @@ void buildToolbar(QMainWindow *window, CaddyControls &c)
         row->setSpacing(0);
         const QString here = QString::fromUtf16(group.here);
         c.toolbarKeys.at(here)->setText(QString::fromUtf16(group.caption));
+        // Without an icon set the arrows are texts: whole names would push the search off the bar.
+        c.toolbarKeys.at(QString::fromUtf16(group.back))->setIconText(u"\u2039"_s);
+        c.toolbarKeys.at(QString::fromUtf16(group.forward))->setIconText(u"\u203A"_s);
         row->addWidget(keyButton(c, QString::fromUtf16(group.back), {}));
         QToolButton *middle = keyButton(c, here, QString::fromUtf16(group.caption));
         row->addWidget(middle);

@@ -86,7 +86,7 @@ QString mendingText(const Mending &mending)
         text += u"    It was repaired: %1 of %2 rows came back."_s.arg(mending.rowsSaved).arg(mending.rowsSeen);
     else
         text += u"    It was repaired."_s;
-    if (!mending.lost.isEmpty())
+    if (!mending.lost.isEmpty() && !mending.beyondRepair)
         text += u" Not complete: %1."_s.arg(mending.lost.join(u", "_s));
     return text + newLine + u"    The damaged file is kept as %1"_s.arg(QDir::toNativeSeparators(mending.original));
 }

@@ -151,6 +151,7 @@ TEST_F(Edit, NewWithoutAMainFileIsRefusedInWords)
 {
     m_folder.write(u"VOREL.MDB"_s, QByteArray(5000, 'x'));
     m_prompts.expect(u"Would you like to create a new database?"_s, Answer::No);
+    m_prompts.expect(u"No row could be read from it."_s);
     start();
     EXPECT_TRUE(isShown(u"lblNotice"_s));
     m_prompts.expect(u"There is no main data file"_s);

@@ -102,7 +102,10 @@ TEST_F(Help, F1ShowsThePageOfEachScreen)
     start();
     installScreenHelp();
     const auto titleAfterF1 = [](QWidget &form) {
+        form.show();
+        QApplication::setActiveWindow(&form);       // else the key is the main screen's
         QTest::keyClick(&form, Qt::Key_F1);
+        form.hide();
         const QWidgetList windows = QApplication::topLevelWidgets();
         for (const QWidget *window : windows) {
             if (window->objectName() == u"frmInformation" && window->isVisible())
