@@ -120,8 +120,12 @@ QWidget *buildSearch(CaddyControls &c)
     row->setSpacing(unit / 2);
     c.lblNotFound = new QLabel(u"Not found"_s);
     c.lblNotFound->setObjectName(u"lblNotFound"_s);
+    c.lblNotFound->setAttribute(Qt::WA_TransparentForMouseEvents);
     c.lblNotFound->hide();
-    row->addWidget(c.lblNotFound);
+    // Within the box: beside it there is no room on a small screen.
+    auto *inside = new QHBoxLayout(c.txtSearch);
+    inside->setContentsMargins(0, 0, 3 * unit, 0);          // clear of the button that empties the box
+    inside->addWidget(c.lblNotFound, 0, Qt::AlignRight);
     row->addWidget(c.txtSearch, 1);
     row->addWidget(next);
     return c.panSearch;
@@ -157,8 +161,10 @@ void buildToolbar(QMainWindow *window, CaddyControls &c)
     c.toolbarKeys.at(u"ALL RECORDS"_s)->setText(u"All"_s);
     c.periodKeys.push_back(c.Toolbar1->addWidget(keyButton(c, u"ALL RECORDS"_s, u"All"_s)));
     c.periodKeys.push_back(c.Toolbar1->addSeparator());
-    for (const QString &key : {u"CALENDAR"_s, u"CALCULATOR"_s, u"PRINT CURRENT CATEGORY"_s})
+    for (const auto &[key, shortName] : {std::pair{u"CALENDAR"_s, u"Cal"_s}, {u"CALCULATOR"_s, u"Calc"_s}, {u"PRINT CURRENT CATEGORY"_s, u"Print"_s}}) {
+        c.toolbarKeys.at(key)->setIconText(shortName);
         c.Toolbar1->addWidget(keyButton(c, key, {}));
+    }
     auto *gap = new QWidget;
     gap->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     c.Toolbar1->addWidget(gap);

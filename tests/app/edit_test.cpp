@@ -144,7 +144,7 @@ TEST_F(Edit, EndOfTheSessionKeepsWhatIsTyped)
     });
     EXPECT_TRUE(QTest::qWaitFor([this] { return !screen().isVisible(); }));
     start();
-    EXPECT_EQ(appointments(), QStringList{u"HALF TYPED"_s});
+    EXPECT_EQ(appointments(), QStringList{u"half typed"_s});
 }
 
 TEST_F(Edit, NewWithoutAMainFileIsRefusedInWords)
