@@ -34,6 +34,7 @@ TEST_F(RecordModes, EachSectionShowsItsControls)
         check({u"chkEmail"_s, u"chkCard"_s, u"txtEmail"_s}, false);
         EXPECT_EQ(text(u"lblID2"_s), u"1"_s);
         EXPECT_EQ(form->outcome().lastId, 1);
+        EXPECT_GE(at(u"lblDay"_s)->width(), at(u"lblDay"_s)->fontMetrics().horizontalAdvance(u"Sun"_s)) << "room for the week day";
         EXPECT_FALSE(at<QLabel>(u"picImage"_s)->pixmap().isNull());
         if (code != u"E") {
             EXPECT_EQ(at(u"fraBill"_s)->property("title").toString(), code == u"A" ? u" Frequency "_s : u" Payment Frequency "_s);
