@@ -1,16 +1,10 @@
 #pragma once
 
-#include <QStringList>
+#include "session/sectiondesign.h"
 
-// What the pane at the right tells while the pointer rests on a button of the main screen.
+// What the pane at the right shows while the pointer rests on a tool of the main screen.
 namespace vorel {
 
-struct ButtonTip {
-    QString heading;
-    QStringList lines;
-};
-
-ButtonTip sectionTip(int index);                        // of cmdCat(index)
 ButtonTip toolTip(const QString &buttonName);           // of cmdEmail and the like; empty for a button without one
 
 }

@@ -144,12 +144,9 @@ void frmCaddy::Load()
     basic::Trap([this] { d->strip.ScrollMessages(); });
     basic::Trap([this] { CheckForMessages(); });
     c.picDetails->setPaper(desktop::findResource(u"\\Paper.jpg"_s));
-    const auto needs = [&c](int index, DataFile file) {
-        if (basic::Dir(state().path(file)).isEmpty())
-            c.rail->button(index)->setEnabled(false);
-    };
-    needs(17, DataFile::DataJ);
-    needs(4, DataFile::DataP);
+    for (const SectionDesign *section : categoryButtons())
+        if (section->isGuarded && basic::Dir(state().path(section->file)).isEmpty())
+            c.rail->button(section->button->index)->setEnabled(false);
     runLoadPasses();
 }
 
@@ -310,8 +307,8 @@ void frmCaddy::cmdCat_Click(int index)
         d->sections.cmdCat_Click(index);
         return;
     }
-    for (const CategoryButton &entry : categoryButtons())
-        d->c.rail->button(entry.index)->setChecked(entry.tag == state().selection.gLastCategory);
+    for (const SectionDesign *section : categoryButtons())
+        d->c.rail->button(section->button->index)->setChecked(section->name == state().selection.gLastCategory);
 }
 
 void frmCaddy::panEditS_Click()

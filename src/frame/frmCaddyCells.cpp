@@ -8,6 +8,7 @@
 #include "platform/controls/form.h"
 #include "reminders/record.h"
 #include "session/datetexts.h"
+#include "session/sectiondesign.h"
 #include "session/shared.h"
 
 #include <QAbstractButton>
@@ -162,19 +163,20 @@ void CaddyCells::pickDate(const GridPane &pane, int column, qsizetype row)
 
 void CaddyCells::enterSection()
 {
-    const QString &code = state().selection.gSection;
+    const SectionDesign *section = shownSection();
+    const bool isShopping = isShown(SectionId::Shopping);
     m_shopping = {};
-    m_c.subjects().panEdit->setText(code == u"H"_s ? u"Clear"_s : u"Edit"_s);
-    m_c.subjects().panEdit->setToolTip(code == u"H"_s ? u"Take the check off every item"_s : u"Open the selected record"_s);
-    if (code == u"G"_s)
+    m_c.subjects().panEdit->setText(isShopping ? u"Clear"_s : u"Edit"_s);
+    m_c.subjects().panEdit->setToolTip(isShopping ? u"Clear all check marks"_s : u"Open the selected record"_s);
+    if (isShown(SectionId::ToDo))
         openToDo();
-    else if (code == u"H"_s)
+    else if (isShopping)
         openShopping();
-    else if (code == u"M"_s)
+    else if (isShown(SectionId::Messages))
         openMessages();
     else
         subjects().setEditing({});
-    subjects().setAllowAddNew(code == u"G"_s || code == u"H"_s);
+    subjects().setAllowAddNew(section && section->list && section->list->isEditedInCells);
 }
 
 void CaddyCells::openToDo()
@@ -261,7 +263,7 @@ void CaddyCells::showShoppingTotal()
 
 void CaddyCells::ClearShoppingChecks()
 {
-    if (state().selection.gSection != u"H"_s || !writeRows() || !m_c.subjects().data->Database())
+    if (!isShown(SectionId::Shopping) || !writeRows() || !m_c.subjects().data->Database())
         return;
     vorel::ClearShoppingChecks(m_c.subjects().data->Database(), m_c.subjects().data->Recordset(), m_shopping);
     m_c.subjects().data->showRow();
@@ -272,16 +274,16 @@ void CaddyCells::ClearShoppingChecks()
 // To Do and Shopping have no screen of their own on which a row could be deleted.
 void CaddyCells::deleteRow()
 {
-    const QString &code = state().selection.gSection;
+    const SectionDesign *section = shownSection();
     Grid &grid = subjects();
-    if ((code != u"G"_s && code != u"H"_s) || !grid.UpdateRow() || !grid.Bookmark().isValid())
+    if (!section || !section->list || !section->list->isEditedInCells || !grid.UpdateRow() || !grid.Bookmark().isValid())
         return;
     if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s) || !grid.Bookmark().isValid())
         return;
     const qint32 id = idOf(grid, grid.currentRow());
     m_c.subjects().data->Recordset().Delete();
     m_c.subjects().data->MoveNext();
-    if (code != u"H"_s)
+    if (section->id != SectionId::Shopping)
         return;
     m_shopping.remove(id);
     showShoppingTotal();

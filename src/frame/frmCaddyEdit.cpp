@@ -8,7 +8,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "reminders/frmRecord.h"
-#include "session/sections.h"
+#include "session/sectiondesign.h"
 
 #include <QApplication>
 #include <QLineEdit>
@@ -25,6 +25,12 @@ namespace {
 qint32 selectedId(const controls::Grid *grid)
 {
     return static_cast<qint32>(basic::Val(grid->CellText(idColumn)));
+}
+
+bool isEditedInCells()
+{
+    const SectionDesign *section = shownSection();
+    return section && section->list && section->list->isEditedInCells;
 }
 
 }
@@ -106,11 +112,13 @@ void CaddyEdit::openSubject(qint32 id)
     m_screen.UpdateRowHeight();
     GridPane &subjects = m_c.subjects();
     subjects.lastId = id;
-    if (const RecordScreen *screen = recordScreen(state().selection.gSection)) {
+    const SectionDesign *section = shownSection();
+    if (section && section->screen) {
+        const QString &code = section->screen->opensAs ? sectionDesign(*section->screen->opensAs).code : section->code;
         stopTimers();
-        if (screen->open)
-            basic::Trap([&] { subjects.lastId = screen->open({screen->recordCode, id}, m_window).lastId; });
-        else if (const Section *section = sectionByCode(state().selection.gSection))
+        if (const RecordScreen *screen = recordScreen(section->screen->name))
+            basic::Trap([&] { subjects.lastId = screen->open({code, id}, m_window).lastId; });
+        else
             showLater(u"The screen of a record of "_s + section->name);
     }
     basic::Trap([this] { m_screen.GetData(); });
@@ -125,7 +133,7 @@ void CaddyEdit::ShowEdit()
     Grid *grid = m_c.subjects().grid;
     const qint32 id = selectedId(grid);
     const int column = grid->currentIndex().column();
-    const bool isEditedHere = !recordScreen(state().selection.gSection) && !grid->isHidden();
+    const bool isEditedHere = isEditedInCells() && !grid->isHidden();
     openSubject(id);
     if (!isEditedHere)
         return;
@@ -149,7 +157,7 @@ void CaddyEdit::NewRecord()
         return;
     }
     openSubject(0);
-    if (!m_c.subjects().grid->isHidden() && !recordScreen(state().selection.gSection)) {
+    if (!m_c.subjects().grid->isHidden() && isEditedInCells()) {
         m_c.subjects().grid->setFocus();
         m_c.subjects().grid->EditNewRow();
     }
@@ -171,7 +179,7 @@ void CaddyEdit::startTimers()
 // Without its main file the program runs on, but there is nothing to store a reminder in.
 bool CaddyEdit::hasFile() const
 {
-    const Section *section = sectionByCode(state().selection.gSection);
+    const SectionDesign *section = shownSection();
     const bool inMain = !section || section->kind == SectionKind::Reminder || section->file == DataFile::Main;
     if (!inMain || state().mainFile != MainFileAccess::None)
         return true;
@@ -250,7 +258,7 @@ void CaddyEdit::showDetails()
     const std::vector<controls::GridColumn> &columns = grid->columns();
     for (std::size_t i = 0; i < columns.size() && row >= 0 && row < grid->rows(); ++i) {
         const QString text = grid->CellText(static_cast<int>(i), row).trimmed();
-        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0 && state().selection.gSection != u"F"_s) {
+        if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0 && !isShown(SectionId::FileBackup)) {
             file = text;
         } else if (columns[i].visible && columns[i].style == controls::GridColumn::Style::Text && !text.isEmpty()) {
             labels << columns[i].caption;

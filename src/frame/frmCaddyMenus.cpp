@@ -147,8 +147,8 @@ void CaddyMenus::addKeys()
 void CaddyMenus::nextPane()
 {
     std::vector<QWidget *> panes;
-    for (const CategoryButton &entry : categoryButtons())
-        if (RailButton *button = m_c.rail->button(entry.index); button->isChecked() && button->isVisible())
+    for (const SectionDesign *section : categoryButtons())
+        if (RailButton *button = m_c.rail->button(section->button->index); button->isChecked() && button->isVisible())
             panes.push_back(button);
     panes.push_back(m_c.txtSearch);
     for (const GridPane &pane : m_c.panes)

@@ -189,10 +189,10 @@ void CaddyPainting::applyPalette()
         {u"XMAS"_s, tint(QColor(0x2e, 0xa0, 0x43), 0.20)},
     };
     // The sections' own sets, plain until the user chooses a colour.
-    static const QStringList plain = {
-        u"WHITE"_s,    u"MOVIES"_s, u"BACKUP"_s, u"JOURNAL"_s,      u"PROFILE"_s, u"BOOKS"_s,     u"MESSAGES"_s, u"VEHICLE"_s,
-        u"TODO"_s,     u"BILLS"_s,  u"EVENTS"_s, u"APPOINTMENTS"_s, u"PHONE"_s,   u"INVENTORY"_s, u"SHOPPING"_s, u"NOTES"_s,
-        u"HEALTH"_s,   u"SPORT"_s,  u"MUSIC"_s,  u"PASSWORDS"_s};
+    QStringList plain = {u"WHITE"_s};
+    for (const SectionDesign &section : sectionDesigns())
+        if (section.grid && section.grid->takesColour && !section.grid->styleSet.isEmpty())
+            plain << section.grid->styleSet;
     for (const GridPane &pane : m_c.panes) {
         Grid *grid = pane.grid;
         for (const auto &[name, style] : designs)
@@ -228,9 +228,10 @@ controls::StyleSet CaddyPainting::defaultGround() const
 
 void CaddyPainting::showGround()
 {
-    const Section *section = sectionByCode(state().selection.gSection);
-    const controls::StyleSet own = section ? m_c.subjects().grid->styleSet(section->styleSet) : controls::StyleSet{};
-    const bool isChosen = own.back.isValid() && section->layoutWord != u"CHRISTMAS"_s;     // those rows are painted one by one
+    const SectionDesign *section = shownSection();
+    const bool takesColour = section && section->grid && section->grid->takesColour;
+    const controls::StyleSet own = takesColour ? m_c.subjects().grid->styleSet(section->grid->styleSet) : controls::StyleSet{};
+    const bool isChosen = own.back.isValid();
     m_c.subjects().grid->setStyleSet({}, isChosen ? own : defaultGround());
 }
 
@@ -271,8 +272,8 @@ void CaddyPainting::paintEvent(RowPaint &row) const
 
 void CaddyPainting::paintSubject(RowPaint &row) const
 {
-    const Section *section = sectionByCode(state().selection.gSection);
-    if (!section || section->kind != SectionKind::Grid || section->columns.size() != m_c.subjects().grid->columns().size())
+    const SectionDesign *section = shownSection();
+    if (!section || !section->list || section->list->columns.size() != m_c.subjects().grid->columns().size())
         return;
     const RowLook look = subjectRowLook(section->code, row.cell);
     row.rowStyle = look.style;

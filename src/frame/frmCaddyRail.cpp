@@ -19,18 +19,14 @@ namespace {
 
 constexpr int iconSide = 16;
 
-// The order on the rail: what a day needs first, what is kept for the shelf last.
-const std::vector<std::vector<int>> &railGroups()
+// The sections of the rail in their groups: what a day needs first, what is kept for the shelf last.
+std::vector<const SectionDesign *> railOrder()
 {
-    static const std::vector<std::vector<int>> groups = {
-        {3, 0, 1, 2},                   // reminders
-        {18, 14, 6, 17, 13},            // lists and writing
-        {8, 19, 20, 21},                // people
-        {9, 10, 11, 15, 16, 7},         // collections
-        {12, 22, 4, 5},                 // household
-        {23, 24},                       // money
-    };
-    return groups;
+    std::vector<const SectionDesign *> sections = categoryButtons();
+    std::sort(sections.begin(), sections.end(), [](const SectionDesign *a, const SectionDesign *b) {
+        return std::pair(a->button->group, a->button->place) < std::pair(b->button->group, b->button->place);
+    });
+    return sections;
 }
 
 }
@@ -121,13 +117,17 @@ Rail::Rail(QWidget *parent) : QScrollArea(parent)
     column->setContentsMargins(unit, unit, unit / 2, unit / 2);
     column->setSpacing(0);
     m_buttons.resize(categoryButtons().size());
-    for (const CategoryButton &entry : categoryButtons())
-        m_buttons[static_cast<std::size_t>(entry.index)] = new RailButton(entry.index, entry.caption, entry.toolTip);
-    for (const std::vector<int> &group : railGroups()) {
-        for (const int index : group)
-            column->addWidget(button(index), 1);
-        column->addSpacing(unit);
+    RailGroup group = RailGroup::Reminders;
+    for (const SectionDesign *section : railOrder()) {
+        const ButtonDesign &design = *section->button;
+        if (design.group != group)
+            column->addSpacing(unit);
+        group = design.group;
+        auto *button = new RailButton(design.index, design.caption, design.toolTip);
+        m_buttons[static_cast<std::size_t>(design.index)] = button;
+        column->addWidget(button, 1);
     }
+    column->addSpacing(unit);
     column->addStretch(1);
     setWidget(content);
     viewport()->setAutoFillBackground(false);
@@ -139,15 +139,15 @@ Rail::Rail(QWidget *parent) : QScrollArea(parent)
 std::vector<int> Rail::order()
 {
     std::vector<int> indexes;
-    for (const std::vector<int> &group : railGroups())
-        indexes.insert(indexes.end(), group.begin(), group.end());
+    for (const SectionDesign *section : railOrder())
+        indexes.push_back(section->button->index);
     return indexes;
 }
 
 void Rail::applyIcons()
 {
-    for (const CategoryButton &entry : categoryButtons())
-        button(entry.index)->setIcon(caddyIcon(entry.icon));
+    for (const SectionDesign *section : categoryButtons())
+        button(section->button->index)->setIcon(caddyIcon(section->button->icon));
 }
 
 QSize Rail::sizeHint() const

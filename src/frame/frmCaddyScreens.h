@@ -4,23 +4,19 @@
 #include "session/recordcall.h"
 
 #include <QString>
-#include <QStringList>
 #include <vector>
 
 class QWidget;
 
-// Which screen a record of SUBJECTGRID opens on. A new screen is one row of the table in the .cpp:
-//     {{u"M"_s}, u"M"_s, u"frmMessage"_s, openRecordScreen<frmMessage>},
+// The record screens that the designs of the sections name. A new screen is one row of the table in the .cpp.
 namespace vorel {
 
 struct RecordScreen {
-    QStringList codes;                  // gSection
-    QString recordCode;                 // of the record screen, one for several lists of the same records
-    QString name;                       // its objectName
-    RecordOutcome (*open)(const RecordCall &, QWidget *parent) = nullptr;         // nullptr: not part of this version yet
+    QString name;                       // as the section's design names it
+    RecordOutcome (*open)(const RecordCall &, QWidget *parent);
 };
 const std::vector<RecordScreen> &recordScreens();
-const RecordScreen *recordScreen(const QString &code);  // nullptr: edited in the grid, or no section with records
+const RecordScreen *recordScreen(const QString &name);  // nullptr: not part of this version yet
 
 // For a screen made by Screen(parent) with dtaData() and AddNewRecord({}), modal by ShowModal(). A row that is not found
 // leaves it on its first one.

@@ -17,32 +17,19 @@ using controls::Grid;
 
 namespace {
 
-// Where the name of a row is not its first text column.
-QString nameField(const QString &code)
-{
-    static const std::map<QString, QString> fields = {
-        {u"R"_s, u"TITLE"_s}, {u"Z"_s, u"PLANTNAME"_s}, {u"D"_s, u"SORTNAME"_s},
-        {u"Y"_s, u"HOWTO"_s}, {u"J"_s, u"NOTESDISPLAY"_s}, {u"N"_s, u"NAME"_s}};
-    const auto found = fields.find(code);
-    return found == fields.end() ? QString() : found->second;
-}
-
 // The recordset's text that is compared, as an expression.
 QString searchedText(const dao::Recordset &rows, const GridPane &pane)
 {
-    const QString code = pane.sectionCode();
     const auto bracketed = [](const QString &name) { return u'[' + name + u']'; };
     if (pane.isReminder())
         return bracketed(pane.grid->columns()[static_cast<std::size_t>(pane.textColumn)].field);
-    const std::vector<dao::RecordsetField> &fields = rows.Fields();
-    QStringList joined;
-    for (std::size_t i = 1; code == u"P"_s && i <= 6 && i < fields.size(); ++i)
-        joined << bracketed(fields[i].Name);
-    if (!joined.isEmpty())
+    if (const SectionDesign *section = shownSection(); section && section->list && !section->list->searched.isEmpty()) {
+        QStringList joined;
+        for (const QString &field : section->list->searched)
+            joined << bracketed(field);
         return joined.join(u" & "_s);
-    if (const QString name = nameField(code); !name.isEmpty())
-        return bracketed(name);
-    for (const dao::RecordsetField &field : fields)
+    }
+    for (const dao::RecordsetField &field : rows.Fields())
         if ((field.Type == dao::dbText || field.Type == dao::dbMemo) && !field.SourceField.isEmpty())
             return bracketed(field.Name);
     return {};
@@ -97,7 +84,7 @@ void CaddySearch::next()
 void CaddySearch::showPlaceholder()
 {
     const GridPane &pane = m_c.paneOf(searchGrid());
-    const Section *section = sectionByCode(pane.sectionCode());
+    const SectionDesign *section = sectionByCode(pane.sectionCode());
     m_c.txtSearch->setPlaceholderText(section ? u"Search "_s + section->name.toLower() : u"Search"_s);
     QPalette colours = QGuiApplication::palette();
     colours.setColor(QPalette::PlaceholderText,

@@ -42,49 +42,13 @@ const QString &bannerLine()
     return line;
 }
 
-// Passwords and Journal ask for the administration password.
-constexpr bool isGuarded(int index)
-{
-    return index == 4 || index == 17;
-}
-
-// The columns that share the room left over, where these are not all of the texts. The first takes most.
-QStringList growingFields(const QString &code)
-{
-    static const std::map<QString, QStringList> fields = {
-        {u"F"_s, {u"FILENAME"_s}}, {u"G"_s, {u"TODO"_s}},     {u"H"_s, {u"ITEM"_s, u"STORE"_s}},
-        {u"M"_s, {u"Message"_s}},  {u"N"_s, {u"NOTES"_s}},    {u"MV"_s, {u"VEHICLEMODEL"_s, u"VEHICLEMAKE"_s}},
-        {u"O"_s, {u"USERNAME"_s}}, {u"P"_s, {u"SORTNAME"_s, u"Email1Address"_s}},
-        {u"Y"_s, {u"SOLUTION"_s, u"HOWTO"_s}}};
-    const auto found = fields.find(code);
-    return found == fields.end() ? QStringList() : found->second;
-}
-
 // A text that should fit into the column.
-QString sampleOf(const QString &code, const QString &field, dao::DataType type)
+QString sampleOf(const SectionColumn &column, dao::DataType type)
 {
-    if (code == u"P"_s && field.endsWith(u"TelephoneNumber"_s))
-        return u"00 0000 0000"_s;
-    if (code == u"P"_s && field == u"Email1Address"_s)
-        return u"someone@example.org"_s;
-    if (code == u"P"_s && field == u"SORTNAME"_s)
-        return u"WILLIAMS, Alexandra [Ann]"_s;
     if (type != dao::dbDate)
-        return {};
-    const double time = code == u"M"_s ? basic::TimeSerial(22, 28, 28).serial() : 0;
+        return column.sample;
+    const double time = column.isTimed ? basic::TimeSerial(22, 28, 28).serial() : 0;
     return basic::Format(basic::DateTime(basic::DateSerial(2028, 12, 28).serial() + time), state().settings.gDateDisplay);
-}
-
-// Prices that are kept as plain numbers.
-bool moneyField(const QString &code, const QString &field)
-{
-    return code == u"H"_s && (field == u"LASTCOST"_s || field == u"AMOUNT"_s || field == u"TOTAL"_s);
-}
-
-bool isReminder(const QString &code)
-{
-    const Section *section = sectionByCode(code);
-    return section && section->kind == SectionKind::Reminder;
 }
 
 }
@@ -102,29 +66,29 @@ void CaddySections::cmdCat_Click(int index)
 {
     markButton({});
     UpdateRowHeight();
-    const CategoryButton &button = categoryButtons()[static_cast<std::size_t>(index)];
-    if (isGuarded(index)) {
+    const SectionDesign &section = *categoryButtons()[static_cast<std::size_t>(index)];
+    if (section.isGuarded) {
         adminPassword()();
         if (!state().selection.gAdminOk)
             return;
     }
-    m_screen.DisplayCategory(button.tag);
+    m_screen.DisplayCategory(section.name);
     SizeGrids();
-    if (state().selection.gSection == u"P"_s && m_c.subjects().grid->rows() == 0)
+    if (isShown(SectionId::Contacts) && m_c.subjects().grid->rows() == 0)
         showMissingContacts();
 }
 
 // A name that the catalogue does not know (a bare code after a change) leaves the screen as it stands.
 void CaddySections::DisplayCategory(const QString &name)
 {
-    const Section *section = sectionByName(name);
+    const SectionDesign *section = sectionByName(name);
     if (!section || m_switching)
         return;
     const QScopedValueRollback guard(m_switching, true);
     show(*section);
 }
 
-void CaddySections::show(const Section &section)
+void CaddySections::show(const SectionDesign &section)
 {
     if (section.kind == SectionKind::Action) {
         showAction(section);
@@ -138,7 +102,7 @@ void CaddySections::show(const Section &section)
         showGrid(section);
 }
 
-void CaddySections::clearScreen(const Section &section)
+void CaddySections::clearScreen(const SectionDesign &section)
 {
     m_c.txtSearch->clear();
     m_screen.DisableButtons(true);
@@ -168,7 +132,7 @@ void CaddySections::clearScreen(const Section &section)
     showNotice();
 }
 
-void CaddySections::showReminders(const Section &section)
+void CaddySections::showReminders(const SectionDesign &section)
 {
     state().selection.gSection = section.code;
     markButton(section.name);
@@ -184,13 +148,13 @@ void CaddySections::showReminders(const Section &section)
     m_search.showPlaceholder();
 }
 
-void CaddySections::showGrid(const Section &section)
+void CaddySections::showGrid(const SectionDesign &section)
 {
     state().selection.gSection = section.code;
     markButton(section.name);
     allowPeriods(false);
-    QString title = section.gridTitle;
-    if (section.code == u"M"_s)
+    QString title = section.list->title;
+    if (section.list->addsUserName)
         title += u" for "_s + state().settings.gUserName;
     m_c.subjects().grid->setTitle(title);
     m_c.subjects().grid->setAccessibleName(title);
@@ -198,8 +162,8 @@ void CaddySections::showGrid(const Section &section)
     showSubjectColumns(section);
     m_c.subjects().grid->show();
     m_c.subjects().panEdit->show();
-    m_c.showAction(u"mnuTasksToOutlook"_s, section.code == u"G"_s && m_sizes.outlookFunctions);
-    m_c.showAction(u"mnuMessages"_s, section.code == u"M"_s && state().settings.gNetwork && state().settings.gFeature[u"Messages"_s]);
+    m_c.showAction(u"mnuTasksToOutlook"_s, section.id == SectionId::ToDo && m_sizes.outlookFunctions);
+    m_c.showAction(u"mnuMessages"_s, section.id == SectionId::Messages && state().settings.gNetwork && state().settings.gFeature[u"Messages"_s]);
     allowPrinting(section);
     RefreshData();
     m_search.showPlaceholder();
@@ -207,7 +171,7 @@ void CaddySections::showGrid(const Section &section)
 }
 
 // Screens of their own. The two of the accounts stand in place of a section and give way to the one before.
-void CaddySections::showAction(const Section &section)
+void CaddySections::showAction(const SectionDesign &section)
 {
     if (section.code.isEmpty()) {
         openScreen(section.name);
@@ -217,11 +181,11 @@ void CaddySections::showAction(const Section &section)
     state().selection.gSection = section.code;
     markButton(section.name);
     m_c.panSearch->hide();
-    m_c.panNew->setVisible(section.code == u"IN"_s);
+    m_c.panNew->setVisible(section.id == SectionId::Income);
     basic::Trap([&] { openScreen(section.name); });
-    const Section *before = sectionByName(state().selection.gLastCategory);
+    const SectionDesign *before = sectionByName(state().selection.gLastCategory);
     if (!before || before->kind == SectionKind::Action)
-        before = sectionByName(u"All"_s);
+        before = &sectionDesign(SectionId::AllReminders);
     show(*before);
 }
 
@@ -233,31 +197,31 @@ void CaddySections::openScreen(const QString &name)
         showLater(name);
 }
 
-// A journal that was never begun is no error: its section shows nothing. Any other file that is not there is told by the
-// data control.
-void CaddySections::connectSubjects(const Section &section)
+// A journal that was never begun is no error: its section shows nothing. For any other missing file the data control
+// reports the error.
+void CaddySections::connectSubjects(const SectionDesign &section)
 {
     const DataPlace place = dataPlace(section.file);
-    const bool none = place.file == DataFile::DataJ && basic::Dir(place.path).isEmpty();
+    const bool none = section.missingFile == MissingFile::Empty && basic::Dir(place.path).isEmpty();
     if (!none)
         basic::IgnoreErrors([&] { openDataFile(section.file).Close(); });       // repairs one that does not open
-    state().selection.gSqlSection[section.code] = section.query;
+    state().selection.gSqlSection[section.code] = section.list->query;
     m_c.subjects().data->setConnect(place.connect.isEmpty() ? u"Access"_s : place.connect);
     m_c.subjects().data->setDatabaseName(none ? QString() : place.path);
-    m_c.subjects().data->setRecordSource(section.query);
+    m_c.subjects().data->setRecordSource(section.list->query);
     read(m_c.subjects());
 }
 
-void CaddySections::showSubjectColumns(const Section &section)
+void CaddySections::showSubjectColumns(const SectionDesign &section)
 {
     const dao::Recordset &rows = m_c.subjects().data->Recordset();
-    const bool known = rows && rows.Fields().size() == section.columns.size();
-    const QStringList growing = growingFields(section.code);
+    const bool known = rows && rows.Fields().size() == section.list->columns.size();
+    const QStringList &growing = section.list->growing;
     std::vector<GridColumn> columns;
-    CaddyColumns::Plan plan{section.layoutWord, {}, -1};
-    plan.lines = linesOfRow(section.code);
-    for (std::size_t i = 0; i < section.columns.size(); ++i) {
-        const SectionColumn &from = section.columns[i];
+    CaddyColumns::Plan plan{section.grid->word, {}, -1};
+    plan.lines = section.list->lines;
+    for (std::size_t i = 0; i < section.list->columns.size(); ++i) {
+        const SectionColumn &from = section.list->columns[i];
         GridColumn column{known ? rows.Fields()[i].Name : from.field, from.title};
         column.visible = from.role != SectionColumn::Role::Hidden;
         if (from.role == SectionColumn::Role::Button) {
@@ -269,7 +233,7 @@ void CaddySections::showSubjectColumns(const Section &section)
             column.style = GridColumn::Style::Check;
         else if (type == dao::dbDate)
             column.format = state().settings.gDateDisplay;
-        else if (type == dao::dbCurrency || moneyField(section.code, from.field))
+        else if (type == dao::dbCurrency || from.isMoney)
             column.format = state().settings.gNumberFormat;
         if (type == dao::dbCurrency || type == dao::dbLong || type == dao::dbInteger || type == dao::dbDouble)
             column.alignment = Qt::AlignRight;
@@ -280,9 +244,9 @@ void CaddySections::showSubjectColumns(const Section &section)
             if (growing.isEmpty() || from.field == growing.front())
                 plan.wideColumn = static_cast<int>(i);
         }
-        if (from.field == u"HomeTelephoneNumber"_s)
+        if (from.gives)
             plan.givingColumn = static_cast<int>(i);
-        plan.samples.push_back(sampleOf(section.code, from.field, type));
+        plan.samples.push_back(sampleOf(from, type));
         plan.numbers.push_back(from.widthColumn);
         columns.push_back(std::move(column));
     }
@@ -328,7 +292,9 @@ bool CaddySections::readSubjects()
     GridPane &pane = m_c.subjects();
     const Selection &now = state().selection;
     const auto query = now.gSqlSection.find(now.gSection);
-    if (isReminder(now.gSection) || query == now.gSqlSection.end() || pane.data->DatabaseName().isEmpty())
+    const SectionDesign *section = shownSection();
+    const bool isReminder = section && section->kind == SectionKind::Reminder;
+    if (isReminder || query == now.gSqlSection.end() || pane.data->DatabaseName().isEmpty())
         return true;
     pane.data->setRecordSource(query->second);
     if (!read(pane))
@@ -351,8 +317,7 @@ void CaddySections::GetData()
 
 void CaddySections::RefreshData()
 {
-    static const QStringList skipped = {u"Y"_s, u"MV"_s, u"N"_s, u"H"_s, u"P"_s, u"L"_s, u"J"_s, u"All"_s};
-    if (skipped.contains(state().selection.gSection))
+    if (const SectionDesign *section = shownSection(); section && !section->refreshesReminders)
         return;
     if (state().period.gSqlAppointments.isEmpty())
         SetDayPeriod(u"Today"_s);
@@ -436,11 +401,11 @@ void CaddySections::SizeGrids()
 
 void CaddySections::markButton(const QString &tag)
 {
-    for (const CategoryButton &entry : categoryButtons())
-        m_c.rail->button(entry.index)->setChecked(!tag.isEmpty() && entry.tag == tag);
+    for (const SectionDesign *section : categoryButtons())
+        m_c.rail->button(section->button->index)->setChecked(!tag.isEmpty() && section->name == tag);
 }
 
-void CaddySections::allowPrinting(const Section &section)
+void CaddySections::allowPrinting(const SectionDesign &section)
 {
     const bool ready = state().gPrinterReady;
     const QStringList entries = printMenusOf(section);

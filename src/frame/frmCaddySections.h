@@ -29,14 +29,14 @@ public:
     void answer(const QString &name, std::function<void()> step) { m_answers[name] = std::move(step); }
 
 private:
-    void show(const Section &section);
-    void clearScreen(const Section &section);
-    void showReminders(const Section &section);
-    void showGrid(const Section &section);
-    void showAction(const Section &section);
+    void show(const SectionDesign &section);
+    void clearScreen(const SectionDesign &section);
+    void showReminders(const SectionDesign &section);
+    void showGrid(const SectionDesign &section);
+    void showAction(const SectionDesign &section);
     void openScreen(const QString &name);
-    void connectSubjects(const Section &section);
-    void showSubjectColumns(const Section &section);
+    void connectSubjects(const SectionDesign &section);
+    void showSubjectColumns(const SectionDesign &section);
     bool refresh(GridPane &pane);
     bool readReminders();
     bool readSubjects();
@@ -46,7 +46,7 @@ private:
     void showNotice();
     void allowPeriods(bool allow);
     void markButton(const QString &tag);
-    void allowPrinting(const Section &section);
+    void allowPrinting(const SectionDesign &section);
 
     CaddyControls &m_c;
     MainScreen &m_screen;

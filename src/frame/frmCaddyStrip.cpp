@@ -1,6 +1,7 @@
 #include "frame/frmCaddyStrip.h"
 
 #include "frame/frmCaddyInfo.h"
+#include "session/sectiondesign.h"
 #include "utilities/hints.h"
 
 #include <QAbstractButton>
@@ -52,9 +53,9 @@ void CaddyStrip::CheckForBackupFiles()
 
 void CaddyStrip::showMessages(MessageView view)
 {
-    if (state().selection.gSection != u"M"_s)
+    if (!isShown(SectionId::Messages))
         return;
-    state().selection.gSqlSection[u"M"_s] = messageQuery(view);
+    state().selection.gSqlSection[sectionDesign(SectionId::Messages).code] = messageQuery(view);
     m_screen.GetData();
 }
 

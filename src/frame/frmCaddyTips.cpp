@@ -12,8 +12,8 @@ namespace vorel {
 CaddyTips::CaddyTips(CaddyControls &c, std::function<void()> goBack)
     : m_c(c), m_goBack(std::move(goBack))
 {
-    for (const CategoryButton &entry : categoryButtons())
-        m_c.rail->button(entry.index)->installEventFilter(this);
+    for (const SectionDesign *section : categoryButtons())
+        m_c.rail->button(section->button->index)->installEventFilter(this);
     for (const auto &[name, button] : m_c.tools)
         button->installEventFilter(this);
 }
@@ -25,9 +25,9 @@ bool CaddyTips::eventFilter(QObject *watched, QEvent *event)
         m_goBack();
     } else if (event->type() == QEvent::Enter && state().settings.gTips) {
         ButtonTip tip = toolTip(watched->objectName());
-        for (const CategoryButton &entry : categoryButtons())
-            if (m_c.rail->button(entry.index) == watched)
-                tip = sectionTip(entry.index);
+        for (const SectionDesign *section : categoryButtons())
+            if (m_c.rail->button(section->button->index) == watched)
+                tip = section->button->tip;
         if (!tip.heading.isEmpty()) {
             m_c.picDetails->showTip(tip.heading, tip.lines);
             m_shown = true;

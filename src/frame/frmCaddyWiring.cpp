@@ -69,8 +69,8 @@ void frmCaddy::connectButtons()
     const auto click = [this](QAbstractButton *button, std::function<void()> step) {
         controls::on(button, &QAbstractButton::clicked, this, std::move(step));
     };
-    for (const CategoryButton &entry : categoryButtons())
-        click(c.rail->button(entry.index), [this, index = entry.index] { cmdCat_Click(index); });
+    for (const SectionDesign *section : categoryButtons())
+        click(c.rail->button(section->button->index), [this, index = section->button->index] { cmdCat_Click(index); });
     click(c.panNew, [this] { d->edit.panNew_Click(); });
     click(c.appointments().panEdit, [this] { d->edit.EditAppointment(); });
     click(c.bills().panEdit, [this] { d->edit.EditBill(); });

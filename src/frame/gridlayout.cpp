@@ -6,7 +6,7 @@
 #include "platform/basic/files.h"
 #include "platform/desktop/profile.h"
 #include "session/ini.h"
-#include "session/sections.h"
+#include "session/sectiondesign.h"
 
 #include <algorithm>
 #include <limits>
@@ -19,11 +19,6 @@ namespace vorel {
 namespace {
 
 constexpr double widest = std::numeric_limits<std::int16_t>::max();
-
-GridWord word(const QString &name, std::vector<int> widths)
-{
-    return {name, std::move(widths), name + u"ROWHEIGHT"_s};
-}
 
 QString widthKey(const QString &name, std::size_t column)
 {
@@ -115,62 +110,32 @@ void saveSizes(const GridLayout &layout)
 
 const std::vector<GridWord> &gridWords()
 {
-    static const std::vector<GridWord> words{
-        word(u"APPS"_s, {1500, 500, 1000, 1300, 550}),
-        word(u"BILLS"_s, {1500, 500, 3000, 1000, 700}),
-        word(u"EVENTS"_s, {1300, 510, 1600, 3300, 3000, 500, 510}),
-        word(u"SHOPPING"_s, {2000, 1500, 1000, 1000, 1000, 1000, 600}),
-        word(u"PHONE"_s, {2000, 2000, 1500, 1200, 1200, 1200, 1200}),
-        word(u"TODO"_s, {2000, 1000, 1000}),
-        word(u"BOOKS"_s, {2000, 600, 2500}),
-        word(u"MOVIES"_s, {2000, 600, 2500}),
-        word(u"MUSIC"_s, {2000, 2500}),
-        word(u"INVENTORY"_s, {2000, 2000, 2000}),
-        word(u"PROFILE"_s, {2000, 1000}),
-        word(u"MESSAGES"_s, {1100, 1200, 1200, 1500, 600}),
-        word(u"PASSWORDS"_s, {2000, 1500, 1500}),
-        word(u"JOURNAL"_s, {1400, 1500}),
-        word(u"BACKUP"_s, {2000, 1100, 1100, 600}),
-        word(u"NOTES"_s, {1400, 1500, 1500}),
-        word(u"HOWTO"_s, {2000, 1000, 1000}),
-        word(u"GARDEN"_s, {2000, 1000, 1000}),
-        word(u"RECIPE"_s, {2000, 1000, 1000}),
-        // The second column is written but never read: it opens at its default.
-        word(u"HEALTH"_s, {2000, 1000}),
-        word(u"SPORT"_s, {2000, 1000}),
-        word(u"VEHICLE"_s, {2000, 2000, 2000}),
-        {u"BUSINESS"_s, {2500, 1100, 1100, 1500}, u"BUSCATSROWHEIGHT"_s},
-        word(u"EMERGENCY"_s, {1400, 1400}),
-        {u"CHRISTMAS"_s, {1400, 1400}, u"CARDSROWHEIGHT"_s},
-        {u"PRIVATE"_s, {2000, 2000}, {}, false},
-    };
+    static const std::vector<GridWord> words = [] {
+        std::vector<GridWord> built;
+        for (const SectionDesign &section : sectionDesigns())
+            if (const auto &grid = section.grid)
+                built.push_back({grid->word, grid->widths, grid->rowHeightKey.isEmpty() ? grid->word + u"ROWHEIGHT"_s : grid->rowHeightKey,
+                                 grid->isKept});
+        return built;
+    }();
     return words;
 }
 
 const std::vector<GridColour> &gridColours()
 {
-    constexpr quint32 white = 0xFFFFFF;
-    static const std::vector<GridColour> colours{
-        // Rows of today stand out in the colour of their grid.
-        {u"AppointsGridColour"_s, u"APPS"_s, {u"APPOINTMENTS"_s, u"TODAY"_s}, 0xC0FFFF},
-        {u"BillsGridColour"_s, u"BILLS"_s, {u"BILLS"_s, u"TODAY"_s}, 0xC0FFFF},
-        {u"EventsGridColour"_s, u"EVENTS"_s, {u"EVENTS"_s, u"TODAY"_s}, 0xC0FFFF},
-        {u"ShoppingGridColour"_s, u"SHOPPING"_s, {u"SHOPPING"_s}, white},
-        {u"ToDoGridColour"_s, u"TODO"_s, {u"TODO"_s}, white},
-        {u"ContactsGridColour"_s, u"PHONE"_s, {u"PHONE"_s}, white},
-        {u"BooksGridColour"_s, u"BOOKS"_s, {u"BOOKS"_s}, white},
-        {u"MoviesGridColour"_s, u"MOVIES"_s, {u"MOVIES"_s}, white},
-        {u"MusicGridColour"_s, u"MUSIC"_s, {u"MUSIC"_s}, white},
-        {u"InventoryGridColour"_s, u"INVENTORY"_s, {u"INVENTORY"_s}, white},
-        {u"ProfileGridColour"_s, u"PROFILE"_s, {u"PROFILE"_s}, white},
-        {u"MessagesGridColour"_s, u"MESSAGES"_s, {u"MESSAGES"_s}, white},
-        {u"PasswordsGridColour"_s, u"PASSWORDS"_s, {u"PASSWORDS"_s}, white},
-        {u"JournalGridColour"_s, u"JOURNAL"_s, {u"JOURNAL"_s}, white},
-        {u"BackUpGridColour"_s, u"BACKUP"_s, {u"BACKUP"_s}, white},
-        {u"HealthGridColour"_s, u"HEALTH"_s, {u"HEALTH"_s}, white},
-        {u"SportGridColour"_s, u"SPORT"_s, {u"SPORT"_s}, white},
-        {u"VehicleGridColour"_s, u"VEHICLE"_s, {u"VEHICLE"_s}, white},
-    };
+    static const std::vector<GridColour> colours = [] {
+        std::vector<GridColour> built;
+        for (const SectionDesign &section : sectionDesigns()) {
+            if (!section.grid || !section.grid->colour)
+                continue;
+            const GridColourDesign &colour = *section.grid->colour;
+            QStringList styleSets{section.grid->styleSet};
+            if (colour.marksToday)
+                styleSets << u"TODAY"_s;
+            built.push_back({colour.key, section.grid->word, styleSets, colour.design});
+        }
+        return built;
+    }();
     return colours;
 }
 
@@ -277,16 +242,20 @@ void SaveGridSettings(const GridLayout &layout, std::int16_t subjectRowHeight)
 
 void UpdateRowHeight(GridLayout &layout, const RowHeights &heights)
 {
-    const QString &code = state().selection.gSection;
-    if (code == u"A" || code == u"All")
-        layout.setRowHeight(u"APPS"_s, heights.appointments);
-    if (code == u"B" || code == u"All")
-        layout.setRowHeight(u"BILLS"_s, heights.bills);
-    if (code == u"E" || code == u"All")
-        layout.setRowHeight(u"EVENTS"_s, heights.events);
-    const Section *section = sectionByCode(code);
-    if (section && section->kind == SectionKind::Grid)
-        layout.setRowHeight(section->layoutWord, heights.subject);
+    const SectionDesign *section = shownSection();
+    if (!section)
+        return;
+    if (section->list) {
+        layout.setRowHeight(section->grid->word, heights.subject);
+        return;
+    }
+    // The screens of two grids keep none.
+    const std::pair<SectionId, std::int16_t> reminders[] = {{SectionId::Appointments, heights.appointments},
+                                                            {SectionId::Bills, heights.bills},
+                                                            {SectionId::Events, heights.events}};
+    for (const auto &[id, height] : reminders)
+        if (section->id == id || section->id == SectionId::AllReminders)
+            layout.setRowHeight(sectionDesign(id).grid->word, height);
 }
 
 }

@@ -1,5 +1,7 @@
 #include "frame/menus.h"
 
+#include "session/sectiondesign.h"
+
 #include <algorithm>
 
 using namespace Qt::StringLiterals;
@@ -19,9 +21,9 @@ MenuEntry action(const QString &name, const QString &caption, const QString &par
     return {name, caption, parent, MenuCall::Action, name};
 }
 
-MenuEntry category(const QString &name, const QString &caption, const QString &parent, const QString &section)
+MenuEntry category(const QString &name, const QString &caption, const QString &parent, SectionId section)
 {
-    return {name, caption, parent, MenuCall::Category, section};
+    return {name, caption, parent, MenuCall::Category, sectionDesign(section).name};
 }
 
 MenuEntry period(const QString &name, const QString &caption, const QString &parent)
@@ -29,9 +31,10 @@ MenuEntry period(const QString &name, const QString &caption, const QString &par
     return {name, caption, parent, MenuCall::Period, name};
 }
 
-MenuEntry print(const QString &name, const QString &caption, const QString &code)
+MenuEntry print(SectionId id)
 {
-    return {name, caption, u"mnuPrint"_s, MenuCall::Print, code};
+    const SectionDesign &section = sectionDesign(id);
+    return {section.print->menu, section.print->caption, u"mnuPrint"_s, MenuCall::Print, section.code};
 }
 
 void addFileAndPrint(std::vector<MenuEntry> &table)
@@ -47,23 +50,23 @@ void addFileAndPrint(std::vector<MenuEntry> &table)
         action(u"mnuMessagesBoth"_s, u"&Both"_s, u"mnuMessages"_s),
         menu(u"mnuPrint"_s, u"&Print"_s),
         action(u"mnuFridgeCopy"_s, u"Desk/Fridge Copy"_s, u"mnuPrint"_s),
-        print(u"mnuPrintAppointments"_s, u"&Appointments"_s, u"A"_s),
-        print(u"mnuPrintBills"_s, u"&Bills"_s, u"B"_s),
-        print(u"mnuPrintEvents"_s, u"&Events"_s, u"E"_s),
-        print(u"mnuPrintFiles"_s, u"&File Backup"_s, u"F"_s),
-        print(u"mnuPrintToDo"_s, u"To &Do List"_s, u"G"_s),
-        print(u"mnuPrintPhone"_s, u"&Telephone Numbers"_s, u"P"_s),
-        print(u"mnuPrintPasswords"_s, u"Pass&words"_s, u"W"_s),
-        print(u"mnuPrintInventory"_s, u"&Inventory"_s, u"I"_s),
-        print(u"mnuPrintJournal"_s, u"&Journal"_s, u"J"_s),
-        print(u"mnuPrintBooks"_s, u"Boo&ks"_s, u"K"_s),
-        print(u"mnuPrintMusic"_s, u"M&usic"_s, u"U"_s),
-        print(u"mnuPrintMovies"_s, u"Mo&vies"_s, u"V"_s),
-        print(u"mnuPrintHowTo"_s, u"How T&o"_s, u"Y"_s),
-        print(u"mnuPrintXmasList"_s, u"&Christmas Card List"_s, u"C"_s),
-        print(u"mnuPrintEmergencyPhoneList"_s, u"Eme&rgency Phone Numbers"_s, u"X"_s),
-        print(u"mnuPrintNotes"_s, u"&Notes"_s, u"N"_s),
-        print(u"mnuPrintShoppingList"_s, u"&Shopping List"_s, u"H"_s),
+        print(SectionId::Appointments),
+        print(SectionId::Bills),
+        print(SectionId::Events),
+        print(SectionId::FileBackup),
+        print(SectionId::ToDo),
+        print(SectionId::Contacts),
+        print(SectionId::Passwords),
+        print(SectionId::Inventory),
+        print(SectionId::Journal),
+        print(SectionId::Books),
+        print(SectionId::Music),
+        print(SectionId::Movies),
+        print(SectionId::HowTo),
+        print(SectionId::ChristmasCards),
+        print(SectionId::EmergencyNumbers),
+        print(SectionId::Notes),
+        print(SectionId::Shopping),
         action(u"mnuPrintLabels"_s, u"&Labels"_s, u"mnuPrint"_s),
         action(u"mnuSetup"_s, u"&Setup"_s),
     });
@@ -73,20 +76,20 @@ void addDisplayAndView(std::vector<MenuEntry> &table)
 {
     table.insert(table.end(), {
         menu(u"mnuDisplay"_s, u"&Display"_s),
-        category(u"mnuDisplayA"_s, u"&Appointments"_s, u"mnuDisplay"_s, u"Appointments"_s),
-        category(u"mnuDisplayAB"_s, u"Appointments and B&ills"_s, u"mnuDisplay"_s, u"AB"_s),
-        category(u"mnuDisplayAE"_s, u"Appointments and E&vents"_s, u"mnuDisplay"_s, u"AE"_s),
-        category(u"mnuDisplayB"_s, u"&Bills"_s, u"mnuDisplay"_s, u"Bills"_s),
-        category(u"mnuDisplayBE"_s, u"Bi&lls and Events"_s, u"mnuDisplay"_s, u"BE"_s),
-        category(u"mnuDisplayE"_s, u"&Events"_s, u"mnuDisplay"_s, u"Events"_s),
+        category(u"mnuDisplayA"_s, u"&Appointments"_s, u"mnuDisplay"_s, SectionId::Appointments),
+        category(u"mnuDisplayAB"_s, u"Appointments and B&ills"_s, u"mnuDisplay"_s, SectionId::AppointmentsAndBills),
+        category(u"mnuDisplayAE"_s, u"Appointments and E&vents"_s, u"mnuDisplay"_s, SectionId::AppointmentsAndEvents),
+        category(u"mnuDisplayB"_s, u"&Bills"_s, u"mnuDisplay"_s, SectionId::Bills),
+        category(u"mnuDisplayBE"_s, u"Bi&lls and Events"_s, u"mnuDisplay"_s, SectionId::BillsAndEvents),
+        category(u"mnuDisplayE"_s, u"&Events"_s, u"mnuDisplay"_s, SectionId::Events),
         menu(u"mnuView"_s, u"&View"_s),
-        category(u"mnuCatNumbers"_s, u"&Business Phone Numbers"_s, u"mnuView"_s, u"Business"_s),
-        category(u"mnuXmasList"_s, u"&Christmas Card List"_s, u"mnuView"_s, u"Christmas Cards"_s),
-        category(u"mnuEmergencyPhone"_s, u"&Emergency Phone Numbers"_s, u"mnuView"_s, u"Emergency"_s),
-        category(u"mnuViewPrivateNums"_s, u"&Private Phone Numbers"_s, u"mnuView"_s, u"Private"_s),
-        category(u"mnuViewHowTo"_s, u"&How To"_s, u"mnuView"_s, u"HOW TO"_s),
-        category(u"mnuViewNotes"_s, u"&Notes"_s, u"mnuView"_s, u"Notes"_s),
-        category(u"mnuViewRecipes"_s, u"&Recipes"_s, u"mnuView"_s, u"RECIPES"_s),
+        category(u"mnuCatNumbers"_s, u"&Business Phone Numbers"_s, u"mnuView"_s, SectionId::BusinessNumbers),
+        category(u"mnuXmasList"_s, u"&Christmas Card List"_s, u"mnuView"_s, SectionId::ChristmasCards),
+        category(u"mnuEmergencyPhone"_s, u"&Emergency Phone Numbers"_s, u"mnuView"_s, SectionId::EmergencyNumbers),
+        category(u"mnuViewPrivateNums"_s, u"&Private Phone Numbers"_s, u"mnuView"_s, SectionId::PrivateNumbers),
+        category(u"mnuViewHowTo"_s, u"&How To"_s, u"mnuView"_s, SectionId::HowTo),
+        category(u"mnuViewNotes"_s, u"&Notes"_s, u"mnuView"_s, SectionId::Notes),
+        category(u"mnuViewRecipes"_s, u"&Recipes"_s, u"mnuView"_s, SectionId::Recipes),
         menu(u"mnuDisplayPeriod"_s, u"&Display Period"_s, u"mnuView"_s),
         period(u"mnuAll"_s, u"&All Records"_s, u"mnuDisplayPeriod"_s),
         menu(u"mnuDay"_s, u"&Day"_s, u"mnuDisplayPeriod"_s),
@@ -114,8 +117,8 @@ void addTools(std::vector<MenuEntry> &table)
         menu(u"mnuTools"_s, u"&Tools"_s),
         action(u"mnuTasksToOutlook"_s, u"&Tasks to Outlook"_s, u"mnuTools"_s),
         action(u"mnuInfoCard"_s, u"&Information Card"_s, u"mnuTools"_s),
-        category(u"mnuCalculator"_s, u"Ca&lculator"_s, u"mnuTools"_s, u"Calculator"_s),
-        category(u"mnuCalendar"_s, u"&Calendar"_s, u"mnuTools"_s, u"Calendar"_s),
+        category(u"mnuCalculator"_s, u"Ca&lculator"_s, u"mnuTools"_s, SectionId::Calculator),
+        category(u"mnuCalendar"_s, u"&Calendar"_s, u"mnuTools"_s, SectionId::Calendar),
         action(u"mnuInvoice"_s, u"I&nvoice"_s, u"mnuTools"_s),
         action(u"mnuMaintenance"_s, u"&Maintenance"_s, u"mnuTools"_s),
         action(u"mnuStickyNote"_s, u"&Sticky Note"_s, u"mnuTools"_s),
@@ -173,11 +176,8 @@ const std::vector<ToolbarButton> &toolbarTable()
 
 QString printCodeFor(const QString &sectionCode)
 {
-    for (const MenuEntry &entry : menuTable()) {
-        if (entry.call == MenuCall::Print && entry.argument == sectionCode)
-            return entry.argument;
-    }
-    return {};
+    const SectionDesign *section = sectionByCode(sectionCode);
+    return section && section->print ? sectionCode : QString();
 }
 
 }

@@ -4,66 +4,26 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/text.h"
-#include "session/sections.h"
-
-#include <algorithm>
+#include "session/sectiondesign.h"
 
 using namespace Qt::StringLiterals;
 
 namespace vorel {
 
 using basic::Value;
+using Kind = RowRule::Kind;
 
 namespace {
-
-enum class Rule {
-    EveryRow,       // the row in the style
-    Flag,           // the row in the style while `fields[0]` is set
-    Overdue,        // the row in the style when more days have gone by since `fields[0]` than the limit in the others says
-    Picture,        // the button column in the style while `fields[0]` is not blank
-    Numbers,        // the cell `fields[0]` lists the telephone numbers of the other fields, a line each
-    Joined,         // `fields[1]` is added to the cell `fields[0]`
-    Lines           // the cell `fields[0]` shows its lines without the empty ones and without a stray quote before a label
-};
-
-struct RowRule {
-    QString codes;          // blank-separated
-    Rule rule;
-    QString style;
-    QStringList fields;
-    QString label;          // Numbers: the letter before the colon
-};
-
-const std::vector<RowRule> &rules()
-{
-    static const std::vector<RowRule> table{
-        {u"C"_s, Rule::EveryRow, u"XMAS"_s, {}, {}},
-        {u"X"_s, Rule::EveryRow, u"WHITE"_s, {}, {}},
-        {u"C"_s, Rule::Lines, {}, {u"ADDRESS"_s}, {}},
-        {u"X"_s, Rule::Lines, {}, {u"PHONENUM"_s}, {}},
-        {u"D"_s, Rule::Numbers, {},
-         {u"' '"_s, u"BUSINESSTELEPHONENUMBER"_s, u"BUSINESS2TELEPHONENUMBER"_s, u"MOBILETELEPHONENUMBER"_s}, u"B"_s},
-        {u"T"_s, Rule::Numbers, {},
-         {u"' '"_s, u"HOMETELEPHONENUMBER"_s, u"HOME2TELEPHONENUMBER"_s, u"MOBILETELEPHONENUMBER"_s}, u"H"_s},
-        {u"F"_s, Rule::Overdue, u"REDALERT"_s, {u"LASTBACKUPDATE"_s, u"DAYS"_s, u"BACKUPAFTERDAYS"_s}, {}},
-        {u"G"_s, Rule::Flag, u"HILITE"_s, {u"ACTIONED"_s}, {}},
-        {u"H"_s, Rule::Flag, u"HILITE"_s, {u"PICK"_s}, {}},
-        {u"I K L MV O Q R U V Z P"_s, Rule::Picture, u"PICTURE"_s, {u"FILENAME"_s}, {}},
-        {u"P"_s, Rule::Flag, u"PURPLE"_s, {u"NEWIMPORT"_s}, {}},
-        {u"P"_s, Rule::Joined, {}, {u"SORTNAME"_s, u"CONTACT"_s}, {}},
-    };
-    return table;
-}
 
 // One row under the rules of its section.
 class RowReader {
 public:
-    RowReader(const Section &section, const std::function<Value(int)> &value) : m_section(section), m_value(value) {}
+    RowReader(const SectionDesign &section, const std::function<Value(int)> &value) : m_section(section), m_value(value) {}
 
     int columnOf(const QString &field) const
     {
-        for (std::size_t i = 0; i < m_section.columns.size(); ++i)
-            if (m_section.columns[i].field.compare(field, Qt::CaseInsensitive) == 0)
+        for (std::size_t i = 0; i < m_section.list->columns.size(); ++i)
+            if (m_section.list->columns[i].field.compare(field, Qt::CaseInsensitive) == 0)
                 return static_cast<int>(i);
         return -1;
     }
@@ -82,7 +42,7 @@ public:
     }
 
 private:
-    const Section &m_section;
+    const SectionDesign &m_section;
     const std::function<Value(int)> &m_value;
 };
 
@@ -127,40 +87,40 @@ QString plainLines(QString text)
     return lines.join(u"\r\n"_s);
 }
 
-int buttonColumn(const Section &section)
+int buttonColumn(const SectionDesign &section)
 {
-    for (std::size_t i = 0; i < section.columns.size(); ++i)
-        if (section.columns[i].role == SectionColumn::Role::Button)
+    for (std::size_t i = 0; i < section.list->columns.size(); ++i)
+        if (section.list->columns[i].role == SectionColumn::Role::Button)
             return static_cast<int>(i);
     return -1;
 }
 
-void apply(const RowRule &rule, const Section &section, const RowReader &row, RowLook &look)
+void apply(const RowRule &rule, const SectionDesign &section, const RowReader &row, RowLook &look)
 {
-    switch (rule.rule) {
-    case Rule::EveryRow:
+    switch (rule.kind) {
+    case Kind::EveryRow:
         look.style = rule.style;
         return;
-    case Rule::Flag:
+    case Kind::Flag:
         if (row.isSet(rule.fields[0]))
             look.style = rule.style;
         return;
-    case Rule::Overdue:
+    case Kind::Overdue:
         if (isOverdue(row, rule))
             look.style = rule.style;
         return;
-    case Rule::Picture:
+    case Kind::Picture:
         if (!row.text(rule.fields[0]).isEmpty())
             look.styles.push_back({buttonColumn(section), rule.style});
         return;
-    case Rule::Numbers:
+    case Kind::Numbers:
         look.texts.push_back({row.columnOf(rule.fields[0]), numberLines(row, rule)});
         return;
-    case Rule::Joined:
+    case Kind::Joined:
         if (const QString added = row.text(rule.fields[1]); !added.isEmpty())
             look.texts.push_back({row.columnOf(rule.fields[0]), row.value(rule.fields[0]).text() + u" ["_s + added + u']'});
         return;
-    case Rule::Lines:
+    case Kind::Lines:
         look.texts.push_back({row.columnOf(rule.fields[0]), plainLines(row.value(rule.fields[0]).text())});
         return;
     }
@@ -171,21 +131,13 @@ void apply(const RowRule &rule, const Section &section, const RowReader &row, Ro
 RowLook subjectRowLook(const QString &sectionCode, const std::function<Value(int)> &value)
 {
     RowLook look;
-    const Section *section = sectionByCode(sectionCode);
-    if (!section || section->kind != SectionKind::Grid)
+    const SectionDesign *section = sectionByCode(sectionCode);
+    if (!section || !section->list)
         return look;
     const RowReader row(*section, value);
-    for (const RowRule &rule : rules())
-        if (rule.codes.split(u' ').contains(sectionCode))
-            apply(rule, *section, row, look);
+    for (const RowRule &rule : section->list->rules)
+        apply(rule, *section, row, look);
     return look;
-}
-
-int linesOfRow(const QString &sectionCode)
-{
-    static const std::pair<QString, int> lines[] = {{u"X"_s, 4}, {u"C"_s, 3}, {u"D"_s, 3}, {u"T"_s, 3}};
-    const auto found = std::find_if(std::begin(lines), std::end(lines), [&](const auto &one) { return one.first == sectionCode; });
-    return found == std::end(lines) ? 1 : found->second;
 }
 
 }

@@ -22,7 +22,5 @@ struct RowLook {
 
 // value: the stored value of a column of the row.
 RowLook subjectRowLook(const QString &sectionCode, const std::function<basic::Value(int column)> &value);
-// How many lines a row of the section has to say; 1 where each cell is a single line.
-int linesOfRow(const QString &sectionCode);
 
 }

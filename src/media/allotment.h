@@ -1,14 +1,13 @@
 #pragma once
 
 #include "platform/basic/task.h"
+#include "session/sectiondesign.h"
 
 #include <QString>
 #include <optional>
 
 // What the one chooser is for, by the caption that its caller gave it.
 namespace vorel {
-
-enum class PathKind { Picture, Sound, Data, Backup };
 
 struct Allotment {
     QStringView caption;            // ends with a blank where a slot's number follows: "Contact Other Picture "

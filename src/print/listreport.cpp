@@ -1,7 +1,6 @@
 #include "print/listreport.h"
 
 #include "platform/basic/clock.h"
-#include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
@@ -13,27 +12,6 @@ namespace vorel {
 
 using basic::Value;
 using namespace Qt::StringLiterals;
-
-ListColumn::Cell fieldText(const QString &field)
-{
-    return [field](const dao::Recordset &rows) { return rows.Get(field).text(); };
-}
-
-ListColumn::Cell fieldFormat(const QString &field, const QString &format)
-{
-    return [field, format](const dao::Recordset &rows) {
-        const Value value = rows.Get(field);
-        return value.isNull() ? QString() : basic::Format(value, format);
-    };
-}
-
-std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &field)
-{
-    return [field](const dao::Recordset &rows) {
-        const Value value = rows.Get(field);
-        return value.isNull() ? basic::Currency() : basic::CCur(value);
-    };
-}
 
 void printList(const ListReport &report)
 {

@@ -1,54 +1,9 @@
 #pragma once
 
-#include "platform/dao/dao.h"
-#include "session/state.h"
+#include "session/reportdesign.h"
 
-#include <functional>
-#include <vector>
-
-// A list report as a row of a table, and the one engine that prints it. Internal to this folder.
+// The one engine that prints the list reports. Internal to this folder.
 namespace vorel {
-
-struct ListColumn {
-    using Cell = std::function<QString(const dao::Recordset &)>;
-    QString heading{};
-    Cell cell{};
-    double percent = 0;             // of the page's width: where it stands
-    int cut = 0;                    // characters that are shown; 0: all
-    int wrap = 0;                   // characters of a line; 0: as many as the column has room for
-    QString alignment{QStringLiteral("L")};
-    double bodyPercent = 0;         // where its cells stand, if elsewhere
-    double roomPercent = 0;         // up to where it may reach; 0: to the next column
-};
-
-enum class ListHead {
-    Line,                           // one line with the title, for a table
-    Block,                          // the centred block of ReportHeading
-};
-
-struct ListReport {
-    QString titleWord{};            // " as at " in it where the date follows
-    bool isDated = true;
-    DataFile file = DataFile::Main;
-    QString query{};
-    int orientation = 1;
-    double size = 8;                // points of the rows; 0: as the heading leaves it
-    int rowLimit = 27;              // records to a page
-    bool heightTest = true;         // a page is full at 0.9 of its height, too
-    std::vector<ListColumn> columns{};
-    ListHead head = ListHead::Line;
-    bool isTable = true;            // false: each record is a block of labels and texts (columns: heading over text)
-    QString countWord{QStringLiteral("NUMBER OF RECORDS LISTED:")};
-    std::function<basic::Currency(const dao::Recordset &)> total = {};  // what is summed; shown in the column totalColumn
-    int totalColumn = -1;
-    QString totalFormat = {};
-    bool hideEmail = false;         // the preview offers no mail
-    QString noRows{QStringLiteral("No Records Applicable for this Report")};
-};
-
-ListColumn::Cell fieldText(const QString &field);
-std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &field);      // Null counts as nothing
-ListColumn::Cell fieldFormat(const QString &field, const QString &format);      // Null shows as nothing
 
 // Opens the file and the query, and prints; the message where there are no rows.
 void printList(const ListReport &report);

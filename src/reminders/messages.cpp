@@ -4,7 +4,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
-#include "session/sections.h"
+#include "session/sectiondesign.h"
 #include "session/shared.h"
 #include "session/state.h"
 
@@ -61,7 +61,7 @@ QString infoLine(const QString &hint)
 
 QString messageQuery(MessageView view)
 {
-    const QString own = sectionByCode(u"M"_s)->query;
+    const QString own = sectionDesign(SectionId::Messages).list->query;
     if (view == MessageView::Both)
         return own;
     const QString field = view == MessageView::Sent ? u"FROM"_s : u"TO"_s;

@@ -1,15 +1,36 @@
 list(APPEND VOREL_ROUTINES
-  session/categories.cpp
   session/changes.cpp
   session/datafiles.cpp
   session/datetexts.cpp
   session/ini.cpp
-  session/sections.cpp
   session/recordtree.cpp
+  session/reportdesign.cpp
+  session/sectiondesign.cpp
+  session/sections.cpp
+  session/sections/appointments.cpp
+  session/sections/bills.cpp
   session/sections/books.cpp
   session/sections/collections.cpp
+  session/sections/combined.cpp
+  session/sections/contacts.cpp
+  session/sections/events.cpp
+  session/sections/filebackup.cpp
+  session/sections/gardening.cpp
+  session/sections/golf.cpp
+  session/sections/health.cpp
+  session/sections/howto.cpp
   session/sections/inventory.cpp
+  session/sections/journal.cpp
+  session/sections/messages.cpp
   session/sections/movies.cpp
   session/sections/music.cpp
+  session/sections/notes.cpp
+  session/sections/passwords.cpp
+  session/sections/profile.cpp
+  session/sections/recipes.cpp
+  session/sections/screens.cpp
+  session/sections/shopping.cpp
+  session/sections/todo.cpp
+  session/sections/vehicle.cpp
   session/shared.cpp
   session/state.cpp)

@@ -1,6 +1,7 @@
 #include "utilities/infopages.h"
 
 #include "platform/desktop/desktop.h"
+#include "session/sectiondesign.h"
 #include "utilities/hints.h"
 
 #include <algorithm>
@@ -15,41 +16,42 @@ struct Page {
     QStringView code, file, title;
     QStringView feature;                // that it describes; "" where the program has all of it
 };
+// The file of a section's page is named by its design.
 constexpr Page pages[] = {
-    {u"A", u"\\INFOAPPOINTS.RTF", u"Appointments", {}},
-    {u"B", u"\\INFOBILLS.RTF", u"Bills", {}},
-    {u"E", u"\\INFOEVENTS.RTF", u"Events", {}},
-    {u"EX", u"\\INFOBILLENTER.RTF", u"Expenses", u"accounts"},
+    {u"A", {}, u"Appointments", {}},
+    {u"B", {}, u"Bills", {}},
+    {u"E", {}, u"Events", {}},
+    {u"EX", {}, u"Expenses", u"accounts"},
     {infoPayBill, u"\\INFOBILLPAY.RTF", u"Paying bills", u"accounts"},
-    {u"IN", u"\\INFOINCOME.RTF", u"Income", u"accounts"},
-    {u"F", u"\\INFOBACKUP.RTF", u"File Backup", u"backup"},
-    {u"G", u"\\INFOTODO.RTF", u"To Do", {}},
-    {u"H", u"\\INFOSHOPPING.RTF", u"Shopping", {}},
-    {u"I", u"\\INFOASSET.RTF", u"Inventory", {}},
-    {u"J", u"\\INFOJOURNAL.RTF", u"Journal", u"admin"},
-    {u"K", u"\\INFOBOOKS.RTF", u"Books", {}},
-    {u"L", u"\\INFOPROFILE.RTF", u"Profile", u"profile"},
-    {u"M", u"\\INFOMESSAGES.RTF", u"Messages", {}},
-    {u"N", u"\\INFONOTES.RTF", u"Notes", u"notes"},
-    {u"O", u"\\INFOHEALTH.RTF", u"Health", u"health"},
-    {u"P", u"\\INFOCONTACTS.RTF", u"Contacts", u"contacts"},
-    {u"Q", u"\\INFOSPORT.RTF", u"Golf", u"sport"},
-    {u"R", u"\\INFORECIPE.RTF", u"Recipes", u"recipes"},
-    {u"U", u"\\INFOMUSIC.RTF", u"Music", {}},
-    {u"V", u"\\INFOMOVIES.RTF", u"Movies", {}},
-    {u"W", u"\\INFOPASSWORDS.RTF", u"Passwords", u"admin"},
-    {u"Y", u"\\INFOHOWTO.RTF", u"How To", u"howto"},
-    {u"Z", u"\\INFOGARDEN.RTF", u"Gardening", u"garden"},
-    {u"MV", u"\\INFOVEHICLE.RTF", u"Vehicle", u"vehicle"},
+    {u"IN", {}, u"Income", u"accounts"},
+    {u"F", {}, u"File Backup", u"backup"},
+    {u"G", {}, u"To Do", {}},
+    {u"H", {}, u"Shopping", {}},
+    {u"I", {}, u"Inventory", {}},
+    {u"J", {}, u"Journal", u"admin"},
+    {u"K", {}, u"Books", {}},
+    {u"L", {}, u"Profile", u"profile"},
+    {u"M", {}, u"Messages", {}},
+    {u"N", {}, u"Notes", u"notes"},
+    {u"O", {}, u"Health", u"health"},
+    {u"P", {}, u"Contacts", u"contacts"},
+    {u"Q", {}, u"Golf", u"sport"},
+    {u"R", {}, u"Recipes", u"recipes"},
+    {u"U", {}, u"Music", {}},
+    {u"V", {}, u"Movies", {}},
+    {u"W", {}, u"Passwords", u"admin"},
+    {u"Y", {}, u"How To", u"howto"},
+    {u"Z", {}, u"Gardening", u"garden"},
+    {u"MV", {}, u"Vehicle", u"vehicle"},
     {infoAccountsSetup, u"\\INFOACCOUNTSSETUP.RTF", u"Accounts setup", u"accounts"},
     {infoInvoice, u"\\INFOINVOICE.RTF", u"Invoices", u"accounts"},
     {infoFilePath, u"\\INFOFILEPATH.RTF", u"Pictures and file paths", {}},
     {infoCalculator, u"\\INFOCALCULATOR.RTF", u"Calculator", {}},
     // The lists over the contacts.
-    {u"T", u"\\INFOCONTACTS.RTF", u"Contacts", u"contacts"},
-    {u"D", u"\\INFOCONTACTS.RTF", u"Contacts", u"contacts"},
-    {u"X", u"\\INFOCONTACTS.RTF", u"Contacts", u"contacts"},
-    {u"C", u"\\INFOCONTACTS.RTF", u"Contacts", u"contacts"},
+    {u"T", {}, u"Contacts", u"contacts"},
+    {u"D", {}, u"Contacts", u"contacts"},
+    {u"X", {}, u"Contacts", u"contacts"},
+    {u"C", {}, u"Contacts", u"contacts"},
 };
 constexpr Page general{infoAll, u"\\INFOALL.RTF", u"Getting started", {}};
 
@@ -63,7 +65,8 @@ const Page &pageOf(QStringView code)
 
 QString infoPageFile(QStringView code)
 {
-    return pageOf(code).file.toString();
+    const SectionDesign *section = sectionByCode(code);
+    return section && !section->helpPage.isEmpty() ? section->helpPage : pageOf(code).file.toString();
 }
 
 QString infoPageTitle(QStringView code)

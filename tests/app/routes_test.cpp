@@ -1,6 +1,4 @@
 #include "app/caddyscreen.h"
-#include "frame/frmCaddyScreens.h"
-#include "session/sections.h"
 #include "records/frmInventory.h"
 
 #include <QHelpEvent>
@@ -25,23 +23,6 @@ protected:
         QTest::mouseClick(grid->horizontalHeader()->viewport(), Qt::LeftButton, {}, head(grid, column));
     }
 };
-
-TEST_F(Routes, EveryCodeHasItsScreen)
-{
-    for (const Section &section : sectionTable()) {
-        const RecordScreen *screen = recordScreen(section.code);
-        const bool ownGrid = section.code == u"G" || section.code == u"H";         // edited in its cells
-        EXPECT_EQ(section.kind == SectionKind::Grid && !ownGrid, screen != nullptr) << qPrintable(section.name);
-        // The five lists of contacts have one screen, notes and the journal another.
-        const bool contacts = QStringList{u"P"_s, u"D"_s, u"T"_s, u"C"_s, u"X"_s}.contains(section.code);
-        if (screen) {
-            EXPECT_EQ(contacts, screen->name == u"frmContacts") << qPrintable(section.name);
-            EXPECT_EQ(contacts ? u"P"_s : section.code, screen->recordCode);
-        }
-    }
-    EXPECT_EQ(recordScreen(u"N"_s)->name, recordScreen(u"J"_s)->name);
-    EXPECT_FALSE(recordScreen(u""_s));
-}
 
 TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
 {

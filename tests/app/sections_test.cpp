@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "frame/frmCaddyScreens.h"
 #include "session/sections.h"
 #include "store/designs.h"
 
@@ -55,19 +56,39 @@ TEST_F(Sections, EachNameShowsItsGridsAndMarksItsButton)
 TEST_F(Sections, EveryButtonOpensOrSaysLater)
 {
     start();
-    for (const CategoryButton &entry : categoryButtons()) {
-        auto *button = at<QAbstractButton>(u"cmdCat(%1)"_s.arg(entry.index));
-        EXPECT_EQ(button->text(), entry.caption);
-        EXPECT_EQ(button->toolTip(), entry.toolTip);
-        EXPECT_TRUE(button->isEnabled()) << entry.index;
-        const bool later = entry.index >= 23;
+    for (const SectionDesign *section : categoryButtons()) {
+        const int index = section->button->index;
+        auto *button = at<QAbstractButton>(u"cmdCat(%1)"_s.arg(index));
+        EXPECT_TRUE(button->isEnabled()) << index;
+        const bool later = index >= 23;
         const QString before = state().selection.gLastCategory;
         if (later)
-            m_prompts.expect(entry.tag, basic::Answer::Ok);
+            m_prompts.expect(section->name, basic::Answer::Ok);
         button->click();
-        EXPECT_EQ(state().selection.gLastCategory, later ? before : entry.tag);
+        EXPECT_EQ(state().selection.gLastCategory, later ? before : section->name);
         EXPECT_EQ(sectionByCode(state().selection.gSection)->name, state().selection.gLastCategory);
         EXPECT_TRUE(m_prompts.isDone());
+    }
+}
+
+TEST_F(Sections, EveryControlThatADesignNamesIsThere)
+{
+    start();
+    QStringList screens;
+    for (const RecordScreen &screen : recordScreens())
+        screens << screen.name;
+    const auto exists = [this](const QString &name) {
+        return screen().findChild<QObject *>(name) || c().actions.contains(name) || c().menus.contains(name);
+    };
+    for (const SectionDesign &section : sectionDesigns()) {
+        QStringList names = section.feature ? section.feature->controls : QStringList();
+        if (section.print)
+            names << section.print->menu;
+        for (const QString &name : names)
+            EXPECT_TRUE(exists(name)) << qPrintable(section.name + u' ' + name);
+        if (section.screen && section.screen->record) {
+            EXPECT_TRUE(screens.contains(section.screen->name)) << qPrintable(section.name);
+        }
     }
 }
 

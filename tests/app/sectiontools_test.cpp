@@ -87,8 +87,8 @@ TEST_F(SectionTools, GuardedSectionsStayClosedWithoutThePassword)
         right = false;
         button->click();
         EXPECT_EQ(state().selection.gSection, u"B"_s);
-        for (const CategoryButton &entry : categoryButtons())
-            EXPECT_FALSE(at<QAbstractButton>(u"cmdCat(%1)"_s.arg(entry.index))->isChecked());
+        for (const SectionDesign *section : categoryButtons())
+            EXPECT_FALSE(at<QAbstractButton>(u"cmdCat(%1)"_s.arg(section->button->index))->isChecked());
         right = true;
         button->click();
         EXPECT_EQ(state().selection.gSection, index == 4 ? u"W"_s : u"J"_s);

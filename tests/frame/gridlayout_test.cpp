@@ -1,7 +1,6 @@
 #include "frame/framefixture.h"
 #include "frame/gridlayout.h"
 #include "session/ini.h"
-#include "session/sections.h"
 
 using namespace Qt::StringLiterals;
 
@@ -128,18 +127,6 @@ TEST_F(GridLayoutTest, rowHeightsGoToTheSectionOnShow)
         for (const GridWord &row : gridWords()) {
             const auto found = c.changed.find(row.word);
             EXPECT_EQ(layout.rowHeight(row.word), found == c.changed.end() ? 270 : found->second) << row.word;
-        }
-    }
-}
-
-TEST_F(GridLayoutTest, everySectionHasItsWidths)
-{
-    const GridLayout layout;
-    for (const Section &section : sectionTable()) {
-        for (const SectionColumn &column : section.columns) {
-            if (column.widthColumn > 0) {
-                EXPECT_GT(layout.width(section.layoutWord, column.widthColumn), 0) << section.name << column.title;
-            }
         }
     }
 }

@@ -1,6 +1,6 @@
 #include "frame/framefixture.h"
 #include "frame/rowrules.h"
-#include "session/sections.h"
+#include "session/sectiondesign.h"
 
 #include <map>
 
@@ -15,9 +15,9 @@ protected:
     // The look of a row of the section with these fields; all others are Null.
     static RowLook look(const QString &code, const std::map<QString, Value> &fields)
     {
-        const Section *section = sectionByCode(code);
+        const SectionDesign *section = sectionByCode(code);
         return subjectRowLook(code, [&](int column) {
-            const auto found = fields.find(section->columns[static_cast<std::size_t>(column)].field.toUpper());
+            const auto found = fields.find(section->list->columns[static_cast<std::size_t>(column)].field.toUpper());
             return found == fields.end() ? Value() : found->second;
         });
     }
@@ -52,10 +52,12 @@ TEST_F(RowRulesTest, styleOfTheRow)
 
 TEST_F(RowRulesTest, pictureOnTheButtonOfEachSectionThatHasOne)
 {
-    for (const Section &section : sectionTable()) {
+    for (const SectionDesign &section : sectionDesigns()) {
+        if (!section.list)
+            continue;
         int button = -1;
-        for (std::size_t i = 0; i < section.columns.size(); ++i)
-            if (section.columns[i].role == SectionColumn::Role::Button)
+        for (std::size_t i = 0; i < section.list->columns.size(); ++i)
+            if (section.list->columns[i].role == SectionColumn::Role::Button)
                 button = static_cast<int>(i);
         const auto with = look(section.code, {{u"FILENAME"_s, Value(u"a.jpg"_s)}});
         const auto blank = look(section.code, {{u"FILENAME"_s, Value(u"  "_s)}});

@@ -1,7 +1,5 @@
-#include "frame/buttontips.h"
 #include "frame/framefixture.h"
 #include "frame/rowtips.h"
-#include "session/sections.h"
 
 using namespace Qt::StringLiterals;
 
@@ -71,16 +69,6 @@ TEST_F(RowTipsTest, longTextsAreFoldedAndLockedRowsSayNothing)
     for (const QString &line : lines)
         EXPECT_LE(line.size(), 76) << line;
     EXPECT_EQ(tip(u"N"_s, 2), QString());
-}
-
-TEST_F(RowTipsTest, everyButtonHasItsTip)
-{
-    for (const CategoryButton &entry : categoryButtons()) {
-        const ButtonTip tip = sectionTip(entry.index);
-        EXPECT_FALSE(tip.heading.isEmpty() || tip.lines.isEmpty()) << entry.index;
-    }
-    EXPECT_TRUE(sectionTip(25).heading.isEmpty());
-    EXPECT_TRUE(toolTip(u"cmdColor"_s).heading.isEmpty());
 }
 
 }

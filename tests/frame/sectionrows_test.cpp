@@ -1,4 +1,4 @@
-#include "session/sections.h"
+#include "session/sectiondesign.h"
 #include "store/mainfile.h"
 
 namespace vorel {
@@ -18,7 +18,7 @@ protected:
     {
         execute(u"INSERT INTO [CONTACTS] ([SORTNAME],[LASTNAME],%1) VALUES ('%2','%2',%3);"_s.arg(fields, name, values));
     }
-    QStringList list(const QString &code) { return rows(sectionByCode(code)->query); }
+    QStringList list(const QString &code) { return rows(sectionByCode(code)->list->query); }
 };
 
 TEST_F(SectionRowsTest, whoIsInWhichList)

@@ -2,9 +2,6 @@
 #include "frame/menus.h"
 #include "frame/periods.h"
 #include "session/sections.h"
-#include "session/datafiles.h"
-#include "store/mainfile.h"
-#include "session/datafiles.h"
 
 #include <algorithm>
 #include <set>
@@ -14,62 +11,6 @@ using namespace Qt::StringLiterals;
 namespace vorel {
 
 using SectionsTest = test::FrameTest;
-
-TEST_F(SectionsTest, everyQueryRunsInItsFile)
-{
-    test::putEmptyFiles(folder.path());
-    for (const DataFileEntry &entry : dataFiles())
-        state().path(entry.file) = folder.path(entry.defaultName.mid(1));
-    for (const Section &section : sectionTable()) {
-        SCOPED_TRACE(section.name.toStdString());
-        EXPECT_EQ(sectionByName(section.name.toUpper()), &section);
-        if (section.kind != SectionKind::Grid)
-            continue;
-        EXPECT_EQ(sectionByCode(section.code), &section);
-        const dao::Recordset rows = openDataFile(section.file).OpenRecordset(section.query, dao::dbOpenSnapshot);
-        EXPECT_EQ(rows.Fields().size(), section.columns.size());
-    }
-    EXPECT_EQ(sectionByName(u"Nothing"_s), nullptr);
-    EXPECT_EQ(sectionByCode({}), nullptr);
-}
-
-TEST_F(SectionsTest, sectionsThatAreActions)
-{
-    for (const auto &[name, code] : {std::pair{u"Calculator"_s, QString()}, {u"Calendar"_s, QString()},
-                                     {u"Expenses"_s, u"EX"_s}, {u"Income"_s, u"IN"_s}, {u"Help"_s, QString()}}) {
-        const Section *section = sectionByName(name);
-        ASSERT_NE(section, nullptr) << name;
-        EXPECT_EQ(section->kind, SectionKind::Action);
-        EXPECT_EQ(section->code, code);
-    }
-}
-
-TEST_F(SectionsTest, columnsMatchTheirQueries)
-{
-    for (const Section &section : sectionTable()) {
-        if (section.kind != SectionKind::Grid)
-            continue;
-        SCOPED_TRACE(section.name.toStdString());
-        EXPECT_EQ(section.columns.front().field, u"ID"_s);
-        EXPECT_EQ(section.columns.front().role, SectionColumn::Role::Hidden);
-        QStringList shown;
-        int widths = 0;
-        int buttons = 0;
-        for (const SectionColumn &column : section.columns) {
-            buttons += column.role == SectionColumn::Role::Button;
-            if (column.role != SectionColumn::Role::Shown)
-                continue;
-            shown << column.title;
-            EXPECT_EQ(column.widthColumn, ++widths);
-        }
-        EXPECT_EQ(buttons, section.query.contains(u"' ' as PBUT"_s) ? 1 : 0);
-        for (const QString &title : section.columnTitles) {
-            if (!title.isEmpty() && title != u"ID") {
-                EXPECT_TRUE(shown.contains(title)) << title;
-            }
-        }
-    }
-}
 
 TEST_F(SectionsTest, nameOfTheSectionOnShow)
 {
@@ -86,26 +27,23 @@ TEST_F(SectionsTest, nameOfTheSectionOnShow)
         EXPECT_EQ(sectionByName(code), nullptr);
 }
 
-TEST_F(SectionsTest, everyButtonOpensASectionAndFollowsItsSwitch)
+TEST_F(SectionsTest, everyButtonHasItsPlaceAndFollowsItsSwitch)
 {
     ASSERT_EQ(categoryButtons().size(), 25u);
+    std::set<std::pair<RailGroup, int>> places;
     int index = 0;
-    for (const CategoryButton &button : categoryButtons()) {
-        SCOPED_TRACE(button.tag.toStdString());
-        EXPECT_EQ(button.index, index++);
-        const auto feature = std::find_if(featureTable().begin(), featureTable().end(),
-                                          [&](const FeatureEntry &f) { return f.key == button.feature; });
-        if (button.index == 3) {
-            EXPECT_EQ(button.feature, QString());
+    for (const SectionDesign *section : categoryButtons()) {
+        SCOPED_TRACE(section->name.toStdString());
+        EXPECT_EQ(section->button->index, index++);
+        EXPECT_TRUE(places.emplace(section->button->group, section->button->place).second);
+        EXPECT_FALSE(section->button->tip.heading.isEmpty() || section->button->tip.lines.isEmpty());
+        if (section->id == SectionId::AllReminders)
             continue;
-        }
-        ASSERT_NE(feature, featureTable().end());
-        const QString control = u"cmdCat(%1)"_s.arg(button.index);
-        EXPECT_TRUE(feature->category == button.index || feature->controls.contains(control));
+        const QString control = u"cmdCat(%1)"_s.arg(section->button->index);
+        EXPECT_TRUE(std::any_of(featureTable().begin(), featureTable().end(), [&](const FeatureEntry &entry) {
+            return entry.category == section->button->index || entry.controls.contains(control);
+        }));
     }
-    EXPECT_EQ(categoryButtons()[5].caption, u"File Backup "_s);
-    EXPECT_EQ(categoryButtons()[4].toolTip, u" Passwords  "_s);
-    EXPECT_EQ(categoryButtons()[19].caption, u" Profile   "_s);
 }
 
 TEST_F(SectionsTest, menuTreeIsWhole)
@@ -131,10 +69,10 @@ TEST_F(SectionsTest, menuTreeIsWhole)
         ASSERT_NE(entry, nullptr) << QStringView(period.menu).toString();
         EXPECT_EQ(entry->call, MenuCall::Period);
     }
-    for (const Section &section : sectionTable()) {
+    for (const SectionDesign &section : sectionDesigns()) {
         for (const QString &name : printMenusOf(section)) {
             ASSERT_NE(menuEntry(name), nullptr) << name;
-            if (section.kind == SectionKind::Grid) {
+            if (section.print) {
                 EXPECT_EQ(menuEntry(name)->argument, section.code);
             }
         }
@@ -181,10 +119,6 @@ TEST_F(SectionsTest, toolbarRunsTheMenus)
         ASSERT_NE(found, toolbarTable().end()) << QStringView(period.toolbarKey).toString();
         EXPECT_EQ(found->menu, QStringView(period.menu).toString());
     }
-    for (const QString &code : u"A B E F G P W I J K U V Y C X N H"_s.split(u' '))
-        EXPECT_EQ(printCodeFor(code), code);
-    for (const QString &code : u"All M MV O Q R L Z T D"_s.split(u' '))
-        EXPECT_EQ(printCodeFor(code), QString()) << code;
 }
 
 }

@@ -1,4 +1,5 @@
 #include "session/sections/collections.h"
+#include "session/sections/parts.h"
 
 namespace vorel::records {
 
@@ -90,6 +91,50 @@ const RecordDesign &inventoryRecord()
                  {u"DISPOSED TO"_s, u"txtDisposedTo"_s}, {u"NOTES"_s, u"txtComments"_s}},
     };
     return design;
+}
+
+}
+
+namespace vorel::sections {
+
+SectionDesign inventory()
+{
+    ListColumn purchasedFrom = column(u"PURCHASED FROM"_s, u"PURCHASEDFROM"_s, 57, 30);
+    purchasedFrom.roomPercent = 69;
+    return {
+        .id = SectionId::Inventory,
+        .name = u"Inventory"_s,
+        .code = u"I"_s,
+        .list = ListDesign{
+            .title = u"INVENTORY"_s,
+            .query = u"SELECT [ID],[Item],[SerialNum],[Location],' ' as PBUT,[FILENAME] FROM [Inventory] ORDER BY [Item]"_s,
+            .columns = {hidden(u"ID"_s), shown(u"Item"_s, u"ITEM"_s), shown(u"SerialNum"_s, u"SERIAL #"_s),
+                        shown(u"Location"_s, u"LOCATION"_s), button(), hidden(u"FILENAME"_s)},
+            .rules = {pictureRule()}},
+        .grid = GridDesign{.word = u"INVENTORY"_s, .widths = {2000, 2000, 2000}, .styleSet = u"INVENTORY"_s,
+                           .colour = GridColourDesign{u"InventoryGridColour"_s}, .empty = u"No items yet.\nPress New to enter the first one."_s},
+        .button = ButtonDesign{12, u"Inventory "_s, u" Asset Inventory "_s, u"box"_s, RailGroup::Household, 0,
+                               {u"INVENTORY"_s,
+                                {u" Record what you own, what it cost, where it is and how it is insured."_s,
+                                 u" A picture of each item helps if you ever have to make a claim."_s}}},
+        .feature = FeatureDesign{u"Inventory"_s, {u"mnuPrintInventory"_s}},
+        .print = PrintDesign{u"mnuPrintInventory"_s, u"&Inventory"_s,
+            {.titleWord = u"INVENTORY as at "_s, .query = u"Select * from [Inventory] order by [Item]"_s, .orientation = 2,
+             .columns = {column(u"ITEM"_s, 1, 36), column(u"SERIAL#"_s, u"SERIALNUM"_s, 26), column(u"LOCATION"_s, 37, 30),
+                         column(u"DATE PURCHASED"_s, u"DATEPURCHASED"_s, 48), purchasedFrom,
+                         rightAligned(u"COST"_s, fieldFormat(u"COST"_s, u"currency"_s), 76),
+                         column(u"DATE DISPOSED"_s, u"DATEDISPOSED"_s, 78), column(u"DISPOSED TO"_s, u"DISPOSEDTO"_s, 87, 30)}}},
+        .rowTip = RowTipDesign{u"INVENTORY"_s,
+                               {text(u" ITEM:"_s, u"ITEM"_s), text(u" MAKE:"_s, u"MAKE"_s), text(u" MODEL:"_s, u"MODEL"_s),
+                                text(u" SERIAL #:"_s, u"SERIALNUM"_s), text(u" LOCATION:"_s, u"LOCATION"_s),
+                                text(u" CATEGORY:"_s, u"CATEGORY"_s), date(u" PURCHASED:"_s, u"DATEPURCHASED"_s),
+                                text(u" FROM:"_s, u"PURCHASEDFROM"_s), money(u" COST:"_s, u"COST"_s),
+                                date(u" WARRANTY UNTIL:"_s, u"WARRANTYEXPIRYDATE"_s), text(u" ON LOAN TO:"_s, u"ONLOAN"_s),
+                                text(u" NOTES:"_s, u"NOTES"_s)}},
+        .screen = RecordScreenDesign{.name = u"frmInventory"_s, .record = records::inventoryRecord},
+        .pictures = PicturesDesign{u"AssetPictures"_s, {{u"Asset Picture"_s}}},
+        .helpPage = u"\\INFOASSET.RTF"_s,
+    };
 }
 
 }

@@ -1,4 +1,5 @@
 #include "session/sections/collections.h"
+#include "session/sections/parts.h"
 
 namespace vorel::records {
 
@@ -35,6 +36,44 @@ const RecordDesign &moviesRecord()
                  {u"DIRECTOR"_s, u"txtDirector"_s}, {u"PRODUCER"_s, u"txtProducer"_s}, {u"REVIEW"_s, u"txtComments"_s, false}},
     };
     return design;
+}
+
+}
+
+namespace vorel::sections {
+
+SectionDesign movies()
+{
+    return {
+        .id = SectionId::Movies,
+        .name = u"Movies"_s,
+        .code = u"V"_s,
+        .file = DataFile::Movies,
+        .list = ListDesign{
+            .title = u"MOVIES"_s,
+            .query = u"SELECT [ID],[Title],[Seen],[Stars],' ' as PBUT,[FILENAME] FROM [Movies] ORDER BY [Title]"_s,
+            .columns = {hidden(u"ID"_s), shown(u"Title"_s, u"TITLE"_s), shown(u"Seen"_s, u"SEEN"_s), shown(u"Stars"_s, u"STARS"_s),
+                        button(), hidden(u"FILENAME"_s)},
+            .rules = {pictureRule()}},
+        .grid = GridDesign{.word = u"MOVIES"_s, .widths = {2000, 600, 2500}, .styleSet = u"MOVIES"_s,
+                           .colour = GridColourDesign{u"MoviesGridColour"_s}, .empty = u"No movies yet.\nPress New to enter the first one."_s},
+        .button = ButtonDesign{10, u" Movies "_s, u" Movie Library "_s, u"video-x-generic"_s, RailGroup::Collections, 1,
+                               {u"MOVIES"_s, {u" Your movies: the stars, whether you have seen them, and who has borrowed them."_s}}},
+        .feature = FeatureDesign{u"Movies"_s, {u"mnuPrintMovies"_s}},
+        .print = PrintDesign{u"mnuPrintMovies"_s, u"Mo&vies"_s,
+            {.titleWord = u"MOVIES as at "_s, .file = DataFile::Movies, .query = u"Select * from [MOVIES] order by [TITLE]"_s,
+             .orientation = 2, .rowLimit = 20,
+             .columns = {column(u"TITLE"_s, 1, 36), wrapped(u"STARS"_s, u"STARS"_s, 30, 36), wrapped(u"PRODUCER"_s, u"PRODUCER"_s, 50, 36),
+                         wrapped(u"DIRECTOR"_s, u"DIRECTOR"_s, 65, 36), column(u"SEEN"_s, 80), column(u"RATING"_s, 90)}}},
+        .rowTip = RowTipDesign{u"MOVIES"_s,
+                               {text(u" TITLE:"_s, u"TITLE"_s), text(u" STARS:"_s, u"STARS"_s), text(u" DIRECTOR:"_s, u"DIRECTOR"_s),
+                                text(u" CLASSIFICATION:"_s, u"CLASSIFICATION"_s), text(u" CATEGORY:"_s, u"CATEGORY"_s),
+                                text(u" RATING:"_s, u"RATING"_s), date(u" DATE SEEN:"_s, u"DATESEEN"_s),
+                                text(u" ON LOAN TO:"_s, u"ONLOAN"_s), text(u" COMMENTS:"_s, u"COMMENTS"_s)}},
+        .screen = RecordScreenDesign{.name = u"frmMovies"_s, .record = records::moviesRecord},
+        .pictures = PicturesDesign{u"MoviePictures"_s, {{u"Movie Picture"_s}, {u"Movie Sound"_s, PathKind::Sound, u"lblSoundFile"_s}}},
+        .helpPage = u"\\INFOMOVIES.RTF"_s,
+    };
 }
 
 }

@@ -1,4 +1,5 @@
 #include "session/sections/collections.h"
+#include "session/sections/parts.h"
 
 namespace vorel::records {
 
@@ -39,6 +40,41 @@ const RecordDesign &musicRecord()
         .childDeletes = {u"DELETE * FROM [TRACKS] WHERE [ID]=%id;"_s},
     };
     return design;
+}
+
+}
+
+namespace vorel::sections {
+
+SectionDesign music()
+{
+    return {
+        .id = SectionId::Music,
+        .name = u"Music"_s,
+        .code = u"U"_s,
+        .file = DataFile::Music,
+        .list = ListDesign{
+            .title = u"MUSIC"_s,
+            .query = u"SELECT [ID],[TITLE],[ARTIST],' ' as PBUT,[FILENAME] FROM [MUSIC] ORDER BY [TITLE],[ARTIST]"_s,
+            .columns = {hidden(u"ID"_s), shown(u"TITLE"_s), shown(u"ARTIST"_s), button(), hidden(u"FILENAME"_s)},
+            .rules = {pictureRule()}},
+        .grid = GridDesign{.word = u"MUSIC"_s, .widths = {2000, 2500}, .styleSet = u"MUSIC"_s,
+                           .colour = GridColourDesign{u"MusicGridColour"_s}, .empty = u"No music yet.\nPress New to enter the first title."_s},
+        .button = ButtonDesign{11, u" Music "_s, u" Music Library "_s, u"audio-x-generic"_s, RailGroup::Collections, 2,
+                               {u"MUSIC"_s, {u" Your records and discs, with their artists and tracks."_s}}},
+        .feature = FeatureDesign{u"Music"_s, {u"mnuPrintMusic"_s}},
+        .print = PrintDesign{u"mnuPrintMusic"_s, u"M&usic"_s,
+            {.titleWord = u"MUSIC as at "_s, .file = DataFile::Music, .query = u"Select * from [MUSIC] order by [TITLE]"_s,
+             .orientation = 2,
+             .columns = {column(u"TITLE"_s, 1, 36), column(u"ARTIST"_s, 40, 36), column(u"MEDIA"_s, u"TYPE"_s, 80), column(u"RATING"_s, 90)}}},
+        .rowTip = RowTipDesign{u"MUSIC"_s,
+                               {text(u" TITLE:"_s, u"TITLE"_s), text(u" ARTIST:"_s, u"ARTIST"_s), text(u" DISTRIBUTOR:"_s, u"DISTRIBUTOR"_s),
+                                text(u" TYPE:"_s, u"TYPE"_s), text(u" CATEGORY:"_s, u"CATEGORY"_s), text(u" RATING:"_s, u"RATING"_s),
+                                text(u" ON LOAN TO:"_s, u"ONLOAN"_s), text(u" COMMENTS:"_s, u"COMMENTS"_s)}},
+        .screen = RecordScreenDesign{.name = u"frmMusic"_s, .record = records::musicRecord},
+        .pictures = PicturesDesign{u"MusicPictures"_s, {{u"Music Picture"_s}, {u"Music Sound"_s, PathKind::Sound, u"lblSoundFile"_s}}},
+        .helpPage = u"\\INFOMUSIC.RTF"_s,
+    };
 }
 
 }

@@ -1,0 +1,79 @@
+#include "session/sections/parts.h"
+
+#include <algorithm>
+
+namespace vorel {
+
+namespace {
+
+// Widths are numbered from the first column that keeps one.
+SectionDesign numbered(SectionDesign design)
+{
+    int number = 0;
+    if (design.list)
+        for (SectionColumn &column : design.list->columns)
+            if (column.isNumbered)
+                column.widthColumn = ++number;
+    return design;
+}
+
+template <class Test> const SectionDesign *find(Test test)
+{
+    const auto &all = sectionDesigns();
+    const auto found = std::find_if(all.begin(), all.end(), test);
+    return found == all.end() ? nullptr : &*found;
+}
+
+}
+
+const std::vector<SectionDesign> &sectionDesigns()
+{
+    static const std::vector<SectionDesign> designs = [] {
+        using namespace sections;
+        SectionDesign (*const all[])() = {
+            appointments, bills, events, allReminders, appointmentsAndBills, appointmentsAndEvents, billsAndEvents,
+            shopping, contacts, toDo, books, movies, music, inventory, profile, messages, passwords, journal, fileBackup, notes,
+            howTo, gardening, recipes, health, golf, vehicle, businessNumbers, emergencyNumbers, christmasCards, privateNumbers,
+            income, expenses, calculator, calendar, help};
+        std::vector<SectionDesign> built;
+        for (const auto design : all)
+            built.push_back(numbered(design()));
+        return built;
+    }();
+    return designs;
+}
+
+const SectionDesign &sectionDesign(SectionId id)
+{
+    return sectionDesigns()[static_cast<std::size_t>(id)];
+}
+
+const SectionDesign *sectionByName(const QString &name)
+{
+    return find([&](const SectionDesign &one) { return one.name.compare(name, Qt::CaseInsensitive) == 0; });
+}
+
+const SectionDesign *sectionByCode(QStringView code)
+{
+    return code.isEmpty() ? nullptr : find([&](const SectionDesign &one) { return one.code == code; });
+}
+
+const SectionDesign *sectionByScreen(const QString &screen)
+{
+    return find([&](const SectionDesign &one) {
+        return one.pictures && one.screen && one.screen->name.compare(screen, Qt::CaseInsensitive) == 0;
+    });
+}
+
+const SectionDesign *shownSection()
+{
+    return sectionByCode(state().selection.gSection);
+}
+
+bool isShown(SectionId id)
+{
+    const SectionDesign *shown = shownSection();
+    return shown && shown->id == id;
+}
+
+}
