@@ -7,7 +7,7 @@ packages=(build-essential cmake ninja-build ccache pkg-config
           fonts-liberation breeze-icon-theme)
 case "${1:-run}" in
   run)   if [ -z "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then packages+=(xvfb xauth xdotool scrot); fi ;;
-  test)  packages+=(libgtest-dev poppler-utils dbus-daemon) ;;
+  test)  packages+=(libgtest-dev poppler-utils dbus-daemon python3) ;;
   bench) packages+=(libbenchmark-dev) ;;
   fuzz)  packages+=(clang python3) ;;
   lint)  packages+=(clang clang-tidy libgtest-dev) ;;
