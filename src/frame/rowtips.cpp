@@ -4,6 +4,7 @@
 #include "platform/basic/error.h"
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
+#include "session/datetexts.h"
 #include "session/sectiondesign.h"
 
 #include <algorithm>
@@ -84,16 +85,6 @@ QString lineOf(const dao::Recordset &row, const TipLine &line)
     return folded(label + parts.join(u' '));
 }
 
-}
-
-bool isNoDate(const Value &date)
-{
-    const QString text = basic::Trim(date.text());
-    for (const QStringView none : {u"01/01/1900", u"01/01/4501", u"1/1/4501"})
-        if (text == none)
-            return true;
-    const basic::DateTime *day = date.tryGet<basic::DateTime>();
-    return day && (day->date() == QDate(1900, 1, 1) || day->date() == QDate(4501, 1, 1));
 }
 
 QString SetToolTip(dao::Database database, const QString &sectionCode, qint32 id)

@@ -11,7 +11,4 @@ namespace vorel {
 // a password of its own.
 QString SetToolTip(dao::Database database, const QString &sectionCode, qint32 id);
 
-// No date at all: 1 January 1900, and the 1 January 4501 that mail programs hand over.
-bool isNoDate(const basic::Value &date);
-
 }

@@ -8,4 +8,8 @@ list(APPEND VOREL_ROUTINES
   print/report.cpp
   print/listreport.cpp
   print/listwriter.cpp
+  print/fittedtext.cpp
+  print/labels.cpp
+  print/envelope.cpp
+  print/addressbook.cpp
   print/lists.cpp)

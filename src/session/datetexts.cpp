@@ -108,4 +108,13 @@ QString typedTime(const QString &text)
     return basic::Format(basic::CDate(text), u"hh:mm am/pm");
 }
 
+bool isNoDate(const basic::Value &date)
+{
+    const DateTime *moment = date.tryGet<DateTime>();
+    std::optional<DateTime> day = moment ? std::optional(*moment) : std::nullopt;
+    if (!moment && !date.text().trimmed().isEmpty())
+        day = typedDate(date.text().trimmed());
+    return day && (day->date() == QDate(1900, 1, 1) || day->date() == QDate(4501, 1, 1));
+}
+
 }

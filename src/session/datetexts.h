@@ -16,6 +16,9 @@ std::optional<basic::DateTime> typedDate(const QString &text);     // of a box i
 // day from it, else in the short one.
 QString storedDateText(basic::DateTime date);
 
+// No date at all: 1 January 1900, and the 1 January 4501 that mail programs hand over, as a date or as a text.
+bool isNoDate(const basic::Value &date);
+
 // A time of day as the reminders keep and show it ("hh:mm am/pm"); any other text as it is.
 QString typedTime(const QString &text);
 
