@@ -72,7 +72,7 @@ void CaddyCells::openReminderCells(GridPane &pane)
 {
     std::vector<CellEdit> cells = {{u"DATE"_s, {}, {}, true}};
     if (pane.code == u"A"_s) {
-        cells.push_back({u"APPTIME"_s, [] { return record::timeList(); }});
+        cells.push_back({u"APPTIME"_s, [] { return reminders::timeList(); }});
         cells.push_back({u"APPOINTMENT"_s});
         cells.push_back({u"MET"_s});
     } else if (pane.code == u"B"_s) {

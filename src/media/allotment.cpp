@@ -7,6 +7,7 @@
 #include <QFile>
 #include <QFileInfo>
 #include <QTemporaryFile>
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstring>
@@ -20,45 +21,18 @@ namespace {
 
 using enum PathKind;
 
-constexpr std::array allotments{
-    Allotment{u"Data Path", u"", Data},
-    Allotment{u"Sound Path", u"", Sound},
-    Allotment{u"Backup File", u"", Backup},
-    Allotment{u"Backup Software", u"", Backup},
-    Allotment{u"Setup Picture", u"", Picture},
-    Allotment{u"Book Picture", u"BookPictures", Picture},
-    Allotment{u"Movie Picture", u"MoviePictures", Picture},
-    Allotment{u"Movie Sound", u"MoviePictures", Sound},
-    Allotment{u"Music Picture", u"MusicPictures", Picture},
-    Allotment{u"Music Sound", u"MusicPictures", Sound},
-    Allotment{u"Contact Picture", u"ContactPictures", Picture},
-    Allotment{u"Contact Other Picture ", u"ContactPictures", Picture, 6},
-    Allotment{u"Garden Picture", u"GardenPictures", Picture},
-    Allotment{u"Garden Other Picture ", u"GardenPictures", Picture, 6},
-    Allotment{u"Asset Picture", u"AssetPictures", Picture},
-    Allotment{u"Recipe Picture", u"RecipePictures", Picture},
-    Allotment{u"Calendar Picture", u"CalendarPictures", Picture},
-    Allotment{u"Cal Pic", u"CalendarPictures", Picture},
-    Allotment{u"CalcPic", u"CalendarPictures", Picture},
-    Allotment{u"Profile Picture", u"ProfilePictures", Picture},
-    Allotment{u"Profile Other Picture ", u"ProfilePictures", Picture, 6},
-    Allotment{u"Motor Vehicle Picture", u"VehiclePictures", Picture},
-    Allotment{u"Vehicle Other Picture ", u"VehiclePictures", Picture, 6},
-    Allotment{u"Event Picture", u"EventPictures", Picture},
-    Allotment{u"Health Picture", u"HealthPictures", Picture},
-    Allotment{u"Health Picture ", u"HealthPictures", Picture, 10},
-    Allotment{u"Sport Picture", u"SportsPictures", Picture},
-    Allotment{u"Sport Picture ", u"SportsPictures", Picture, 10},
-};
+// The choosers that belong to no section.
+const std::array others{Allotment{u"Data Path"_s, {}, Data}, Allotment{u"Sound Path"_s, {}, Sound}, Allotment{u"Setup Picture"_s, {}, Picture},
+                        Allotment{u"Backup File"_s, {}, Backup}, Allotment{u"Backup Software"_s, {}, Backup}};
 
-// The slot's number behind the caption, -1 if the caption is not this one's.
-int slotIn(const Allotment &one, const QString &caption)
+// "Contact Other Picture 0" to "5" of a set of six slots.
+bool isSlotOf(const PictureSetDesign &set, const QString &caption)
 {
-    if (!caption.startsWith(one.caption))
-        return -1;
+    if (!caption.startsWith(set.chooser))
+        return false;
     bool isNumber = false;
-    const int slot = QStringView(caption).mid(one.caption.size()).toInt(&isNumber);
-    return isNumber && slot >= 0 && slot < one.slotCount ? slot : -1;
+    const int slot = QStringView(caption).mid(set.chooser.size()).toInt(&isNumber);
+    return isNumber && slot >= 0 && slot < set.slotCount;
 }
 
 constexpr qint64 pieceBytes = 1 << 20;
@@ -121,13 +95,20 @@ std::optional<bool> isSameContent(const QString &path, const QString &other, bas
 
 }
 
-const Allotment &allotmentOf(const QString &caption)
+Allotment allotmentOf(const QString &caption)
 {
-    static constexpr Allotment unknown{u"", u"", Picture};
-    for (const Allotment &one : allotments)
-        if (one.slotCount == 0 ? one.caption == caption : slotIn(one, caption) >= 0)
-            return one;
-    return unknown;
+    for (const SectionDesign &design : sectionDesigns()) {
+        if (!design.pictures)
+            continue;
+        const PicturesDesign &pictures = *design.pictures;
+        for (const ChooserDesign &chooser : pictures.choosers)
+            if (chooser.caption == caption)
+                return {caption, pictures.folder, chooser.kind};
+        if (pictures.set && isSlotOf(*pictures.set, caption))
+            return {caption, pictures.folder, Picture};
+    }
+    const auto found = std::find_if(others.begin(), others.end(), [&](const Allotment &other) { return other.caption == caption; });
+    return found == others.end() ? Allotment{caption, {}, Picture} : *found;
 }
 
 QString filterOf(PathKind kind)
@@ -156,7 +137,7 @@ std::optional<Transfer> transferFile(const QString &path, const QString &caption
     const QString source = basic::realPath(path);
     if (!QFileInfo(source).isFile())
         return Transfer{{}, false, u"There is no file "_s + path};
-    const QString folder = allotmentOf(caption).folder.toString();
+    const QString folder = allotmentOf(caption).folder;
     const QString named = basic::programFolder() + u'/' + folder;
     if (!folder.isEmpty() && !QFileInfo::exists(basic::realPath(named)))
         QDir().mkdir(named);

@@ -10,14 +10,13 @@
 namespace vorel {
 
 struct Allotment {
-    QStringView caption;            // ends with a blank where a slot's number follows: "Contact Other Picture "
-    QStringView folder;             // of its choosers and transfers, in the program folder; "" = none of its own
+    QString caption;
+    QString folder;                 // of its choosers and transfers, in the program folder; "" = none of its own
     PathKind kind;
-    int slotCount = 0;               // how many numbers may follow the caption
 };
 
-// Unknown captions are pictures without a folder.
-const Allotment &allotmentOf(const QString &caption);
+// From the design of the section that has such a chooser. Unknown captions are pictures without a folder.
+Allotment allotmentOf(const QString &caption);
 // The chooser's filter, in the form of FileQuestion.
 QString filterOf(PathKind kind);
 // Whether the chooser shows the file: by the last three characters of its name, compared in capitals.

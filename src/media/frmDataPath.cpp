@@ -175,8 +175,10 @@ void frmDataPath::Load()
     m_slide->setVisible(m_call.slideShow);
     m_chooser->setVisible(!m_call.slideShow);
     m_section = m_call.section;
-    if (m_section.isEmpty() && m_call.screen)
-        m_section = sectionOfScreen(m_call.screen->objectName());
+    if (m_section.isEmpty() && m_call.screen) {
+        if (const SectionDesign *section = sectionByScreen(m_call.screen->objectName()))
+            m_section = section->code;
+    }
     if (m_section.isEmpty())
         m_section = state().selection.gSection;
     if (m_call.slideShow) {
@@ -233,7 +235,7 @@ void frmDataPath::showSelected(const QString &path)
 void frmDataPath::cmdSearch_Click()
 {
     const std::optional<QString> chosen = basic::prompts().chooseFile(
-        {m_call.caption, pictureFolder(m_allotment.folder.toString()), filterOf(m_allotment.kind), false});
+        {m_call.caption, pictureFolder(m_allotment.folder), filterOf(m_allotment.kind), false});
     if (!chosen || chosen->isEmpty())
         return;
     setSearching(false);

@@ -70,7 +70,7 @@ private:
     void cmdAuto_Click();
 
     const DataPathCall m_call;
-    const Allotment &m_allotment;
+    const Allotment m_allotment;
     QString m_path, m_section;
     QLabel *m_title, *m_current, *m_selected, *m_status, *m_number, *m_words;
     controls::PictureBox *m_image;

@@ -2,7 +2,7 @@
 
 #include "media/pictures.h"
 #include "platform/controls/picturebox.h"
-#include "session/state.h"
+#include "session/sectiondesign.h"
 
 #include <QLabel>
 
@@ -14,7 +14,7 @@ namespace {
 
 void showNote(QWidget *screen, const PictureChoice &choice)
 {
-    if (!hasDefaultNote(screen->objectName()))
+    if (!sectionByScreen(screen->objectName()))
         return;
     for (const QString &name : {u"lblPicInfo1"_s, u"lblPicInfo2"_s}) {
         auto *note = screen->findChild<QLabel *>(name);
@@ -47,8 +47,8 @@ void ShowPic(QWidget *screen, QString &path, const QString &section)
 
 void ShowPic(QWidget *screen, QString &path)
 {
-    const QString own = sectionOfScreen(screen->objectName());
-    ShowPic(screen, path, own.isEmpty() ? state().selection.gSection : own);
+    const SectionDesign *own = sectionByScreen(screen->objectName());
+    ShowPic(screen, path, own ? own->code : state().selection.gSection);
 }
 
 }

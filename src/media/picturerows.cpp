@@ -3,10 +3,10 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/text.h"
+#include "session/sectiondesign.h"
 #include "session/shared.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vorel {
 
@@ -14,21 +14,6 @@ using namespace Qt::StringLiterals;
 using basic::Value;
 
 namespace {
-
-constexpr std::array tables{
-    PictureTable{u"P", DataFile::Contacts, u"select * from [CONTACTDATA] WHERE [ID]=",
-                 u"DELETE * FROM [CONTACTDATA] where [ID]=", u"ID", u"ID", 6},
-    PictureTable{u"L", DataFile::Main, u"select * from [PROFILEDATA] WHERE [ID]=",
-                 u"DELETE * FROM [PROFILEDATA] where [ID]=", u"ID", u"ID", 6},
-    PictureTable{u"MV", DataFile::HowTo, u"select * from [VEHICLEPICTURES] WHERE [ID]=",
-                 u"DELETE * FROM [VEHICLEPICTURES] where [ID]=", u"ID", u"ID", 6},
-    PictureTable{u"O", DataFile::HowTo, u"select * from [GENERALHEALTH] WHERE [USERNAME]='",
-                 u"DELETE * FROM [GENERALHEALTH] where [IDNUM]=", u"USERNAME", u"IDNUM", 10},
-    PictureTable{u"Q", DataFile::Sports, u"select * from [PERSONAL] WHERE [IDNUM]=",
-                 u"DELETE * FROM [PERSONAL] where [IDNUM]=", u"IDNUM", u"IDNUM", 10},
-    PictureTable{u"Z", DataFile::Garden, u"SELECT * FROM [GARDENDATA] where [ID]=",
-                 u"DELETE * FROM [GARDENDATA] where [ID]=", u"ID", u"ID", 6},
-};
 
 QString pathField(int slot)
 {
@@ -50,9 +35,9 @@ QString textOf(const Value &value)
     return value.isNull() ? QString() : basic::Trim(value.text());
 }
 
-QString selectOf(const PictureTable &table, const PictureOwner &owner)
+QString selectOf(const PictureSetDesign &table, const PictureOwner &owner)
 {
-    QString sql = table.select.toString();
+    QString sql = table.select;
     if (table.readKey == u"USERNAME")
         sql += graveApostrophes(owner.user) + u'\'';
     else
@@ -69,7 +54,7 @@ PictureSlot slotOf(dao::Recordset &row, int slot)
     return {textOf(row.Get(pathField(slot))), textOf(row.Get(captionField(slot))), number.isNull() ? 0 : basic::CDbl(number)};
 }
 
-void startRow(dao::Recordset &rows, const PictureTable &table, const PictureOwner &owner)
+void startRow(dao::Recordset &rows, const PictureSetDesign &table, const PictureOwner &owner)
 {
     rows.AddNew();
     rows.Set(table.ownKey, owner.id);
@@ -77,7 +62,7 @@ void startRow(dao::Recordset &rows, const PictureTable &table, const PictureOwne
 }
 
 // Fills and writes the row that is being edited or added; a refused one is dropped.
-dao::Bookmark store(dao::Recordset &rows, const PictureTable &table, const std::vector<PictureSlot> &pictures)
+dao::Bookmark store(dao::Recordset &rows, const PictureSetDesign &table, const std::vector<PictureSlot> &pictures)
 {
     try {
         for (int slot = 1; slot <= table.slotCount; ++slot) {
@@ -95,27 +80,24 @@ dao::Bookmark store(dao::Recordset &rows, const PictureTable &table, const std::
     return rows.LastModified();
 }
 
-const PictureTable &known(const QString &section)
+struct Table {
+    const PictureSetDesign &set;
+    dao::Database file;
+};
+
+Table open(const QString &section)
 {
-    const PictureTable *table = pictureTableOf(section);
-    if (!table)
+    const SectionDesign *design = sectionByCode(section);
+    if (!design || !design->pictures || !design->pictures->set)
         throw basic::BasicError(5);
-    return *table;
+    return {*design->pictures->set, dao::DBEngine::OpenDatabase(state().path(design->file))};
 }
 
-}
-
-const PictureTable *pictureTableOf(const QString &section)
-{
-    const auto found = std::find_if(tables.begin(), tables.end(),
-                                    [&](const PictureTable &table) { return table.section == section; });
-    return found == tables.end() ? nullptr : &*found;
 }
 
 std::vector<PictureSet> readPictureSets(const QString &section, const PictureOwner &owner)
 {
-    const PictureTable &table = known(section);
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    auto [table, file] = open(section);
     dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
     std::vector<PictureSet> sets;
     for (; !rows.EOF_(); rows.MoveNext()) {
@@ -140,8 +122,7 @@ std::vector<PictureSlot> GetSlideShowFiles(const QString &section, const Picture
 
 PictureSet addPictureSet(const QString &section, const PictureOwner &owner)
 {
-    const PictureTable &table = known(section);
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    auto [table, file] = open(section);
     dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
     PictureSet set;
     set.pictures.resize(static_cast<std::size_t>(table.slotCount));
@@ -152,8 +133,7 @@ PictureSet addPictureSet(const QString &section, const PictureOwner &owner)
 
 void savePictureRow(const QString &section, const PictureOwner &owner, PictureSet &set)
 {
-    const PictureTable &table = known(section);
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    auto [table, file] = open(section);
     dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
     if (set.row.isValid())
         rows.setBookmark(set.row);
@@ -166,8 +146,7 @@ void savePictureRow(const QString &section, const PictureOwner &owner, PictureSe
 
 void removePictureSet(const QString &section, const PictureOwner &owner, const PictureSet &set)
 {
-    const PictureTable &table = known(section);
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
+    auto [table, file] = open(section);
     dao::Recordset rows = file.OpenRecordset(selectOf(table, owner));
     rows.setBookmark(set.row);
     rows.Delete();
@@ -175,9 +154,8 @@ void removePictureSet(const QString &section, const PictureOwner &owner, const P
 
 void removePictureRows(const QString &section, const PictureOwner &owner)
 {
-    const PictureTable &table = known(section);
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(table.file));
-    file.Execute(table.remove.toString() + QString::number(owner.id));
+    auto [table, file] = open(section);
+    file.Execute(table.remove + QString::number(owner.id));
 }
 
 void movePicture(PictureSet &set, std::size_t from, std::size_t to)

@@ -4,18 +4,8 @@
 
 #include <vector>
 
-// The rows of a record's picture set, six slots or ten, in the table of its section.
+// The rows of a record's picture set, in the table that the design of its section names. Error 5: the section has no such sets.
 namespace vorel {
-
-struct PictureTable {
-    QStringView section;                // "P", "L", "MV", "O", "Q", "Z"
-    DataFile file;
-    QStringView select, remove;         // the query texts up to the key
-    QStringView readKey, ownKey;        // the field that the select asks for; the field of the record's number
-    int slotCount;
-};
-// nullptr for a section whose records have no picture set.
-const PictureTable *pictureTableOf(const QString &section);
 
 // Whose set it is. id: the record's number; user: the name, which finds the set where the numbers do not.
 struct PictureOwner {

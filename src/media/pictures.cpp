@@ -4,6 +4,7 @@
 #include "platform/basic/files.h"
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
+#include "session/sectiondesign.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -15,44 +16,15 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-struct SectionPicture {
-    QStringView section, picture;
-};
-constexpr std::array sectionPictures{
-    SectionPicture{u"K", u"\\DefaultPicE.jpg"},
-    SectionPicture{u"Q", u"\\DefaultPicS.jpg"},
-    SectionPicture{u"Z", u"\\garden.jpg"},
-    SectionPicture{u"R", u"\\recipes.jpg"},
-};
-
-// B and J stand twice, so that E and H never come up. Kept so.
+// B and J are listed twice, so that E and H never come up: kept on purpose.
 constexpr QStringView defaultLetters = u"ABCDJFGBIJKLMNOPQRSTUVW";
-
-struct ScreenSection {
-    QStringView screen, section;
-};
-// Those that tell that a default is on show.
-constexpr std::array recordScreens{
-    ScreenSection{u"FRMGARDEN", u"Z"},    ScreenSection{u"FRMVEHICLE", u"MV"},  ScreenSection{u"FRMRECIPES", u"R"},
-    ScreenSection{u"FRMCONTACTS", u"P"},  ScreenSection{u"FRMINVENTORY", u"I"}, ScreenSection{u"FRMMOVIES", u"V"},
-    ScreenSection{u"FRMMUSIC", u"U"},     ScreenSection{u"FRMPROFILE", u"L"},   ScreenSection{u"FRMHEALTH", u"O"},
-    ScreenSection{u"FRMSPORT", u"Q"},     ScreenSection{u"FRMBOOKS", u"K"},
-};
-
-const ScreenSection *recordScreen(const QString &screen)
-{
-    const QString wanted = screen.toUpper();
-    for (const ScreenSection &one : recordScreens)
-        if (one.screen == wanted)
-            return &one;
-    return nullptr;
-}
 
 // Of "/old/place/BookPictures/x.jpg" the end from the folder's name on, and of a file that lay beside the program's own
 // its name, if its folder has gone too: where the folder is still there, the picture was deleted, not moved.
 QString endInProgramFolder(const QString &plain)
 {
-    for (const QString &folder : pictureFolders()) {
+    const QStringList folders = pictureFolders();
+    for (const QString &folder : folders) {
         const qsizetype at = plain.lastIndexOf(u'/' + folder + u'/', -1, Qt::CaseInsensitive);
         if (at >= 0)
             return plain.mid(at);
@@ -63,12 +35,12 @@ QString endInProgramFolder(const QString &plain)
 
 }
 
-const QStringList &pictureFolders()
+QStringList pictureFolders()
 {
-    static const QStringList folders{u"AssetPictures"_s,   u"VehiclePictures"_s, u"ContactPictures"_s, u"BookPictures"_s,
-                                     u"GardenPictures"_s,  u"MoviePictures"_s,   u"MusicPictures"_s,   u"EventPictures"_s,
-                                     u"RecipePictures"_s,  u"ProfilePictures"_s, u"SportsPictures"_s,  u"HealthPictures"_s,
-                                     u"CalendarPictures"_s};
+    QStringList folders;
+    for (const SectionDesign &design : sectionDesigns())
+        if (design.pictures)
+            folders << design.pictures->folder;
     return folders;
 }
 
@@ -76,7 +48,8 @@ void MakePictureFolders()
 {
     if (basic::programFolder().isEmpty())
         return;
-    for (const QString &name : pictureFolders()) {
+    const QStringList folders = pictureFolders();
+    for (const QString &name : folders) {
         const QString path = basic::realPath(basic::programFolder() + u'/' + name);
         if (!QFileInfo::exists(path))
             QDir().mkdir(path);
@@ -91,18 +64,12 @@ QString pictureFolder(const QString &name)
 
 QString defaultPicture(const QString &section)
 {
-    for (const SectionPicture &own : sectionPictures)
-        if (own.section == section)
-            return own.picture.toString();
+    const SectionDesign *own = sectionByCode(section);
+    if (own && own->pictures && !own->pictures->defaultPicture.isEmpty())
+        return own->pictures->defaultPicture;
     const qsizetype pick = static_cast<qsizetype>(24 * basic::Rnd() + 1) - 1;
     const QChar letter = pick < defaultLetters.size() ? defaultLetters[pick] : QChar(u'A');
     return u"\\DefaultPic"_s + letter + u".jpg"_s;
-}
-
-QString sectionOfScreen(const QString &screen)
-{
-    const ScreenSection *known = recordScreen(screen);
-    return known ? known->section.toString() : QString();
 }
 
 QString pictureFile(const QString &path)
@@ -136,11 +103,6 @@ PictureChoice choosePicture(QString &path, const QString &section, bool keepBrok
     if (!wantsDefault && keepBroken)
         return {path, false};
     return {desktop::findResource(defaultPicture(section)), true};
-}
-
-bool hasDefaultNote(const QString &screen)
-{
-    return recordScreen(screen) != nullptr;
 }
 
 quint32 defaultNoteColour(const QString &picture)

@@ -8,17 +8,15 @@
 namespace vorel {
 
 // The folders of the records' pictures, beside the program's files: "AssetPictures", ...
-const QStringList &pictureFolders();
+QStringList pictureFolders();
 // Makes those that are missing. A folder that cannot be made is left out: choosers then start in the program folder.
 void MakePictureFolders();
 // The folder's path, or the program folder's if there is no such folder.
 QString pictureFolder(const QString &name);
 
 // The name in the program folder ("\DefaultPicA.jpg") of the picture for a record that has none; a fresh pick each time.
-// section: the record's section code, four of which have a picture of their own; "" = any other.
+// section: the record's section code, whose design may name a picture of its own; "" = any other.
 QString defaultPicture(const QString &section);
-// The section code of a record screen by its name, e.g. "frmBooks" -> "K"; "" for the others.
-QString sectionOfScreen(const QString &screen);
 
 // The file of a stored path, as it can be opened; "" if there is none. A path into another place of the program folder, as
 // files from before a move hold it, is found by its end in this one.
@@ -32,9 +30,7 @@ struct PictureChoice {
 // never changed: a default never gets into it, so no record ever keeps one.
 PictureChoice choosePicture(QString &path, const QString &section, bool keepBroken);
 
-// Whether the screen (by its name, in any case) tells that a default is on show.
-bool hasDefaultNote(const QString &screen);
-// The note's colour on a default picture, by the last letter of its name; 0xRRGGBB.
+// The colour of the note that a default is on show, on that picture, by the last letter of its name; 0xRRGGBB.
 quint32 defaultNoteColour(const QString &picture);
 
 }

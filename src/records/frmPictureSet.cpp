@@ -47,8 +47,8 @@ PictureSetView::PictureSetView(const QString &section, const QString &chooser, Q
 
 QLayout *PictureSetView::createSlots()
 {
-    const PictureTable *table = pictureTableOf(m_section);
-    const int count = table ? table->slotCount : 0;
+    const SectionDesign *section = sectionByCode(m_section);
+    const int count = section && section->pictures && section->pictures->set ? section->pictures->set->slotCount : 0;
     const int columns = count > 6 ? 5 : 3;
     auto *grid = new QGridLayout;
     grid->setSpacing(layout::unit);

@@ -20,14 +20,14 @@ using namespace Qt::StringLiterals;
 using controls::on;
 
 frmRecord::frmRecord(const QString &section, QWidget *parent)
-    : RecordForm(u"frmRecord"_s, u"dtaData"_s, parent), m_section(record::section(section))
+    : RecordForm(u"frmRecord"_s, u"dtaData"_s, parent), m_design(reminders::reminderDesign(section))
 {
     dtaData().setDatabaseName(state().path(DataFile::Main));
     composeScreen();
     connectHandlers();
     connectButtons();
     if (isA(ReminderKind::Event))
-        basic::Trap([&] { control<QComboBox>(u"cboSubject"_s)->addItems(record::subjects()); });
+        basic::Trap([&] { control<QComboBox>(u"cboSubject"_s)->addItems(reminders::subjects()); });
     dtaData().showRow();
 }
 
@@ -42,7 +42,7 @@ void frmRecord::connectHandlers()
     on(control<QComboBox>(u"cboSubject"_s), &QComboBox::activated, handlers(), [this] { cboSubject_Click(); });
     on(control<QComboBox>(u"cboSubject"_s)->lineEdit(), &QLineEdit::editingFinished, handlers(), [this] {
         // Passing by changes nothing: an address box that the user has just opened stays open.
-        if (record::isBirthday(text(u"cboSubject"_s)) == control(u"txtDateTo"_s)->isEnabled())
+        if (reminders::isBirthday(text(u"cboSubject"_s)) == control(u"txtDateTo"_s)->isEnabled())
             cboSubject_Click();
     });
     control(u"txtEmail"_s)->installEventFilter(this);
@@ -73,7 +73,7 @@ void frmRecord::connectButtons()
         ShowPic({});
     });
     useRecordKeys();
-    on(this, &Form::helpWanted, handlers(), [this] { ShowInfoPage(m_section.code); });
+    on(this, &Form::helpWanted, handlers(), [this] { ShowInfoPage(m_design.code); });
 }
 
 bool frmRecord::eventFilter(QObject *watched, QEvent *event)
@@ -120,7 +120,7 @@ void frmRecord::cmdCalc_Click()
 
 void frmRecord::cmdWebsite_Click()
 {
-    const QString address = record::webAddress(text(u"txtWebsite"_s));
+    const QString address = reminders::webAddress(text(u"txtWebsite"_s));
     if (!address.isEmpty() && !desktop::ShellExecute(address))
         basic::MsgBox(u"Unable to open "_s + address, {}, basic::Icon::Exclamation);
 }
@@ -179,7 +179,7 @@ void frmRecord::cboSubject_Click()
 
 void frmRecord::txtDate_LostFocus()
 {
-    if (record::number(text(u"lblID1"_s)) == 0)
+    if (reminders::number(text(u"lblID1"_s)) == 0)
         return;
     const bool invalid = !rowDate();
     correctDate();              // before the box, which takes the focus: this runs once more
@@ -187,7 +187,7 @@ void frmRecord::txtDate_LostFocus()
         basic::MsgBox(u"Invalid Date ... defaulting to todays date"_s);
 }
 
-void frmRecord::txtEmail_DblClick() { setText(u"txtEmail"_s, record::contactAddress(text(u"lblEmailID"_s))); }
+void frmRecord::txtEmail_DblClick() { setText(u"txtEmail"_s, reminders::contactAddress(text(u"lblEmailID"_s))); }
 
 void frmRecord::cboTime_LostFocus() { setText(u"cboTime"_s, typedTime(text(u"cboTime"_s))); }
 

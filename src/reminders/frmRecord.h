@@ -40,7 +40,7 @@ protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    bool isA(ReminderKind kind) const { return m_section.kind == kind; }
+    bool isA(ReminderKind kind) const { return m_design.kind == kind; }
     RecordOutcome m_outcome;
 
     // Layout (frmRecordLayout.cpp)
@@ -80,7 +80,7 @@ private:
     void rememberDates();
     void applyBirthday();
     void showEventParts();
-    void showGreeting(const record::Greeting &greeting);
+    void showGreeting(const reminders::Greeting &greeting);
     void takeViewAsShown();
     void storeView();                                   // what showing the row put into its boxes
     std::optional<basic::DateTime> dateOf(const QString &box) const;
@@ -99,7 +99,7 @@ private:
     void cmdApply_Click();
     void cmdCancel_Click();
 
-    const record::Section &m_section;
+    const reminders::ReminderDesign &m_design;
     QHash<QString, QWidget *> m_slots;                  // by date box: where cmdCalc goes beside it
     QFormLayout *m_form = nullptr;
     QButtonGroup *m_options = nullptr;

@@ -72,7 +72,7 @@ const std::vector<SectionField> &fieldTable()
 QStringList choicesOf(const QString &control)
 {
     if (control == u"cboTime")
-        return record::timeList();
+        return reminders::timeList();
     if (control == u"cboDay")
         return {QString(), u"1st"_s, u"2nd"_s, u"3rd"_s, u"4th"_s};
     if (control == u"cboWeekDay")
@@ -82,7 +82,7 @@ QStringList choicesOf(const QString &control)
 
 QString shownDay(const basic::Value &stored)
 {
-    const auto day = record::storedDay(stored);
+    const auto day = reminders::storedDay(stored);
     if (!day)
         return stored.text();
     return *day == basic::DateTime::fromParts(1900, 1, 1) ? QString() : displayDate(*day);      // 1900: none
@@ -101,12 +101,12 @@ basic::Value dateText(const std::optional<basic::DateTime> &day, const QString &
 }
 
 // The order is the order on the screen and of the Tab key. What the section does not show is not bound.
-std::vector<Field> recordFields(const record::Section &section)
+std::vector<Field> recordFields(const reminders::ReminderDesign &design)
 {
     std::vector<Field> fields;
     for (const SectionField &row : fieldTable()) {
         fields.push_back(row.field);
-        if (!row.sections.contains(section.code))
+        if (!row.sections.contains(design.code))
             fields.back().field.clear();
     }
     return fields;

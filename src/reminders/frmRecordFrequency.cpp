@@ -27,7 +27,7 @@ void frmRecord::showFrequency()
     else
         setText(u"lblInitialDate"_s, text(u"txtDate"_s));
     setText(u"lblNextDate"_s, {});
-    const record::Frequency panel = record::frequencyOf(text(u"txtPeriodMonth"_s), text(u"txtPeriodDays"_s),
+    const reminders::Frequency panel = reminders::frequencyOf(text(u"txtPeriodMonth"_s), text(u"txtPeriodDays"_s),
                                                         text(u"cboDay"_s), text(u"cboWeekDay"_s));
     selectOption(panel.option);
     setText(u"cboDays"_s, panel.days);
@@ -45,7 +45,7 @@ void frmRecord::selectOption(int index)
 int frmRecord::selectedOption() const
 {
     const int index = m_options->checkedId();
-    return index < 0 ? record::noOption : index;
+    return index < 0 ? reminders::noOption : index;
 }
 
 void frmRecord::optPeriod_MouseUp()
@@ -56,13 +56,13 @@ void frmRecord::optPeriod_MouseUp()
 
 void frmRecord::optPeriod_Click(int index)
 {
-    if (const auto next = record::nextDate(index, rowDate(), text(u"cboDays"_s)))
+    if (const auto next = reminders::nextDate(index, rowDate(), text(u"cboDays"_s)))
         showDate(control(u"lblNextDate"_s), *next);
 }
 
 void frmRecord::cboDays_Change()
 {
-    if (!m_showing && record::number(text(u"cboDays"_s)) != 0)
+    if (!m_showing && reminders::number(text(u"cboDays"_s)) != 0)
         cboDays_Click();
 }
 
@@ -73,20 +73,20 @@ void frmRecord::cmdSchedule_Click() { SetScheduler(control(u"fraBill"_s)->isHidd
 // The start of the series stays the row's own date; the date shown as next due is information only.
 void frmRecord::cmdApply_Click()
 {
-    const record::Period period = record::appliedPeriod(selectedOption(), text(u"cboDays"_s));
+    const reminders::Period period = reminders::appliedPeriod(selectedOption(), text(u"cboDays"_s));
     setText(u"txtPeriodMonth"_s, period.months);
     setText(u"txtPeriodDays"_s, period.days);
     if (!shownDate(control(u"lblNextDate"_s)))
         return;
     if (basic::askYesNo(u"Do you want to Commence on "_s + text(u"txtDate"_s) + u"?"_s, u"Question?"_s))
-        setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+        setText(u"lblDay"_s, reminders::weekDayOf(rowDate()));
 }
 
 void frmRecord::cmdCancel_Click()
 {
     if (const auto initial = shownDate(control(u"lblInitialDate"_s)))
         showDate(control(u"txtDate"_s), *initial);
-    setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+    setText(u"lblDay"_s, reminders::weekDayOf(rowDate()));
 }
 
 }

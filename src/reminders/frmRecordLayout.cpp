@@ -130,7 +130,7 @@ QWidget *frmRecord::createFrequencyPanel()
 {
     QLayout *options = createOptions();
     QLayout *keys = layout::Row({layout::Stretch{}, control(u"cmdApply"_s), control(u"cmdCancel"_s)});
-    QWidget *panel = layout::Group(u"fraBill"_s, m_section.frequencyTitle.toString(),
+    QWidget *panel = layout::Group(u"fraBill"_s, m_design.frequencyTitle.toString(),
                                    layout::Column({options, createPeriods(), keys}));
     keep(panel);
     return panel;
@@ -172,7 +172,7 @@ void frmRecord::composeScreen()
     initialisePictures();
     m_form = createFormLayout();
     createButtons();
-    createFields(recordFields(m_section));
+    createFields(recordFields(m_design));
     createDateSlots();
     moveCalcBeside(u"txtDate"_s);
     for (const controls::Field &field : fields()) {

@@ -50,10 +50,10 @@ void frmRecord::dtaData_Reposition()
 {
     m_showing = true;
     const bool rows = dtaData().hasRows();
-    m_outcome.lastId = static_cast<qint32>(record::number(text(u"lblID1"_s)));
+    m_outcome.lastId = static_cast<qint32>(reminders::number(text(u"lblID1"_s)));
     rememberDates();
-    setText(u"lblDay"_s, record::weekDayOf(rowDate()));
-    setRecordTitle(m_section.title.toString(), rows ? shownApostrophes(text(m_section.textControl.toString())) : QString());
+    setText(u"lblDay"_s, reminders::weekDayOf(rowDate()));
+    setRecordTitle(m_design.title.toString(), rows ? shownApostrophes(text(m_design.textControl.toString())) : QString());
     applyBirthday();
     showFrequency();
     if (isA(ReminderKind::Event)) {
@@ -74,7 +74,7 @@ void frmRecord::applyBirthday()
 {
     if (!isA(ReminderKind::Event))
         return;
-    const bool birthday = dtaData().hasRows() && record::isBirthday(text(u"cboSubject"_s));
+    const bool birthday = dtaData().hasRows() && reminders::isBirthday(text(u"cboSubject"_s));
     if (birthday)
         setText(u"txtDateTo"_s, {});
     control(u"txtDateTo"_s)->setEnabled(!birthday);
@@ -84,12 +84,12 @@ void frmRecord::applyBirthday()
 
 void frmRecord::showEventParts()
 {
-    const bool birthday = dtaData().hasRows() && record::isBirthday(text(u"cboSubject"_s));
-    showGreeting(record::greetingOf(birthday, ticked(u"chkEmail"_s), text(u"txtEmail"_s), text(u"lblEmailID"_s),
+    const bool birthday = dtaData().hasRows() && reminders::isBirthday(text(u"cboSubject"_s));
+    showGreeting(reminders::greetingOf(birthday, ticked(u"chkEmail"_s), text(u"txtEmail"_s), text(u"lblEmailID"_s),
                                     ticked(u"chkCard"_s)));
 }
 
-void frmRecord::showGreeting(const record::Greeting &greeting)
+void frmRecord::showGreeting(const reminders::Greeting &greeting)
 {
     for (const QString &name : {u"chkEmail"_s, u"chkCard"_s})
         showField(name, greeting.offered);
@@ -108,7 +108,7 @@ void frmRecord::rememberDates()
         return;
     for (const auto &[name, field] : dateBoxes) {
         if (hasField(rows, field)) {
-            if (const auto day = record::storedDay(rows.Get(field)); day && text(name.toString()) == displayDate(*day))
+            if (const auto day = reminders::storedDay(rows.Get(field)); day && text(name.toString()) == displayDate(*day))
                 showDate(control(name.toString()), *day);
         }
     }
@@ -169,7 +169,7 @@ void frmRecord::correctDate()
 {
     if (!rowDate())
         showDate(control(u"txtDate"_s), basic::Date());
-    setText(u"lblDay"_s, record::weekDayOf(rowDate()));
+    setText(u"lblDay"_s, reminders::weekDayOf(rowDate()));
 }
 
 void frmRecord::ShowPic(const QString &path)
@@ -182,12 +182,12 @@ void frmRecord::ShowPic(const QString &path)
     if (!path.isEmpty() && !basic::Dir(path).isEmpty())
         shown = pictureOf(path, pixels);
     if (shown.isNull()) {
-        const QString own = desktop::findResource(u"\\"_s + m_section.picture.toString() + u".jpg"_s);
+        const QString own = desktop::findResource(u"\\"_s + m_design.picture.toString() + u".jpg"_s);
         if (!own.isEmpty())
             shown = pictureOf(own, pixels);
     }
     if (shown.isNull())
-        shown = QIcon(u":/pictures/"_s + m_section.picture.toString() + u".svg"_s).pixmap(room, scale);
+        shown = QIcon(u":/pictures/"_s + m_design.picture.toString() + u".svg"_s).pixmap(room, scale);
     else
         shown.setDevicePixelRatio(scale);
     picture->setPixmap(shown);

@@ -18,11 +18,11 @@ void frmRecord::AddNewRecord(const QString &sourceID)
     if (!dtaData().UpdateRecord())
         return;
     if (dtaData().RecordSource().isEmpty())
-        dtaData().setRecordSource(m_section.allRows.toString());
+        dtaData().setRecordSource(m_design.allRows.toString());
     dtaData().Refresh();
     if (!dtaData().Recordset())
         return;
-    if (const auto added = record::addRow(dtaData().Recordset(), m_section, sourceID))
+    if (const auto added = reminders::addRow(dtaData().Recordset(), m_design, sourceID))
         dtaData().setBookmark(*added);
     AllowInput();
 }
@@ -30,16 +30,16 @@ void frmRecord::AddNewRecord(const QString &sourceID)
 SeriesFields frmRecord::seriesFields() const
 {
     SeriesFields fields;
-    fields.kind = m_section.kind;
-    fields.text = text(m_section.textControl.toString());
+    fields.kind = m_design.kind;
+    fields.text = text(m_design.textControl.toString());
     fields.date = rowDate();
     fields.time = typedTime(text(u"cboTime"_s));
-    fields.amount = record::amount(text(u"txtAmount"_s));
+    fields.amount = reminders::amount(text(u"txtAmount"_s));
     fields.website = text(u"txtWebsite"_s);
     fields.fixedAmount = ticked(u"chkFixedAmount"_s);
     fields.deleteAfter = ticked(u"chkDelete"_s);
-    fields.months = record::wholeNumber(text(u"txtPeriodMonth"_s));
-    fields.days = record::wholeNumber(text(u"txtPeriodDays"_s));
+    fields.months = reminders::wholeNumber(text(u"txtPeriodMonth"_s));
+    fields.days = reminders::wholeNumber(text(u"txtPeriodDays"_s));
     fields.weekNum = text(u"cboDay"_s);
     fields.weekDay = text(u"cboWeekDay"_s);
     fields.weekdayRule = ticked(u"optPeriod(3)"_s);
@@ -64,7 +64,7 @@ void frmRecord::cmdUpdate_Click()
     correctDate();
     cboTime_LostFocus();
     if (isA(ReminderKind::Bill) && text(u"txtAmount"_s).trimmed().isEmpty())
-        setText(u"txtAmount"_s, record::moneyText({}));
+        setText(u"txtAmount"_s, reminders::moneyText({}));
     const SeriesFields fields = seriesFields();
     if (!agreesToLength(fields))
         return;
@@ -83,14 +83,14 @@ void frmRecord::cmdUpdate_Click()
     if (!saved)
         return;
     if (isA(ReminderKind::Bill))
-        setText(u"txtAmount"_s, record::moneyText(text(u"txtAmount"_s)));
+        setText(u"txtAmount"_s, reminders::moneyText(text(u"txtAmount"_s)));
     dtaData().takeAsShown(control(u"txtAmount"_s));
     takeViewAsShown();
     dao::DBEngine::Idle(dao::dbRefreshCache);
-    setRecordTitle(m_section.title.toString(), shownApostrophes(fields.text));
+    setRecordTitle(m_design.title.toString(), shownApostrophes(fields.text));
     if (seriesLength(fields) > 0 && !canHaveSeries(fields))
         basic::MsgBox(u"The row is saved, but not repeated: its text holds an apostrophe. Type the text anew and choose Update."_s);
-    showState(record::savedWords(added));
+    showState(reminders::savedWords(added));
 }
 
 qint32 frmRecord::survivorAfterDelete()
@@ -100,7 +100,7 @@ qint32 frmRecord::survivorAfterDelete()
     const qsizetype here = rows.AbsolutePosition();
     const auto idAt = [&](qsizetype row) {
         const dao::Value value = rows.cell(row, id);    // Null: the series went before
-        return value.isNull() ? 0 : static_cast<qint32>(record::number(value.text()));
+        return value.isNull() ? 0 : static_cast<qint32>(reminders::number(value.text()));
     };
     for (qsizetype row = here + 1; row < rows.rowTotal(); ++row) {
         if (const qint32 found = idAt(row))
@@ -130,7 +130,7 @@ void frmRecord::cmdDelete_Click()
     dao::Transaction all(file);
     if (canHaveSeries(fields))
         DeleteFutureDates(file, fields);
-    file.Execute(u"DELETE * FROM [%1] WHERE [ID]="_s.arg(m_section.table) + dao::literal(record::wholeNumber(text(u"lblID1"_s))));
+    file.Execute(u"DELETE * FROM [%1] WHERE [ID]="_s.arg(m_design.table) + dao::literal(reminders::wholeNumber(text(u"lblID1"_s))));
     all.Commit();
     dao::DBEngine::Idle(dao::dbRefreshCache);
     const qint32 next = survivorAfterDelete();

@@ -11,14 +11,14 @@
 #include <algorithm>
 #include <array>
 
-namespace vorel::record {
+namespace vorel::reminders {
 
 using namespace Qt::StringLiterals;
 using basic::DateTime;
 
 namespace {
 
-constexpr std::array<Section, 3> sections{{
+constexpr std::array<ReminderDesign, 3> designs{{
     {ReminderKind::Appointment, u"A", u"Appointment", u"Appointments", u"APPOINTMENT", u"txtAppointment", u"appoints",
      u" Frequency ", u"select * from [APPOINTMENTS] ORDER BY [DATE],[APPTIME],[APPOINTMENT]"},
     {ReminderKind::Bill, u"B", u"Bill", u"Bills", u"BILL", u"txtBill", u"appoints",
@@ -41,14 +41,14 @@ void copyRow(const dao::Recordset &source, dao::Recordset &rows)
     }
 }
 
-void fillRow(dao::Recordset &rows, const Section &section, const dao::Recordset &source)
+void fillRow(dao::Recordset &rows, const ReminderDesign &design, const dao::Recordset &source)
 {
     rows.Set(u"UsersName", state().settings.gUserName);
     if (source)
         copyRow(source, rows);
     else
         rows.Set(u"DATE", basic::Date());
-    if (section.kind != ReminderKind::Appointment)
+    if (design.kind != ReminderKind::Appointment)
         return;
     if (!source)
         rows.Set(u"APPTIME", basic::Format(basic::Now(), u"hh:mm am/pm"));
@@ -58,28 +58,28 @@ void fillRow(dao::Recordset &rows, const Section &section, const dao::Recordset 
 
 }
 
-const Section &section(const QString &recordCode)
+const ReminderDesign &reminderDesign(const QString &recordCode)
 {
-    for (const Section &section : sections) {
-        if (same(recordCode, section.code))
-            return section;
+    for (const ReminderDesign &design : designs) {
+        if (same(recordCode, design.code))
+            return design;
     }
-    return sections.front();
+    return designs.front();
 }
 
-std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section, const QString &sourceID)
+std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID)
 {
     dao::Database file;
     dao::Recordset source;
     if (const QString id = basic::Trim(sourceID); !id.isEmpty()) {
         file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
-        source = file.CreateSnapshot(u"select * from ["_s + section.table.toString() + u"] WHERE [ID]="_s + id + u";"_s);
+        source = file.CreateSnapshot(u"select * from ["_s + design.table.toString() + u"] WHERE [ID]="_s + id + u";"_s);
         dao::DBEngine::Idle(dao::dbRefreshCache);
         if (source.RecordCount() == 0)
             return std::nullopt;
     }
     dao::NewRow row(rows);
-    fillRow(rows, section, source);
+    fillRow(rows, design, source);
     row.save();
     return rows.LastModified();
 }

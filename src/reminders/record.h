@@ -8,9 +8,9 @@
 #include <optional>
 
 // What the screen of an appointment, a bill or an event decides, without its widgets. Texts are those of its controls.
-namespace vorel::record {
+namespace vorel::reminders {
 
-struct Section {
+struct ReminderDesign {
     ReminderKind kind;
     QStringView code;           // "A", "B", "E"
     QStringView title;          // of the screen
@@ -21,11 +21,11 @@ struct Section {
     QStringView frequencyTitle; // of fraBill
     QStringView allRows;        // the query over the whole table
 };
-const Section &section(const QString &recordCode);      // an unknown code is served as an appointment
+const ReminderDesign &reminderDesign(const QString &recordCode);      // an unknown code is served as an appointment
 
 // Adds a row to the recordset: blank, dated today, or with a source number a copy of that row (but for ID and DATE).
 // Returns the new row. nullopt: there is no such source row. Engine errors leave no row behind.
-std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const Section &section, const QString &sourceID);
+std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID);
 
 // The day in a stored date or a stored text of one; nullopt: there is none.
 std::optional<basic::DateTime> storedDay(const basic::Value &stored);

@@ -141,26 +141,31 @@ struct RecordScreenDesign {
 enum class PathKind { Picture, Sound, Data, Backup };
 // What the file chooser is for, by the caption that its caller gives it.
 struct ChooserDesign {
-    QString caption;                    // ends with a blank where a slot's number follows: "Contact Other Picture "
+    QString caption;
     PathKind kind = PathKind::Picture;
-    QString control{};                  // "" = whichever label of the record's file the screen has
-    int slotCount = 0;
 };
-// The table of the records' picture sets.
+// The picture sets of the records: several pictures a row, in a table of the section's file.
 struct PictureSetDesign {
-    DataFile file;
+    QString chooser;                    // the chooser's caption up to the slot's number: "Contact Other Picture "
     QString select, remove;             // the query texts up to the key
     QString readKey, ownKey;            // the field that the select asks for; the field of the record's number
     int slotCount;
 };
 struct PicturesDesign {
     QString folder;                     // beside the program's files
-    std::vector<ChooserDesign> choosers{};
+    std::vector<ChooserDesign> choosers;
     QString defaultPicture{};           // "" = one of the general ones
     std::optional<PictureSetDesign> set{};
 };
 
-// What stands in for a data file that is not there.
+// The page of help.
+struct HelpDesign {
+    QString page;                       // resource name: "\\INFOBOOKS.RTF"
+    QString needs{};                    // the feature (utilities/hints) without which its screens are still to come
+    QString title{};                    // "" = the section's name
+};
+
+// What is read where a data file is missing.
 enum class MissingFile { Error, MainFile, Empty };
 
 struct SectionDesign {
@@ -181,7 +186,7 @@ struct SectionDesign {
     std::optional<RowTipDesign> rowTip{};
     std::optional<RecordScreenDesign> screen{};
     std::optional<PicturesDesign> pictures{};
-    QString helpPage{};                 // resource name, "" = the general page
+    std::optional<HelpDesign> help{};   // none: the general page
 };
 
 // In the order of SectionId.
@@ -189,7 +194,7 @@ const std::vector<SectionDesign> &sectionDesigns();
 const SectionDesign &sectionDesign(SectionId id);
 const SectionDesign *sectionByName(const QString &name);     // exact, whatever the case; nullptr: no such section
 const SectionDesign *sectionByCode(QStringView code);
-const SectionDesign *sectionByScreen(const QString &screen); // whose records have pictures, by the screen's name in any case
+const SectionDesign *sectionByScreen(const QString &screen); // that shows pictures, by the screen's name in any case
 const SectionDesign *shownSection();                         // that of gSection
 bool isShown(SectionId id);
 

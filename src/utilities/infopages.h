@@ -5,12 +5,12 @@
 // Which page of help belongs to what.
 namespace vorel {
 
-// Pages that stand for no section code.
+// What has a page but no section code of its own.
 inline constexpr QStringView infoAll = u"All", infoPayBill = u"PAYBILL", infoAccountsSetup = u"ACCOUNTSSETUP",
                              infoInvoice = u"INVOICE", infoFilePath = u"FILEPATH", infoCalculator = u"CALCULATOR";
 
-// The page's resource name, e.g. "\INFOBOOKS.RTF", for a section code or one of the names above. A view that has no page
-// of its own gives that of the section it shows, else the general hints.
+// The page's resource name, e.g. "\INFOBOOKS.RTF", for the code or the name of a section, or one of the above. What has
+// no page of its own gives the general one.
 QString infoPageFile(QStringView code);
 // What the page is about, for the screen's title: "Books".
 QString infoPageTitle(QStringView code);

@@ -1,7 +1,12 @@
 #include "app/caddyscreen.h"
+#include "calendar/picker.h"
+#include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyScreens.h"
+#include "session/recorddesign.h"
 #include "session/sections.h"
 #include "store/designs.h"
+
+#include <QStandardPaths>
 
 namespace vorel {
 
@@ -71,8 +76,11 @@ TEST_F(Sections, EveryButtonOpensOrSaysLater)
     }
 }
 
-TEST_F(Sections, EveryControlThatADesignNamesIsThere)
+TEST_F(Sections, EveryControlAndIconThatADesignNamesIsThere)
 {
+    // The platform of the tests looks for no icons of the desktop.
+    QIcon::setThemeSearchPaths(QStandardPaths::locateAll(QStandardPaths::GenericDataLocation, u"icons"_s, QStandardPaths::LocateDirectory));
+    applyIconTheme();
     start();
     QStringList screens;
     for (const RecordScreen &screen : recordScreens())
@@ -86,8 +94,11 @@ TEST_F(Sections, EveryControlThatADesignNamesIsThere)
             names << section.print->menu;
         for (const QString &name : names)
             EXPECT_TRUE(exists(name)) << qPrintable(section.name + u' ' + name);
+        EXPECT_TRUE(!section.button || !caddyIcon(section.button->icon).isNull()) << qPrintable(section.name);
         if (section.screen && section.screen->record) {
             EXPECT_TRUE(screens.contains(section.screen->name)) << qPrintable(section.name);
+            for (const records::Field &field : section.screen->record().fields)
+                EXPECT_TRUE(field.code.isEmpty() || pickerTarget(field.code)) << qPrintable(field.control);
         }
     }
 }

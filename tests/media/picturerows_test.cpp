@@ -3,6 +3,7 @@
 
 #include "frame/startup.h"
 #include "session/datafiles.h"
+#include "session/sectiondesign.h"
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,7 @@ TEST_F(PictureRows, EachSectionKeepsASetInTheOrderOfItsNumbers)
 {
     const PictureOwner owner{7, u"O'Hara"_s}, other{8, u"Smith"_s};
     for (const QString &section : {u"P"_s, u"L"_s, u"MV"_s, u"O"_s, u"Q"_s, u"Z"_s}) {
-        const std::size_t last = static_cast<std::size_t>(pictureTableOf(section)->slotCount) - 1;
+        const std::size_t last = static_cast<std::size_t>(sectionByCode(section)->pictures->set->slotCount) - 1;
         PictureSet first;
         std::vector<PictureSlot> &set = first.pictures;
         set.resize(last + 1);
@@ -71,7 +72,7 @@ TEST_F(PictureRows, ARecordKeepsSeveralSetsWithItsPicturesInTheirSlots)
     };
     for (const QString &section : {u"P"_s, u"L"_s, u"MV"_s, u"O"_s, u"Q"_s, u"Z"_s}) {
         SCOPED_TRACE(qPrintable(section));
-        const QString tail = pictureTableOf(section)->slotCount == 10 ? u"----"_s : QString();
+        const QString tail = sectionByCode(section)->pictures->set->slotCount == 10 ? u"----"_s : QString();
         PictureSet first = addPictureSet(section, owner), second = addPictureSet(section, owner);
         second.pictures[5] = {u"f"_s, {}, 2};
         savePictureRow(section, owner, second);

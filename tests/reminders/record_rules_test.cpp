@@ -6,7 +6,7 @@
 namespace vorel {
 
 using namespace Qt::StringLiterals;
-using namespace record;
+using namespace reminders;
 
 class RecordRules : public test::MainFileTest {};
 
@@ -118,14 +118,14 @@ TEST_F(RecordRules, NewRowsAndCopies)
     execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET],[Delete],[PeriodDays],[WeekNum],[UsersName],[IDNUM])"
             " VALUES (#03/04/2025#,'10:15 am','Gym',-1,-1,7,'2nd','Bob',9)"_s);
     dao::Database file = open();
-    dao::Recordset rows = file.OpenRecordset(section(u"A"_s).allRows.toString());
-    ASSERT_TRUE(addRow(rows, section(u"A"_s), {}));
-    const auto copy = addRow(rows, section(u"A"_s), u" 1 "_s);
+    dao::Recordset rows = file.OpenRecordset(reminderDesign(u"A"_s).allRows.toString());
+    ASSERT_TRUE(addRow(rows, reminderDesign(u"A"_s), {}));
+    const auto copy = addRow(rows, reminderDesign(u"A"_s), u" 1 "_s);
     ASSERT_TRUE(copy);
     rows.setBookmark(*copy);
     EXPECT_EQ(rows.Get(u"ID").text(), u"3"_s);
-    EXPECT_EQ(addRow(rows, section(u"A"_s), u"77"_s), std::nullopt);
-    EXPECT_NE(test::errorOf([&] { addRow(rows, section(u"A"_s), u"x'y"_s); }), 0);
+    EXPECT_EQ(addRow(rows, reminderDesign(u"A"_s), u"77"_s), std::nullopt);
+    EXPECT_NE(test::errorOf([&] { addRow(rows, reminderDesign(u"A"_s), u"x'y"_s); }), 0);
     EXPECT_FALSE(rows.editPending());
     rows.Close();
 

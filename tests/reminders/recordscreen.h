@@ -25,7 +25,7 @@ protected:
     frmRecord &openScreen(const QString &code, int id)
     {
         form = std::make_unique<frmRecord>(code);
-        form->dtaData().setRecordSource(record::section(code).allRows.toString());
+        form->dtaData().setRecordSource(reminders::reminderDesign(code).allRows.toString());
         form->dtaData().Refresh();
         if (id != none) {
             EXPECT_TRUE(form->dtaData().FindFirst(u"ID = %1"_s.arg(id)));

@@ -5,8 +5,11 @@
 #include "session/recorddesign.h"
 #include "store/designs.h"
 #include "store/mainfile.h"
+#include "utilities/hints.h"
 #include "utilities/infopages.h"
 
+#include <algorithm>
+#include <map>
 #include <set>
 
 namespace vorel {
@@ -21,6 +24,15 @@ protected:
         for (const DataFileEntry &entry : dataFiles())
             state().path(entry.file) = m_folder.path(entry.defaultName.mid(1));
         test::putEmptyFiles(m_folder.path());
+    }
+    static bool hasField(const dao::Recordset &rows, const QString &name)
+    {
+        return std::any_of(rows.Fields().begin(), rows.Fields().end(),
+                           [&](const auto &one) { return one.Name.compare(name, Qt::CaseInsensitive) == 0; });
+    }
+    static bool isFeature(const QString &tag)
+    {
+        return std::any_of(features().begin(), features().end(), [&](const Feature &one) { return one.tag == tag; });
     }
     static dao::Database open(DataFile file)
     {
@@ -135,65 +147,180 @@ TEST_F(SectionDesigns, everyReportOpensAndReadsEachOfItsColumns)
 
 TEST_F(SectionDesigns, everyHelpPageAndPictureIsCarried)
 {
+    std::set<QString> folders, captions;
     for (const SectionDesign &one : sectionDesigns()) {
         SCOPED_TRACE(one.name.toStdString());
-        if (!one.helpPage.isEmpty()) {
-            EXPECT_FALSE(findInfoPage(one.helpPage).isEmpty()) << qPrintable(one.helpPage);
+        if (one.help) {
+            EXPECT_FALSE(findInfoPage(one.help->page).isEmpty()) << qPrintable(one.help->page);
+            EXPECT_TRUE(one.help->needs.isEmpty() || isFeature(one.help->needs)) << qPrintable(one.help->needs);
+            EXPECT_FALSE(one.screen && one.screen->record && isInfoPageAhead(one.code)) << "its screen exists";
         }
         if (!one.pictures)
             continue;
-        EXPECT_TRUE(one.screen && one.list);
-        EXPECT_FALSE(one.pictures->choosers.empty());
+        EXPECT_TRUE(folders.insert(one.pictures->folder.toLower()).second);
+        for (const ChooserDesign &chooser : one.pictures->choosers)
+            EXPECT_TRUE(captions.insert(chooser.caption).second) << qPrintable(chooser.caption);
         if (!one.pictures->defaultPicture.isEmpty()) {
             EXPECT_FALSE(desktop::findResource(one.pictures->defaultPicture).isEmpty()) << qPrintable(one.pictures->defaultPicture);
         }
         if (const auto &set = one.pictures->set) {
-            dao::Database database = open(set->file);
+            EXPECT_TRUE(captions.insert(set->chooser).second && set->chooser.endsWith(u' '));
+            dao::Database database = open(one.file);
             const bool isText = set->select.endsWith(u'\'');
             const dao::Recordset rows = database.OpenRecordset(set->select + (isText ? u"x'"_s : u"1"_s));
-            EXPECT_TRUE(rows.fieldIndex(set->ownKey) >= 0 && rows.fieldIndex(u"PICFILE%1"_s.arg(set->slotCount)) >= 0);
+            for (const QString &name : {set->readKey, set->ownKey, u"PICFILE%1"_s.arg(set->slotCount)})
+                EXPECT_TRUE(hasField(rows, name)) << qPrintable(name);
+            EXPECT_FALSE(hasField(rows, u"PICFILE%1"_s.arg(set->slotCount + 1)));
             database.Execute(set->remove + u'1');
         }
     }
 }
 
-TEST_F(SectionDesigns, everyFieldOfARecordScreenFitsItsTable)
+// The sections whose records open on a screen of fields.
+class RecordDesigns : public SectionDesigns {
+protected:
+    static std::vector<const SectionDesign *> all()
+    {
+        std::vector<const SectionDesign *> found;
+        for (const SectionDesign &one : sectionDesigns())
+            if (one.screen && one.screen->record && !one.screen->opensAs)
+                found.push_back(&one);
+        return found;
+    }
+    // Whether the table can keep what such a control gives.
+    static bool fits(const records::Field &entry, const dao::FieldDef &stored)
+    {
+        using enum records::FieldKind;
+        const bool isText = stored.Type == dao::dbText || stored.Type == dao::dbMemo;
+        switch (entry.kind) {
+        case Check:
+            return stored.Type == dao::dbBoolean;
+        case Rich:
+            return stored.Type == dao::dbMemo;
+        case Date:                          // mm/dd/yyyy
+            return stored.Type == dao::dbDate || stored.Type == dao::dbMemo || (stored.Type == dao::dbText && stored.Size >= 10);
+        case Path:                          // less would refuse most pictures
+            return stored.Type == dao::dbMemo || (stored.Type == dao::dbText && stored.Size >= 100);
+        case Amount:
+        case Digits:
+            return stored.Type != dao::dbBoolean && stored.Type != dao::dbDate;
+        case Hidden:
+            return true;
+        default:
+            return isText || stored.Type == dao::dbDate;
+        }
+    }
+    static bool fits(const QString &text, const dao::FieldDef &stored)
+    {
+        return stored.Type != dao::dbText || text.size() <= stored.Size;
+    }
+};
+
+TEST_F(RecordDesigns, everyFieldFitsItsTable)
 {
-    using records::FieldKind;
-    for (const SectionDesign &one : sectionDesigns()) {
-        if (!one.screen || !one.screen->record)
-            continue;
-        const records::RecordDesign &record = one.screen->record();
-        SCOPED_TRACE(one.name.toStdString());
-        EXPECT_EQ(record.letter, one.code);
-        EXPECT_EQ(record.screen, one.screen->name);
-        EXPECT_EQ(record.file, one.file);
+    ASSERT_GE(all().size(), 4u);
+    for (const SectionDesign *one : all()) {
+        const records::RecordDesign &record = one->screen->record();
+        SCOPED_TRACE(one->name.toStdString());
+        EXPECT_EQ(record.letter, one->code);
+        EXPECT_EQ(record.screen, one->screen->name);
+        EXPECT_EQ(record.file, one->file);
         const dao::TableDef *in = table(record.file, record.table);
         ASSERT_NE(in, nullptr);
-        EXPECT_NO_THROW(open(record.file).OpenRecordset(record.rows));
-        std::set<QString> controls;
+        std::map<QString, const dao::FieldDef *> bound;
         for (const records::Field &entry : record.fields) {
-            const dao::FieldDef *stored = field(*in, entry.field);
-            EXPECT_TRUE(controls.insert(entry.control).second) << qPrintable(entry.control);
+            const dao::FieldDef *stored = entry.field.isEmpty() ? nullptr : field(*in, entry.field);
+            bound[entry.control] = stored;
+            if (entry.field.isEmpty())
+                continue;
             ASSERT_NE(stored, nullptr) << qPrintable(entry.field);
-            const bool isText = stored->Type == dao::dbText || stored->Type == dao::dbMemo;
-            const bool fits = entry.kind == FieldKind::Check    ? stored->Type == dao::dbBoolean
-                              : entry.kind == FieldKind::Rich   ? stored->Type == dao::dbMemo
-                              : entry.kind == FieldKind::Hidden ? true
-                              : entry.kind == FieldKind::Amount || entry.kind == FieldKind::Digits
-                                  ? stored->Type != dao::dbBoolean
-                                  : isText || stored->Type == dao::dbDate;
-            EXPECT_TRUE(fits) << qPrintable(entry.field);
+            EXPECT_TRUE(fits(entry, *stored)) << qPrintable(entry.field);
         }
-        for (const records::FirstValue &value : record.newRow)
-            EXPECT_NE(field(*in, value.field), nullptr) << qPrintable(value.field);
         for (const records::Choices &list : record.lists)
             for (const QString &name : list.controls)
-                EXPECT_TRUE(controls.contains(name)) << qPrintable(name);
+                for (const QString &start : list.starts)
+                    EXPECT_TRUE(!bound[name] || fits(start, *bound[name])) << qPrintable(start);
+        for (const records::FirstValue &first : record.newRow) {
+            const dao::FieldDef *stored = field(*in, first.field);
+            const auto *value = std::get_if<dao::Value>(&first.value);
+            ASSERT_NE(stored, nullptr) << qPrintable(first.field);
+            EXPECT_TRUE(!value || fits(value->text(), *stored)) << qPrintable(first.field);
+        }
+        for (const records::TreeButton &tree : record.trees)
+            for (const QString &name : {tree.field, tree.leaf})
+                EXPECT_TRUE(name.isEmpty() || field(*in, name)) << qPrintable(name);
+    }
+}
+
+TEST_F(RecordDesigns, everyQueryOpens)
+{
+    for (const SectionDesign *one : all()) {
+        const records::RecordDesign &record = one->screen->record();
+        SCOPED_TRACE(one->name.toStdString());
+        dao::Database database = open(record.file);
+        dao::Recordset rows = database.OpenRecordset(record.rows);
+        if (!record.search.isEmpty())
+            rows.FindFirst(QString(record.search).replace(u"%1"_s, u"X"_s));
+        for (const records::Choices &list : record.lists) {
+            if (!list.sql.isEmpty()) {
+                EXPECT_EQ(database.OpenRecordset(list.sql).Fields().size(), 1u) << qPrintable(list.sql);
+            }
+        }
+        for (const records::ChildGrid &child : record.children) {
+            const dao::Recordset found = database.OpenRecordset(child.rows + u"1 "_s + child.order);
+            EXPECT_TRUE(hasField(found, child.key)) << qPrintable(child.key);
+            for (const records::ChildColumn &column : child.columns)
+                EXPECT_TRUE(hasField(found, column.field)) << qPrintable(column.field);
+        }
+        for (QString sql : record.childDeletes)
+            database.Execute(sql.replace(u"%id"_s, u"1"_s).replace(u"%name"_s, u"'x'"_s));
+    }
+}
+
+TEST_F(RecordDesigns, everyNameIsAControlOfTheScreen)
+{
+    for (const SectionDesign *one : all()) {
+        const records::RecordDesign &record = one->screen->record();
+        SCOPED_TRACE(one->name.toStdString());
+        std::map<QString, records::FieldKind> fields;
+        std::set<QString> panels, groups, all;
+        for (const records::Panel &panel : record.panels)
+            EXPECT_TRUE(panels.insert(panel.name).second) << qPrintable(panel.name);
+        for (const records::Group &group : record.groups)
+            groups.insert(group.name);
+        all.insert(groups.begin(), groups.end());
+        const auto known = [](const std::set<QString> &names, const QString &name) { return name.isEmpty() || names.contains(name); };
+        for (const records::Field &entry : record.fields) {
+            EXPECT_TRUE(fields.emplace(entry.control, entry.kind).second) << qPrintable(entry.control);
+            all.insert(entry.control);
+            EXPECT_TRUE(known(panels, entry.panel) && known(groups, entry.group)) << qPrintable(entry.control);
+        }
+        QStringList named{record.nameControl, record.newFocus, record.copyCheck, record.copyNumber};
+        for (const records::Choices &list : record.lists)
+            named << QStringList(list.controls.begin(), list.controls.end());
         for (const records::PageBlock &block : record.page)
-            EXPECT_TRUE(controls.contains(block.control)) << qPrintable(block.control);
-        for (const QString &name : {record.nameControl, record.newFocus})
-            EXPECT_TRUE(controls.contains(name)) << qPrintable(name);
+            named << block.control;
+        for (const records::Option &option : record.options) {
+            named << option.check << QStringList(option.controls.begin(), option.controls.end());
+            EXPECT_EQ(fields[option.check], records::FieldKind::Check) << qPrintable(option.check);
+        }
+        for (const records::ChildGrid &child : record.children) {
+            named << child.keyControl;
+            EXPECT_TRUE(panels.contains(child.panel)) << qPrintable(child.panel);
+        }
+        for (const QString &name : named)
+            EXPECT_TRUE(known(all, name)) << qPrintable(name);
+        for (const records::Choices &list : record.lists)
+            for (const QString &name : list.controls)
+                EXPECT_TRUE(fields[name] == records::FieldKind::List || fields[name] == records::FieldKind::Choice) << qPrintable(name);
+        // The choosers that the screen opens are those of the section.
+        QStringList choosers;
+        for (const ChooserDesign &chooser : one->pictures->choosers)
+            choosers << chooser.caption;
+        EXPECT_TRUE(choosers.contains(record.chooser)) << qPrintable(record.chooser);
+        EXPECT_TRUE(record.sound.isEmpty() || choosers.contains(record.sound)) << qPrintable(record.sound);
+        EXPECT_TRUE(known(panels, record.picturePanel));
+        EXPECT_TRUE(record.picturePanel.isEmpty() || record.otherChooser == one->pictures->set->chooser);
     }
 }
 

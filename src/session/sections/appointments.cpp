@@ -29,7 +29,7 @@ SectionDesign appointments()
         .rowTip = RowTipDesign{u"APPOINTMENTS"_s,
                                {day(u" DATE:"_s, u"DATE"_s), text(u" TIME:"_s, u"APPTIME"_s),
                                 text(u" APPOINTMENT:"_s, u"APPOINTMENT"_s)}},
-        .helpPage = u"\\INFOAPPOINTS.RTF"_s,
+        .help = HelpDesign{u"\\INFOAPPOINTS.RTF"_s},
     };
 }
 

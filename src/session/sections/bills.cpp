@@ -30,7 +30,7 @@ SectionDesign bills()
         .rowTip = RowTipDesign{u"BILLS"_s,
                                {day(u" DATE:"_s, u"DATE"_s), text(u" BILL:"_s, u"BILL"_s), money(u" AMOUNT:"_s, u"AMOUNT"_s),
                                 text(u" OWING TO:"_s, u"OwingTo"_s), text(u" WEB:"_s, u"Website"_s)}},
-        .helpPage = u"\\INFOBILLS.RTF"_s,
+        .help = HelpDesign{u"\\INFOBILLS.RTF"_s},
     };
 }
 

@@ -67,7 +67,7 @@ SectionDesign books()
                                 text(u" COMMENTS:"_s, u"COMMENTS"_s)}},
         .screen = RecordScreenDesign{.name = u"frmBooks"_s, .record = records::booksRecord},
         .pictures = PicturesDesign{u"BookPictures"_s, {{u"Book Picture"_s}}, u"\\DefaultPicE.jpg"_s},
-        .helpPage = u"\\INFOBOOKS.RTF"_s,
+        .help = HelpDesign{u"\\INFOBOOKS.RTF"_s},
     };
 }
 

@@ -103,7 +103,7 @@ SectionDesign contactList(SectionId id, const QString &name, const QString &code
         .file = DataFile::Contacts,
         .rowTip = tip(),
         .screen = RecordScreenDesign{.name = u"frmContacts"_s, .opensAs = SectionId::Contacts},
-        .helpPage = u"\\INFOCONTACTS.RTF"_s,
+        .help = HelpDesign{u"\\INFOCONTACTS.RTF"_s, u"contacts"_s, u"Contacts"_s},
     };
 }
 
@@ -156,11 +156,11 @@ SectionDesign contacts()
         .rowTip = tip(),
         .screen = RecordScreenDesign{.name = u"frmContacts"_s},
         .pictures = PicturesDesign{u"ContactPictures"_s,
-                                   {{u"Contact Picture"_s}, {u"Contact Other Picture "_s, PathKind::Picture, u"imgOther"_s, 6}},
+                                   {{u"Contact Picture"_s}},
                                    {},
-                                   PictureSetDesign{DataFile::Contacts, u"select * from [CONTACTDATA] WHERE [ID]="_s,
+                                   PictureSetDesign{u"Contact Other Picture "_s, u"select * from [CONTACTDATA] WHERE [ID]="_s,
                                                     u"DELETE * FROM [CONTACTDATA] where [ID]="_s, u"ID"_s, u"ID"_s, 6}},
-        .helpPage = u"\\INFOCONTACTS.RTF"_s,
+        .help = HelpDesign{u"\\INFOCONTACTS.RTF"_s, u"contacts"_s},
     };
 }
 

@@ -27,7 +27,8 @@ SectionDesign events()
         .rowTip = RowTipDesign{u"EVENTS"_s,
                                {date(u" DATE:"_s, u"DATE"_s), date(u" TO:"_s, u"DATETO"_s), text(u" SUBJECT:"_s, u"SUBJECT"_s),
                                 text(u" EVENT:"_s, u"EVENT"_s), text(u" EMAIL:"_s, u"EmailAddress"_s)}},
-        .helpPage = u"\\INFOEVENTS.RTF"_s,
+        .pictures = PicturesDesign{u"EventPictures"_s, {{u"Event Picture"_s}}},
+        .help = HelpDesign{u"\\INFOEVENTS.RTF"_s},
     };
 }
 

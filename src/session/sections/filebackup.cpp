@@ -49,7 +49,7 @@ SectionDesign fileBackup()
                                 text(u" REMIND AFTER DAYS:"_s, u"BACKUPAFTERDAYS"_s), text(u" COPY:"_s, u"FILECOPY"_s),
                                 text(u" SOFTWARE:"_s, u"SOFTWARE"_s)}},
         .screen = RecordScreenDesign{.name = u"frmBackup"_s},
-        .helpPage = u"\\INFOBACKUP.RTF"_s,
+        .help = HelpDesign{u"\\INFOBACKUP.RTF"_s, u"backup"_s},
     };
 }
 

@@ -27,11 +27,11 @@ SectionDesign gardening()
                                 text(u" WEB:"_s, u"Website"_s), text(u" NOTES:"_s, u"Notes"_s)}},
         .screen = RecordScreenDesign{.name = u"frmGarden"_s},
         .pictures = PicturesDesign{u"GardenPictures"_s,
-                                   {{u"Garden Picture"_s}, {u"Garden Other Picture "_s, PathKind::Picture, u"imgOther"_s, 6}},
+                                   {{u"Garden Picture"_s}},
                                    u"\\garden.jpg"_s,
-                                   PictureSetDesign{DataFile::Garden, u"SELECT * FROM [GARDENDATA] where [ID]="_s,
+                                   PictureSetDesign{u"Garden Other Picture "_s, u"SELECT * FROM [GARDENDATA] where [ID]="_s,
                                                     u"DELETE * FROM [GARDENDATA] where [ID]="_s, u"ID"_s, u"ID"_s, 6}},
-        .helpPage = u"\\INFOGARDEN.RTF"_s,
+        .help = HelpDesign{u"\\INFOGARDEN.RTF"_s, u"garden"_s},
     };
 }
 

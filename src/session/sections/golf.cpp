@@ -25,11 +25,11 @@ SectionDesign golf()
                                 text(u" HANDICAP:"_s, u"HANDICAP"_s), text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmSport"_s},
         .pictures = PicturesDesign{u"SportsPictures"_s,
-                                   {{u"Sport Picture"_s}, {u"Sport Picture "_s, PathKind::Picture, u"imgOther"_s, 10}},
+                                   {{u"Sport Picture"_s}},
                                    u"\\DefaultPicS.jpg"_s,
-                                   PictureSetDesign{DataFile::Sports, u"select * from [PERSONAL] WHERE [IDNUM]="_s,
+                                   PictureSetDesign{u"Sport Picture "_s, u"select * from [PERSONAL] WHERE [IDNUM]="_s,
                                                     u"DELETE * FROM [PERSONAL] where [IDNUM]="_s, u"IDNUM"_s, u"IDNUM"_s, 10}},
-        .helpPage = u"\\INFOSPORT.RTF"_s,
+        .help = HelpDesign{u"\\INFOSPORT.RTF"_s, u"sport"_s},
     };
 }
 

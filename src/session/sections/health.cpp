@@ -26,11 +26,11 @@ SectionDesign health()
                                {day(u" DATE:"_s, u"DATE"_s), text(u" NAME:"_s, u"USERNAME"_s), text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmHealth"_s},
         .pictures = PicturesDesign{u"HealthPictures"_s,
-                                   {{u"Health Picture"_s}, {u"Health Picture "_s, PathKind::Picture, u"imgOther"_s, 10}},
+                                   {{u"Health Picture"_s}},
                                    {},
-                                   PictureSetDesign{DataFile::HowTo, u"select * from [GENERALHEALTH] WHERE [USERNAME]='"_s,
+                                   PictureSetDesign{u"Health Picture "_s, u"select * from [GENERALHEALTH] WHERE [USERNAME]='"_s,
                                                     u"DELETE * FROM [GENERALHEALTH] where [IDNUM]="_s, u"USERNAME"_s, u"IDNUM"_s, 10}},
-        .helpPage = u"\\INFOHEALTH.RTF"_s,
+        .help = HelpDesign{u"\\INFOHEALTH.RTF"_s, u"health"_s},
     };
 }
 

@@ -30,7 +30,7 @@ SectionDesign howTo()
                                {text(u" SUBJECT:"_s, u"SUBJECT"_s), text(u" HOW TO:"_s, u"HOWTO"_s),
                                 text(u" SOLUTION:"_s, u"SOLUTION"_s)}},
         .screen = RecordScreenDesign{.name = u"frmHowTo"_s},
-        .helpPage = u"\\INFOHOWTO.RTF"_s,
+        .help = HelpDesign{u"\\INFOHOWTO.RTF"_s, u"howto"_s, u"How To"_s},
     };
 }
 

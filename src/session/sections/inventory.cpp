@@ -133,7 +133,7 @@ SectionDesign inventory()
                                 text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmInventory"_s, .record = records::inventoryRecord},
         .pictures = PicturesDesign{u"AssetPictures"_s, {{u"Asset Picture"_s}}},
-        .helpPage = u"\\INFOASSET.RTF"_s,
+        .help = HelpDesign{u"\\INFOASSET.RTF"_s},
     };
 }
 

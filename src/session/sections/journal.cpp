@@ -31,7 +31,7 @@ SectionDesign journal()
              .columns = {column(u"DATE"_s, 1), wrapped(u"NOTE"_s, u"NOTESDISPLAY"_s, 15, 130)}}},
         .rowTip = RowTipDesign{u"JOURNAL"_s, {day(u" DATE:"_s, u"DATE"_s), text(u" NOTES:"_s, u"NOTESDISPLAY"_s)}},
         .screen = RecordScreenDesign{.name = u"frmNotes"_s},
-        .helpPage = u"\\INFOJOURNAL.RTF"_s,
+        .help = HelpDesign{u"\\INFOJOURNAL.RTF"_s, u"admin"_s},
     };
 }
 

@@ -29,7 +29,7 @@ SectionDesign messages()
                                {day(u" DATE:"_s, u"DATE"_s), text(u" FROM:"_s, u"FROM"_s), text(u" TO:"_s, u"TO"_s),
                                 text(u" MESSAGE:"_s, u"MESSAGE"_s)}},
         .screen = RecordScreenDesign{.name = u"frmMessage"_s},
-        .helpPage = u"\\INFOMESSAGES.RTF"_s,
+        .help = HelpDesign{u"\\INFOMESSAGES.RTF"_s},
     };
 }
 

@@ -71,8 +71,8 @@ SectionDesign movies()
                                 text(u" RATING:"_s, u"RATING"_s), date(u" DATE SEEN:"_s, u"DATESEEN"_s),
                                 text(u" ON LOAN TO:"_s, u"ONLOAN"_s), text(u" COMMENTS:"_s, u"COMMENTS"_s)}},
         .screen = RecordScreenDesign{.name = u"frmMovies"_s, .record = records::moviesRecord},
-        .pictures = PicturesDesign{u"MoviePictures"_s, {{u"Movie Picture"_s}, {u"Movie Sound"_s, PathKind::Sound, u"lblSoundFile"_s}}},
-        .helpPage = u"\\INFOMOVIES.RTF"_s,
+        .pictures = PicturesDesign{u"MoviePictures"_s, {{u"Movie Picture"_s}, {u"Movie Sound"_s, PathKind::Sound}}},
+        .help = HelpDesign{u"\\INFOMOVIES.RTF"_s},
     };
 }
 

@@ -72,8 +72,8 @@ SectionDesign music()
                                 text(u" TYPE:"_s, u"TYPE"_s), text(u" CATEGORY:"_s, u"CATEGORY"_s), text(u" RATING:"_s, u"RATING"_s),
                                 text(u" ON LOAN TO:"_s, u"ONLOAN"_s), text(u" COMMENTS:"_s, u"COMMENTS"_s)}},
         .screen = RecordScreenDesign{.name = u"frmMusic"_s, .record = records::musicRecord},
-        .pictures = PicturesDesign{u"MusicPictures"_s, {{u"Music Picture"_s}, {u"Music Sound"_s, PathKind::Sound, u"lblSoundFile"_s}}},
-        .helpPage = u"\\INFOMUSIC.RTF"_s,
+        .pictures = PicturesDesign{u"MusicPictures"_s, {{u"Music Picture"_s}, {u"Music Sound"_s, PathKind::Sound}}},
+        .help = HelpDesign{u"\\INFOMUSIC.RTF"_s},
     };
 }
 

@@ -27,7 +27,7 @@ SectionDesign notes()
              .columns = {column(u"DATE"_s, 1), column(u"NAME"_s, 15), wrapped(u"NOTE"_s, u"NOTES"_s, 30, 130)}}},
         .rowTip = RowTipDesign{u"NOTES"_s, {day(u" DATE:"_s, u"DATE"_s), text(u" NAME:"_s, u"NAME"_s), text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmNotes"_s},
-        .helpPage = u"\\INFONOTES.RTF"_s,
+        .help = HelpDesign{u"\\INFONOTES.RTF"_s, u"notes"_s},
     };
 }
 

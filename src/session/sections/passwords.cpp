@@ -34,7 +34,7 @@ SectionDesign passwords()
                                 text(u" OTHER:"_s, u"OTHER"_s)},
                                false},
         .screen = RecordScreenDesign{.name = u"frmPasswords"_s},
-        .helpPage = u"\\INFOPASSWORDS.RTF"_s,
+        .help = HelpDesign{u"\\INFOPASSWORDS.RTF"_s, u"admin"_s},
     };
 }
 

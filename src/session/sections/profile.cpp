@@ -26,11 +26,11 @@ SectionDesign profile()
                                 text(u" CATEGORY:"_s, u"CATEGORY"_s), text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmProfile"_s},
         .pictures = PicturesDesign{u"ProfilePictures"_s,
-                                   {{u"Profile Picture"_s}, {u"Profile Other Picture "_s, PathKind::Picture, u"imgOther"_s, 6}},
+                                   {{u"Profile Picture"_s}},
                                    {},
-                                   PictureSetDesign{DataFile::Main, u"select * from [PROFILEDATA] WHERE [ID]="_s,
+                                   PictureSetDesign{u"Profile Other Picture "_s, u"select * from [PROFILEDATA] WHERE [ID]="_s,
                                                     u"DELETE * FROM [PROFILEDATA] where [ID]="_s, u"ID"_s, u"ID"_s, 6}},
-        .helpPage = u"\\INFOPROFILE.RTF"_s,
+        .help = HelpDesign{u"\\INFOPROFILE.RTF"_s, u"profile"_s},
     };
 }
 

@@ -27,7 +27,7 @@ SectionDesign recipes()
                                 text(u" YIELD:"_s, u"Yield"_s), text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmRecipes"_s},
         .pictures = PicturesDesign{u"RecipePictures"_s, {{u"Recipe Picture"_s}}, u"\\recipes.jpg"_s},
-        .helpPage = u"\\INFORECIPE.RTF"_s,
+        .help = HelpDesign{u"\\INFORECIPE.RTF"_s, u"recipes"_s, u"Recipes"_s},
     };
 }
 

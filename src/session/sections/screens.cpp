@@ -15,7 +15,7 @@ SectionDesign income()
                                {u"INCOME"_s, {u" Record all of your income, and print the reports for your tax return."_s}}},
         // Income and Expenses share a switch.
         .feature = FeatureDesign{u"Accounts"_s, {u"cmdInvoice"_s, u"mnuInvoice"_s}},
-        .helpPage = u"\\INFOINCOME.RTF"_s,
+        .help = HelpDesign{u"\\INFOINCOME.RTF"_s, u"accounts"_s},
     };
 }
 
@@ -29,19 +29,21 @@ SectionDesign expenses()
         .button = ButtonDesign{24, u" Expenses "_s, u" Record all of your expenses "_s, u"view-bank"_s, RailGroup::Money, 1,
                                {u"EXPENSES"_s, {u" Record all of your expenses, and pay the bills that are due."_s}}},
         .feature = FeatureDesign{u"Accounts"_s},
-        .helpPage = u"\\INFOBILLENTER.RTF"_s,
+        .help = HelpDesign{u"\\INFOBILLENTER.RTF"_s, u"accounts"_s},
     };
 }
 
 SectionDesign calculator()
 {
-    return {.id = SectionId::Calculator, .name = u"Calculator"_s, .kind = SectionKind::Action};
+    return {.id = SectionId::Calculator, .name = u"Calculator"_s, .kind = SectionKind::Action,
+            .help = HelpDesign{u"\\INFOCALCULATOR.RTF"_s}};
 }
 
 SectionDesign calendar()
 {
     return {.id = SectionId::Calendar, .name = u"Calendar"_s, .kind = SectionKind::Action,
-            .feature = FeatureDesign{u"Calendar"_s, {u"cmdCalendar"_s, u"mnuCalendar"_s}}};
+            .feature = FeatureDesign{u"Calendar"_s, {u"cmdCalendar"_s, u"mnuCalendar"_s}},
+            .pictures = PicturesDesign{u"CalendarPictures"_s, {{u"Calendar Picture"_s}, {u"Cal Pic"_s}, {u"CalcPic"_s}}}};
 }
 
 SectionDesign help()

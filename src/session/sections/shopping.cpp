@@ -54,7 +54,7 @@ SectionDesign shopping()
                                {text(u" ITEM:"_s, u"ITEM"_s), text(u" STORE:"_s, u"STORE"_s), text(u" NUMBER:"_s, u"NUMBER"_s),
                                 money(u" LAST COST:"_s, u"LASTCOST"_s), money(u" AMOUNT:"_s, u"AMOUNT"_s),
                                 money(u" TOTAL:"_s, u"TOTAL"_s)}},
-        .helpPage = u"\\INFOSHOPPING.RTF"_s,
+        .help = HelpDesign{u"\\INFOSHOPPING.RTF"_s},
     };
 }
 

@@ -27,7 +27,7 @@ SectionDesign toDo()
              .noRows = u"No Records to Preview"_s}},
         .rowTip = RowTipDesign{u"TODO"_s,
                                {text(u" TO DO:"_s, u"ToDo"_s), text(u" PRIORITY:"_s, u"Priority"_s), date(u" DUE:"_s, u"DATEDUE"_s)}},
-        .helpPage = u"\\INFOTODO.RTF"_s,
+        .help = HelpDesign{u"\\INFOTODO.RTF"_s},
     };
 }
 

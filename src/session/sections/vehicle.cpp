@@ -32,11 +32,11 @@ SectionDesign vehicle()
                                 text(u" NOTES:"_s, u"NOTES"_s)}},
         .screen = RecordScreenDesign{.name = u"frmVehicle"_s},
         .pictures = PicturesDesign{u"VehiclePictures"_s,
-                                   {{u"Motor Vehicle Picture"_s}, {u"Vehicle Other Picture "_s, PathKind::Picture, u"imgOther"_s, 6}},
+                                   {{u"Motor Vehicle Picture"_s}},
                                    {},
-                                   PictureSetDesign{DataFile::HowTo, u"select * from [VEHICLEPICTURES] WHERE [ID]="_s,
+                                   PictureSetDesign{u"Vehicle Other Picture "_s, u"select * from [VEHICLEPICTURES] WHERE [ID]="_s,
                                                     u"DELETE * FROM [VEHICLEPICTURES] where [ID]="_s, u"ID"_s, u"ID"_s, 6}},
-        .helpPage = u"\\INFOVEHICLE.RTF"_s,
+        .help = HelpDesign{u"\\INFOVEHICLE.RTF"_s, u"vehicle"_s},
     };
 }
 
