@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <functional>
+#include <vector>
+
+// What else writes to the current row of a data control, or to rows that hang on it: grids, child grids, picture sets.
+namespace vorel::controls {
+
+class RowWriters {
+public:
+    // A second writer of an owner replaces the first.
+    void add(QObject *owner, std::function<bool()> write, std::function<void()> undo, std::function<bool()> changed);
+    bool write();               // false: one of them was refused; those behind it are not asked
+    bool haveChanges() const;   // as far as they say so
+    void undo();
+
+private:
+    struct Writer {
+        QPointer<QObject> owner;
+        std::function<bool()> write;
+        std::function<void()> undo;
+        std::function<bool()> changed;
+    };
+    std::vector<Writer> m_writers;
+};
+
+}
