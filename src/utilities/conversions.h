@@ -7,7 +7,7 @@ namespace vorel {
 
 // The units in the order of the list.
 const QStringList &conversionUnits();
-// The other units of the same kind, in the same order; none for a text that is no unit.
+// The other units of the same kind, in the same order; none for an unknown unit.
 QStringList unitsLike(const QString &unit);
 
 // The amount that a user typed, with the region's decimal point or with "."; 0 for a text that begins with no number.

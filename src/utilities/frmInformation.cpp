@@ -67,15 +67,26 @@ void showHints(controls::RichTextBox &box)
     box.document()->clearUndoRedoStacks();
 }
 
-// Above a page that came with the program: its user is not to look for keys that do not exist yet.
-void sayAhead(controls::RichTextBox &box)
+// What a page that came with the program says of keys and screens that do not exist yet; "" = nothing.
+QString aheadNote(QStringView code, const QString &text)
+{
+    if (isInfoPageAhead(code))
+        return u"This page describes the section as it is going to be: its screens are not part of this version yet."_s;
+    QStringList missing;
+    for (const Feature &feature : features()) {
+        if (!feature.isThere && !feature.screen.isEmpty() && text.contains(feature.screen))
+            missing << feature.screen.toString();
+    }
+    return missing.isEmpty() ? QString() : u"Not part of this version yet: "_s + missing.join(u", "_s) + u'.';
+}
+
+void putAbove(controls::RichTextBox &box, const QString &note)
 {
     QTextCursor top(box.document());
     QTextCharFormat slanted;
     slanted.setFontItalic(true);
-    top.insertText(u"This page describes the section as it is going to be: its screens are not part of this version yet."_s, slanted);
+    top.insertText(note, slanted);
     top.insertBlock();
-    box.moveCursor(QTextCursor::Start);
 }
 
 }
@@ -106,9 +117,10 @@ void ShowInfoPage(QStringView code)
     const QString page = findInfoPage(infoPageFile(code));
     if (!page.isEmpty())
         form.txtInfo().LoadFile(page);
-    if (page.startsWith(u':') && isInfoPageAhead(code))
-        sayAhead(form.txtInfo());
-    else if (!page.isEmpty())
+    const QString note = page.startsWith(u':') ? aheadNote(code, form.txtInfo().Text()) : QString();
+    if (!note.isEmpty())
+        putAbove(form.txtInfo(), note);
+    if (!page.isEmpty())
         form.txtInfo().moveCursor(QTextCursor::Start);
     else if (infoPageFile(code) == infoPageFile(infoAll))
         showHints(form.txtInfo());

@@ -12,13 +12,14 @@ void LoadHints();
 const QStringList &Hints();
 // One of the hints, picked by chance that is seeded with the time of day; "" when there is none.
 QString NextHint();
-// What hints and pages of help may speak of before the program has it. true also for a tag that is in no table.
+// What hints and pages of help may speak of before the program has it.
 struct Feature {
     QStringView tag;
     bool isThere;
+    QStringView screen = {};        // by which name the pages of other sections send the user there; "" = they do not
 };
 const std::vector<Feature> &features();
-bool hasFeature(QStringView tag);
+bool hasFeature(QStringView tag);   // true also for a tag that is in no table
 inline constexpr QStringView hintEnd = u" ..........";
 
 }

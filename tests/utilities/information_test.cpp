@@ -56,6 +56,10 @@ TEST_F(Information, ShowsThePageOfTheSection)
     EXPECT_EQ(u""_s, openScreen()->txtInfo().Text());
     ShowInfoPage(u"P");
     EXPECT_TRUE(openScreen()->txtInfo().Text().startsWith(u"This page describes the section as it is going to be"_s));
+    ShowInfoPage(u"A");
+    EXPECT_TRUE(openScreen()->txtInfo().Text().startsWith(u"Not part of this version yet: Setup.\nAppointments"_s));
+    ShowInfoPage(u"H");
+    EXPECT_TRUE(openScreen()->txtInfo().Text().startsWith(u"Shopping"_s)) << "names nothing that is missing";
     folder.write(u"INFOCONTACTS.RTF"_s, "{\\rtf1 my own}");
     ShowInfoPage(u"P");
     EXPECT_EQ(u"my own"_s, openScreen()->txtInfo().Text());

@@ -15,7 +15,7 @@ std::vector<Field> collectionFields(std::vector<Field> details, bool hasSound)
     add({.control = u"cboRating"_s, .field = u"RATING"_s, .kind = List, .panel = u"picReview"_s, .label = u"Ratin&g"_s});
     add({.control = u"txtComments"_s, .field = u"COMMENTS"_s, .kind = Rich, .panel = u"picReview"_s, .label = u"Comment&s"_s});
     add({.control = u"chkOwnCopy"_s, .field = u"HAVECOPY"_s, .kind = Check, .panel = u"picLoan"_s, .label = u"Own &Copy"_s});
-    add({.control = u"txtStorageID"_s, .field = u"STORAGEID"_s, .panel = u"picLoan"_s, .label = u"Libra&y #"_s, .labelName = u"lblLibrary"_s});
+    add({.control = u"txtStorageID"_s, .field = u"STORAGEID"_s, .panel = u"picLoan"_s, .label = u"Libra&y #"_s, .labelName = u"lblLibrary"_s});    // spelled so on purpose
     add({.control = u"txtOnLoan"_s, .field = u"ONLOAN"_s, .panel = u"picLoan"_s, .label = u"Currently On loan &to"_s});
     if (hasSound)
         add({.control = u"lblSoundFile"_s, .field = u"SOUNDFILENAME"_s, .kind = Path, .panel = u"picOther"_s, .label = u"Sound"_s,
