@@ -257,7 +257,7 @@ void frmCalendarDrop::keyPressEvent(QKeyEvent *event)
     }
 }
 
-// Below the area, above it where there is no room, else at its side: never over it.
+// Below the area, above it where space is short, else at its side: never over it.
 QPoint frmCalendarDrop::placeBeside(const QRect &area, QSize size, const QRect &desktop)
 {
     const int left = std::max(desktop.left(), std::min(area.left(), desktop.right() - size.width() + 1));

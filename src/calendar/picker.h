@@ -30,7 +30,7 @@ bool OpenDatePicker(QWidget *box, const QString &code, const QString &format);  
 std::optional<basic::DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<basic::DateTime> &day,
                                                     const QString &code);
 
-// What a return code stands for: a box of a screen. A code without a box belongs to whoever opens the picker with it.
+// The box of a screen that a return code means. For a code without a box the caller names the box.
 struct PickerTarget {
     QStringView code;
     QStringView screen;         // objectName of the screen

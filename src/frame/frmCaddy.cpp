@@ -110,7 +110,7 @@ void frmCaddy::showStart()
     const QString category = loadStartCategory();
     d->c.panInfo->setVisible(state().settings.gDisplayAds);
     DisplayCategory(category);
-    if (state().selection.gLastCategory.isEmpty())        // a name that is no section
+    if (state().selection.gLastCategory.isEmpty())        // not the name of a section
         DisplayCategory(u"All"_s);
 }
 

@@ -22,7 +22,7 @@ public:
 
     void Load();                        // reads the settings, opens the main file, shows the start section; stays hidden
     CaddyControls &controls();
-    // The reminder grids' rows anew, by the queries that they show.
+    // Reads the reminder grids again, by the queries that they show.
     void requeryReminders();
 
     void DisplayCategory(const QString &name) override;

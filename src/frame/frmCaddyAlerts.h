@@ -19,7 +19,7 @@ public:
     CaddyAlerts(CaddyControls &c, CaddyPainting &painting, CaddyEdit &edit, QWidget *window, std::function<void()> busy);
 
     void showTime();
-    void Timer2_Timer();                // CheckAppointments; a failure is told once, not at every tick
+    void Timer2_Timer();                // CheckAppointments; a failure is reported once, not at every tick
     void CheckAppointments();
     void panAppoint_Click();            // the long text, then the row
     void CreateAppointsFile();

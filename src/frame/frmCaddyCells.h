@@ -28,7 +28,7 @@ private:
     void openToDo();
     void openShopping();
     void openMessages();
-    void countShoppingRow(qsizetype row);       // by its cells as they stand
+    void countShoppingRow(qsizetype row);       // by its cells as shown
     void showShoppingTotal();
     void deleteRow();
 

@@ -9,8 +9,8 @@
 namespace vorel {
 
 // Widths and row heights of the grids as the layout keeps them. While a grid has its first widths, the column that names
-// the row also takes the room that is left over, and its rows are as high as their lines need; once the user has set
-// them they stand as set.
+// the row also takes the remaining width, and its rows are as high as their lines need; once the user has set
+// them they keep the width that was set.
 class CaddyColumns : public QObject {
     Q_OBJECT
 public:
@@ -19,15 +19,15 @@ public:
     struct Plan {
         QString word;                   // of the width keys; "" keeps none
         std::vector<int> numbers;       // by grid column: its number in the width keys, 0 = none
-        int wideColumn = -1;            // takes the room left over, -1 = none
+        int wideColumn = -1;            // takes the remaining width, -1 = none
         std::vector<QString> samples = {};      // by grid column: a text that should fit, "" = the head's alone
-        int givingColumn = -1;          // gives of its width where room is short, -1 = none
+        int givingColumn = -1;          // shrinks where space is short, -1 = none
         int lines = 1;                  // that a row shows
-        std::vector<int> growing = {};  // share the room left over by their widths; empty: the wide column has it all
+        std::vector<int> growing = {};  // share the remaining width in proportion; empty: the wide column has it all
     };
     // Sets the grid's columns and their widths.
     void show(controls::Grid *grid, std::vector<controls::GridColumn> columns, Plan plan);
-    void apply(controls::Grid *grid);   // widths and height anew, after the layout was read again
+    void apply(controls::Grid *grid);   // widths and height again, after the layout was read again
     std::int16_t rowHeight(controls::Grid *grid) const;     // twips, as to be kept
 
 protected:

@@ -70,7 +70,7 @@ struct CaddyControls {
 
     CaddyGround *page = nullptr;        // all that lies between the rail and the strip
     QLabel *panPeriod = nullptr;
-    QLabel *lblNotice = nullptr;        // stands over the grids while something keeps the rows away
+    QLabel *lblNotice = nullptr;        // shown over the grids while the rows cannot be read
     QAbstractButton *panNew = nullptr;
     QSplitter *SSPanel1 = nullptr;
     DetailPane *picDetails = nullptr;

@@ -21,7 +21,7 @@ using controls::Grid;
 
 namespace {
 
-// Val of the row's ID: 0 on the new-row line and where there is no row.
+// Val of the row's ID: 0 on the new-row line and without a row.
 qint32 selectedId(const controls::Grid *grid)
 {
     return static_cast<qint32>(basic::Val(grid->CellText(idColumn)));

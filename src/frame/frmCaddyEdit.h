@@ -6,7 +6,7 @@
 
 namespace vorel {
 
-// The roads from the grids to the record screens.
+// Opens the record screens from the grids.
 class CaddyEdit : public QObject {
     Q_OBJECT
 public:
@@ -20,7 +20,7 @@ public:
     void NewRecord();
     void panNew_Click();
     void subjectButton(qsizetype row);          // the button of a row of SUBJECTGRID
-    void editSearched();                        // the row that the search box stands on
+    void editSearched();                        // the row that the search found
     void DblClick(GridPane &pane, int yTwips);
     QString toolTip(const GridPane &pane, qsizetype row, int column) const;
     controls::Grid *activeGrid() const;         // the grid on show that the keyboard works on, or worked on last

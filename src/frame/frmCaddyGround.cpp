@@ -9,7 +9,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr double veil = 0.72;           // of the ground's colour over the picture
+constexpr double veil = 0.72;           // of the background's colour over the picture
 constexpr int largestSide = 2560;       // a camera's picture is read no larger than a screen shows it
 
 }

@@ -5,14 +5,14 @@
 
 namespace vorel {
 
-// What lies behind the main screen: the palette's ground or a chosen colour, and over it the user's picture, pale enough
+// The background of the main screen: the palette's or a chosen colour, and over it the user's picture, pale enough
 // for the words in front of it.
 class CaddyGround : public QWidget {
     Q_OBJECT
 public:
     explicit CaddyGround(QWidget *parent = nullptr);
 
-    void setPicture(const QString &file);       // "" or no picture: the plain ground
+    void setPicture(const QString &file);       // "" or not a picture: the plain background
     bool hasPicture() const { return !m_picture.isNull(); }
 
 protected:

@@ -6,7 +6,7 @@
 
 namespace vorel {
 
-// The panel of hints in the strip. A line longer than its room rolls by, slowly, while the window is in use; it stands
+// The panel of hints in the strip. A line longer than the panel rolls by, slowly, while the window is in use; it stands
 // still under the pointer, and where the desktop wants no animation it is cut with dots.
 class InfoPanel : public QLabel {
     Q_OBJECT

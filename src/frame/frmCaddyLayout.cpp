@@ -122,7 +122,7 @@ QWidget *buildSearch(CaddyControls &c)
     c.lblNotFound->setObjectName(u"lblNotFound"_s);
     c.lblNotFound->setAttribute(Qt::WA_TransparentForMouseEvents);
     c.lblNotFound->hide();
-    // Within the box: beside it there is no room on a small screen.
+    // Within the box: beside it a small screen has no space.
     auto *inside = new QHBoxLayout(c.txtSearch);
     inside->setContentsMargins(0, 0, 3 * unit, 0);          // clear of the button that empties the box
     inside->addWidget(c.lblNotFound, 0, Qt::AlignRight);

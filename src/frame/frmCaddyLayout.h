@@ -6,7 +6,7 @@ namespace vorel {
 
 QString periodKeyName(const QString &key);          // "LAST WEEK" as "Last Week"
 
-// The icons of everything but the rail, anew after a change of the palette.
+// The icons of everything but the rail; called again after a change of the palette.
 void applyCaddyIcons(CaddyControls &c);
 // Three text sizes serve the whole screen: small print, body, headings.
 QFont headingFont(const QFont &body);

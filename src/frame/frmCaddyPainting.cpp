@@ -150,7 +150,7 @@ void CaddyPainting::DefaultMenu()
     }
 }
 
-// Of several grids on show one has the keyboard: only its row stands out in full.
+// Of several grids on show one has the keyboard: only its row is highlighted in full.
 void CaddyPainting::markActive(const Grid *active)
 {
     const QPalette system = QGuiApplication::palette();
@@ -168,7 +168,7 @@ void CaddyPainting::markActive(const Grid *active)
     }
 }
 
-// What the grids' own design gives: quiet tints of the palette's ground, so that they read well in light and dark.
+// What the grids' own design gives: quiet tints of the palette's background, so that they read well in light and dark.
 void CaddyPainting::applyPalette()
 {
     const QPalette palette = QGuiApplication::palette();
@@ -203,7 +203,7 @@ void CaddyPainting::applyPalette()
     }
 }
 
-// A colour that the user chose stands in both palettes; one never chosen leaves the palette's own. Each reminder grid
+// A colour that the user chose is used in both palettes; one never chosen leaves the palette's own. Each reminder grid
 // has the colour of its own word, the general grid those of all sections.
 void CaddyPainting::applyColours(Grid *grid)
 {

@@ -13,7 +13,7 @@ public:
 
     void choose(const PeriodEntry &period);     // and show its rows
     void choose(const QString &menu);           // by the menu entry's name; an unknown one does nothing
-    // When the day has changed, all that speaks of today is computed anew: dates, captions, tips, the rows of the period
+    // When the day has changed, all that depends on today is computed again: dates, captions, tips, the rows of the period
     // on show, which is relative to today. Rows that are being typed into are waited for.
     void followDay();
     void showChosen();                          // marks and names the chosen period's keys, in the palette's colours

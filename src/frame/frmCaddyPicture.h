@@ -16,9 +16,9 @@ class DetailPane : public QWidget {
 public:
     explicit DetailPane(QWidget *parent = nullptr);
 
-    void setPaper(const QString &file);                 // the ground of the banner; "" = a plain one
+    void setPaper(const QString &file);                 // the background of the banner; "" = a plain one
     void showBanner(const QString &title, const QString &smallPrint);
-    // The record's picture; a large one comes a moment later. A file that is none leaves the place to the banner.
+    // The record's picture; a large one comes a moment later. If the file is not a picture, the banner stays.
     void showPicture(const QString &file);
     // What the row says, a line a field.
     void showDetails(const QStringList &labels, const QStringList &texts);

@@ -5,7 +5,7 @@
 
 namespace vorel {
 
-// One entry of the rail: icon and words on a calm ground, marked while its section is on show.
+// One entry of the rail: icon and caption on a plain background, marked while its section is on show.
 class RailButton : public QAbstractButton {
     Q_OBJECT
 public:

@@ -13,7 +13,7 @@
 
 namespace vorel {
 
-// The rooms of the main screen, in the order in which they need one another.
+// The parts of the main screen, in the order in which they need one another.
 struct frmCaddy::Rooms {
     explicit Rooms(frmCaddy &screen)
         : c(&screen), columns(sizes), painting(c, sizes, columns), search(c),

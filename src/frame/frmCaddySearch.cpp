@@ -109,7 +109,7 @@ void CaddySearch::GridSearch(Grid *grid)
     if (!rows || rows.rowTotal() == 0)
         return;
     dao::Bookmark hit;
-    // A pattern that is still being typed ("[a") is no fault of the user's: it finds nothing yet.
+    // A pattern that is still being typed ("[a") is not the user's mistake: it finds nothing yet.
     basic::IgnoreErrors([&] {
         const QString text = searchedText(rows, m_c.paneOf(grid));
         hit = firstHit(rows, text + u" Like "_s + searchPattern(wanted), std::min(m_start, rows.rowTotal()));
@@ -172,7 +172,7 @@ void CaddySearch::HeadClick(Grid *grid, int column)
     grid->setSortMark(column, ascending);
 }
 
-// The events stand either by their dates or, for those who look for the days of a year, by day and month.
+// The events are ordered either by date or, for anniversaries, by day and month.
 void CaddySearch::alternateEventOrder()
 {
     ShownPeriod &period = state().period;

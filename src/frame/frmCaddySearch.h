@@ -16,7 +16,7 @@ public:
     void showPlaceholder();                     // names what is searched, readable in each palette
     void forgetRows();                          // the rows changed: the next search begins at the first
 
-    // Sorts the grid of a section code by the remembered column, asking for one if there is none.
+    // Sorts the grid of a section code by the remembered column, asking for one if none is remembered.
     void SortData(const QString &code);
     void HeadClick(controls::Grid *grid, int column);
 

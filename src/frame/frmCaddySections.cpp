@@ -78,7 +78,7 @@ void CaddySections::cmdCat_Click(int index)
         showMissingContacts();
 }
 
-// A name that the catalogue does not know (a bare code after a change) leaves the screen as it stands.
+// A name that the catalogue does not know (a bare code after a change) leaves the screen as it is.
 void CaddySections::DisplayCategory(const QString &name)
 {
     const SectionDesign *section = sectionByName(name);
@@ -170,7 +170,7 @@ void CaddySections::showGrid(const SectionDesign &section)
     m_screen.DisableButtons(true);
 }
 
-// Screens of their own. The two of the accounts stand in place of a section and give way to the one before.
+// Screens of their own. The two of the accounts replace a section, and the one before returns when they close.
 void CaddySections::showAction(const SectionDesign &section)
 {
     if (section.code.isEmpty()) {
@@ -197,7 +197,7 @@ void CaddySections::openScreen(const QString &name)
         showLater(name);
 }
 
-// A journal that was never begun is no error: its section shows nothing. For any other missing file the data control
+// A journal that was never begun is not an error: its section shows nothing. For any other missing file the data control
 // reports the error.
 void CaddySections::connectSubjects(const SectionDesign &section)
 {
@@ -253,7 +253,7 @@ void CaddySections::showSubjectColumns(const SectionDesign &section)
     m_columns.show(m_c.subjects().grid, std::move(columns), std::move(plan));
 }
 
-// The query of a grid that is not on show is set and read later: nobody waits for rows that nobody sees.
+// The query of a grid that is not on show is set and read later: no one waits for rows that are not seen.
 bool CaddySections::refresh(GridPane &pane)
 {
     pane.data->setRecordSource(state().period.*pane.sql);

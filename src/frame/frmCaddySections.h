@@ -15,7 +15,7 @@ public:
 
     void cmdCat_Click(int index);
     void DisplayCategory(const QString &name);
-    // Reads the rows of the grids on show anew. The first failure ends it: the rows and the caption stay as they are, and
+    // Reads the rows of the grids on show again. The first failure ends it: the rows and the caption stay as they are, and
     // retry takes it up again.
     void GetData();
     // Where rows are still to be read: tries once more, without waiting for another program. false: still none.
@@ -25,7 +25,7 @@ public:
     void UpdateRowHeight();
     void SizeGrids();
     void applyFeatures();
-    // What a name stands for that is no section but a screen of its own.
+    // Opens what a name means that is not a section but a screen of its own.
     void answer(const QString &name, std::function<void()> step) { m_answers[name] = std::move(step); }
 
 private:

@@ -6,7 +6,7 @@
 
 namespace vorel {
 
-// The pane at the right tells of the button under the pointer, and goes back to the row when the pointer leaves.
+// The pane at the right describes the button under the pointer, and goes back to the row when the pointer leaves.
 class CaddyTips : public QObject {
     Q_OBJECT
 public:

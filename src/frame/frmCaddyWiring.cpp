@@ -13,7 +13,7 @@
 
 #include <QLineEdit>
 
-// Which room answers which control, menu entry and key of the main screen.
+// Which part handles which control, menu entry and key of the main screen.
 namespace vorel {
 
 using namespace Qt::StringLiterals;

@@ -5,7 +5,7 @@
 
 namespace vorel {
 
-// The one place that tells of a screen which this version does not have yet.
+// The one place that says that this version does not have a screen yet.
 void showLater(const QString &name);
 
 // Asks for the administration password and puts the answer into gAdminOk. Until a screen takes its place: no password

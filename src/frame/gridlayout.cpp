@@ -25,7 +25,7 @@ QString widthKey(const QString &name, std::size_t column)
     return u"%1COL%2WIDTH"_s.arg(name).arg(column);
 }
 
-// The three reminder grids keep the widths of their columns as they stand, the others whole twips.
+// The three reminder grids keep the widths of their columns unrounded, the others whole twips.
 bool isReminderWord(const QString &name)
 {
     return name == u"APPS" || name == u"BILLS" || name == u"EVENTS";
@@ -42,7 +42,7 @@ std::optional<double> twips(const QString &text)
     return std::clamp(value, 0.0, widest);
 }
 
-// Readers and writer do not quite match; the file's keys stand as users' files have them.
+// Readers and writer do not quite match; the file's keys are those of users' files.
 bool isRead(const QString &key)
 {
     return key != u"HEALTHCOL2WIDTH";
@@ -51,7 +51,7 @@ bool isRead(const QString &key)
 QString writtenKey(const QString &key)
 {
     if (key == u"MUSICCOL1WIDTH")
-        return u"MUSICSCOL1WIDTH"_s;        // nobody reads it: the first music column always opens at its default
+        return u"MUSICSCOL1WIDTH"_s;        // never read: the first music column always opens at its default
     if (key == u"GARDENCOL3WIDTH" || key == u"RECIPECOL3WIDTH")
         return {};
     return key;

@@ -61,10 +61,10 @@ private:
 // Reads everything of the layout, in order; the colours' defaults are those that the layout holds. Writes the font's two
 // keys back at once, and loads the "Features" switches into the state.
 void LoadGridSettings(GridLayout &layout);
-// Writes what the layout holds. subjectRowHeight: of SUBJECTGRID as it stands.
+// Writes what the layout holds. subjectRowHeight: of SUBJECTGRID at present.
 void SaveGridSettings(const GridLayout &layout, std::int16_t subjectRowHeight);
 
-struct RowHeights {                     // of the grids as they stand
+struct RowHeights {                     // of the grids at present
     std::int16_t appointments = defaultRowHeight, bills = defaultRowHeight, events = defaultRowHeight;
     std::int16_t subject = defaultRowHeight;
 };

@@ -15,7 +15,7 @@ MenuEntry menu(const QString &name, const QString &caption, const QString &paren
     return {name, caption, parent, MenuCall::Menu, {}};
 }
 
-// An entry of the main screen's own, or of a room above it: its key is its name.
+// An entry of the main screen's own, or of a folder above it: its key is its name.
 MenuEntry action(const QString &name, const QString &caption, const QString &parent = {})
 {
     return {name, caption, parent, MenuCall::Action, name};

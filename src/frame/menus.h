@@ -3,7 +3,7 @@
 #include <QString>
 #include <vector>
 
-// The main screen's menus and toolbar as tables: what stands where, and what it calls.
+// The main screen's menus and toolbar as tables: what is where, and what it calls.
 namespace vorel {
 
 enum class MenuCall {

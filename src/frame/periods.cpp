@@ -103,7 +103,7 @@ QString yearCaption(const QString &head, int years)
     return head + basic::Format(basic::DateSerial(yearFromNow(years), 1, 1), u"yyyy");
 }
 
-// The dates as they stand on screen in the caption of a single day.
+// The dates as shown in the caption of a single day.
 QString singleDayCaption(DateTime date)
 {
     const int daysAway = basic::DateDiff(u"d", basic::Date(), date);

@@ -8,7 +8,7 @@
 // The Shopping section: what its rows come to, and the list's own rules.
 namespace vorel {
 
-// By row ID. A row that has no ID yet stands under 0. Filled on entry to the section, emptied on leaving it.
+// By row ID. A row that has no ID yet is kept under 0. Filled on entry to the section, emptied on leaving it.
 struct ShoppingVariables {
     std::map<qint32, double> TOTAL;
     std::map<qint32, bool> PICK;

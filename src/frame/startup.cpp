@@ -155,7 +155,7 @@ void loadWarningSettings()
 
 void loadSoundFile()
 {
-    // A chosen file that has gone means silence, not the default sound.
+    // A chosen file that no longer exists means silence, not the default sound.
     const QString chosen = setting(u"SoundFile"_s, {});
     const QString path = chosen.isEmpty() ? desktop::findResource(u"\\WISH.wav"_s) : chosen;
     const bool exists = chosen.isEmpty() ? !path.isEmpty() : !basic::Dir(path).isEmpty();

@@ -39,7 +39,7 @@ constexpr qint64 pieceBytes = 1 << 20;
 
 enum class Copied { Whole, Stopped, Failed };
 
-// A copy under a scratch name (or none, where the file system has files without), so that nobody ever finds half a file under the right one.
+// Copies under a scratch name first, so that no half file ever has the final name.
 Copied copyWhole(const QString &from, const QString &to, basic::TaskContext &context, QString &failure)
 {
     QFile source(from);
@@ -68,7 +68,7 @@ Copied copyWhole(const QString &from, const QString &to, basic::TaskContext &con
         failure = QString::fromLocal8Bit(std::strerror(errno));
         return Copied::Failed;
     }
-    // Refused if a file of the name has come meanwhile.
+    // Fails if a file of the name was created meanwhile.
     if (!scratch.rename(to))
         return QFileInfo::exists(to) ? Copied::Whole : failed(scratch);
     scratch.setAutoRemove(false);

@@ -92,7 +92,7 @@ QStringList fixedDrives()
     for (const QStorageInfo &volume : volumes) {
         const QString device = QString::fromLocal8Bit(volume.device());
         const DriveType type = driveTypeOf(QString::fromLatin1(volume.fileSystemType()), device, canBeTakenOut(volume));
-        // A device that is mounted in several places is one drive; what is no device is one wherever it is mounted.
+        // A device that is mounted in several places is one drive; what is not a device counts once for each place.
         const bool seen = device.startsWith(u'/') && devices.contains(volume.device());
         if (type != DriveType::Fixed || !volume.isReady() || seen)
             continue;

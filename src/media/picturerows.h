@@ -33,7 +33,7 @@ std::vector<PictureSet> readPictureSets(const QString &section, const PictureOwn
 // Stores one more set without pictures behind the others.
 PictureSet addPictureSet(const QString &section, const PictureOwner &owner);
 // Writes the slots, trimmed, into the set's row, or else into the record's first one, or adds one if the record has none.
-// Slots that are not given become empty. The set then knows its row. EngineError 3159 if its row has gone, 3163 if a path
+// Slots that are not given become empty. The set then knows its row. EngineError 3159 if its row was deleted, 3163 if a path
 // is longer than 255 characters.
 void savePictureRow(const QString &section, const PictureOwner &owner, PictureSet &set);
 void removePictureSet(const QString &section, const PictureOwner &owner, const PictureSet &set);

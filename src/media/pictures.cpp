@@ -20,7 +20,7 @@ namespace {
 constexpr QStringView defaultLetters = u"ABCDJFGBIJKLMNOPQRSTUVW";
 
 // Of "/old/place/BookPictures/x.jpg" the end from the folder's name on, and of a file that lay beside the program's own
-// its name, if its folder has gone too: where the folder is still there, the picture was deleted, not moved.
+// its name, if its folder does not exist either: where the folder does, the picture was deleted, not moved.
 QString endInProgramFolder(const QString &plain)
 {
     const QStringList folders = pictureFolders();

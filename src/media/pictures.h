@@ -4,7 +4,7 @@
 #include <QStringList>
 #include <optional>
 
-// Where pictures lie, and which picture stands in where a record has none.
+// Where pictures lie, and which default is shown where a record has none.
 namespace vorel {
 
 // The folders of the records' pictures, beside the program's files: "AssetPictures", ...
@@ -26,7 +26,7 @@ struct PictureChoice {
     QString file;               // what to show, as it can be opened; "" if even the default is missing
     bool isDefault = false;
 };
-// What a screen shows for a path. keepBroken: a path whose file has gone stays; else it is emptied. Otherwise the path is
+// What a screen shows for a path. keepBroken: a path whose file no longer exists is kept; else it is emptied. Otherwise the path is
 // never changed: a default never gets into it, so no record ever keeps one.
 PictureChoice choosePicture(QString &path, const QString &section, bool keepBroken);
 

@@ -24,7 +24,7 @@ namespace {
 
 struct BookBlock {
     QString label;
-    std::vector<QStringList> lines;         // fields; those of one line are parted by blanks
+    std::vector<QStringList> lines;         // fields; those of one line are separated by blanks
 };
 
 const std::vector<BookBlock> &bookBlocks()
@@ -101,7 +101,7 @@ double lightness(quint32 colour)
     return 0.299 * (colour & 0xFF) + 0.587 * (colour >> 8 & 0xFF) + 0.114 * (colour >> 16 & 0xFF);
 }
 
-// The colour of a heading's text; one that cannot be told from the bar gives way to black or white.
+// The colour of a heading's text; one that cannot be read on the bar is replaced by black or white.
 quint32 headingText(const AddressBookStyle &style)
 {
     constexpr double leastDifference = 60;
@@ -164,7 +164,7 @@ void BookWriter::setFont(double size, bool bold)
     m_job.SetFontBold(bold);
 }
 
-// Each page says its font anew: the preview shows any of them by itself.
+// Each page sets its font again, because the preview shows any of them by itself.
 void BookWriter::startPage()
 {
     m_job.SetFontName(m_style.font);
@@ -188,7 +188,7 @@ void BookWriter::makeRoom(int lines)
     startPage();
 }
 
-// The letter stands at the outer edge over a rule, as the thumb finds it.
+// The letter is at the outer edge over a rule, as the thumb finds it.
 void BookWriter::writeLetter()
 {
     setFont(m_style.size * letterSize, true);
@@ -204,7 +204,7 @@ void BookWriter::writeLetter()
 
 void BookWriter::writeHeading(const QString &name)
 {
-    makeRoom(2);                                    // a bar never stands alone at the foot of a page
+    makeRoom(2);                                    // never a bar alone at the foot of a page
     m_job.PrintLine(m_left, m_y, u"STEP"_s, m_width, m_lineHeight + 2 * barPad, basic::Value(m_style.headingColour), u"BF"_s);
     m_job.SetFontBold(true);
     m_job.SetForeColor(headingText(m_style));

@@ -17,7 +17,7 @@ struct FittedText {
 FittedText fitText(PrintJob &job, const QStringList &lines, double width, double height, double size, double leastSize);
 // The lines below each other from the place on; the job keeps the fitted size. Never turns the page.
 void writeFitted(PrintJob &job, const FittedText &text, double x, double y);
-// One line, cut with an ellipsis where it is wider than the room.
+// One line, cut with an ellipsis where it is wider than the space.
 QString elided(const PrintJob &job, const QString &text, double room);
 
 }

@@ -255,7 +255,7 @@ void frmPreview::LayoutPreview()
     layout()->activate();
 }
 
-// Twips of the scroll bars to pixels; a page smaller than the frame stands in its middle.
+// Twips of the scroll bars to pixels; a page smaller than the frame is centred.
 void frmPreview::placePage()
 {
     const auto place = [](const QScrollBar *bar, int page, int frame) {

@@ -30,7 +30,7 @@ bool hasName(const QStringList &label)
 
 void startSheet(PrintJob &job)
 {
-    job.SetFontName(u"Arial"_s);        // each page says it anew: the preview shows any of them by itself
+    job.SetFontName(u"Arial"_s);        // set on each page again, because the preview shows any of them by itself
     job.SetFontBold(false);
     job.SetFontSize(labelSize);
 }

@@ -16,8 +16,8 @@ void PrintLabels(const std::vector<QStringList> &labels, int first = 1);
 // The start that a typed text means: 1 to 14, and 14 for whatever is out of range.
 int labelStart(const QString &typed);
 
-// Where the text of a label stands, in twips of the page's printable part. pageHeight: of that part; on a short sheet
-// the last labels have less room.
+// Where the text of a label is placed, in twips of the page's printable part. pageHeight: of that part; on a short sheet
+// the last labels have less space.
 struct LabelPlace { double x = 0, y = 0, width = 0, height = 0; };
 LabelPlace labelPlace(int number, double pageHeight);
 

@@ -22,7 +22,7 @@ constexpr double blockIndent = 100;
 constexpr int blockWidth = 80;          // characters
 constexpr double sliver = 0.03;         // of the page's width: less between two rules looks like an empty column
 constexpr double recordGap = 0.3;       // of a line, behind a record of several lines
-constexpr double baseline = 0.8;        // of a line's height above it: smaller figures stand on the line of the others
+constexpr double baseline = 0.8;        // of a line's height above it: smaller figures share the baseline of the others
 
 bool isRightAligned(const ListColumn &column)
 {
@@ -34,7 +34,7 @@ QStringList splitLines(QString text)
     return text.replace(u"\r\n"_s, u"\n"_s).replace(u'\r', u'\n').split(u'\n');
 }
 
-// How many characters of the text the room holds; one at least.
+// How many characters of the text fit the width; at least one.
 qsizetype fitting(const PrintJob &job, const QString &text, double room)
 {
     qsizetype low = 1, high = text.size();
@@ -336,7 +336,7 @@ void ListWriter::close()
     PrintRule(m_job);
     m_job.SetCurrentY(m_job.GetCurrentY() + hair);
     bool isRuled = isAtPageFoot(m_job);
-    if (isRuled)                    // the closing lines stand on a page of their own
+    if (isRuled)                    // the closing lines have a page of their own
         ruleColumns(bottom);
     PageFootCheck(m_job);
     m_job.SetFontBold(true);

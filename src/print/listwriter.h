@@ -48,8 +48,8 @@ private:
     basic::Currency m_total;
 };
 
-// The text in lines that the job's font shows within the room, broken at blanks where there are any. mostCharacters: of a
-// line, by the rule of wrapLines; 0: as many as the room holds.
+// The text in lines that the job's font shows within the width, broken at blanks where there are any. mostCharacters: of a
+// line, by the rule of wrapLines; 0: as many as fit.
 QStringList fitLines(const PrintJob &job, const QString &text, double room, int mostCharacters = 0);
 // As many whole characters of the text as fit into so many places; one at least. A sign of several codes, such as an
 // emoji, is one character that stays whole.

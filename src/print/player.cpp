@@ -29,7 +29,7 @@ constexpr int fillNothing = 1;
 constexpr double besideUprightPage = 350;   // twips
 constexpr double belowLyingPage = 400;      // twips
 constexpr double lyingEnlargement = 1.8;
-constexpr double smallestScale = 0.05;      // of a window without room for a page
+constexpr double smallestScale = 0.05;      // of a window too small for a page
 constexpr double smallestZoom = 0.2, largestZoom = 2.5;
 
 std::function<std::unique_ptr<PreviewScreen>(PrintJob &)> &previewMaker()

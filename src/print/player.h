@@ -17,10 +17,10 @@ class PreviewScreen {
 public:
     virtual ~PreviewScreen() = default;
     virtual printer::Page &Page() = 0;
-    virtual double ScreenWidth() const = 0;             // of the room for the whole preview
+    virtual double ScreenWidth() const = 0;             // of the space for the whole preview
     virtual double ScreenHeight() const = 0;
     virtual double ControlHeight() const = 0;           // of the tool strip
-    virtual void PageSized() = 0;                       // Page has got its paper anew
+    virtual void PageSized() = 0;                       // Page has its paper set again
     virtual void ClearPage() = 0;
     virtual void setPageLabel(const QString &text) = 0;
     virtual void ShowPage() = 0;                        // the page is drawn: scroll bars, and on the screen with it

@@ -11,7 +11,7 @@ enum class PlayTarget { Printer, Screen, Email };
 class ScriptPass {
 public:
     ScriptPass(PlayTarget target, PrintJob &job, PrintScriptFile &script, const std::vector<QString> &table);
-    void play();                        // from where the script stands, to the end of what the target asks for
+    void play();                        // from the script's current line to the end of what the target asks for
 
 private:
     enum class Flow { GoOn, End };

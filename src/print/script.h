@@ -78,7 +78,7 @@ public:
     void PrintDateField(double x, const QString &alignment, const basic::Value &date, bool newLine);
     void PrintCurrencyField(double x, const QString &alignment, const basic::Value &number, bool newLine);
     void PrintDollarField(double x, const QString &alignment, const basic::Value &number, bool newLine);
-    // Lines of at most width characters, broken at blanks; a rest without a blank stays one line. Blank lines take no room.
+    // Lines of at most width characters, broken at blanks; a rest without a blank stays one line. Blank lines are skipped.
     void PrintWrapped(const QString &alignment, double x, int width, const basic::Value &text);
 
 private:

@@ -30,7 +30,7 @@ private:
 };
 
 struct TextLine { double x = 0, y = 0; QString text; };
-// What stands behind the first word of LPRINT, CPRINT, RPRINT. Error 9 for a [n] outside the table.
+// The operands of LPRINT, CPRINT, RPRINT. Error 9 for a [n] outside the table.
 TextLine parseTextLine(const QString &line, const std::vector<QString> &table);
 
 struct DrawnLine { double x1 = 0, y1 = 0, x2 = 0, y2 = 0; bool step = false; std::optional<double> colour; QString flag; };
@@ -39,7 +39,7 @@ DrawnLine parseDrawnLine(const QString &line);
 struct PictureLine { QString path; double x = 0, y = 0; };
 PictureLine parsePictureLine(const QString &line);
 
-// The number behind the equals sign, 0 where there is none.
+// The number after the equals sign, 0 if none.
 double parseSetting(const QString &line);
 // The text between the first and the second double quote, up to the line's end where the second is missing.
 QString parseQuoted(const QString &line);

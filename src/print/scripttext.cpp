@@ -9,10 +9,10 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr QChar quoteStandIn(255);          // stands in the script for a double quote of the text
+constexpr QChar quoteStandIn(255);          // replaces a double quote of the text in the script
 const QString lineEnd = QStringLiteral("\r\n");
 
-// A text as it may stand in the script. Texts that were typed here end their lines with LF alone: any line end counts as
+// A text in the form that the script can hold. Texts that were typed here end their lines with LF alone: any line end counts as
 // CR LF, since a line end inside a quoted text would be a line of the script.
 QString scriptText(const Value &value)
 {

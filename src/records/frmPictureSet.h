@@ -26,7 +26,7 @@ public:
 
     void showSetsOf(const PictureOwner &owner, const QString &name);    // an ID of 0: no record
     void addSet();                                      // shown then
-    bool save();                                        // false: refused, and the user has been told
+    bool save();                                        // false: refused, and the reason was shown
     void undo();                                        // back to the stored set
     bool isChanged() const { return m_changed; }
 

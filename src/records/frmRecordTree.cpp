@@ -94,7 +94,7 @@ public:
     {
         m_bold = view.font();
         m_bold.setBold(true);
-        // Red, and on a dark ground a lighter tint that reads well there.
+        // Red, and on a dark background a lighter tint that can be read.
         const bool dark = controls::blackOrWhiteOn(view.palette().color(QPalette::Base)) == Qt::white;
         m_red = dark ? controls::blend(Qt::red, Qt::white, 0.4) : QColor(Qt::red);
         m_mark = dark ? controls::blend(Qt::blue, Qt::white, 0.6) : QColor(Qt::blue);
@@ -203,7 +203,7 @@ void RecordTree::mousePressEvent(QMouseEvent *event)
     QTreeView::mousePressEvent(event);
 }
 
-// Told when the button is let go: what the handler may ask the user then stands over no pressed mouse.
+// Emitted on mouse release, so that a question never opens while a button is held.
 void RecordTree::mouseReleaseEvent(QMouseEvent *event)
 {
     QTreeView::mouseReleaseEvent(event);

@@ -141,7 +141,7 @@ void frmSection::selectNode()
         SelectTreeNode(*m_tree, text(u"lblIDNum"_s));
 }
 
-// What was typed into the row that is left is saved without asking. A group is no row.
+// What was typed into the row that is left is saved without asking. A group has no row.
 void frmSection::TreeView_NodeClick(qint32 id)
 {
     if (!dtaData().Leave())

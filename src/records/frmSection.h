@@ -45,7 +45,7 @@ protected:
     virtual void rowShown() {}                          // another row, or none, is on show
     virtual bool prepareSave() { return true; }         // cmdUpdate is about to write; false: it does not
     virtual void tidyRow(bool changed) { Q_UNUSED(changed); }   // a row is written or left, by whichever way
-    virtual void afterSave() {}                         // cmdUpdate has written; then the lists are filled anew
+    virtual void afterSave() {}                         // cmdUpdate has written; then the lists are filled again
     virtual void afterDelete(qint32 id) { Q_UNUSED(id); }
     virtual void newClicked(int tab);                   // cmdNew; a new record, on the tab of the pictures a new set
     virtual void tabShown(int tab) { Q_UNUSED(tab); }   // from 1
@@ -105,7 +105,7 @@ private:
     void cmdColor_Click();
     void showChildren();
     void keepCopyNumber();
-    qint32 neighbourId() const;                         // of the record to show when the current one is gone; 0 = none
+    qint32 neighbourId() const;                         // of the record to show when the current one is deleted; 0 = none
 
     const records::RecordDesign &m_design;
     MainScreen *m_main = nullptr;
@@ -122,7 +122,7 @@ private:
     std::vector<SectionPanel *> m_panels;
     QHash<QString, QFormLayout *> m_groups;
     QHash<QString, ChildGridView *> m_children;         // by the grid's name
-    QString m_path;                                     // of the picture on show, emptied where its file has gone
+    QString m_path;                                     // of the picture on show, emptied if its file no longer exists
     QColor m_back, m_fieldColour, m_focusColour;        // invalid: the palette's own
     bool m_new = false;                                 // from AddNewRecord until the next cmdUpdate
 };

@@ -141,7 +141,7 @@ QWidget *frmSection::createPicture()
     return m_image;
 }
 
-// The notes stand on the upper and lower edge of the picture, wherever that ends in its box.
+// The notes are placed at the upper and lower edge of the picture, wherever that ends in its box.
 void frmSection::placePicInfo()
 {
     const QSize picture = m_image->pictureSize();

@@ -9,7 +9,7 @@ class QVBoxLayout;
 
 namespace vorel {
 
-// One panel of a record screen: a form that scrolls where there is little room, over a quiet picture.
+// One panel of a record screen: a form that scrolls where space is short, over a faint picture.
 class SectionPanel : public QWidget {
     Q_OBJECT
 public:
@@ -18,7 +18,7 @@ public:
     // A column of fields; the last one for a number that is too high.
     QFormLayout *form(int column = 0) { return m_forms[std::min(static_cast<std::size_t>(column), m_forms.size() - 1)]; }
     QVBoxLayout *column() { return m_column; }      // the fields are its first item
-    // The background, and the picture on it: as strong as the text on it can bear.
+    // The background, and the picture on it: as strong as the text on it stays readable.
     void setGround(const QColor &back, const QImage &picture);
 
 protected:

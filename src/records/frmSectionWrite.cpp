@@ -93,7 +93,7 @@ void frmSection::cmdDelete_Click()
     if (wished != basic::Answer::Yes)
         return;
     if (dtaData().hasRows()) {
-        dtaData().revert();                 // what was typed goes with the row
+        dtaData().revert();                 // the edits are discarded with the row
         const qint32 id = currentId(), neighbour = neighbourId();
         dao::Transaction all(dtaData().Database());
         records::DeleteChildren(dtaData().Database(), m_design, id, text(m_design.nameControl));

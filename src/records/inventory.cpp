@@ -19,7 +19,7 @@ constexpr int tooLong = 3163;
 std::optional<DateTime> warrantyExpiry(const QString &purchaseDate, const QString &period)
 {
     std::optional<DateTime> expiry;
-    // Asked for at each key: what is still half typed is no warranty, not a failure.
+    // Asked for at each key: a half-typed value means no warranty yet, not a failure.
     basic::IgnoreErrors([&] {
         const double months = basic::Val(period);
         if (months > 0 && basic::IsDate(purchaseDate))

@@ -16,7 +16,7 @@ std::optional<basic::DateTime> warrantyExpiry(const QString &purchaseDate, const
 // date. An error, and nothing added, when the query or the row fails (a text longer than an event's).
 bool transferWarranty(const basic::DateTime &expiry, const QString &eventText);
 
-// A date's text as a record's box shows and keeps it (gDateShort); a text that is no date stays as it is.
+// A date's text as a record's box shows and keeps it (gDateShort); a text that is not a date is unchanged.
 QString shownDate(const QString &text);
 
 }

@@ -23,7 +23,7 @@ struct ViewPage {
 };
 
 QString viewPageText(const ViewPage &page);         // the HTML
-// Writes the page anew and opens it with the desktop's browser. Error 75 with the file's name in its text when the page
+// Writes the page again and opens it with the desktop's browser. Error 75 with the file's name in its text when the page
 // cannot be written (also when the disk is full); 53 when nothing on the desktop opens it.
 void showViewPage(const ViewPage &page);
 

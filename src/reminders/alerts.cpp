@@ -35,7 +35,7 @@ QString longText(const Alert &alert, const AppointmentRow &row, DateTime now)
     return lines.join(u'\n');
 }
 
-// The minutes from now to the time of today; nothing for a text that is no time ("All Day"). The date goes before it in the
+// The minutes from now to the time of today; nothing for a text that is not a time ("All Day"). The date goes before it in the
 // region's own form: the display format may be one that does not read back.
 std::optional<std::int16_t> minutesTo(const QString &timeText, DateTime now)
 {

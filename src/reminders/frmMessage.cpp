@@ -35,7 +35,7 @@ QString shownMoment(const basic::Value &stored)
     return displayDate(moment.dayOnly()) + basic::Format(moment, u" hh:mm A/P");
 }
 
-// A name can be typed as well: a message to nobody the file knows simply waits.
+// A name can be typed as well: a message to an unknown name simply waits.
 const std::vector<Field> &fieldTable()
 {
     static const std::vector<Field> table{
@@ -158,7 +158,7 @@ void frmMessage::dtaData_Reposition()
         m_outcome.lastId = basic::CLng(dtaData().Recordset().Get(u"ID"));
 }
 
-// A message that New added and nobody wrote is not kept.
+// A message that New added and that was left empty is not kept.
 void frmMessage::removeEmpty()
 {
     if (m_added != 0)
@@ -214,7 +214,7 @@ void frmMessage::cmdDelete_Click()
 {
     if (!dtaData().hasRows() || !basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
-    dtaData().revert();                         // what was typed goes with the row
+    dtaData().revert();                         // the edits are discarded with the row
     dao::Recordset &rows = dtaData().Recordset();
     const qsizetype here = rows.AbsolutePosition();
     rows.Delete();

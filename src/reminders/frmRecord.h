@@ -73,7 +73,7 @@ private:
     void txtEmail_DblClick();
     SeriesFields seriesFields() const;
     bool agreesToLength(const SeriesFields &fields);
-    qint32 survivorAfterDelete();                       // the ID to go to once the current row is gone, 0 if none
+    qint32 survivorAfterDelete();                       // the ID to go to once the current row is deleted, 0 if none
 
     // The row as shown (frmRecordReposition.cpp)
     void dtaData_Reposition();
@@ -85,7 +85,7 @@ private:
     void storeView();                                   // what showing the row put into its boxes
     std::optional<basic::DateTime> dateOf(const QString &box) const;
     std::optional<basic::DateTime> rowDate() const { return dateOf(QStringLiteral("txtDate")); }
-    void correctDate();                                 // a text that is no date becomes today
+    void correctDate();                                 // a text that is not a date becomes today
 
     // Frequency panel (frmRecordFrequency.cpp)
     void showFrequency();
@@ -103,7 +103,7 @@ private:
     QHash<QString, QWidget *> m_slots;                  // by date box: where cmdCalc goes beside it
     QFormLayout *m_form = nullptr;
     QButtonGroup *m_options = nullptr;
-    QString m_calcBox;                                  // the date box that cmdCalc serves
+    QString m_calcBox;                                  // the date box that cmdCalc belongs to
     bool m_showing = false;                             // a row is being shown: changes are not the user's
 };
 

@@ -88,7 +88,7 @@ QString shownDay(const basic::Value &stored)
     return *day == basic::DateTime::fromParts(1900, 1, 1) ? QString() : displayDate(*day);      // 1900: none
 }
 
-// A date in a text field; what is no date is refused as in a date field.
+// A date in a text field; anything else is refused as in a date field.
 basic::Value dateText(const std::optional<basic::DateTime> &day, const QString &typed)
 {
     if (day)

@@ -125,7 +125,7 @@ void frmRecord::cmdDelete_Click()
     if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s))
         return;
     const SeriesFields fields = seriesFields();
-    dtaData().revert();         // what was typed goes with the row
+    dtaData().revert();         // the edits are discarded with the row
     dao::Database &file = dtaData().Database();
     dao::Transaction all(file);
     if (canHaveSeries(fields))

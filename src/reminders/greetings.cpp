@@ -36,7 +36,7 @@ bool wantsGreeting(const dao::Recordset &events)
         && !basic::Trim(events.Get(u"EMAILADDRESS").text()).isEmpty();
 }
 
-// A text that is no date means never.
+// A text that is not a date means never sent.
 bool isDue(const QString &lastSent, const QString &today)
 {
     const DateTime last = basic::IsDate(lastSent) ? basic::CDate(lastSent) : DateTime::fromParts(1900, 1, 1);

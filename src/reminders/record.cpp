@@ -182,7 +182,7 @@ Greeting greetingOf(bool birthday, bool email, const QString &address, const QSt
 {
     if (!birthday)
         return {};
-    // An address that no contact gave stays out of sight until the greeting is ticked anew.
+    // An address that no contact gave stays hidden until the greeting is ticked again.
     return {true, email && number(emailID) != 0, !address.isEmpty(), card};
 }
 

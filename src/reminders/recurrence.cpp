@@ -81,11 +81,11 @@ private:
     SeriesResult m_result;
 };
 
-// The text alone tells what belongs to a series: past rows go too, and rows that merely have the same text. The rows of
+// The text alone decides what belongs to a series: past rows go too, and rows that merely have the same text. The rows of
 // the day itself stay. Rows without a text have nothing in common and stay too.
 void SeriesWriter::deleteOthers()
 {
-    // Some texts with a quote would still parse, and delete what nobody meant.
+    // Some texts with a quote would still parse, and delete the wrong rows.
     if (!canHaveSeries(m_fields))
         throw dao::EngineError(3075, u"The text \""_s + m_fields.text + u"\" holds an apostrophe, so its series cannot be changed."_s,
                                nullptr);

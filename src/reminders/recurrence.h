@@ -35,7 +35,7 @@ struct SeriesResult {
     std::optional<basic::DateTime> last;
 };
 
-// A text with an apostrophe (typed before such texts were changed) cannot stand in the queries: a row that holds one has no
+// A text with an apostrophe (typed before such texts were changed) cannot be used in the queries: a row that holds one has no
 // series, and what the routines below do with it ends with the engine's error.
 bool canHaveSeries(const SeriesFields &fields);
 // How many rows the rules ask for, without looking at the file.

@@ -89,7 +89,7 @@ double period(const basic::Value &value)
     return value.isNumber() ? basic::CDbl(value) : 0;
 }
 
-// A period of a foreign file may lead out of the calendar: the row stays where it is.
+// A period from a damaged or imported file may lead out of the calendar: the row is not moved.
 std::optional<DateTime> stepped(QStringView interval, double number, DateTime date)
 {
     try {
@@ -99,7 +99,7 @@ std::optional<DateTime> stepped(QStringView interval, double number, DateTime da
     }
 }
 
-// A text with a quote cannot stand in the query for the next row.
+// A text with a quote cannot be part of the query for the next row.
 bool canRoll(const QString &text) { return !text.contains(u'\''); }
 
 class RollForward {
@@ -250,7 +250,7 @@ void carryTimes(dao::Database &database)
     rows.Close();
 }
 
-// The user is told of the texts once: a start that finds no others is silent.
+// The texts are reported once: a start that finds no others is silent.
 void tellOnce(QStringList texts)
 {
     texts.removeDuplicates();

@@ -4,7 +4,7 @@
 
 namespace vorel {
 
-// Tells whoever shows rows that others have changed them. One object for the program.
+// Notifies those who show rows that others have changed them. One object for the program.
 class Changes : public QObject {
     Q_OBJECT
 public:

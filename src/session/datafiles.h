@@ -20,7 +20,7 @@ QString protectedConnect();     // ";pwd=" and the fixed password
 // The connect string of the file: with the password for a protected one, else empty.
 QString connectString(DataFile file);
 
-// What opens a data file. The passwords lie in the main file as long as there is no file of their own.
+// Opens a data file. The passwords are in the main file as long as they have no file of their own.
 struct DataPlace {
     DataFile file;
     QString path, connect;

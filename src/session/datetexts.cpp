@@ -55,7 +55,7 @@ QString withoutWeekDay(const QString &text)
     return QString(text).remove(weekDay).trimmed();
 }
 
-// 30/2/26 is no day of February, and not the 26th of February 1930 either.
+// 30/2/26 is not a day of February, and not the 26th of February 1930 either.
 bool yearIsInPlace(const QString &text, DateTime day, DateOrder order)
 {
     static const QRegularExpression three(u"^(\\d+)\\D+(\\d+)\\D+(\\d+)\\D*$"_s);
@@ -82,7 +82,7 @@ std::optional<DateTime> typedDate(const QString &typed, const QString &format)
     if (const std::optional<DateOrder> order = orderOf(format)) {
         basic::Regional shown = basic::regional();
         shown.order = *order;
-        shown.shortDate = format;           // tells whether a point parts the numbers
+        shown.shortDate = format;           // shows whether a point separates the numbers
         if (const auto day = read(text, shown))
             return day;
     }

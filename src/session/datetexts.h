@@ -4,10 +4,10 @@
 
 #include <optional>
 
-// What a text in a date or time box stands for: one reading for screens, cells and the date picker.
+// What a text in a date or time box means: one reading for screens, cells and the date picker.
 namespace vorel {
 
-// The day that a typed or shown text names; nullopt: it is no date, or a time of day alone. Numbers are read in the order of
+// The day that a typed or shown text names; nullopt if it is not a date, or a time of day alone. Numbers are read in the order of
 // `format` (as in Format), the one in which the box shows its date, then in the region's. A text whose year is not where
 // that order has it is refused rather than taken for another day.
 std::optional<basic::DateTime> typedDate(const QString &text, const QString &format);
@@ -16,7 +16,7 @@ std::optional<basic::DateTime> typedDate(const QString &text);     // of a box i
 // day from it, else in the short one.
 QString storedDateText(basic::DateTime date);
 
-// No date at all: 1 January 1900, and the 1 January 4501 that mail programs hand over, as a date or as a text.
+// No date at all: 1 January 1900, and the 1 January 4501 that mail programs give, as a date or as a text.
 bool isNoDate(const basic::Value &date);
 
 // A time of day as the reminders keep and show it ("hh:mm am/pm"); any other text as it is.

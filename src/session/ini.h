@@ -14,7 +14,7 @@ QString GetIniValue(const QString &section, const QString &key, const QString &d
 void PutIniValue(const QString &section, const QString &key, QString &value);
 void PutIniValue(const QString &section, const QString &key, QString &&value);
 // A colour number (0xBBGGRR as decimal or &H text) of "Settings", passed through the hidden colour label: a text that
-// is no colour leaves the colour that the label held before.
+// is not a colour leaves the colour that the label held before.
 quint32 GetIniColour(const QString &key, quint32 defaultColour);
 // Booleans travel as text: "True", "true", "1", "-1" are true.
 bool iniBoolean(const QString &text);

@@ -4,7 +4,7 @@
 
 namespace vorel {
 
-// What lower rooms ask of the main screen.
+// What lower folders ask of the main screen.
 class MainScreen {
 public:
     virtual ~MainScreen() = default;
@@ -16,9 +16,9 @@ public:
     virtual void DisableButtons(bool enable) = 0;
     virtual void CheckForMessages() = 0;
     virtual void UpdateRowHeight() {}
-    // The alerts wait while something stands open that they would disturb; afterwards they go on if they went before.
+    // The alerts are suspended while a screen is open that they would disturb; afterwards they resume if they ran before.
     virtual void holdTimer(bool) {}
-    // Writes what was changed in the grids' cells. false: a row was refused, the user was told, and its typing is kept:
+    // Writes what was changed in the grids' cells. false: a row was refused, the reason was shown, and its typing is kept:
     // the caller must not leave or read the rows.
     virtual bool writeRows() = 0;
 };

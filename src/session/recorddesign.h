@@ -52,7 +52,7 @@ struct Panel {
 struct Group { QString name, title; };
 // The choices of one or several lists: fixed ones first, then what the query's only field gives, as it comes.
 struct Choices { std::vector<QString> controls; QStringList starts; QString sql; };
-// What hangs on a check box: the controls (with their labels) are visible, or enabled, while it is ticked.
+// Controls that a check box switches: they (with their labels) are visible, or enabled, while it is ticked.
 struct Option { QString check; std::vector<QString> controls; bool enables = false; };
 // A value, or what gives it when the row is added (today). A field that the table lacks is passed over.
 struct FirstValue {
@@ -115,7 +115,7 @@ struct RecordDesign {
     std::vector<ChildGrid> children = {};
     QString picturePanel = {};                      // of the record's sets of six or ten pictures; "" = it has none
     QString otherChooser = {};                      // caption of the chooser for them, the slot's number follows
-    QStringList childDeletes = {};                  // statements; %id and %name stand for the record's, as literals
+    QStringList childDeletes = {};                  // statements; %id and %name are replaced by the record's, as literals
     std::vector<ScreenKey> keys = {};               // further buttons of the screen
 };
 

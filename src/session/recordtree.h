@@ -10,7 +10,7 @@ namespace vorel::records {
 void readTreeByFirstCharacter(const TreeRequest &request, std::vector<TreeNode> &nodes);
 void readTreeByFirstLetter(const TreeRequest &request, std::vector<TreeNode> &nodes);
 // A group for each value of CATEGORY, or of the field. A row without a value has no leaf. A value with an apostrophe cannot
-// stand in the query: its group is left out, and once the others are read an EngineError names it.
+// be part of the query: its group is left out, and once the others are read an EngineError names it.
 void readTreeByCategory(const TreeRequest &request, std::vector<TreeNode> &nodes);
 void readTreeByField(const TreeRequest &request, std::vector<TreeNode> &nodes);
 

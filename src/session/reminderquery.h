@@ -4,7 +4,7 @@
 
 namespace vorel {
 
-// The query of a reminder grid by its parts. What narrows or orders it changes a part and renders the text anew; no text
+// The query of a reminder grid by its parts. What narrows or orders it changes a part and renders the text again; no text
 // is ever searched for its clauses.
 struct ReminderQuery {
     QString from;               // "select * from BILLS"

@@ -13,11 +13,11 @@ struct ListColumn {
     using Cell = std::function<QString(const dao::Recordset &)>;
     QString heading{};
     Cell cell{};
-    double percent = 0;             // of the page's width: where it stands
+    double percent = 0;             // of the page's width: where it begins
     int cut = 0;                    // characters that are shown; 0: all
-    int wrap = 0;                   // characters of a line; 0: as many as the column has room for
+    int wrap = 0;                   // characters of a line; 0: as many as fit the column
     QString alignment{QStringLiteral("L")};
-    double bodyPercent = 0;         // where its cells stand, if elsewhere
+    double bodyPercent = 0;         // where its cells begin, if elsewhere
     double roomPercent = 0;         // up to where it may reach; 0: to the next column
 };
 
@@ -30,7 +30,7 @@ struct ListReport {
     QString titleWord{};            // " as at " in it where the date follows
     bool isDated = true;
     DataFile file = DataFile::Main;
-    QString query{};                // "" if whoever prints gives it
+    QString query{};                // "" if the caller that prints gives it
     int orientation = 1;
     double size = 8;                // points of the rows; 0: as the heading leaves it
     int rowLimit = 27;              // records to a page
@@ -55,7 +55,7 @@ std::function<basic::Currency(const dao::Recordset &)> fieldSum(const QString &f
 // The columns that most reports are made of. A heading alone names the field too.
 ListColumn column(const QString &heading, double percent, int cut = 0);
 ListColumn column(const QString &heading, const QString &field, double percent, int cut = 0);
-inline constexpr int columnWide = 1000;     // characters of a wrapped line: as many as its column has room for
+inline constexpr int columnWide = 1000;     // characters of a wrapped line: as many as fit its column
 ListColumn wrapped(const QString &heading, const QString &field, double percent, int characters);
 ListColumn rightAligned(const QString &heading, ListColumn::Cell cell, double percent);
 

@@ -40,7 +40,7 @@ struct SectionColumn {
     QString sample{};           // a text that should fit
     bool isTimed = false;       // a date that shows its time of day
     bool isMoney = false;       // a price that is kept as a plain number
-    bool gives = false;         // gives of its width where room is short
+    bool gives = false;         // shrinks where space is short
 };
 
 // How rows of the general grid look.
@@ -75,7 +75,7 @@ struct GridDesign {
     bool isKept = true;                 // false: the widths live for the run only
     QString styleSet{};
     std::optional<GridColourDesign> colour{};
-    bool takesColour = true;            // false: the rows are coloured one by one, the ground stays plain
+    bool takesColour = true;            // false: the rows are coloured one by one, the background stays plain
     QString empty{};                    // shown while there is no row
 };
 
@@ -83,7 +83,7 @@ struct ListDesign {
     QString title;
     QString query;
     std::vector<SectionColumn> columns; // one per field of the query, in order
-    QStringList growing{};              // share the room left over, the first takes most; empty: all texts, the last takes most
+    QStringList growing{};              // share the remaining width, the first takes most; empty: all texts, the last takes most
     QStringList searched{};             // the fields that the search compares; empty: the first text column
     std::vector<RowRule> rules{};
     int lines = 1;                      // that a row has to say
@@ -122,7 +122,7 @@ struct PrintDesign {
 struct TipLine {
     enum class Show { Text, Day, Date, Money };
     QString label{};
-    QStringList fields;                 // several stand behind one another
+    QStringList fields;                 // several are shown one after the other
     Show show = Show::Text;
 };
 struct RowTipDesign {
@@ -176,7 +176,7 @@ struct SectionDesign {
     DataFile file = DataFile::Main;
     MissingFile missingFile = MissingFile::Error;
     bool isGuarded = false;             // asks for the administration password
-    bool refreshesReminders = true;     // RefreshData reads the reminder grids anew
+    bool refreshesReminders = true;     // RefreshData reads the reminder grids again
     std::array<bool, 3> grids{};        // Appointments, Bills, Events on show (Reminder only)
     std::optional<ListDesign> list{};
     std::optional<GridDesign> grid{};

@@ -10,7 +10,7 @@ namespace vorel {
 
 QString GetOsName();            // osNameFor what the desktop layer reports
 QString osNameFor(int platform, int major, int minor);
-// "" stays ""; BasicError 13 when the text is no date.
+// "" stays ""; BasicError 13 when the text is not a date.
 QString FormatDateForSql(const QString &text, bool monthFirst);
 QString GetAge(basic::DateTime birthDate);          // " 22 years 3 months 1 days "
 QString GetStarSign(basic::DateTime birthDate);
@@ -23,10 +23,10 @@ void playSoundFile(const QString &path);        // the same for any sound file; 
 void setSoundPlayer(std::function<void(const QString &path)> player);
 // The amount in a typed text; a date's text gives the date's serial, Null gives 0. Never fails.
 double MoneyValue(const basic::Value &text);
-// The handle of a registry key, 0 where there is no registry.
+// The handle of a registry key; 0 without a registry.
 int GetRegistryKey(const QString &key);
-QString GetOfficeVersion(const QString &name);      // "": there is no registry to ask
-// The apostrophe rule: a typed ' becomes a grave accent, so that the text can stand between single quotes.
+QString GetOfficeVersion(const QString &name);      // "" without a registry
+// The apostrophe rule: a typed ' becomes a grave accent, so that the text can be put between single quotes.
 QString graveApostrophes(const QString &text);
 QString shownApostrophes(const QString &text);
 

@@ -19,12 +19,12 @@ struct FirstRows {
     std::vector<std::vector<FirstField>> rows;
 };
 
-// The one-row tables. dayFirst: the regional order, which stands for the tax year's start and the tax system.
+// The one-row tables. dayFirst: the regional order, which decides the tax year's start and the tax system.
 std::vector<FirstRows> requiredRows(basic::DateTime today, bool dayFirst);
 // Made-up rows that show each section at work. Their pictures lie in the program folder.
 std::vector<FirstRows> sampleRows(basic::DateTime today);
 
-// Writes those of the groups that belong to the file and find their table empty. A text that its field has no room for (a
+// Writes those of the groups that belong to the file and find their table empty. A text that does not fit its field (a
 // picture's path in a deep folder) is left out.
 void addFirstRows(const std::vector<FirstRows> &groups, DataFile file, dao::Database &database);
 

@@ -57,7 +57,7 @@ void copyOver(const QString &from, const QString &to)
     }
 }
 
-// Mends the file; one that cannot be mended is gone from the path.
+// Repairs the file; one that cannot be repaired is moved away.
 void repair(const QString &path, const QString &connect, const std::vector<dao::TableDef> &wanted, store::Mending &mending)
 {
     constexpr int wrongPassword = 3031;
@@ -73,7 +73,7 @@ void repair(const QString &path, const QString &connect, const std::vector<dao::
             throw;
         if (!stands(path))
             return;
-        // A file that nothing can be read from makes room, and stays for whoever knows more.
+        // A file that nothing can be read from is renamed and kept for manual recovery.
         mending.original = dao::freeDamagedName(path);
         dao::DBEngine::Forget(path);
         dao::setAside(path);
@@ -209,7 +209,7 @@ QStringList Rebuild::setAside()
         if (table.Attributes == 0 && table.Name.compare(infoTable, Qt::CaseInsensitive) != 0)
             names << table.Name;
     }
-    // The longest first: a foreign table may bear the name that another is to get.
+    // The longest first: an unknown table may have the name that another is to get.
     QStringList ordered = names;
     std::stable_sort(ordered.begin(), ordered.end(), [](const QString &a, const QString &b) { return a.size() > b.size(); });
     for (const QString &name : ordered)

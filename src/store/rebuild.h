@@ -10,7 +10,7 @@ namespace vorel {
 // Serves the file at the path as the given one of the thirteen: makes it where it is missing; else repairs it, leaves a
 // safety copy beside it (.BAK) and brings it to the wanted design and version. All work happens on a scratch file that takes
 // the place in one step, so that an error or a kill leaves the file as it was. Asks only where the file is beyond repair:
-// whether to restore the copy, whether to begin anew.
+// whether to restore the copy, whether to start over.
 // True if the file was replaced, false if the user wants none. Throws what ended the work.
 bool UpgradeDatabase(DataFile file, const QString &path, int version);
 

@@ -14,7 +14,7 @@ using basic::Value;
 
 namespace {
 
-// A picture's path in the program folder, where the built-in one is laid at need; Null if there is no such picture.
+// A picture's path in the program folder, where the built-in one is copied if needed; Null if no such picture exists.
 Value picture(const QString &name)
 {
     const QString path = basic::realPath(basic::programFolder() + u'/' + name);

@@ -17,7 +17,7 @@ struct Trouble {
     QString words, advice;
 };
 
-// The engine's and the runtime's numbers in words. %1: the folders, %2: the room needed.
+// The engine's and the runtime's numbers in words. %1: the folders, %2: the space needed.
 const std::vector<Trouble> &troubles()
 {
     static const std::vector<Trouble> all = {
@@ -47,7 +47,7 @@ QString wordsOf(const Failure &failure)
     return QString(failure.text).remove(QDir::toNativeSeparators(failure.path)).simplified();
 }
 
-// A rebuild needs the safety copy, the scratch file and some room for its journal.
+// A rebuild needs the safety copy, the scratch file and some space for its journal.
 QString roomFor(const QList<const Failure *> &group)
 {
     constexpr qint64 newFile = 400 * 1024, megabyte = 1024 * 1024;

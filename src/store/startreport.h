@@ -4,7 +4,7 @@
 
 #include <vector>
 
-// What the user is told about the data files after a start or a repair, in one box.
+// What the user learns about the data files after a start or a repair, in one box.
 namespace vorel::store {
 
 struct Failure {

@@ -26,7 +26,7 @@ QByteArray noteOf(const DataFileEntry &entry)
     return u"%1 %2 %3\n"_s.arg(entry.key).arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch()).toUtf8();
 }
 
-// To open a protected file takes as long as all others together; its size alone tells a part of the damages.
+// To open a protected file takes as long as all others together; its size alone reveals some of the damage.
 bool opensWell(DataFile file)
 {
     if (!dataFileEntry(file).isProtected)

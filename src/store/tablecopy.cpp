@@ -130,7 +130,7 @@ void addRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<Fi
     to.Update();
 }
 
-// A number that the older table did not count itself may be missing or stand twice. Where no index forbids that, it must
+// A number that the older table did not count itself may be missing or occur twice. Where no index forbids that, it must
 // not cost the row. false: the row waits until those with a number of their own have theirs.
 bool copyRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<FieldMapEntry> &map, const QString &counter,
              bool mayRepeat)

@@ -5,7 +5,7 @@
 // How a table of an older file is compared with the wanted design, and how its rows come over.
 namespace vorel {
 
-// The name that a file's own table bears while the wanted one is built beside it.
+// The name of a file's own table while the wanted one is built beside it.
 QString setAsideName(const QString &table);     // name + "$$"
 
 // b's fields against a's: true if a lacks one or, with compareProperties, holds one with another type, size or rule.
@@ -27,7 +27,7 @@ struct FieldMapEntry {
 };
 
 // The value as the new field takes it: a shortened text is cut and trimmed, a text that becomes a number is read up to
-// where it stops being one. BasicError 13 for a text that is no date, 6 for a number that the new type cannot hold.
+// where it stops being one. BasicError 13 for a text that is not a date, 6 for a number that the new type cannot hold.
 basic::Value ConvertFieldValue(const basic::Value &value, const FieldMapEntry &entry);
 
 // Adds the rows of the table that was set aside to the new one of that name, field by field. True, also where the two have

@@ -276,7 +276,7 @@ void StartPass::addSamples(DataFile file, dao::Database &database)
     }
 }
 
-// What the main file is good for; one whose upgrade failed may serve as it is. Better told now than at the first save.
+// How far the main file is usable; one whose upgrade failed may still be. Better reported now than at the first save.
 void StartPass::checkMain()
 {
     MainFileAccess &access = state().mainFile;

@@ -4,7 +4,7 @@
 #include "store/upgrade.h"
 
 // The version stamp of a data file: one row in a table of its own. A stamp that cannot be read counts as 0 and one that
-// cannot be written is let go, so that a damaged file reaches the repair instead of ending the start.
+// cannot be written is skipped, so that a damaged file reaches the repair instead of ending the start.
 namespace vorel {
 
 using namespace Qt::StringLiterals;
@@ -41,7 +41,7 @@ void writeVersion(const Open &open, int version)
     });
 }
 
-// The path tells only whether there is a file; what is opened is the file in use.
+// The path only says whether the file exists; what is opened is the file in use.
 dao::Database openProtected(DataFile file)
 {
     return dao::DBEngine::OpenDatabase(state().path(file), true, false, connectString(file));

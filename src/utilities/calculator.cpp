@@ -11,7 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype longestEntry = 20;          // what the display has room for
+constexpr qsizetype longestEntry = 20;          // what fits the display
 
 }
 

@@ -71,7 +71,7 @@ TEST_F(AlertScreen, PanelFollowsTheClock)
     EXPECT_FALSE(isShown(u"panAppoint"_s));
     EXPECT_FALSE(c().panInfo->warning());
     EXPECT_EQ(c().panAppoint->toolTip(), QString());
-    tickAt(12, 12);                             // the clock was set back: shown again, not told again
+    tickAt(12, 12);                             // the clock was set back: shown again without a second notice
     EXPECT_TRUE(isShown(u"panAppoint"_s));
     EXPECT_EQ(ears.notices.size(), 2u);
     EXPECT_EQ(ears.sounds.size(), 2);
@@ -109,7 +109,7 @@ TEST_F(AlertScreen, ClickShowsTheTextAndOpensTheRow)
     opened();                                   // a click that comes when the screen has gone
 }
 
-// A failing file is told once, not every six seconds.
+// A failing file is reported once, not every six seconds.
 TEST_F(AlertScreen, FailureIsToldOnce)
 {
     startWith({{"12:10 pm", "BANK"}});

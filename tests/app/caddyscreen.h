@@ -61,7 +61,7 @@ protected:
     frmCaddy &screen() { return *m_startup->mainScreen(); }
     CaddyControls &c() { return screen().controls(); }
 
-    // Rows for the main file before or while the screen stands.
+    // Rows for the main file before or while the screen is open.
     void execute(const QString &sql)
     {
         const QString file = m_folder.path(u"VOREL.MDB"_s);

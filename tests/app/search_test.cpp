@@ -44,7 +44,7 @@ TEST_F(Search, OneLetterBeginsMoreAreAnywhere)
     look(u"nowhere"_s);
     EXPECT_TRUE(isShown(u"lblNotFound"_s));
     EXPECT_EQ(at<QLineEdit>(u"txtSearch"_s)->placeholderText(), u"Search appointments"_s);
-    look(u"[a"_s);                      // half a pattern is no error
+    look(u"[a"_s);                      // half a pattern is not an error
     EXPECT_TRUE(m_prompts.shown().empty());
 }
 
@@ -58,7 +58,7 @@ TEST_F(Search, NextGoesOnAndRoundAgain)
     look(u"swim"_s);
     EXPECT_EQ(hit(), u"Swim 22"_s);
     for (const QString &next : {u"Swim 24"_s, u"Swim 26"_s, u"Swim 26"_s, u"Swim 22"_s}) {
-        click(u"cmdNext"_s);            // past the last hit it stays, and starts anew from the first row
+        click(u"cmdNext"_s);            // past the last hit it stays, and restarts from the first row
         EXPECT_EQ(hit(), next);
     }
     look(u"walk 25"_s);

@@ -183,7 +183,7 @@ TEST_F(PeriodsTest, menuCaptionsTellTheirDates)
     for (const PeriodEntry &entry : periodTable())
         captions << entry.caption();
     EXPECT_EQ(captions, expected) << captions.join(u'\n');
-    // The last week that was written stands in the period.
+    // The last week that was written is the period.
     EXPECT_EQ(state().period.gPeriodStart, u"23/01/2005"_s);
 }
 

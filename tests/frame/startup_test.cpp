@@ -83,7 +83,7 @@ TEST_F(StartupTest, pathsThatLeadNowhereAreForgotten)
     EXPECT_EQ(s.path(DataFile::Main), folder.path(u"VOREL.MDB"_s));
     EXPECT_EQ(s.path(DataFile::Contacts), folder.path(u"CONTACTS.MDB"_s));
     EXPECT_EQ(s.path(DataFile::Garden), elsewhere);         // found whatever its case
-    EXPECT_EQ(s.path(DataFile::Movies), folder.path(u"MOVIES.MDB"_s));     // a folder is no file
+    EXPECT_EQ(s.path(DataFile::Movies), folder.path(u"MOVIES.MDB"_s));     // a folder is not a file
     EXPECT_EQ(GetIniValue(iniSettings, u"DataPath"_s, {}), u"\\VOREL.MDB"_s);
     EXPECT_EQ(GetIniValue(iniSettings, u"ContactsDBPath"_s, {}), u"\\CONTACTS.MDB"_s);
     EXPECT_EQ(GetIniValue(iniSettings, u"GardenDBPath"_s, {}), u"\\elsewhere\\mine.mdb"_s);

@@ -391,7 +391,7 @@ TEST_F(Lists, LabelsStayWithTheirTexts)
     }
 }
 
-// However the rows fill the last page, the closing lines stand whole, on it or on one of their own behind a foot line.
+// However the rows fill the last page, the closing lines stay together, on it or on one of their own behind a foot line.
 TEST_F(Lists, ClosingLinesKeepOffTheEdge)
 {
     const QString item = u"AN ITEM THAT TAKES TWO LINES ON THE LIST %1"_s;

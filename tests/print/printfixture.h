@@ -27,7 +27,7 @@ struct FakeJobs {
 // Whether a picture has ink in the field, in twips of the page, with so many pixels to a twip.
 bool hasInk(const QImage &image, double scale, const QRectF &twips);
 
-// A preview without a window, 1,200 x 800 pixels: what the user does is told beforehand.
+// A preview without a window, 1,200 x 800 pixels: what the user does is scripted beforehand.
 class FakePreview : public PreviewScreen {
 public:
     explicit FakePreview(PrintJob &job);
@@ -67,7 +67,7 @@ protected:
     void useNoPrinter() { printer::setHardware({}); }
     // What the user does in the next preview; a report that opens none fails.
     int previewed(const std::function<void()> &report, const std::function<void(FakePreview &)> &work = {});
-    // The script as it stood in the preview: its lines without the header.
+    // The script as it was in the preview: its lines without the header.
     QStringList script(const std::function<void()> &report);
     // The report as PDF, read back page by page, blanks within a line made one.
     QStringList pages(const std::function<void()> &report);

@@ -153,7 +153,7 @@ TEST_F(Script, MissingFontSizeIsThePrinters)
 
 TEST_F(Script, FolderThatCannotBeWrittenIsTold)
 {
-    m_folder.write(u"PRINT.TMP/keep"_s, "x");          // a folder stands in its place
+    m_folder.write(u"PRINT.TMP/keep"_s, "x");          // a folder has its name
     PrintJob job;
     try {
         job.SetFontBold(true);
@@ -167,7 +167,7 @@ TEST_F(Script, FolderThatCannotBeWrittenIsTold)
     EXPECT_EQ(lines([](PrintJob &next) { next.PrintLeft(u"again"_s); }).size(), 1);
 }
 
-// Passwords and journal are printed too: what is printed is nobody else's to read, and goes with the preview.
+// Passwords and journal are printed too: what is printed is readable by its owner alone, and removed with the preview.
 TEST_F(Script, PagesAreForTheOwnerAndDoNotStay)
 {
     const QString path = m_folder.path(u"PRINT.TMP"_s);

@@ -246,7 +246,7 @@ TEST_F(Tree, UserMovesAreReported)
     const QModelIndex seven = tree.model()->index(1, 0);
     EXPECT_EQ(told(click(seven)), 0);
     EXPECT_EQ(told(key(Qt::Key_Down)), 6);
-    EXPECT_EQ(told(click(tree.currentIndex())), 6);     // also where it stands already
+    EXPECT_EQ(told(click(tree.currentIndex())), 6);     // also where it is current already
     EXPECT_EQ(told(key(Qt::Key_Return)), 6);
     EXPECT_EQ(told(key(Qt::Key_End)), 1);
     EXPECT_EQ(told(key(Qt::Key_Down)), -1);             // the end: nothing moved

@@ -5,7 +5,7 @@
 #include <QApplication>
 #include <QFile>
 
-// The roads away from a row: all of them write it, none of them loses what was typed.
+// The ways of leaving a row: all of them write it, none of them loses what was typed.
 namespace vorel {
 
 using namespace Qt::StringLiterals;

@@ -26,7 +26,7 @@ protected:
 
 }
 
-// The controls that every section promises under their names, and keys that can be told apart on each panel.
+// The controls that every section promises under their names, and distinct mnemonics on each panel.
 TEST_F(Section, EveryScreenHasItsControlsAndNoMnemonicTwice)
 {
     const std::tuple<QString, QString, std::function<void()>> screens[] = {
@@ -70,7 +70,7 @@ TEST_F(Section, TheTreeTurnsByItsKeysAndGoesToRows)
     click(u"cmdCategory"_s);
     EXPECT_EQ(nodes(), (QStringList{u"Nature: Amazing Birds"_s, u"Novel: Dune"_s}));
     EXPECT_EQ(selectedNode(), u"Dune"_s);
-    clickNode(u"Nature"_s);                                 // a group is no row
+    clickNode(u"Nature"_s);                                 // a group has no row
     EXPECT_EQ(text(u"txtTitle"_s), u"Dune"_s);
     click(u"cmdAuthor"_s);
     EXPECT_EQ(nodes(), (QStringList{u"Finch: 7 Days, Amazing Birds"_s, u"Herbert: Dune"_s}));

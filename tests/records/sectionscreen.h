@@ -18,7 +18,7 @@
 #include <QTest>
 #include <QTreeView>
 
-// A failing comparison tells its texts, not their bytes.
+// A failing comparison prints its texts, not their bytes.
 inline void PrintTo(const QString &text, std::ostream *out) { *out << qPrintable(text); }
 inline void PrintTo(const QStringList &texts, std::ostream *out) { *out << qPrintable(texts.join(QStringLiteral(" / "))); }
 

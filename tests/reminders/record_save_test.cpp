@@ -105,7 +105,7 @@ TEST_F(RecordSave, WeekdayRuleNeedsTheRowsOwnDateOnThatDay)
     EXPECT_TRUE(appointments().contains(u"2027-12-07|Club"_s));
 }
 
-// Typed, pasted or dropped, an apostrophe becomes a grave accent, so that the text can stand in the queries of its series.
+// Typed, pasted or dropped, an apostrophe becomes a grave accent, so that the text can be used in the queries of its series.
 TEST_F(RecordSave, ATypedApostropheDoesNotHinderTheSeries)
 {
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL],[PeriodMonth]) VALUES (#11/22/2027#,'Gas',1)"_s);

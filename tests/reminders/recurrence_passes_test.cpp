@@ -87,7 +87,7 @@ TEST_F(PassesTest, rollForwardChangesTheDateAlone)
               QStringList(u"Rent|2026-11-15|Thu|500|1|True"_s));
 }
 
-// A row whose text holds a quote stays behind alone, and is told once.
+// A row whose text holds a quote stays behind alone, and is reported once.
 TEST_F(PassesTest, ARowThatCannotRollHindersNoOther)
 {
     for (const char *row : {"'Gym', #11/01/2026#, 7, 0", "'Mum''s', #11/01/2026#, 7, 0", "'Walk', #11/01/2026#, 7, 0"})
@@ -106,7 +106,7 @@ TEST_F(PassesTest, ARowThatCannotRollHindersNoOther)
 TEST_F(PassesTest, purgeTakesTickedRowsAfterTheDaysAreOver)
 {
     const struct {
-        int inState;            // 0: nobody has read the setup row yet
+        int inState;            // 0: the setup row has not been read yet
         int inSetup;
         const char *left;       // days ago
     } cases[] = {{30, 30, "29 30 none"}, {0, 29, "29 none"}, {0, 0, "none"}, {31, 30, "29 30 31 none"}};

@@ -125,7 +125,7 @@ INSTANTIATE_TEST_SUITE_P(Regions, SeriesTest, testing::Values("en_US", "en_AU", 
 
 class SeriesRowsTest : public SeriesTest {};
 
-// Rows without a text belong to no series: nobody takes them away, and a second save adds no day twice.
+// Rows without a text belong to no series: nothing removes them, and a second save adds no day twice.
 TEST_F(SeriesRowsTest, WithoutATextNoDayIsDoubled)
 {
     for (const auto &[days, months] : {std::pair{7, 0}, {0, 1}}) {

@@ -32,7 +32,7 @@ protected:
     ScriptedPrompts m_prompts;      // a message that no test has foreseen fails it
 };
 
-// The thirteen files, current and without sample rows, under their usual names; those that stand there stay.
+// The thirteen files, current and without sample rows, under their usual names; existing ones stay.
 void putEmptyFiles(const QString &folder);
 
 QString shown(const basic::Value &value);

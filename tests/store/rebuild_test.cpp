@@ -179,7 +179,7 @@ static bool inChild(const std::function<void()> &work, rlim_t limit, bool killed
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
-// Killed at each further page that is written, or told that the disk is full: the file is the old one or the new one, and
+// Killed at each further page that is written, or given a full disk: the file is the old one or the new one, and
 // the safety copy is whole.
 TEST_F(RebuildTest, aKillOrAFullDiskLeavesTheOldFileOrTheNewOne)
 {

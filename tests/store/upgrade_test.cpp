@@ -34,7 +34,7 @@ TEST_F(UpgradeTest, aSecondStartChangesNothing)
     EXPECT_EQ(bytes(), before);
 }
 
-// What a kill during the making leaves behind must neither stand in the way nor get into the new file.
+// What a kill during creation leaves behind must neither block the next start nor get into the new file.
 TEST_F(UpgradeTest, aBrokenOffCreationIsForgotten)
 {
     const QByteArray half = bytes().left(20000);
@@ -275,7 +275,7 @@ TEST_F(PassTest, aFirstStartThatWasKilledStillGetsItsRows)
 }
 
 // Whatever the main file's version says, a file that does not open is repaired, at the start or when it is next opened, and
-// the user is told once.
+// the user is informed once.
 TEST_F(PassTest, aDamagedFileBesideACurrentMainFileIsRepaired)
 {
     for (const bool atStart : {true, false}) {
@@ -348,7 +348,7 @@ TEST_F(PassTest, aFileThatMayBeDamagedGetsTheFullCheck)
     }
 }
 
-// Of a protected file the stamp is read with the password; the parameter only tells whether there is one.
+// Of a protected file the stamp is read with the password; the parameter only says whether there is one.
 TEST_F(UpgradeTest, theVersionStamp)
 {
     const QString plain = m_folder.path(u"PLAIN.MDB"_s), journal = m_folder.path(u"DATAJ.MDB"_s);

@@ -4,7 +4,7 @@
 #include <QByteArray>
 #include <cstdio>
 
-// A warning that nobody expected is a fault: the test that was running fails with its text.
+// An unexpected warning is a fault: the test that was running fails with its text.
 static void failOnWarning(QtMsgType type, const QMessageLogContext &, const QString &text)
 {
     const QByteArray line = text.toUtf8();

@@ -42,7 +42,7 @@ private:
     QString m_before;
 };
 
-// The clock stands at one moment until the test moves it.
+// The clock shows one moment until the test moves it.
 class TestClock {
 public:
     explicit TestClock(QDateTime now = {QDate(2005, 6, 15), QTime(10, 0)}) : m_now(std::move(now))

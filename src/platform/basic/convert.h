@@ -4,7 +4,7 @@
 
 #include <optional>
 
-// Conversions between values. Text and dates follow the regional settings (locale.h) unless told otherwise.
+// Conversions between values. Text and dates follow the regional settings (locale.h) unless stated otherwise.
 // Failures are BasicError: 13 Type mismatch, 6 Overflow, 94 Invalid use of Null.
 namespace vorel::basic {
 
@@ -20,7 +20,7 @@ Currency CCur(const Value &v);
 DateTime CDate(const Value &v);
 QString CStr(const Value &v);           // Null: 94. Doubles with up to 15 significant digits, singles with 7
 bool IsDate(const Value &v);
-// A text as a date under other settings than the machine's; nullopt: it is no date.
+// A text as a date under other settings than the machine's; nullopt if it is not a date.
 std::optional<DateTime> readDate(QStringView text, const Regional &settings);
 bool IsNumeric(const Value &v);
 

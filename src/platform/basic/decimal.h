@@ -18,7 +18,7 @@ struct Decimal {
     std::array<char, capacity> digits{};
 
     bool isZero() const { return count == 0; }
-    // The digit that stands for 10^exponent, as a character.
+    // The digit at 10^exponent, as a character.
     char at(int exponent) const
     {
         const int index = point - 1 - exponent;

@@ -44,7 +44,7 @@ QString realPath(const QString &path)
         const QString next = found + name;
         if (!name.isEmpty() && !QFileInfo::exists(next)) {
             name = entryLike(found, name);
-            // Not there: the rest stands as asked, below the folder that was found.
+            // Not found: the rest is kept as given, below the folder that was found.
             if (name.isEmpty())
                 return found + parts.mid(i).join(u'/');
         }

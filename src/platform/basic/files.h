@@ -4,7 +4,7 @@
 
 namespace vorel::basic {
 
-// The file name of a plain file at the path, or "" if there is none (a folder is none). The last components are found
+// The file name of a plain file at the path, or "" if there is none (a folder does not count). The last components are found
 // whatever their case. Both "\" and "/" part folders.
 QString Dir(const QString &path);
 // "\NAME" (one backslash) is NAME in the program folder, wherever that lies; "\\HOST\NAME" is not.

@@ -128,7 +128,7 @@ QString formatDate(const Value &value, QStringView pattern)
 QString formatAsNumber(const Value &value, Kind kind, QStringView pattern)
 {
     const std::optional<Decimal> number = decimalOf(value);
-    // Beyond the range of a Double a text of digits is no number.
+    // Beyond the range of a Double a text of digits is not a number.
     if (!number || number->point > 308)
         return value.text();
     switch (kind) {

@@ -18,7 +18,7 @@ Group groupAt(QStringView pattern)
     if (close < 0)
         throw BasicError(93);
     Group group{pattern.mid(1, close - 1), close + 1, false};
-    // A lone "!" stands for itself.
+    // A lone "!" matches itself.
     if (group.content.size() > 1 && group.content.front() == u'!') {
         group.negated = true;
         group.content = group.content.mid(1);

@@ -8,13 +8,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// "de_DE.UTF-8@euro" is "de_DE"; the portable names stand for the United States.
+// "de_DE.UTF-8@euro" is "de_DE"; the portable names mean the United States.
 QString plainName(QString name)
 {
     name.truncate(std::min(name.indexOf(u'.') < 0 ? name.size() : name.indexOf(u'.'),
                            name.indexOf(u'@') < 0 ? name.size() : name.indexOf(u'@')));
     name.replace(u'-', u'_');
-    // A name that nobody knows stands for the United States as well.
+    // An unknown name means the United States as well.
     if (name.isEmpty() || name == "C"_L1 || name == "POSIX"_L1 || QLocale(name).language() == QLocale::C)
         return u"en_US"_s;
     return name;

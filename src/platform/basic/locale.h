@@ -4,7 +4,7 @@
 #include <QString>
 
 // The machine's regional settings, asked of this one place; a test sets them. An explicit pattern of Format prints "/"
-// and ":" as they stand everywhere, so that texts of queries and files stay readable; the locale's own marks appear only
+// and ":" unchanged everywhere, so that texts of queries and files stay readable; the locale's own marks appear only
 // through shortDate, longDate and longTime. Numbers follow decimalPoint and thousands, in patterns too.
 namespace vorel::basic {
 

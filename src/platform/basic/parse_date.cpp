@@ -140,7 +140,7 @@ private:
         return m_at + 1 < m_text.size() && isDigit(m_text[m_at + 1]) && (here() == u':' || (here() == u'.' && !m_dotParts));
     }
 
-    // The half of the day behind a time, which may stand after blanks. A word that is none stays unread.
+    // The half of the day behind a time, which may follow blanks. Any other word is left unread.
     HalfDay readHalfDay()
     {
         const qsizetype start = m_at;
@@ -200,7 +200,7 @@ private:
         return c == u'/' || c == u'-' || c == u',' || (m_dotParts && c == u'.');
     }
 
-    // What stands between two items: blanks and at most one mark. Only the dot of "25.12." may end a text.
+    // The separator of two items: blanks and at most one mark. Only the dot of "25.12." may end a text.
     bool readSeparator()
     {
         const bool blanks = skipBlanks();

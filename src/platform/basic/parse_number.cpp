@@ -74,7 +74,7 @@ private:
         }
     }
 
-    // Separators of thousands may stand anywhere before the point.
+    // Separators of thousands may occur anywhere before the point.
     bool takeThousands()
     {
         const QChar c = here();

@@ -50,7 +50,7 @@ void Task::run(std::function<void(TaskContext &)> work, std::function<void()> do
         emit ended();
     m_context = std::make_shared<TaskContext>();
     const quint64 turn = ++m_turn;
-    // The task joins the worker before it goes, so the worker may post to it; what is still posted then goes with it.
+    // The task joins the worker before it is destroyed, so the worker may post to it; pending posts are dropped with it.
     m_context->m_changed = [this, turn] {
         QMetaObject::invokeMethod(this, [this, turn] {
             if (turn != m_turn || !m_thread)

@@ -34,7 +34,7 @@ private:
     std::function<void()> m_changed;
 };
 
-// The end of the work: a value, a stop on the user's wish, or the failure that ended the worker.
+// The end of the work: a value, a cancellation, or the failure that ended the worker.
 template <class T>
 class TaskOutcome {
 public:
@@ -52,7 +52,7 @@ private:
     std::exception_ptr m_failure;
 };
 
-// Starts the worker, tells of its progress and hands over its outcome, both on the thread of the task. A task that is
+// Starts the worker, reports its progress and delivers its outcome, both on the thread of the task. A task that is
 // destroyed cancels its worker and waits for it, and reports nothing any more; so what the worker uses must be its own or
 // live longer than the task. One worker at a time: a second start cancels and replaces the first, whose outcome is dropped.
 class Task : public QObject {
@@ -62,7 +62,7 @@ public:
     ~Task() override;
 
     // work: std::optional<T>(TaskContext &). It returns nullopt when it stopped because isCancelled() said so, having
-    // undone what was half done. A worker that is done before it sees the wish returns its value: then the work counts.
+    // undone what was half done. A worker that is done before it notices the cancellation returns its value, and the work counts.
     // done: void(const TaskOutcome<T> &). Runs under Trap, so that value() may simply throw.
     template <class Work, class Done>
     void start(Work work, Done done)
@@ -81,9 +81,9 @@ public:
             }
         }, [end, done = std::move(done)] { done(TaskOutcome<Result>(std::move(end->value), end->failure)); });
     }
-    void cancel();                  // a wish: the outcome follows
+    void cancel();                  // a request: the outcome follows
     bool isRunning() const { return m_thread != nullptr; }
-    bool isCancelled() const;       // the wish is under way
+    bool isCancelled() const;       // the request was made
     TaskProgress progress() const;
 
 signals:

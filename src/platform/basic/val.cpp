@@ -57,7 +57,7 @@ double decimalNumber(const char *p)
     }
     if (!digits)
         return 0;
-    // A type sign after a fraction is no whole number's.
+    // A type sign after a fraction does not belong to a whole number.
     if (point && *p == '%')
         throw BasicError(13);
     const char exponent = static_cast<char>(*p | 0x20);
@@ -87,7 +87,7 @@ double decimalNumber(const char *p)
 
 double Val(QStringView text)
 {
-    // Blanks, tabs and line feeds do not count, wherever they stand. Nothing outside ASCII belongs to a number.
+    // Blanks, tabs and line feeds are skipped wherever they occur. Nothing outside ASCII belongs to a number.
     QVarLengthArray<char, 64> kept;
     for (const QChar c : text) {
         if (c == u' ' || c == u'\t' || c == u'\n')

@@ -31,14 +31,14 @@ public:
     void setConnect(const QString &connect);            // "Access", ";pwd=..."
     void setRecordSource(const QString &sql);           // "" = no rows after the next Refresh
     const QString &RecordSource() const;
-    // Opens the query, first row current. When the engine refuses, the rows on show stay, and Error tells it unless quiet.
+    // Opens the query, first row current. When the engine refuses, the rows on show stay, and Error reports it unless quiet.
     // Returns whether the rows are those of the query now.
     bool Refresh(bool quiet = false);
     dao::Recordset &Recordset();                        // an open recordset or an empty handle
     dao::Database &Database();
     void setRecordset(const dao::Recordset &recordset); // shows another recordset (a sorted one), first row current
     bool hasRows() const;
-    void Close();                                       // writes nothing; rows and file are let go
+    void Close();                                       // writes nothing; releases rows and file
 
     // A widget for a field: QLineEdit, QComboBox, QCheckBox, QLabel, QTextEdit,
     // QPlainTextEdit, RichTextBox. One field may have several. From the next Refresh on the widget takes no more text than
@@ -49,20 +49,20 @@ public:
     // Writes the bound widgets whose content changed since the row was shown; nothing changed writes nothing.
     // false: the engine refused; Error was emitted, the row is still current and the widgets keep what was typed.
     bool UpdateRecord();
-    // The same with what hangs on the row, in one transaction. `also` runs after the row was written, changed or not; where
+    // The same with what depends on the row, in one transaction. `also` runs after the row was written, changed or not; where
     // it throws, nothing is stored, the typing is unsaved as before and Error is emitted.
     bool UpdateRecord(const std::function<void()> &also);
     void showRow();                                     // fills the widgets from the current row, then emits Reposition
     // Asked before a row is written or left, by whichever way; changed: there is typing to write. It may still change what
-    // the widgets hold. false: the row is neither written nor left, and the user has been told why.
+    // the widgets hold. false: the row is neither written nor left, and the reason has been reported.
     void setValidate(std::function<bool(bool changed)> validate);
     // For what collects changes of the current row itself (a grid): writes them, false if they were refused. Asked before
     // the row is written, and before Refresh and setRecordset; those stay where they are if it says no. revert runs `undo`,
-    // which drops what the writer would write. With `changed`, which tells whether there is anything, the row and what the
+    // which drops what the writer would write. With `changed`, which returns whether there is anything to write, the row and what the
     // writers hold are stored in one transaction. Dropped with its owner; a second one of an owner replaces the first.
     void addRowWriter(QObject *owner, std::function<bool()> writer, std::function<void()> undo = {},
                       std::function<bool()> changed = {});
-    // Leaves the row for whoever has no move of his own (a screen that closes): UpdateRecord. Where the same
+    // Leaves the row without moving to another (a screen that closes): UpdateRecord. Where the same
     // typing is refused a second time, the user is asked whether it may be dropped. false: stay.
     bool Leave();
     void setMovesAsk(bool on);                          // every move leaves the row by Leave
@@ -71,7 +71,7 @@ public:
     void contentChanged(const QWidget *widget);         // by code, where the widget has no signal for it (a label)
     bool isFilling() const;                             // a row's values are being put into the widgets
     QWidget *refusedWidget() const;                     // whose content the last write refused; nullptr = no single one
-    void takeAsShown(QWidget *widget);                  // what code put into the widget on showing the row is no typing
+    void takeAsShown(QWidget *widget);                  // what code puts into the widget while showing the row does not make it dirty
 
     // Each writes the current row first (UpdateRecord) and stays if that fails; then moves and shows the row.
     bool MoveFirst();

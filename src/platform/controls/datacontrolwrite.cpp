@@ -101,7 +101,7 @@ DataControl::Private::Written DataControl::Private::write(Failure *failure)
             if (rows.editPending())
                 rows.CancelUpdate();
         });
-        // Deleted through this very recordset: that was the wish, there is nothing to tell.
+        // Deleted through this very recordset, as requested: nothing to report.
         if (isRowGone(e.number()) && here != shown)
             failure->number = 0;
         return isRowGone(e.number()) ? Written::Gone : Written::Refused;

@@ -4,7 +4,7 @@
 
 namespace vorel::controls {
 
-// Holds the whole text and shows what fits: of a path both ends. A long text widens nothing; it is told by the tool tip.
+// Holds the whole text and shows what fits: of a path both ends. A long text never widens its parent; the tool tip shows it whole.
 class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget *parent = nullptr);

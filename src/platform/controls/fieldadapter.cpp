@@ -121,7 +121,7 @@ namespace {
 // A date may be typed in a longer form than it is stored in; what is too long even then is refused by its name on saving.
 constexpr int longestDateText = 40;
 
-// Limits a text of several lines. Cuts what was put in last, not the end of the text: what stood there already stays.
+// Limits a text of several lines. Cuts what was put in last, not the end of the text: what was there before stays.
 class LinesLimit : public QObject {
 public:
     LinesLimit(QPlainTextEdit *edit) : QObject(edit), m_edit(edit)

@@ -5,7 +5,7 @@
 // What the data control needs of a widget that shows a field: one adapter per kind of widget.
 namespace vorel::controls::adapter {
 
-// A text that stands for what the widget shows; the same text means the same content.
+// A text that identifies what the widget shows; the same text means the same content.
 QString content(const QWidget &widget);
 QString text(const QWidget &widget);
 void setText(QWidget &widget, const QString &text);

@@ -98,7 +98,7 @@ void Form::showEvent(QShowEvent *event)
     if (event->spontaneous() || !where)
         return;
     const QRect area = where->availableGeometry();
-    // What the desktop will put around it is not known before it stands there.
+    // The window frame's size is not known before the window is shown.
     const QSize decoration(8, style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this) + 8);
     const QSize room = (area.size() - decoration).expandedTo({200, 150});
     if (width() > room.width() || height() > room.height()) {

@@ -7,7 +7,7 @@
 #include <memory>
 #include <functional>
 
-// The frame that every screen but the main one stands in.
+// The base of every screen but the main one.
 namespace vorel::controls {
 
 template <class Handler, class... Args>
@@ -29,7 +29,7 @@ void on(Sender *sender, Signal signal, QObject *context, Handler handler)
     });
 }
 
-// A screen. Esc, the window's close button, Ctrl+W and code all leave by the one road: QueryUnload, then Unload.
+// A screen. Esc, the window's close button, Ctrl+W and code all close it the same way: QueryUnload, then Unload.
 class Form : public QDialog {
     Q_OBJECT
 public:
@@ -46,7 +46,7 @@ signals:
 
 public:
     // The context for slots of this screen. It dies before the controls do: what they emit while they are destroyed must
-    // not reach a screen whose own part is gone already.
+    // not reach a screen whose own part is already destroyed.
     QObject *handlers() const { return m_handlers.get(); }
 
 protected:

@@ -9,7 +9,7 @@ Grid::Grid(QWidget *parent) : QTableView(parent), d(std::make_unique<Private>(th
     d->setUp();
 }
 
-// What the control tells ends with the private part, before the base's own destruction.
+// The connections to the control end with the private part, before the base is destroyed.
 Grid::~Grid() = default;
 
 void Grid::setDataControl(DataControl *control)

@@ -13,7 +13,7 @@ namespace vorel::controls {
 using basic::twipsPerPixel;                              // the toolkit scales pixels itself
 constexpr int toPixels(double twips) { return static_cast<int>(twips / twipsPerPixel + 0.5); }
 constexpr int toTwips(int pixels) { return pixels * twipsPerPixel; }
-// Where the head lines end in the positions that DblClick tells, whatever their real height on this desktop.
+// Where the head lines end in the positions that DblClick reports, whatever their real height on this desktop.
 inline constexpr int headLinesTwips = 275;
 
 struct StyleSet {
@@ -68,7 +68,7 @@ public:
     bool UpdateRow();                                   // writes what was changed; false: refused, the typing is kept
     void UndoRow();
     bool isRowChanged() const;
-    // The row that is being changed, else the current one (-1: neither), and its cells as they stand. setEditValue changes
+    // The row that is being changed, else the current one (-1: neither), and its cells as shown. setEditValue changes
     // one without the handlers of a cell, whether or not the column is open to typing.
     qsizetype EditRow() const;
     QString EditText(int column) const;
@@ -78,7 +78,7 @@ public:
     QRect cellRect(int column, qsizetype row) const;    // on the viewport
 
     // The set named "" is what all cells without another one take. A set without a fore colour, or with one that cannot
-    // be told from what is behind it, is shown in black or white.
+    // be distinguished from its background, is shown in black or white.
     void setStyleSet(const QString &name, const StyleSet &style);
     StyleSet styleSet(const QString &name) const;
     void setRowLoad(std::function<void(RowPaint &)> handler);
@@ -101,20 +101,20 @@ public:
     dao::Bookmark Bookmark() const;                     // of the selected row; invalid on the new-row line
     void setBookmark(dao::Bookmark mark);               // selects the row and scrolls it into view
     void Scroll(qsizetype firstRow);
-    void setSortMark(int column, bool ascending);       // an arrow in the column's head, until the rows are read anew
+    void setSortMark(int column, bool ascending);       // an arrow in the column's head, until the rows are read again
     void setRedraw(bool on);
     QString CellText(int column, qsizetype row) const;  // as shown; a check column's is "-1" or "0"
     QString CellText(int column) const;                 // of the selected row; "" on the new-row line or with no row
     qsizetype currentRow() const;                       // -1 = none; rows() = the new-row line
-    void Requery();                                     // the control's rows changed: paint anew, keep the place if possible
-    void Repaint();                                     // asks the row-load handler anew for the rows in view
+    void Requery();                                     // the control's rows changed: repaints, keeps the place if possible
+    void Repaint();                                     // calls the row-load handler again for the rows in view
 
 signals:
     void HeadClick(int column);                         // by the mouse, or Ctrl+Shift+S for the current cell's column
     void DblClick(int yTwips);                          // from the grid's top: up to headLinesTwips on the title and the
                                                         // heads, more below them
-    void RowChange();                                   // the data control stands on the new row already
-    void ColResize(int column);                         // by the user; once, when the edge is let go
+    void RowChange();                                   // the new row is already current in the data control
+    void ColResize(int column);                         // by the user; once, when the mouse is released
     void RowResize();                                   // likewise: all rows have the new height
     void BtnClick(int column, qsizetype row);           // by the mouse, or F4 and Alt+Down on the row
     void EnterKey();                                    // Return on a row that is not being changed

@@ -19,7 +19,7 @@ struct Grid::Private {
     GridHead *head;
     RowSelectors *selectors;
     QWidget *corner = nullptr;      // between the selectors and the heads
-    std::unique_ptr<QObject> link;  // the context of what the control tells, and the owner of the writer there
+    std::unique_ptr<QObject> link;  // the context of the control's signals, and the owner of the writer there
     std::function<QString(qsizetype, int)> toolTip;
     QString titleText;
     bool following = false;         // the grid is taking over the control's row

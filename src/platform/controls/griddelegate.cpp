@@ -44,7 +44,7 @@ QString fittedText(const QString &text, const QFontMetrics &metrics, QSize room)
 }
 
 // A row that says something by its colour keeps it while the user is elsewhere; two lines mark it as the current one. The
-// tint of a single cell is no such colour: it gives way, so that a selected row is of one piece.
+// tint of a single cell is not such a colour: it is dropped, so that a selected row looks uniform.
 bool GridDelegate::keepsRowColour(const QStyleOptionViewItem &option, const QModelIndex &index) const
 {
     return !(option.widget && option.widget->hasFocus()) && m_model.styleSet(m_model.rowStyleName(index.row())).back.isValid();

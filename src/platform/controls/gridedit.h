@@ -7,10 +7,10 @@
 #include <functional>
 #include <vector>
 
-// Editing in a grid's cells: which cells take typing, and what is asked and told while a row changes.
+// Editing in a grid's cells: which cells can be typed into, and the events of a row that is being changed.
 namespace vorel::controls {
 
-// The engine's refusal of a row that repeats a unique index, under the number by which a grid tells it.
+// The engine's refusal of a row that repeats a unique index, under the number by which a grid reports it.
 inline constexpr int duplicateRowError = 16389;
 
 // A column whose cells can be changed. A check column is toggled, any other is typed into.
@@ -41,7 +41,7 @@ struct UpdateFailure {
     int number = 0;                                     // the engine's, or duplicateRowError
     QString text;
     int column = -1;                                    // that could not take its text, -1 = the row as a whole
-    bool answered = false;                              // the handler has told the user
+    bool answered = false;                              // the handler has informed the user
 };
 
 // All may be empty. They run under the trap; one that fails before the write cancels it.
@@ -51,7 +51,7 @@ struct EditHandlers {
     std::function<void(RowUpdate &)> beforeUpdate;
     std::function<void(const RowUpdate &)> afterUpdate; // the row is stored
     std::function<void(qsizetype row)> afterUndo;       // the changes of the row were dropped
-    std::function<void(UpdateFailure &)> updateError;   // nobody answers it: the text is shown in a message box
+    std::function<void(UpdateFailure &)> updateError;   // not answered: the text is shown in a message box
 };
 
 }

@@ -170,7 +170,7 @@ bool Grid::Private::write()
     if (!alive)
         return false;
     if (written) {
-        leading = true;             // the control already stands on the row
+        leading = true;             // the row is already current in the control
         model->draftStored();
         if (update.isNew && q->currentRow() == update.row && model->control())
             model->control()->showRow();
@@ -290,7 +290,7 @@ bool Grid::Private::cellKey(const QKeyEvent *event)
     default:
         break;
     }
-    // Typing goes into the new-row line wherever its cursor stands.
+    // Typing goes into the new-row line wherever its cursor is.
     if (event->text().isEmpty() || !event->text().front().isPrint() || canEdit(current))
         return false;
     if (!current.isValid() && model->isNewRow(model->rows()))

@@ -16,7 +16,7 @@ QLineEdit *lineOf(QWidget *editor)
     return combo ? combo->lineEdit() : qobject_cast<QLineEdit *>(editor);
 }
 
-// The choices stand in rows as high as the grid's.
+// The choices are shown in rows as high as the grid's.
 QComboBox *listBox(QWidget *parent, const CellEdit &edit, int rowHeight)
 {
     auto *combo = new QComboBox(parent);

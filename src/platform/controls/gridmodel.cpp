@@ -26,7 +26,7 @@ int fieldColumn(const dao::Recordset &rows, const QString &name)
     return -1;
 }
 
-// What a typed text stands for in a field; a text that stands for nothing stays a text.
+// The value that a typed text means in a field; a text without a meaning stays a text.
 dao::Value typed(const QString &text, dao::DataType type)
 {
     dao::Value made = text;
@@ -162,7 +162,7 @@ void GridModel::draftStored()
     forgetRow(row);
 }
 
-// The rows were read anew: what was typed stays with its row. One whose row has gone has no place any more.
+// The rows were read again: what was typed stays with its row, and is dropped if the row no longer exists.
 void GridModel::placeDraft()
 {
     if (!m_draft.isOpen())

@@ -38,7 +38,7 @@ public:
     void setTaker(std::function<bool(const QModelIndex &, const QString &)> taker) { m_taker = std::move(taker); }
     void reload();
     bool isOutdated() const;                            // the recordset has another number of rows by now
-    void forgetRows();                                  // the row-load handler is asked anew
+    void forgetRows();                                  // the row-load handler is called again
 
     qsizetype rows() const { return m_rows; }
     bool isNewRow(qsizetype row) const { return m_hasNewLine && row == m_rows; }

@@ -22,7 +22,7 @@ protected:
     void paintEvent(QPaintEvent *event) override;
 };
 
-// Leaves room above its sections for the title, which lies over it.
+// Leaves space above its sections for the title, which is drawn over it.
 class GridHead : public QHeaderView {
     Q_OBJECT
 public:

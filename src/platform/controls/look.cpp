@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double lineContrast = 4;     // smoothing takes some of it away
-constexpr double groundPart = 0.4;      // how far a placeholder goes from the text towards its ground
+constexpr double groundPart = 0.4;      // how far a placeholder is blended from the text towards its background
 
 struct Colours {
     QColor ground, fill, line, mark;
@@ -141,7 +141,7 @@ void LookStyle::drawPrimitive(PrimitiveElement element, const QStyleOption *opti
     painter->restore();
 }
 
-// A screen's own ground is not known to the palette of the program, so a disabled label is looked at when it is drawn.
+// A screen's own background is not known to the palette of the program, so a disabled label's colour is chosen when it is drawn.
 void LookStyle::drawItemText(QPainter *painter, const QRect &place, int flags, const QPalette &palette, bool enabled,
                              const QString &text, QPalette::ColorRole role) const
 {

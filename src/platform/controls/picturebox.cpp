@@ -18,7 +18,7 @@ namespace {
 // Decoded somewhat larger than most boxes are, so that a window may grow without a second decoding.
 constexpr QSize usualBounds(1280, 1024);
 
-// Two at a time: a third large picture waits, and most often nobody wants it any more when its turn comes.
+// Two at a time: a third large picture waits, and is most often obsolete when its turn comes.
 QThreadPool &pool()
 {
     static QThreadPool *const threads = [] {
@@ -40,7 +40,7 @@ struct PictureBox::Private {
     QSize size;
     QPixmap pixmap, fitted;
     bool decoding = false, unreadable = false;
-    // The number of the latest wish: a decoding of any other is stale. Shared with the threads.
+    // The number of the latest request: a decoding for any other is stale. Shared with the threads.
     std::shared_ptr<std::atomic<quint64>> wanted = std::make_shared<std::atomic<quint64>>(0);
 
     void drop()

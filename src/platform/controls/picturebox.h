@@ -14,7 +14,7 @@ public:
     explicit PictureBox(const QString &name, QWidget *parent = nullptr);    // name: the objectName, e.g. "picImage"
     ~PictureBox() override;
 
-    // Shows a file. A large one is decoded off this thread: Shown follows. A file that is no picture, is damaged or is
+    // Shows a file. A large one is decoded off this thread: Shown follows. A file that is not a picture, is damaged or is
     // too large leaves the box without a picture (Shown(false)); the box stays as it is until then.
     void showFile(const QString &path);
     void clear();                           // no file: nothing is painted

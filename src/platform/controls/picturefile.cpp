@@ -18,7 +18,7 @@ constexpr qint64 mostProgressivePixels = 50'000'000;
 constexpr qint64 mostWholePixels = 60'000'000;
 constexpr qint64 quickPixels = 1'500'000, quickBytes = 4'000'000;
 
-// Walks the segments up to the frame header, whose mark tells the kind.
+// Walks the segments up to the frame header, whose marker gives the kind.
 bool isProgressiveJpeg(const QString &path)
 {
     QFile file(path);
@@ -79,7 +79,7 @@ QSize gifScreen(const QString &path)
     return head.size() < 10 ? QSize() : QSize(number(6), number(8));
 }
 
-// A format whose head tells no size is not one of those that records hold.
+// A format whose header gives no size is not one that records hold.
 QSize affordableSize(const QString &path, QImageReader &reader)
 {
     const QSize frame = reader.size();

@@ -11,7 +11,7 @@ struct PictureFile {
     bool large = false;     // its decoding may be felt
 };
 
-// What the head of the file tells, without its pixels.
+// What the file's header says, without decoding pixels.
 PictureFile inspectPicture(const QString &path);
 
 struct Picture {

@@ -59,7 +59,7 @@ Answer answerOf(int pressed, Buttons buttons)
     return buttons == Buttons::YesNo ? Answer::No : Answer::Cancel;
 }
 
-// A box is as wide as its lines; one that holds a path is not broken as long as the screen has room for it.
+// A box is as wide as its lines; one that holds a path is not broken as long as the screen is wide enough.
 int textWidth(const QString &text, const QWidget &box)
 {
     constexpr int widestProse = 560;

@@ -2,7 +2,7 @@
 
 #include "platform/basic/prompts.h"
 
-// The real boxes, over the active window: what the program asks and tells while it runs.
+// The real boxes, over the active window: what the program asks and reports while it runs.
 namespace vorel::controls {
 
 class ScreenPrompts : public basic::Prompts {

@@ -166,7 +166,7 @@ void RecordForm::placeField(const Field &field, QWidget *widget, bool opensLine)
         int at = m_line->count() - 1;                   // before the stretch
         if (label)
             m_line->insertWidget(at++, label);
-        if (field.kind == FieldKind::Caption)           // it gives way to everything else on the line
+        if (field.kind == FieldKind::Caption)           // it shrinks before everything else on the line
             widget->setMinimumWidth(10 * fontMetrics().averageCharWidth());
         m_line->insertWidget(at++, widget);
         m_lines.insert(field.control, widget);

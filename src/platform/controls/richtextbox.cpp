@@ -241,7 +241,7 @@ std::optional<bool> RichTextBox::SelBullet() const
     return found;
 }
 
-// A property is set, or taken away so that the text stays as plain as it was.
+// A property is set, or removed so that the text stays as plain as it was.
 void RichTextBox::change(const std::function<void(QTextCharFormat &)> &step)
 {
     QTextCursor cursor = textCursor();

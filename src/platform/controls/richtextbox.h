@@ -16,9 +16,9 @@ public:
     explicit RichTextBox(QWidget *parent = nullptr);
 
     QString TextRTF() const;
-    void setTextRTF(const QString &rtf);        // a text that is no RTF is taken as plain
-    QString Text() const;                       // the words alone, lines parted by "\n"
-    void setText(const QString &text);          // as it stands, unformatted
+    void setTextRTF(const QString &rtf);        // a text that is not RTF is taken as plain
+    QString Text() const;                       // the text alone, lines separated by "\n"
+    void setText(const QString &text);          // as given, unformatted
 
     QString stored() const;                     // what a field keeps
     void setStored(const QString &text);
@@ -46,7 +46,7 @@ public:
     basic::FontChoice SelFont() const;              // at the selection's end
     void ClearSelFormat();                          // plain words in the box's own font
 
-    // false: the file could not be read or written (the old file then stands), or is too large (16 MB).
+    // false: the file could not be read or written (the old file is then unchanged), or is too large (16 MB).
     bool LoadFile(const QString &path);
     bool SaveFile(const QString &path) const;       // RTF
     // Selects the next place of the text, without regard to case, from the cursor on and then from the start.

@@ -25,7 +25,7 @@ const QString &path()
     return name;
 }
 
-// Without one of these there is no session bus; asking the library all the same might start one.
+// Without one of these no session bus exists, and merely asking the library might start one.
 bool sessionBusExists()
 {
     return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS")

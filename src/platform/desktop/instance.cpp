@@ -34,7 +34,7 @@ bool claimSingleInstance()
     auto lock = std::make_unique<SystemLock>(folder + u"/.vorelreminder.lock"_s, SystemLock::Kind::File);
     if (lock->isTaken())
         return false;
-    // The content only tells how the last run ended; whatever a stranger put there ends no start.
+    // The content only says how the last run ended; foreign content never prevents a start.
     const QByteArray note = lock->content();
     lock->setContent(runningNote);
     held = {folder, std::move(lock), note};

@@ -22,7 +22,7 @@ struct Line {
     QByteArray end;         // "\n", "\r\n", "\r", or "" at the end of the file
 };
 
-// What tells one state of a file from another.
+// What distinguishes one state of a file from another.
 struct Stamp {
     bool exists = false;
     dev_t device = 0;
@@ -284,7 +284,7 @@ ProfileBatch::~ProfileBatch()
     if (--batchDepth > 0)
         return;
     for (auto it = profiles().begin(); it != profiles().end(); ++it) {
-        // What could not be saved is forgotten, so that the reads tell what the file holds.
+        // What could not be saved is forgotten, so that reads return what the file holds.
         if (it->unsaved && !save(it.key(), *it))
             *it = {};
     }

@@ -11,8 +11,8 @@ namespace vorel::desktop {
 // Blanks around key and value are not part of them; one pair of quotes around the value is taken off.
 QString GetPrivateProfileString(const QString &section, const QString &key, const QString &defaultText,
                                 const QString &file);
-// false if the file could not be written (read-only folder, full disk); the old file then stands unchanged. Also false
-// for names that such a file cannot hold. A value that stands in the file already is not written again.
+// false if the file could not be written (read-only folder, full disk); the old file is then unchanged. Also false
+// for names that such a file cannot hold. A value that the file already holds is not written again.
 bool WritePrivateProfileString(const QString &section, const QString &key, const QString &value, const QString &file);
 
 // While one lives, writes are collected and the reads see them; each file is replaced once, at the end. For a screen

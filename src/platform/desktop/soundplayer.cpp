@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr unsigned long patience = 500;     // ms for the sound library to let go at the end
+constexpr unsigned long patience = 500;     // ms for the sound library to finish at the end
 
 // Lives on the sound thread.
 class Speaker : public QObject {

@@ -15,7 +15,7 @@ public:
     SoundPlayer &operator=(const SoundPlayer &) = delete;
 
     void play(const QString &path);         // a further sound takes the place of the one that still plays
-    int pending() const;                    // sounds that the thread has not taken up yet
+    int pending() const;                    // sounds that the thread has not loaded yet
 
 private:
     struct Private;

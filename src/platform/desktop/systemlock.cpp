@@ -20,7 +20,7 @@ int openFile(const QByteArray &name)
     const int file = ::open(name.constData(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK, 0600);
     if (file >= 0)
         return file;
-    // The user's own file may have lost its write permission, in a folder that was copied from a disc. A stranger's is
+    // The user's own file may have lost its write permission, in a folder that was copied from a disc. Another user's is
     // not taken: who only reads another user's folder must not keep its owner out.
     struct stat info {};
     if (::stat(name.constData(), &info) != 0 || info.st_uid != ::geteuid())

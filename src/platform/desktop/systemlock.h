@@ -21,7 +21,7 @@ public:
     bool isTaken() const { return m_taken; }        // another process or object holds it
     // Neither held nor taken: the place cannot be opened, or its file system knows no locks.
 
-    // Of a file; what cannot be read is empty, what cannot be written is let go.
+    // Of a file; what cannot be read is empty, what cannot be written is skipped.
     QByteArray content() const;
     void setContent(const QByteArray &content);
 

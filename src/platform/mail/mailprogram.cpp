@@ -114,7 +114,7 @@ QByteArray messageFile(const QString &to, const QString &subject, const QString 
         + "\r\nMIME-Version: 1.0\r\n";
     if (html.isEmpty())
         return letter + bodyPart("text/plain", body);
-    // Base64 has no "=_" within a line, so the boundary can stand in no part.
+    // Base64 has no "=_" within a line, so the boundary cannot occur in a part.
     const QByteArray boundary = "=_letter";
     letter += "Content-Type: multipart/alternative; boundary=\"" + boundary + "\"\r\n\r\n";
     for (const QByteArray &part : {bodyPart("text/plain", body), bodyPart("text/html", html)})

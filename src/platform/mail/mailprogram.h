@@ -22,7 +22,7 @@ class MailProgram {
 public:
     virtual ~MailProgram() = default;
     virtual std::unique_ptr<MailItem> CreateItem(int kind) = 0;     // 0: a letter; error 5 for any other kind
-    virtual QString Signature() const { return {}; }                // HTML that stands before a letter's body
+    virtual QString Signature() const { return {}; }                // HTML that precedes a letter's body
 };
 
 // The one in use: the desktop's, unless a test has set another (not owned; nullptr: the desktop's again).

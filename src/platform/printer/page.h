@@ -40,7 +40,7 @@ public:
     Page(const Page &) = delete;
     Page &operator=(const Page &) = delete;
 
-    // Where drawing goes until it is taken away again by nullptr; pixelsPerTwip: of the painter's device. Not owned.
+    // Where drawing goes until nullptr resets it; pixelsPerTwip: of the painter's device. Not owned.
     void drawOn(QPainter *painter, double pixelsPerTwip);
 
     void setPaper(const Paper &paper);

@@ -21,7 +21,7 @@ double held(double twips)
 QColor colourOf(quint32 number)
 {
     if (number & 0x80000000u)
-        return Qt::black;               // a desktop's own colour is none of the paper's
+        return Qt::black;               // colours of the desktop's palette mean nothing on paper
     return basic::colourOfNumber(number);
 }
 

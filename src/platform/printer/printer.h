@@ -30,7 +30,7 @@ using JobStarter = std::function<std::unique_ptr<Job>(const JobSettings &)>;
 class Hardware {
 public:
     virtual ~Hardware() = default;
-    virtual QString name() const = 0;       // "": there is no printer, pages can be shown and saved all the same
+    virtual QString name() const = 0;       // "": no printer exists; pages can still be shown and saved
     virtual Paper paper() const = 0;
     virtual std::unique_ptr<Job> start(const JobSettings &settings) = 0;    // 482 when the printer cannot be reached
 };

@@ -78,7 +78,7 @@ public:
         return withBorder({points.width() * twipsPerPoint, points.height() * twipsPerPoint, border.left() * twipsPerPoint,
                            border.top() * twipsPerPoint, border.right() * twipsPerPoint, border.bottom() * twipsPerPoint});
     }
-    // The printer is looked up anew: it may have gone since the pages were composed.
+    // The printer is looked up again: it may have been removed since the pages were composed.
     std::unique_ptr<Job> start(const JobSettings &settings) override
     {
         const QPrinterInfo info = QPrinterInfo::printerInfo(m_name);

@@ -4,7 +4,7 @@
 
 namespace vorel::printer {
 
-// A printer of the desktop by its name, the default one for ""; nullptr where there is none.
+// A printer of the desktop by its name, the default one for ""; nullptr if none exists.
 std::shared_ptr<Hardware> desktopPrinter(const QString &name);
 QStringList desktopPrinterNames();
 

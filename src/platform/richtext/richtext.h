@@ -24,7 +24,7 @@ void read(QTextDocument &document, const QString &text);
 void read(QTextDocument &document, const QByteArray &bytes);
 // 7-bit text that read() brings back to the same document. Objects (pictures, tables' frames) are left out.
 QString write(const QTextDocument &document);
-// The words alone, paragraphs parted by "\n".
+// The text alone, paragraphs separated by "\n".
 QString plainText(const QTextDocument &document);
 // The words of what a field holds, be it RTF or plain.
 QString plainText(const QString &stored);

@@ -225,7 +225,7 @@ void Reader::addBody(char16_t character)
 {
     if (character == QChar::ParagraphSeparator)
         return endParagraph();
-    // What stands outside all groups is mostly the end of the file.
+    // Text outside all groups is mostly the end of the file.
     if (m_groups.size() <= 1 && m_text.isEmpty() && !m_builder.isOpen() && QChar::isSpace(character))
         return;
     if (m_now.character != m_textState || m_text.size() >= longestRun) {

@@ -46,7 +46,7 @@ private:
         CharacterState character;
         ParagraphState paragraph;
         Destination destination = Destination::Body;
-        int fallbacks = 1;      // \uc: what stands after each \u for readers that do not know it
+        int fallbacks = 1;      // \uc: the characters after each \u for readers that do not know it
     };
     struct Font {
         QString family;

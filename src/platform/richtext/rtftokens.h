@@ -8,7 +8,7 @@ struct Token {
     enum class Kind {
         End, Open, Close,
         Word,           // \name with a number or without
-        Symbol,         // \ and one character that is no letter
+        Symbol,         // \ and one character other than a letter
         Byte,           // of the code page: \'hh, or a character above 127 of a file
         Character
     };
@@ -19,7 +19,7 @@ struct Token {
     char16_t character = 0;     // of Symbol, Byte, Character
 };
 
-// Cuts an RTF into its tokens. Line ends and null characters are none.
+// Cuts an RTF into its tokens. Line ends and null characters are skipped.
 class Tokens {
 public:
     Tokens(QStringView text, bool highAreBytes) : m_text(text), m_highAreBytes(highAreBytes) {}

@@ -181,7 +181,7 @@ void Reader::takeWord(const Token &token)
             add(*c);
         return;
     }
-    m_skip = 0;                             // what shapes the text is nobody's fallback
+    m_skip = 0;                             // a formatting word is never a fallback
     if (const auto step = Words::table().constFind(token.word); step != Words::table().cend())
         (*step)(*this, token.number, token.hasNumber);
 }

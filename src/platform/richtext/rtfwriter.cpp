@@ -90,7 +90,7 @@ QString Writer::run(const QTextDocument &document)
 {
     for (QTextBlock block = document.begin(); block.isValid(); block = block.next())
         paragraph(block);
-    // The first font stands for the document's own and is never named: the same words are the same text everywhere.
+    // The first font means the document's own and is never named: the same words are the same text everywhere.
     return u"{\\rtf1\\ansi\\ansicpg1252\\deff0\\uc1{\\fonttbl{\\f0\\fswiss Arial;}"_s + m_fontTable
         + u"}\r\n{\\colortbl ;"_s + m_colourTable + u"}\r\n"_s + m_body + u"}"_s;
 }
@@ -136,7 +136,7 @@ QString Writer::paragraphWords(const QTextBlock &block)
     for (const QTextOption::Tab &tab : tabs) {
         const int position = twips(tab.position);
         if (first < 0 && position == -first && tab.type == QTextOption::LeftTab)
-            continue;                       // goes without saying
+            continue;                       // the default needs no word
         words += tab.type == QTextOption::RightTab ? u"\\tqr"_s
             : tab.type == QTextOption::CenterTab   ? u"\\tqc"_s
             : tab.type == QTextOption::DelimiterTab ? u"\\tqdec"_s : QString();

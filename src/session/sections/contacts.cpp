@@ -45,7 +45,7 @@ QString firstNumber(const dao::Recordset &rows)
     return {};
 }
 
-// The line ends stand inside quoted texts of the query, so that a cell shows several lines. A + blanks the label of a
+// The line ends are inside quoted texts of the query, so that a cell shows several lines. A + blanks the label of a
 // Null number, the & keeps the line end.
 QString emergencyQuery()
 {

@@ -25,7 +25,7 @@ SectionDesign journal()
                                 {u" Record your personal information and thoughts in this SECURE area"_s,
                                  u" It is kept in an encrypted file."_s}}},
         .feature = FeatureDesign{u"Journal"_s, {u"mnuPrintJournal"_s}},
-        // Whose journal it is, and which of its records, whoever prints says.
+        // The caller that prints adds whose journal it is, and which of its records.
         .print = PrintDesign{u"mnuPrintJournal"_s, u"&Journal"_s,
             {.titleWord = u"JOURNAL OF %1 as at "_s, .file = DataFile::DataJ, .orientation = 2, .rowLimit = 9,
              .columns = {column(u"DATE"_s, 1), wrapped(u"NOTE"_s, u"NOTESDISPLAY"_s, 15, 130)}}},

@@ -27,7 +27,7 @@ SectionDesign passwords()
             {.titleWord = u"PASSWORDS as at "_s, .file = DataFile::DataP,
              .query = u"Select * from [Passwords] order by [Organisation]"_s, .rowLimit = 54,
              .columns = {column(u"ORGANISATION"_s, 1, 36), column(u"USERNAME"_s, 42), column(u"PASSWORD"_s, 74)}}},
-        // The password itself stands in the row, where the user has asked for it.
+        // The password itself is shown in the row, where the user has asked for it.
         .rowTip = RowTipDesign{u"PASSWORDS"_s,
                                {text(u" ORGANISATION:"_s, u"ORGANISATION"_s), text(u" USERNAME:"_s, u"USERNAME"_s),
                                 text(u" WEB:"_s, u"Website"_s), text(u" REGISTRATION:"_s, u"REGONUMBER"_s),

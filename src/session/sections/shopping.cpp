@@ -16,7 +16,7 @@ ListReport list()
     const QString currency = u"currency"_s;
     ListColumn store = column(u"STORE"_s, 41);
     store.roomPercent = 63;
-    // The query is put together by whoever prints: by item or by store, marked or all.
+    // The caller that prints composes the query: by item or by store, marked or all.
     return {.titleWord = u"SHOPPING LIST as at "_s, .size = 12, .rowLimit = 45,
             .columns = {column(u"ITEM"_s, 1, 37), store, rightAligned(u"NO."_s, fieldFormat(u"NUMBER"_s, {}), 70),
                         rightAligned(u"LAST"_s, fieldFormat(u"LASTCOST"_s, currency), 78),

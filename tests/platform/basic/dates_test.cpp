@@ -161,7 +161,7 @@ TEST_F(Dates, TextsThatHangOnTheYearOrAreNumbers)
 {
     stopClock(2003, 6, 1);
     EXPECT_EQ(CDate(Value(u"29 2"_s)).toStored(), u"2029-02-01 00:00:00"_s) << "no leap year: month and year";
-    // A plain number is no date's text, yet it converts as the serial.
+    // A plain number is not the text of a date, yet it converts as the serial.
     EXPECT_EQ(CDate(Value(u"37980.5"_s)).serial(), 37980.5);
 }
 

@@ -11,7 +11,7 @@
 using namespace vorel::basic;
 using namespace Qt::StringLiterals;
 
-// The files in vectors/ hold a case a row, cells parted by tabs and taken as they stand: a blank at an end counts.
+// The files in vectors/ hold a case a row, cells separated by tabs and taken literally: a blank at an end counts.
 namespace {
 
 DateTime dateIn(const QString &text)

@@ -291,7 +291,7 @@ TEST(DataControl, RowAddedByCodeBecomesCurrent)
 
     rows.AddNew();
     rows.Set(u"Name", u"Bob"_s);
-    EXPECT_THROW(rows.Update(), dao::EngineError);          // a duplicate; the addition hangs on
+    EXPECT_THROW(rows.Update(), dao::EngineError);          // a duplicate; the addition stays pending
     s.type(s.name, u"Doris"_s);
     EXPECT_TRUE(s.data.UpdateRecord());
     EXPECT_EQ(u"Doris"_s, s.people.text(4, u"Name"_s));

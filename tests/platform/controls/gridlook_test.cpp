@@ -63,7 +63,7 @@ QColor backOf(const QImage &picture, const QRect &cell)
     return QColor(best);
 }
 
-// The pixel that stands out most from the cell's back.
+// The pixel with the most contrast to the cell's background.
 double inkOf(const QImage &picture, const QRect &cell)
 {
     const QColor back = backOf(picture, cell);

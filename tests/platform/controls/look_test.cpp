@@ -43,7 +43,7 @@ QPalette paletteOf(const Ground &ground)
     return made;
 }
 
-// What stands out most from the ground within a part of the widget.
+// The colour with the most contrast to the background within a part of the widget.
 double inkOf(QWidget &widget, const QRect &part, const QColor &ground)
 {
     const QImage seen = widget.grab().toImage();

@@ -46,7 +46,7 @@ QByteArray bmpHead(qint32 width, qint32 height)
 
 class Pictures : public testing::Test {
 protected:
-    // The decoders tell of damage on their own.
+    // The decoders print warnings about damage.
     Pictures() { QLoggingCategory::setFilterRules(u"qt.gui.imageio*=false"_s); }
     ~Pictures() override { QLoggingCategory::setFilterRules({}); }
     QByteArray jpeg(QSize size) const

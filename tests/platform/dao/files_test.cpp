@@ -197,7 +197,7 @@ TEST_F(Files, CompactionKeepsEverythingInFewerBytes)
         EXPECT_EQ(rows.Get(u"ID"), Value(301));     // the numbers of deleted rows are given again
         rows.Close();
         compacted.Close();
-        // The password of a file that was open before in this run need not be told again.
+        // The password of a file that was open before in this run need not be given again.
         DBEngine::RepairDatabase(path(u"B.MDB"_s));
         DBEngine::CompactDatabase(path(u"B.MDB"_s), path(u"C.MDB"_s), plainLocale);
         EXPECT_EQ(contentOf(path(u"C.MDB"_s)).startsWith("SQLite"), password.isEmpty());

@@ -110,7 +110,7 @@ TEST_F(Recordsets, EmptyAndNullAreRefusedWhereTheDesignSaysSo)
     rows.Set(u"C", 1);
     EXPECT_EQ(errorOf([&] { rows.Update(); }), 0);      // the copy buffer outlived both refusals
     EXPECT_EQ(rows.rowTotal(), 1);
-    // Through Execute a refused row is passed over, and the count tells it.
+    // Through Execute a refused row is passed over, and the count shows it.
     m_file.Execute(u"INSERT INTO STRICT (B, C) VALUES ('x', 1)"_s);
     EXPECT_EQ(m_file.RecordsAffected(), 0);
 }
@@ -247,7 +247,7 @@ TEST_F(Recordsets, FindsForwardsAndBackwards)
     EXPECT_EQ(errorOf([&] { rows.FindFirst(u"NONE=1"); }), 3070);
 }
 
-// The order of the texts, ties as the rows stand, whatever else is stored in the column.
+// The order of the texts, ties in the order of the rows, whatever else is stored in the column.
 TEST_F(Recordsets, ManyRowsInTheOrderOfTheirTexts)
 {
     const std::vector<Value> names = { Value(), Value(u""_s), Value(u"co-op"_s), Value(u"COOP"_s), Value(u"coop  "_s), Value(u"cop"_s),
@@ -281,7 +281,7 @@ TEST_F(Recordsets, ManyRowsInTheOrderOfTheirTexts)
     }
 }
 
-// The first rows, with those that stand level with the last of them.
+// The first rows, with those that tie with the last of them.
 TEST_F(Recordsets, TopTakesTiesAlong)
 {
     m_file.Execute(u"DELETE FROM SAMPLE"_s);
@@ -497,7 +497,7 @@ TEST_F(Recordsets, QuestionsAreAnsweredWithoutARow)
     rows.CancelUpdate();
     rows.MoveFirst();
     EXPECT_FALSE(rows.tryBookmark(dao::Bookmark(77)));
-    EXPECT_EQ(rows.Get(u"NAME"), Value(u"one"_s));      // a vain wish moves nothing
+    EXPECT_EQ(rows.Get(u"NAME"), Value(u"one"_s));      // a failed move changes nothing
     m_file.Close();
     EXPECT_EQ(asked(second), nothing);
 }

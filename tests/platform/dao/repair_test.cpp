@@ -80,7 +80,7 @@ static qsizetype pageWith(const QByteArray &content, const QString &word)
 {
     return content.indexOf(word.toLatin1()) / page + 1;
 }
-// The pages that hold rows, one after the other, not those of indexes, where a text stands once more.
+// The pages that hold rows, one after the other, not those of indexes, which repeat the texts.
 static QByteArray leavesOf(const QByteArray &content)
 {
     QByteArray leaves;

@@ -10,7 +10,7 @@ protected:
     struct Broken {
         QByteArray before, content, journal;
     };
-    // A file of `rows` rows in `writes` writes, and how it stands in the middle of one more.
+    // A file of `rows` rows in `writes` writes, and its state in the middle of one more.
     Broken brokenOff(const QString &password, int rows, int writes)
     {
         Database file = create(u"MADE.MDB"_s, password);

@@ -9,7 +9,7 @@ using namespace vorel;
 
 namespace {
 
-// A second process: claims a program folder when it is told to, and dies when it is told to. Made before the test's own
+// A second process: claims a program folder on command, and dies on command. Created before the test's own
 // claim, which it would inherit.
 class OtherProcess {
 public:

@@ -8,7 +8,7 @@ using namespace vorel;
 
 namespace {
 
-// No audio server and no card can be reached; what the sound library writes about it on stderr is no fault of the program.
+// No audio server and no card can be reached; what the sound library writes about it on stderr is not the program's fault.
 class NoAudio {
 public:
     NoAudio() : m_before(qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &) {}))
@@ -29,7 +29,7 @@ private:
 
 }
 
-// Nor do files that are none make it speak, and an end while sounds are still being taken up is an end.
+// Nor does it warn about files that are not sounds, or when it ends while sounds are still being loaded.
 TEST(Sound, WithoutADeviceItIsSilent)
 {
     const NoAudio none;

@@ -28,7 +28,7 @@ public:
     Rows raw(const QByteArray &sql, std::initializer_list<qint64> bound = {});
     int changes() const;
     vorel::dao::jet::Translation translated(const QString &text) const;
-    // The number and text of the failure: "3078 The database engine ...", or "" if there is none.
+    // The number and text of the failure: "3078 The database engine ...", or "" without a failure.
     QString failure(const QString &text);
 
 private:

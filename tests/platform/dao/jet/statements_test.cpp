@@ -121,7 +121,7 @@ TEST_F(Statements, KeyedSelects)
     EXPECT_EQ(store.raw(t.rangeSql, {2, 3}), (JetStore::Rows{{u"2"_s, u"tea "_s, u"2"_s}, {u"3"_s, u"Axe"_s, u"3"_s}}));
 }
 
-// Dates and keys are compared as they stand, so that an index serves: no function, no collation on the column.
+// Dates and keys are compared as stored, so that an index serves: no function, no collation on the column.
 TEST_F(Statements, IndexesServe)
 {
     store.raw("CREATE INDEX made ON Item (Made)");
