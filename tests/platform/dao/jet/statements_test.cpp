@@ -1,6 +1,7 @@
 #include "platform/dao/jet/jetstore.h"
 
 #include "platform/basic/locale.h"
+#include "support/table.h"
 
 #include <gtest/gtest.h>
 
@@ -21,22 +22,13 @@ struct Statements : testing::Test {
                   "(3,'Axe',NULL,2500,'2024-03-01 00:00:00',-1,NULL,5),(4,NULL,'tool',NULL,'2024-02-01 00:00:00',0,0,6)");
         store.raw("INSERT INTO Kind VALUES ('Food','Eat'),('Toy','Play')");
     }
-    QString run(const char *query)
+    QString run(const char *query) { return run(QString::fromUtf8(query)); }
+    QString run(const QString &query)
     {
         QStringList lines;
-        for (const QStringList &row : store.run(QString::fromUtf8(query)))
+        for (const QStringList &row : store.run(query))
             lines << row.join(u',');
         return lines.join(u'|');
-    }
-    void check(std::initializer_list<std::pair<const char *, const char *>> cases)
-    {
-        for (const auto &[query, expected] : cases) {
-            try {
-                EXPECT_EQ(run(query).toStdString(), expected) << query;
-            } catch (const std::exception &error) {
-                ADD_FAILURE() << query << "\n" << error.what();
-            }
-        }
     }
     QString names(const char *query)
     {
@@ -50,42 +42,11 @@ struct Statements : testing::Test {
 
 }
 
-TEST_F(Statements, OrderAndDuplicates)
+TEST_F(Statements, EachGivesItsRows)
 {
-    check({{"SELECT ID FROM Item ORDER BY Name, ID DESC", "4|3|2|1"}, {"SELECT ID FROM Item ORDER BY Name DESC, ID", "1|2|3|4"},
-           {"SELECT ID FROM Item ORDER BY Made", "2|1|4|3"}, {"SELECT ID FROM Item ORDER BY Sold, ID", "2|3|1|4"},
-           {"SELECT Name, ID FROM Item ORDER BY 2 DESC", "<null>,4|Axe,3|tea ,2|Tea,1"}, {"SELECT TOP 2 ID FROM Item ORDER BY ID DESC", "4|3"},
-           {"SELECT TOP 50 PERCENT ID FROM Item ORDER BY ID", "1|2"}, {"SELECT COUNT(*) FROM (SELECT DISTINCT Kind FROM Item)", "3"},
-           {"SELECT DISTINCT(Sold) FROM Item", "-1|0"}, {"SELECT UCase(Kind), COUNT(*) FROM Item GROUP BY UCase(Kind)", "<null>,1|FOOD,2|TOOL,1"},
-           {"SELECT Sold, SUM(Stock) FROM Item GROUP BY Sold HAVING SUM(Stock)>8 ORDER BY Sold DESC", "0,9|-1,9"},
-           {"SELECT Label FROM Kind UNION SELECT 'aa' FROM Kind", "aa|Eat|Play"}, {"SELECT COUNT(*) FROM (SELECT Label FROM Kind UNION SELECT 'EAT ' FROM Kind)", "2"},
-           {"SELECT Label FROM Kind UNION SELECT 'aa' FROM Kind ORDER BY Label DESC", "Play|Eat|aa"},
-           {"SELECT ID FROM Item WHERE ID<3 UNION ALL SELECT Stock FROM Item WHERE ID=1", "1|2|3"},
-           {"SELECT Cost FROM Item WHERE ID=3 UNION SELECT 7 FROM Kind", "2500|70000"},
-           {"SELECT COUNT(*) FROM Item WHERE Name='TEA'", "2"}, {"SELECT ID FROM Item WHERE Kind<>'food'", "4"}});
-}
-
-TEST_F(Statements, Aggregates)
-{
-    check({{"SELECT COUNT(*), COUNT(Name), COUNT(Cost) FROM Item", "4,3,3"}, {"SELECT SUM(Cost) FROM Item", "4500"},
-           {"SELECT SUM(Cost)*-1, AVG(Cost) FROM Item", "-4500,1500"}, {"SELECT AVG(Weight), MAX(Weight) FROM Item", "1.33333333333333,2.5"},
-           {"SELECT MIN(Name), MAX(Made), MIN(Cost) FROM Item", "Axe,2024-03-01 00:00:00,1000"},
-           {"SELECT FIRST(Name), LAST(Name) FROM Item", "Tea,<null>"}, {"SELECT SUM(Cost), COUNT(*), MIN(Name) FROM Item WHERE ID>9", "<null>,0,<null>"},
-           {"SELECT SUM(Cost*Stock)-0.1 FROM Item WHERE ID<3", "6000"}, {"SELECT SUM(Sold) FROM Item", "-2"}, {"SELECT Kind FROM Item WHERE ID>9 GROUP BY Kind", ""},
-           {"SELECT AVG(Cost) FROM Item WHERE ID=9", "<null>"}});
-}
-
-TEST_F(Statements, Joins)
-{
-    check({{"SELECT Item.ID, Label FROM Item INNER JOIN Kind ON Item.Kind = Kind.Kind ORDER BY Item.ID", "1,Eat|2,Eat"},
-           {"SELECT i.ID, k.Label FROM Item AS i LEFT JOIN Kind k ON i.Kind = k.Kind ORDER BY i.ID", "1,Eat|2,Eat|3,<null>|4,<null>"},
-           {"SELECT Item.ID, Label FROM Item RIGHT JOIN Kind ON Item.Kind = Kind.Kind ORDER BY Label, Item.ID", "1,Eat|2,Eat|<null>,Play"},
-           {"SELECT a.ID FROM (Item AS a INNER JOIN Kind AS k ON a.Kind=k.Kind) INNER JOIN Item AS b ON a.ID=b.Stock-2 ORDER BY a.ID", "1|2"},
-           {"SELECT a.ID FROM Item AS a, Kind AS k WHERE a.Kind=k.Kind AND a.Sold", "2"},
-           {"SELECT ID FROM Item WHERE Kind IN (SELECT Kind FROM Kind) ORDER BY ID", "1|2"},
-           {"SELECT ID FROM Item WHERE NOT EXISTS (SELECT * FROM Kind WHERE Kind.Kind=Item.Kind) ORDER BY ID", "3|4"},
-           {"SELECT ID FROM Item WHERE Cost=(SELECT MAX(Cost) FROM Item)", "3"}, {"SELECT ID FROM Item WHERE Cost IN (SELECT 0.25 FROM Kind)", "3"},
-           {"SELECT q.N FROM (SELECT Cost*2 AS N FROM Item WHERE ID=3) AS q WHERE q.N=0.5", "5000"}});
+    for (const char *table : {"OrderAndDuplicates", "Aggregates", "Joins"}) {
+        test::forEachRow("statements", table, [this](const test::Row &row) { EXPECT_EQ(run(row["query"]), row["expected"]); });
+    }
 }
 
 TEST_F(Statements, NamesAndTypesOfColumns)
@@ -104,17 +65,11 @@ TEST_F(Statements, NamesAndTypesOfColumns)
 
 TEST_F(Statements, KeyedSelects)
 {
-    struct Case { const char *query; bool keyed; };
-    const Case cases[] = {{"Item", true}, {"SELECT ID, UCase(Name) FROM Item AS i WHERE i.Sold ORDER BY Name", true},
-                          {"SELECT TOP 2 * FROM Item ORDER BY ID DESC", true}, {"SELECT DISTINCT Name FROM Item", false},
-                          {"SELECT Kind FROM Item GROUP BY Kind", false}, {"SELECT COUNT(*) FROM Item", false},
-                          {"SELECT ID FROM Item UNION SELECT ID FROM Item", false}, {"SELECT 1 AS a", false},
-                          {"SELECT Item.ID FROM Item, Kind", false}, {"SELECT ID FROM (SELECT ID FROM Item)", false}};
-    for (const Case &c : cases) {
-        const Translation t = store.translated(QString::fromUtf8(c.query));
-        EXPECT_EQ(t.keyed, c.keyed) << c.query;
-        EXPECT_EQ(t.keyTable, c.keyed ? u"Item"_s : QString()) << c.query;
-    }
+    test::forEachRow("statements", "Keyed", [this](const test::Row &row) {
+        const Translation t = store.translated(row["query"]);
+        EXPECT_EQ(t.keyed, row.flag("keyed"));
+        EXPECT_EQ(t.keyTable, row.flag("keyed") ? u"Item"_s : QString());
+    });
     const Translation t = store.translated(u"SELECT TOP 2 Name, ID FROM Item WHERE Sold=False OR Cost>0.2 ORDER BY Name DESC, ID"_s);
     EXPECT_EQ(store.raw(t.keySql), (JetStore::Rows{{u"1"_s}, {u"3"_s}}));
     EXPECT_EQ(store.raw(t.rowSql, {3}), (JetStore::Rows{{u"Axe"_s, u"3"_s}}));
@@ -165,25 +120,14 @@ TEST_F(Statements, ChangesConvertToTheColumn)
 
 TEST_F(Statements, Refinements)
 {
-    struct Case { const char *query; const char *sort; const char *filter; const char *expected; };
-    const Case cases[] = {
-        {"SELECT ID, Name FROM Item ORDER BY ID", "[Name] desc, [ID] DESC", "", "2|1|3|4"},
-        {"SELECT ID, Name AS N FROM Item ORDER BY ID", "N, ID", "", "4|3|1|2"},
-        {"SELECT ID FROM Item WHERE ID>1 OR Sold", "", "ID<4", "2|3"},
-        {"SELECT ID, Name AS N FROM Item WHERE Sold=True ORDER BY ID DESC", "", "[N]='TEA'", "2"},
-        {"SELECT TOP 2 ID FROM Item ORDER BY ID", "ID DESC", "", "2|1"},
-        {"SELECT TOP 2 ID FROM Item ORDER BY ID", "", "ID>1", "2"},
-        {"SELECT DISTINCT Sold FROM Item", "Sold DESC", "", "0|-1"},
-        {"SELECT ID FROM Item WHERE ID<3 UNION SELECT Stock FROM Item", "[ID] DESC", "ID>1 AND ID<5", "4|3|2"},
-        {"Item", "Weight DESC", "Weight>0", "2|1"}};
-    for (const Case &c : cases) {
-        const Translation t = translate(QString::fromUtf8(c.query), store, {QString::fromUtf8(c.sort), QString::fromUtf8(c.filter)});
+    test::forEachRow("statements", "Refinements", [this](const test::Row &wanted) {
+        const Translation t = translate(wanted["query"], store, {wanted["sort"], wanted["filter"]});
         QStringList found;
         for (const QStringList &row : store.raw(t.sql))
             found << row[0];
-        EXPECT_EQ(found.join(u'|').toStdString(), c.expected) << c.query << " / " << c.sort << " / " << c.filter;
-        EXPECT_EQ(t.keyed, store.translated(QString::fromUtf8(c.query)).keyed && !QByteArray(c.query).contains("TOP"));
-    }
+        EXPECT_EQ(found.join(u'|'), wanted["expected"]);
+        EXPECT_EQ(t.keyed, store.translated(wanted["query"]).keyed && !wanted["query"].contains(u"TOP"_s));
+    });
     EXPECT_THROW(translate(u"Item", store, {u"Nope"_s, {}}), EngineError);
     EXPECT_THROW(translate(u"Item", store, {{}, u"Name='"_s}), EngineError);
     EXPECT_THROW(translate(u"DELETE * FROM Item", store, {{}, u"ID=1"_s}), EngineError);
@@ -191,19 +135,13 @@ TEST_F(Statements, Refinements)
 
 TEST_F(Statements, Criteria)
 {
-    struct Case { const char *query; const char *criteria; const char *expected; };
-    const Case cases[] = {
-        {"SELECT * FROM Item WHERE Sold=True ORDER BY Name", "ID = 2", "2"}, {"Item", "[Name] = 'TEA'", "1,2"},
-        {"Item", "Made = #2/1/2024#", "4"}, {"SELECT ID AS Key, Cost*2 AS Twice FROM Item", "Twice = 0.2 AND Key<>1", "2"},
-        {"SELECT TOP 2 * FROM Item ORDER BY ID DESC", "Cost>0", "1,2,3"}, {"SELECT * FROM Item", "[Item].[ID]=3 OR ID = 4", "3,4"},
-        {"Item", "ID=9", ""}};
-    for (const Case &c : cases) {
+    test::forEachRow("statements", "Criteria", [this](const test::Row &wanted) {
         QStringList keys;
-        for (const QStringList &row : store.raw(translateCriteria(QString::fromUtf8(c.query), QString::fromUtf8(c.criteria), store)))
+        for (const QStringList &row : store.raw(translateCriteria(wanted["query"], wanted["criteria"], store)))
             keys << row[0];
         keys.sort();
-        EXPECT_EQ(keys.join(u',').toStdString(), c.expected) << c.query << " / " << c.criteria;
-    }
+        EXPECT_EQ(keys.join(u','), wanted["expected"]);
+    });
     EXPECT_THROW(translateCriteria(u"SELECT DISTINCT Name FROM Item", u"Name='x'", store), EngineError);
 }
 
