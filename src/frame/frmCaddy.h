@@ -59,6 +59,7 @@ private:
     void connectGrids();
     void connectButtons();
     void answerMenus();
+    void showInfoCard();
     void loadSettings();
     void openData();
     void showStart();

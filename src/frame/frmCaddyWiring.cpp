@@ -1,5 +1,9 @@
+#include "contacts/frmInfoCard.h"
+#include "contacts/frmLabels.h"
+#include "contacts/frmPrintAddressBook.h"
 #include "frame/frmCaddyRail.h"
 #include "frame/frmCaddyRooms.h"
+#include "frame/frmCaddyScreens.h"
 #include "frame/frmLater.h"
 #include "frame/rowtips.h"
 #include "platform/basic/convert.h"
@@ -11,6 +15,7 @@
 #include "utilities/frmCalculator.h"
 #include "utilities/frmInformation.h"
 
+#include <QApplication>
 #include <QLineEdit>
 
 // Which part handles which control, menu entry and key of the main screen.
@@ -122,8 +127,25 @@ void frmCaddy::answerMenus()
         if (hasProgram(u"Chimer.exe"_s) && writeRows() && startProgram(u"Chimer.exe"_s))
             Unload();
     });
+    menus.answer(u"mnuPrintLabels"_s, [this] { frmLabels(LabelMode::Labels, this).ShowModal(); });
+    menus.answer(u"mnuPrintEnvelopes"_s, [this] { frmLabels(LabelMode::Envelopes, this).ShowModal(); });
+    menus.answer(u"mnuPrintAddressBook"_s, [this] { frmPrintAddressBook(this).ShowModal(); });
+    menus.answer(u"mnuInfoCard"_s, [this] { showInfoCard(); });
     d->sections.answer(u"Calculator"_s, [this] { showCalculator(this); });
     d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
+}
+
+void frmCaddy::showInfoCard()
+{
+    const auto open = [this](qint32 id) {
+        const SectionDesign &contacts = sectionDesign(SectionId::Contacts);
+        if (const RecordScreen *screen = recordScreen(contacts.screen->name))
+            screen->open({contacts.code, id}, QApplication::activeModalWidget());
+        else
+            showLater(u"The screen of a record of "_s + contacts.name);
+        GetData();
+    };
+    frmInfoCard(open, this).ShowModal();
 }
 
 }

@@ -68,6 +68,8 @@ void addFileAndPrint(std::vector<MenuEntry> &table)
         print(SectionId::Notes),
         print(SectionId::Shopping),
         action(u"mnuPrintLabels"_s, u"&Labels"_s, u"mnuPrint"_s),
+        action(u"mnuPrintEnvelopes"_s, u"Envelo&pes"_s, u"mnuPrint"_s),
+        action(u"mnuPrintAddressBook"_s, u"Address Book Pa&ges"_s, u"mnuPrint"_s),
         action(u"mnuSetup"_s, u"&Setup"_s),
     });
 }

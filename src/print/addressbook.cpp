@@ -101,17 +101,6 @@ double lightness(quint32 colour)
     return 0.299 * (colour & 0xFF) + 0.587 * (colour >> 8 & 0xFF) + 0.114 * (colour >> 16 & 0xFF);
 }
 
-// The colour of a heading's text; one that cannot be read on the bar is replaced by black or white.
-quint32 headingText(const AddressBookStyle &style)
-{
-    constexpr double leastDifference = 60;
-    const double bar = lightness(printer::QBColor(style.headingColour));
-    const quint32 text = printer::QBColor(style.headingFontColour);
-    if (std::abs(lightness(text) - bar) >= leastDifference)
-        return text;
-    return printer::QBColor(bar < 128 ? 15 : 0);
-}
-
 class BookWriter {
 public:
     BookWriter(bool doubleSided, const AddressBookStyle &style, BookPages pages);
@@ -207,7 +196,7 @@ void BookWriter::writeHeading(const QString &name)
     makeRoom(2);                                    // never a bar alone at the foot of a page
     m_job.PrintLine(m_left, m_y, u"STEP"_s, m_width, m_lineHeight + 2 * barPad, basic::Value(m_style.headingColour), u"BF"_s);
     m_job.SetFontBold(true);
-    m_job.SetForeColor(headingText(m_style));
+    m_job.SetForeColor(bookHeadingColour(m_style));
     m_job.SetCurrentY(m_y + barPad);
     m_job.PrintField(m_left + barIndent, u"L"_s, elided(m_job, name, m_width - 2 * barIndent), false);
     m_job.SetForeColor(0);
@@ -272,6 +261,16 @@ int keptWhole(const QString &key, int usual, int least, int most)
     return static_cast<int>(std::lround(kept(key, usual, least, most)));
 }
 
+}
+
+quint32 bookHeadingColour(const AddressBookStyle &style)
+{
+    constexpr double leastDifference = 60;
+    const double bar = lightness(printer::QBColor(style.headingColour));
+    const quint32 text = printer::QBColor(style.headingFontColour);
+    if (std::abs(lightness(text) - bar) >= leastDifference)
+        return text;
+    return printer::QBColor(bar < 128 ? 15 : 0);
 }
 
 AddressBookStyle addressBookStyle()

@@ -20,6 +20,9 @@ void keepAddressBookStyle(const AddressBookStyle &style);
 inline constexpr int leastBookLines = 5, mostBookLines = 200, mostBookMargin = 60;
 inline constexpr double leastBookSize = 5, mostBookSize = 36;
 
+// The colour of a heading's text as it is printed (0xBBGGRR): one that cannot be read on its bar is replaced by black or white.
+quint32 bookHeadingColour(const AddressBookStyle &style);
+
 enum class BookPages {
     Filled,                             // one contact behind the other
     EachLetter                          // a new page for each first letter

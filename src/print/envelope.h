@@ -27,7 +27,9 @@ void printEnvelopes(const std::vector<QStringList> &addresses, const QStringList
 void printEnvelope(const QStringList &address);
 // The lines of an address: the name; "PO BOX " and the number, else the street; city, state and postal code; the country.
 // What is blank is left out.
-struct PostalAddress { QString name{}, postOfficeBox{}, street{}, city{}, state{}, postalCode{}, country{}; };
+struct PostalAddress {
+    QString name{}, postOfficeBox{}, street{}, city{}, state{}, postalCode{}, country{};
+};
 QStringList addressLines(const PostalAddress &address);
 
 }

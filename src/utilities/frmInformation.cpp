@@ -131,7 +131,8 @@ void installScreenHelp()
 {
     controls::Form::setHelp([](const QString &screen) {
         static const std::map<QString, QStringView> pages{
-            {u"frmCalculator"_s, infoCalculator}, {u"frmMessage"_s, u"M"}, {u"frmDataPath"_s, infoFilePath}};
+            {u"frmCalculator"_s, infoCalculator}, {u"frmMessage"_s, u"M"}, {u"frmDataPath"_s, infoFilePath},
+            {u"frmInfoCard"_s, u"P"}, {u"frmLabels"_s, u"P"}, {u"frmPrintAddressBook"_s, u"P"}};
         if (screen == u"frmInformation")
             return;                         // help is on show
         const auto found = pages.find(screen);
@@ -142,7 +143,7 @@ void installScreenHelp()
 void showNote(const QString &title, const QString &text, double heightFactor)
 {
     frmInformation &form = freshScreen(title);
-    form.txtInfo().setText(text);
+    form.txtInfo().setStored(text);
     if (const QWidget *screen = mainScreen())
         form.resize(pageSize.width(), qRound(screen->height() * heightFactor));
     form.show();

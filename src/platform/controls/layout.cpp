@@ -1,9 +1,11 @@
 #include "platform/controls/layout.h"
 
+#include <QAbstractItemView>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QStyledItemDelegate>
 #include <QVBoxLayout>
 
 namespace vorel::controls::layout {
@@ -12,6 +14,15 @@ namespace {
 
 template <class... Cases> struct Either : Cases... { using Cases::operator()...; };
 template <class... Cases> Either(Cases...) -> Either<Cases...>;
+
+class RoomyDelegate : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    QSize sizeHint(const QStyleOptionViewItem &option, const QModelIndex &index) const override
+    {
+        return QStyledItemDelegate::sizeHint(option, index) + QSize(0, unit);
+    }
+};
 
 QLayout *box(QBoxLayout *made, std::initializer_list<Item> items)
 {
@@ -96,6 +107,11 @@ QWidget *Group(const QString &name, const QString &title, QLayout *content)
 void setMargins(QLayout *layout, int pixels)
 {
     layout->setContentsMargins(pixels, pixels, pixels, pixels);
+}
+
+void setRoomyRows(QAbstractItemView *list)
+{
+    list->setItemDelegate(new RoomyDelegate(list));
 }
 
 }

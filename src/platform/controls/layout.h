@@ -5,6 +5,7 @@
 #include <initializer_list>
 #include <variant>
 
+class QAbstractItemView;
 class QWidget;
 
 // Forms that read as their picture. One spacing grid of 8 px.
@@ -23,5 +24,6 @@ struct FormRow { QString label; Item field; };
 QLayout *Fields(std::initializer_list<FormRow> rows);
 QWidget *Group(const QString &name, const QString &title, QLayout *content);
 void setMargins(QLayout *layout, int pixels);
+void setRoomyRows(QAbstractItemView *list);     // rows with some air, for lists that are read rather than worked in
 
 }

@@ -145,7 +145,7 @@ SectionDesign contacts()
                                  u" The View menu shows them as business, private and emergency numbers and as a Christmas card list."_s}}},
         .feature = FeatureDesign{u"Contacts"_s,
                                  {u"mnuPrintPhone"_s, u"mnuPrintXmasList"_s, u"mnuPrintEmergencyPhoneList"_s, u"mnuPrintLabels"_s,
-                                  u"mnuInfoCard"_s, u"mnuXmasList"_s, u"mnuEmergencyPhone"_s, u"mnuCatNumbers"_s,
+                                  u"mnuPrintEnvelopes"_s, u"mnuPrintAddressBook"_s, u"mnuInfoCard"_s, u"mnuXmasList"_s, u"mnuEmergencyPhone"_s, u"mnuCatNumbers"_s,
                                   u"mnuViewPrivateNums"_s}},
         .print = PrintDesign{u"mnuPrintPhone"_s, u"&Telephone Numbers"_s,
             {.titleWord = u"TELEPHONE NUMBERS as at "_s, .file = DataFile::Contacts,

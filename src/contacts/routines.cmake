@@ -1,0 +1,1 @@
+list(APPEND VOREL_ROUTINES contacts/addresslist.cpp contacts/infocard.cpp)

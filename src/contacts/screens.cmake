@@ -1,0 +1,5 @@
+list(APPEND VOREL_SCREENS
+  contacts/frmInfoCard.cpp
+  contacts/frmLabelSheet.cpp
+  contacts/frmLabels.cpp
+  contacts/frmPrintAddressBook.cpp)
