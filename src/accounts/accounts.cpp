@@ -71,8 +71,8 @@ dao::Database accountsFile()
 void AddAccount(const QString &number, const QString &name, const QString &type)
 {
     dao::Database database = accountsFile();
-    dao::Recordset rows = database.OpenRecordset(u"SELECT * FROM [Accounts] WHERE [IDnum]='"_s + number + u"' AND [Name]='"_s
-                                                     + name + u"' AND [Type]='"_s + type + u"';"_s,
+    dao::Recordset rows = database.OpenRecordset(u"SELECT * FROM [Accounts] WHERE [IDnum]="_s + dao::literal(number) + u" AND [Name]="_s
+                                                     + dao::literal(name) + u" AND [Type]="_s + dao::literal(type) + u';',
                                                  dao::dbOpenDynaset);
     dao::DBEngine::Idle(dao::dbRefreshCache);
     if (rows.RecordCount() == 0) {

@@ -238,9 +238,7 @@ void frmCalendarDrop::cmdApply_Click()
 void frmCalendarDrop::keyPressEvent(QKeyEvent *event)
 {
     const auto days = [this](int count) {
-        DateTime moved = m_date;
-        basic::IgnoreErrors([&] { moved = basic::DateAdd(u"d", count, m_date); });
-        selectDate(moved);
+        selectDate(basic::tryDateAdd(u"d", count, m_date).value_or(m_date));
     };
     const int months = event->modifiers() & Qt::ControlModifier ? 12 : 1;
     const bool rightToLeft = layoutDirection() == Qt::RightToLeft;

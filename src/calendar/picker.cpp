@@ -19,9 +19,7 @@ MonthCells monthCells(int year, int month, int weekStartDay)
 
 DateTime monthsAway(DateTime date, int months)
 {
-    DateTime moved = date;
-    basic::IgnoreErrors([&] { moved = basic::DateAdd(u"m", months, date); });     // the calendar's ends hold
-    return moved;
+    return basic::tryDateAdd(u"m", months, date).value_or(date);      // the calendar's ends hold
 }
 
 QString monthTitle(int year, int month)

@@ -18,6 +18,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/profile.h"
 #include "reminders/greetings.h"
+#include "session/datafiles.h"
 #include "session/ini.h"
 #include "utilities/hints.h"
 
@@ -43,12 +44,16 @@ frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
     setContextMenuPolicy(Qt::NoContextMenu);
     d = std::make_unique<Rooms>(*this);
     connectGrids();
+    controls::DataControl::setOpener(openDataFileAt);        // a grid or record screen repairs what does not open
     connectButtons();
     answerMenus();
     controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { Timer2_Timer(); });
     connect(d->c.TimerMessages, &QTimer::timeout, this, [this] {
-        basic::IgnoreErrors([this] { CheckForMessages(); });
-        basic::IgnoreErrors([this] { CheckForBackupFiles(); });
+        // Looks every few seconds: a file that cannot be read has been told by what the user does with it.
+        basic::IgnoreErrors([this] {
+            CheckForMessages();
+            CheckForBackupFiles();
+        });
     });
     fitDesktop();
 }
@@ -246,7 +251,7 @@ void frmCaddy::cmdBackground_Click()
         {u"Screen Background Pictures"_s, d->sizes.setupPicture, u"Pictures (*.bmp *.jpg *.jpeg *.gif *.png)"_s});
     if (!file)
         return;
-    PutIniValue(iniSettings, u"SetupPicture"_s, QString(*file));
+    PutIniValue(iniSettings, u"SetupPicture"_s, basic::keptPath(*file));
     d->sizes.setupPicture = *file;
     applyBackground();
     if (!d->c.page->hasPicture())
@@ -362,7 +367,7 @@ void frmCaddy::saveTyped()
     basic::Trap([this] { writeRows(); });
     for (QWidget *window : QApplication::topLevelWidgets())
         for (controls::DataControl *rows : window->findChildren<controls::DataControl *>())
-            basic::IgnoreErrors([rows] { rows->UpdateRecord(); });
+            basic::Trap([rows] { rows->UpdateRecord(); });
 }
 
 void frmCaddy::Unload()

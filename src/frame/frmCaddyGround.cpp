@@ -1,6 +1,7 @@
 #include "frame/frmCaddyGround.h"
 
-#include <QImageReader>
+#include "platform/desktop/picturefile.h"
+
 #include <QPainter>
 
 namespace vorel {
@@ -23,14 +24,8 @@ void CaddyGround::setPicture(const QString &file)
 {
     m_picture = {};
     m_fitted = {};
-    if (!file.isEmpty()) {
-        QImageReader reader(file);
-        reader.setAutoTransform(true);
-        const QSize size = reader.size();
-        if (size.isValid() && std::max(size.width(), size.height()) > largestSide)
-            reader.setScaledSize(size.scaled(largestSide, largestSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
-        m_picture = reader.read();
-    }
+    if (!file.isEmpty())
+        m_picture = desktop::readPicture(file, {largestSide, largestSide}).image;
     update();
 }
 

@@ -41,7 +41,7 @@ QString searchPattern(const QString &upper)
     QString pattern = upper.size() == 1 ? upper + u'*' : u'*' + upper + u'*';
     if (upper.size() == 1 && u"*?#["_s.contains(upper))
         pattern = u'[' + upper + u"]*"_s;
-    return u'\'' + pattern.replace(u'\'', u"''"_s) + u'\'';
+    return dao::literal(pattern);
 }
 
 // The engine looks, so that a long list is not carried here row by row. Invalid: no row from that one on.
@@ -143,6 +143,7 @@ void CaddySearch::SortData(const QString &code)
     if (column.isEmpty())
         return;
     const desktop::Hourglass busy;
+    // A column that does not exist, typed into the box, leaves the rows as they are: that is the rule of every sort.
     basic::IgnoreErrors([&] {
         rows.setSort(column);
         data->setRecordset(rows.OpenRecordset(dao::dbOpenDynaset));

@@ -203,8 +203,6 @@ void CaddySections::connectSubjects(const SectionDesign &section)
 {
     const DataPlace place = dataPlace(section.file);
     const bool none = section.missingFile == MissingFile::Empty && basic::Dir(place.path).isEmpty();
-    if (!none)
-        basic::IgnoreErrors([&] { openDataFile(section.file).Close(); });       // repairs one that does not open
     state().selection.gSqlSection[section.code] = section.list->query;
     m_c.subjects().data->setConnect(place.connect.isEmpty() ? u"Access"_s : place.connect);
     m_c.subjects().data->setDatabaseName(none ? QString() : place.path);
@@ -337,6 +335,7 @@ bool CaddySections::retry()
     const int wait = dao::DBEngine::LockWait();
     dao::DBEngine::setLockWait(0);
     const QScopedValueRollback quiet(m_quiet, true);
+    // A file that is still locked is what the notice on show says already; the next tick tries again.
     basic::IgnoreErrors([] {
         if (!state().gMainDb)
             openMainDatabase();

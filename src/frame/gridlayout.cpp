@@ -36,10 +36,8 @@ std::optional<double> twips(const QString &text)
     const QString number = text.trimmed();
     if (!basic::IsNumeric(number))
         return std::nullopt;
-    double value = 0;
-    if (basic::IgnoreErrors([&] { value = basic::CDbl(number); }) != 0)
-        return std::nullopt;
-    return std::clamp(value, 0.0, widest);
+    const std::optional<double> value = basic::tryDouble(number);
+    return value ? std::optional(std::clamp(*value, 0.0, widest)) : std::nullopt;
 }
 
 // Readers and writer do not quite match; the file's keys are those of users' files.

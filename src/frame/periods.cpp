@@ -145,7 +145,7 @@ void SetDayPeriod(const QString &name)
     // Unlike a period's query this one takes holidays, and rows of later years too.
     QString events = onDay;
     for (const QString &subject : {u"ANNIVERSARY"_s, u"BIRTHDAY"_s, u"ON THIS DAY"_s, u"HOLIDAY"_s})
-        events += u" OR [SUBJECT]='"_s + subject + u'\'' + sameDay;
+        events += u" OR [SUBJECT]="_s + dao::literal(subject) + sameDay;
     events += u" OR [RECURRING]=True"_s + sameDay;
     s.period.setQueries({u"select * from APPOINTMENTS"_s, onDay, u"[APPTIME],[APPOINTMENT] DESC"_s},
                         {u"select * from BILLS"_s, onDay, u"[DATE],[BILL],[AMOUNT] DESC"_s},
@@ -187,7 +187,7 @@ void BuildPeriodQueries()
     const QString inYear = u" AND DATESERIAL( %1,MONTH([DATE]),DAY([DATE]))"_s.arg(start.year()) + between;
     QString events = inPeriod;
     for (const QString &subject : {u"ANNIVERSARY"_s, u"BIRTHDAY"_s, u"ON THIS DAY"_s})
-        events += before + u"[SUBJECT]='"_s + subject + u'\'' + inYear;
+        events += before + u"[SUBJECT]="_s + dao::literal(subject) + inYear;
     events += before + u"[RECURRING]=True"_s + inYear;
     s.period.setQueries({u"select * from APPOINTMENTS"_s, inPeriod, u"[DATE],[APPTIME],[APPOINTMENT] DESC"_s},
                         {u"select * from BILLS"_s, inPeriod, u"[DATE],[BILL] DESC"_s},

@@ -28,7 +28,7 @@ QString shown(const Value &value, Show show)
     if (text.isEmpty())
         return {};
     if (show == Show::Money)
-        return basic::CDbl(value) == 0 ? QString() : basic::Format(value, state().settings.gNumberFormat);
+        return basic::tryDouble(value) == 0 ? QString() : basic::formatOr(value, state().settings.gNumberFormat);
     if (show == Show::Text)
         return text;
     if (isNoDate(value))
@@ -73,10 +73,8 @@ QString lineOf(const dao::Recordset &row, const TipLine &line)
 {
     QStringList parts;
     for (const QString &field : line.fields) {
-        QString text;
         // A field that an old file lacks, or that cannot be read, says nothing.
-        basic::IgnoreErrors([&] { text = shown(row.Get(field), line.show); });
-        if (!text.isEmpty())
+        if (const QString text = shown(row.valueOr(field, {}), line.show); !text.isEmpty())
             parts << text;
     }
     if (parts.isEmpty())
@@ -94,6 +92,7 @@ QString SetToolTip(dao::Database database, const QString &sectionCode, qint32 id
         return {};
     const RowTipDesign &tip = *section->rowTip;
     QStringList lines;
+    // A tip comes unasked: a row that cannot be read has none.
     basic::IgnoreErrors([&] {
         dao::Recordset row = database.OpenRecordset(u"select * from [%1] WHERE [ID]=%2"_s.arg(tip.table).arg(id), dao::dbOpenSnapshot);
         if (row.EOF_())

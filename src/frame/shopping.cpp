@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int rowDeleted = 3167;
 
 double amountOf(const basic::Value &value)
 {
@@ -80,7 +79,7 @@ void ClearShoppingChecks(dao::Database &database, dao::Recordset &rows, Shopping
                 rows.Set(u"PICK", false);
                 rows.Update();
             } catch (const basic::Error &e) {
-                if (e.number() != rowDeleted)       // a row that somebody else took off the list
+                if (e.number() != dao::err::RecordDeleted)       // a row that somebody else took off the list
                     throw;
             }
         }
@@ -102,8 +101,7 @@ double rowTotal(const basic::Value &number, const basic::Value &amount)
 
 bool isOnShoppingList(dao::Database &database, const QString &item)
 {
-    const QString quoted = QString(item).replace(u'\'', u"''"_s);
-    const dao::Recordset hits = database.CreateSnapshot(u"select [ITEM] from [SHOPPING] WHERE [ITEM]='"_s + quoted + u'\'');
+    const dao::Recordset hits = database.CreateSnapshot(u"select [ITEM] from [SHOPPING] WHERE [ITEM]="_s + dao::literal(item));
     // To the query blanks at the end do not count; to the list "Tea" and "Tea " are two items.
     for (qsizetype row = 0; row < hits.rowTotal(); ++row)
         if (hits.cell(row, 0).text().compare(item, Qt::CaseInsensitive) == 0)

@@ -77,9 +77,7 @@ void setPrinterProbe(std::function<bool()> probe)
 
 bool GetPrinter()
 {
-    bool available = false;
-    basic::IgnoreErrors([&] { available = printerProbe() && printerProbe()(); });
-    return available;
+    return printerProbe() && printerProbe()();
 }
 
 void runStartupPasses()
@@ -111,7 +109,7 @@ void openMainDatabase()
     State &s = state();
     if (s.mainFile == MainFileAccess::None)
         return;
-    s.gMainDb = dao::DBEngine::OpenDatabase(s.path(DataFile::Main));
+    s.gMainDb = openDataFile(DataFile::Main);
     dao::Recordset setup = s.gMainDb.OpenRecordset(u"SELECT * FROM [Setup];"_s, dao::dbOpenSnapshot);
     dao::DBEngine::Idle(dao::dbRefreshCache);
     s.settings.gDeleteAfterDays = 0;
@@ -157,7 +155,7 @@ void loadSoundFile()
 {
     // A chosen file that no longer exists means silence, not the default sound.
     const QString chosen = setting(u"SoundFile"_s, {});
-    const QString path = chosen.isEmpty() ? desktop::findResource(u"\\WISH.wav"_s) : chosen;
+    const QString path = chosen.isEmpty() ? desktop::findResource(u"\\WISH.wav"_s) : basic::realPath(chosen);
     const bool exists = chosen.isEmpty() ? !path.isEmpty() : !basic::Dir(path).isEmpty();
     state().settings.gSoundFile = exists ? path : QString();
 }

@@ -3,6 +3,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/text.h"
+#include "session/datafiles.h"
 #include "session/sectiondesign.h"
 #include "session/shared.h"
 
@@ -90,7 +91,7 @@ Table open(const QString &section)
     const SectionDesign *design = sectionByCode(section);
     if (!design || !design->pictures || !design->pictures->set)
         throw basic::BasicError(5);
-    return {*design->pictures->set, dao::DBEngine::OpenDatabase(state().path(design->file))};
+    return {*design->pictures->set, openDataFile(design->file)};
 }
 
 }

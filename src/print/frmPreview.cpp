@@ -291,7 +291,7 @@ void frmPreview::keepZoom()
 {
     const QString zoom = m_isFitted ? wholePage : Zoom == 1 ? QString() : scriptNumber(Zoom);
     if (zoom != m_keptZoom)             // in a folder that cannot be written the next preview just opens as this one did
-        basic::IgnoreErrors([&zoom] { PutIniValue(iniSettings, zoomKey, QString(zoom)); });
+        tryPutIniValue(iniSettings, zoomKey, zoom);
 }
 
 void frmPreview::print()

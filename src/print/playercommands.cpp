@@ -2,9 +2,9 @@
 
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
+#include "platform/desktop/picturefile.h"
 #include "print/script.h"
 
-#include <QImageReader>
 #include <map>
 
 namespace vorel {
@@ -22,12 +22,12 @@ QImage loadPicture(const QString &path)
     const QString file = basic::realPath(path);
     if (basic::Dir(file).isEmpty())
         throw basic::Error(noFileError, u"The picture %1 was not found."_s.arg(path));
-    QImageReader reader(file);
-    reader.setAutoTransform(true);
-    const QImage picture = reader.read();
-    if (picture.isNull())
-        throw basic::Error(pictureError, u"The picture %1 cannot be read: %2."_s.arg(path, reader.errorString()));
-    return picture;
+    // More than the points of a whole sheet no printer shows.
+    constexpr QSize largest(6000, 6000);
+    const desktop::Picture picture = desktop::readPicture(file, largest);
+    if (picture.image.isNull())
+        throw basic::Error(pictureError, u"The picture %1 cannot be read."_s.arg(path));
+    return picture.image;
 }
 
 quint32 colourNumberOf(double number)

@@ -3,34 +3,24 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
-#include "session/state.h"
+#include "session/datafiles.h"
 
 namespace vorel::records {
 
 using namespace Qt::StringLiterals;
 using basic::DateTime;
 
-namespace {
-
-constexpr int tooLong = 3163;
-
-}
-
 std::optional<DateTime> warrantyExpiry(const QString &purchaseDate, const QString &period)
 {
-    std::optional<DateTime> expiry;
     // Asked for at each key: a half-typed value means no warranty yet, not a failure.
-    basic::IgnoreErrors([&] {
-        const double months = basic::Val(period);
-        if (months > 0 && basic::IsDate(purchaseDate))
-            expiry = basic::DateAdd(u"m", months, basic::CDate(purchaseDate));
-    });
-    return expiry;
+    const double months = basic::valOr(period, 0);
+    const std::optional<DateTime> bought = basic::IsDate(purchaseDate) ? basic::tryDate(purchaseDate) : std::nullopt;
+    return months > 0 && bought ? basic::tryDateAdd(u"m", months, *bought) : std::nullopt;
 }
 
 bool transferWarranty(const DateTime &expiry, const QString &eventText)
 {
-    dao::Database database = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Database database = openDataFile(DataFile::Main);
     dao::Transaction all(database);
     dao::Recordset events = database.OpenRecordset(
         u"select * from [Events] WHERE UCASE([Subject])='WARRANTY EXPIRED' AND [EVENT]="_s + dao::literal(eventText) + u';');
@@ -38,7 +28,7 @@ bool transferWarranty(const DateTime &expiry, const QString &eventText)
         return false;
     const int most = events.Fields()[static_cast<std::size_t>(events.fieldIndex(u"EVENT"))].Size;
     if (eventText.size() > most)
-        throw basic::Error(tooLong, u"The item with its make and model is too long for an event: %1 of %2"_s.arg(eventText.size()).arg(most));
+        throw basic::Error(dao::err::TooLong, u"The item with its make and model is too long for an event: %1 of %2"_s.arg(eventText.size()).arg(most));
     dao::NewRow(events).set(u"Date", expiry).set(u"Subject", u"Warranty Expired"_s).set(u"EVENT", eventText).save();
     all.Commit();
     return true;

@@ -1,5 +1,7 @@
 #include "records/recordrows.h"
 
+#include "session/datafiles.h"
+
 namespace vorel::records {
 
 using namespace Qt::StringLiterals;
@@ -39,7 +41,7 @@ dao::Bookmark addRow(dao::Recordset &rows, const RecordDesign &design)
 void DeleteChildren(dao::Database &database, const RecordDesign &design, qint32 id, const QString &name)
 {
     for (QString sql : design.childDeletes) {
-        sql.replace(u"%id"_s, QString::number(id));         // before the name, which may contain it
+        sql.replace(u"%id"_s, dao::literal(id));         // before the name, which may contain it
         sql.replace(u"%name"_s, dao::literal(name));
         database.Execute(sql);
     }
@@ -50,7 +52,7 @@ namespace {
 QStringList firstColumn(const QString &databasePath, const QString &sql)
 {
     QStringList values;
-    dao::Database file = dao::DBEngine::OpenDatabase(databasePath);
+    dao::Database file = openDataFileAt(databasePath);
     dao::Recordset rows = file.CreateSnapshot(sql);
     for (; !rows.EOF_(); rows.MoveNext())
         values += rows.Get(0).text();
@@ -66,7 +68,7 @@ QStringList listValues(const QString &databasePath, const Choices &list)
 
 QStringList Tracks(const QString &databasePath, qint32 id)
 {
-    return firstColumn(databasePath, u"Select [TRACK] from [TRACKS] WHERE [ID]="_s + QString::number(id) + u';');
+    return firstColumn(databasePath, u"Select [TRACK] from [TRACKS] WHERE [ID]="_s + dao::literal(id) + u';');
 }
 
 }

@@ -4,7 +4,7 @@
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
-#include "platform/controls/picturefile.h"
+#include "platform/desktop/picturefile.h"
 #include "platform/controls/richtextbox.h"
 #include "platform/desktop/desktop.h"
 #include "session/datetexts.h"
@@ -41,7 +41,7 @@ bool hasField(const dao::Recordset &rows, QStringView name)
 // As sharp as the screen is; a smaller one stays as small as it is.
 QPixmap pictureOf(const QString &path, QSize room)
 {
-    return QPixmap::fromImage(controls::readPicture(path, room).image);
+    return QPixmap::fromImage(desktop::readPicture(path, room).image);
 }
 
 }

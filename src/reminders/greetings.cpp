@@ -110,7 +110,7 @@ void storeRetries(const Retries &retries)
         entries << QString::number(id) + u' ' + failed.toString(Qt::ISODate);
     const QString text = entries.join(u", "_s);
     if (text != GetIniValue(iniSettings, retryKey, {}))
-        PutIniValue(iniSettings, retryKey, QString(text));
+        tryPutIniValue(iniSettings, retryKey, text);        // at worst they are not tried again
 }
 
 // One walk over today's events and those that are tried again.
@@ -169,7 +169,7 @@ void GreetingRun::retry()
 
 int GreetingRun::finish()
 {
-    basic::IgnoreErrors([this] { storeRetries(m_retries); });
+    storeRetries(m_retries);
     if (m_sent > 0)
         playSoundFile(desktop::findResource(u"\\WISH.wav"_s));
     if (!m_failures.isEmpty())
@@ -182,10 +182,11 @@ int GreetingRun::finish()
 
 int SendBirthdayEmails()
 {
-    if (!state().gMainDb || state().period.gSqlEvents.isEmpty())
+    if (!state().gMainDb)
         return 0;
     GreetingRun run;
-    run.walk(state().gMainDb.OpenRecordset(state().period.gSqlEvents));
+    if (!state().period.gSqlEvents.isEmpty())
+        run.walk(state().gMainDb.OpenRecordset(state().period.gSqlEvents));
     run.retry();
     return run.finish();
 }

@@ -4,6 +4,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/error.h"
+#include "session/datafiles.h"
 #include "session/sectiondesign.h"
 #include "session/shared.h"
 #include "session/state.h"
@@ -71,7 +72,7 @@ QString messageQuery(MessageView view)
 
 QStringList messageNames()
 {
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Database file = openDataFile(DataFile::Main);
     dao::Recordset found = file.CreateSnapshot(
         u"select distinct [Name] from [Users] UNION SELECT DISTINCT [TO] FROM [MESSAGES] UNION SELECT DISTINCT [FROM] FROM [MESSAGES];"_s);
     QStringList names;

@@ -5,6 +5,7 @@
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
+#include "session/datafiles.h"
 #include "session/datetexts.h"
 #include "session/state.h"
 
@@ -72,7 +73,7 @@ std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &
     dao::Database file;
     dao::Recordset source;
     if (const QString id = basic::Trim(sourceID); !id.isEmpty()) {
-        file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+        file = openDataFile(DataFile::Main);
         source = file.CreateSnapshot(u"select * from ["_s + design.table.toString() + u"] WHERE [ID]="_s + id + u";"_s);
         dao::DBEngine::Idle(dao::dbRefreshCache);
         if (source.RecordCount() == 0)
@@ -152,17 +153,12 @@ Frequency frequencyOf(const QString &periodMonth, const QString &periodDays, con
 std::optional<DateTime> nextDate(int option, const std::optional<DateTime> &date, const QString &days)
 {
     constexpr std::array<int, 3> months{1, 3, 12};
-    std::optional<DateTime> next;
-    if (!date)
-        return next;
     // A day count that leads out of the calendar shows nothing.
-    basic::IgnoreErrors([&] {
-        if (option >= 0 && option < 3)
-            next = basic::DateAdd(u"m", months[static_cast<std::size_t>(option)], *date);
-        else if (option == 4)
-            next = basic::DateAdd(u"d", number(days), *date);
-    });
-    return next;
+    if (date && option >= 0 && option < 3)
+        return basic::tryDateAdd(u"m", months[static_cast<std::size_t>(option)], *date);
+    if (date && option == 4)
+        return basic::tryDateAdd(u"d", number(days), *date);
+    return std::nullopt;
 }
 
 Period appliedPeriod(int option, const QString &days)
@@ -188,7 +184,7 @@ Greeting greetingOf(bool birthday, bool email, const QString &address, const QSt
 
 QString contactAddress(const QString &emailID)
 {
-    dao::Database contacts = dao::DBEngine::OpenDatabase(state().path(DataFile::Contacts));
+    dao::Database contacts = openDataFile(DataFile::Contacts);
     const QString id = basic::Trim(emailID).isEmpty() ? u"0"_s : emailID;
     const dao::Recordset rows =
         contacts.CreateSnapshot(u"SELECT [EMAIL1ADDRESS] FROM [CONTACTS] WHERE [ID]="_s + id + u";"_s);
@@ -198,7 +194,7 @@ QString contactAddress(const QString &emailID)
 QStringList subjects()
 {
     QStringList names;
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Database file = openDataFile(DataFile::Main);
     dao::Recordset rows = file.CreateSnapshot(u"select * from [Subjects];"_s);
     dao::DBEngine::Idle(dao::dbRefreshCache);
     for (; !rows.EOF_(); rows.MoveNext())

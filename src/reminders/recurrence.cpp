@@ -87,7 +87,7 @@ void SeriesWriter::deleteOthers()
 {
     // Some texts with a quote would still parse, and delete the wrong rows.
     if (!canHaveSeries(m_fields))
-        throw dao::EngineError(3075, u"The text \""_s + m_fields.text + u"\" holds an apostrophe, so its series cannot be changed."_s,
+        throw dao::EngineError(dao::err::QuerySyntax, u"The text \""_s + m_fields.text + u"\" holds an apostrophe, so its series cannot be changed."_s,
                                nullptr);
     m_result = {};
     m_database.Execute(u"DELETE * FROM [%1] WHERE [%2]="_s.arg(m_table.name, m_table.textField) + dao::asTyped(m_fields.text)

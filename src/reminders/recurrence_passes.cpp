@@ -5,6 +5,7 @@
 #include "platform/basic/dates.h"
 #include "platform/basic/prompts.h"
 #include "reminders/recurrence_tables.h"
+#include "session/datafiles.h"
 #include "session/ini.h"
 #include "session/state.h"
 
@@ -25,7 +26,7 @@ namespace {
 // An error ends the pass, but what was done before it is kept: each row was complete.
 void commitWhatWasDone(const std::function<void(dao::Database &)> &pass)
 {
-    dao::Database database = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Database database = openDataFile(DataFile::Main);
     dao::Transaction all(database);
     try {
         pass(database);
@@ -92,11 +93,8 @@ double period(const basic::Value &value)
 // A period from a damaged or imported file may lead out of the calendar: the row is not moved.
 std::optional<DateTime> stepped(QStringView interval, double number, DateTime date)
 {
-    try {
-        return basic::DateAdd(interval, number, date).dayOnly();    // a time of day does not outlive the date format
-    } catch (const basic::Error &) {
-        return std::nullopt;
-    }
+    const std::optional<DateTime> day = basic::tryDateAdd(interval, number, date);
+    return day ? std::optional(day->dayOnly()) : std::nullopt;      // a time of day does not outlive the date format
 }
 
 // A text with a quote cannot be part of the query for the next row.
@@ -259,7 +257,7 @@ void tellOnce(QStringList texts)
     const QString found = QString::number(qChecksum(texts.join(u'\n').toUtf8()));
     if (texts.isEmpty() || GetIniValue(iniSettings, key, {}) == found)
         return;
-    basic::IgnoreErrors([&] { PutIniValue(iniSettings, key, QString(found)); });
+    tryPutIniValue(iniSettings, key, found);
     constexpr qsizetype shown = 10;
     QString message = u"The dates of these repeating reminders cannot be carried forward, because their texts hold an apostrophe:\r\n\r\n"_s
         + texts.first(std::min(texts.size(), shown)).join(u"\r\n"_s);

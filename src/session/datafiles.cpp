@@ -35,8 +35,8 @@ std::vector<Elsewhere> namesakes()
 {
     std::vector<Elsewhere> found;
     for (const DataFileEntry &entry : dataFiles()) {
-        const QString path = foundPath(basic::Trim(GetIniValue(iniSettings, entry.key, {})));
-        if (path.isEmpty() || !stands(path) || keptPath(path) != path)
+        const QString path = basic::realPath(basic::Trim(GetIniValue(iniSettings, entry.key, {})));
+        if (path.isEmpty() || !stands(path) || basic::keptPath(path) != path)
             continue;
         const QString here = programFile(u'\\' + QFileInfo(basic::realPath(path)).fileName());
         if (stands(here) && QFileInfo(here).canonicalFilePath() != QFileInfo(basic::realPath(path)).canonicalFilePath())
@@ -64,7 +64,7 @@ void askForNamesakes()
         return;
     }
     for (const Elsewhere &one : found)
-        PutIniValue(iniSettings, one.key, keptPath(one.here));
+        PutIniValue(iniSettings, one.key, basic::keptPath(one.here));
 }
 
 }
@@ -111,26 +111,42 @@ DataPlace dataPlace(DataFile file)
     return {file, state().path(file), connectString(file)};
 }
 
-dao::Database openDataFile(DataFile file, bool exclusive, bool readOnly)
+namespace {
+
+// Opens the file; where it is damaged and somebody mends it, once more.
+dao::Database openMended(DataFile file, const std::function<dao::Database()> &open, bool isProtected)
 {
-    const DataPlace place = dataPlace(file);
-    const auto open = [&] { return dao::DBEngine::OpenDatabase(place.path, exclusive, readOnly, place.connect); };
     try {
         return open();
     } catch (const dao::EngineError &error) {
         // Without its beginning a protected file looks like one with another password.
-        constexpr int wrongPassword = 3031;
-        const bool damaged = isDamage(error.number()) || (!place.connect.isEmpty() && error.number() == wrongPassword);
-        if (!damaged || !mendDataFile(place.file))
+        const bool damaged = isDamage(error.number()) || (isProtected && error.number() == dao::err::WrongPassword);
+        if (!damaged || !mendDataFile(file))
             throw;
     }
     return open();
 }
 
+}
+
+dao::Database openDataFile(DataFile file, bool exclusive, bool readOnly)
+{
+    const DataPlace place = dataPlace(file);
+    const auto open = [&] { return dao::DBEngine::OpenDatabase(place.path, exclusive, readOnly, place.connect); };
+    return openMended(place.file, open, !place.connect.isEmpty());
+}
+
+dao::Database openDataFileAt(const QString &path, const QString &connect)
+{
+    const auto open = [&] { return dao::DBEngine::OpenDatabase(path, false, false, connect); };
+    const auto &files = dataFiles();
+    const auto entry = std::find_if(files.begin(), files.end(), [&](const DataFileEntry &one) { return state().path(one.file) == path; });
+    return entry == files.end() ? open() : openMended(entry->file, open, entry->isProtected);
+}
+
 bool isDamage(int errorNumber)
 {
-    constexpr int damaged = 3049, unknownFormat = 3343;
-    return errorNumber == damaged || errorNumber == unknownFormat;
+    return errorNumber == dao::err::Damaged || errorNumber == dao::err::UnknownFormat;
 }
 
 void setDataFileMender(std::function<bool(DataFile)> installed)
@@ -148,30 +164,16 @@ QString programFile(const QString &name)
     return basic::realPath(basic::programFolder() + u'/' + name.mid(1));
 }
 
-QString keptPath(const QString &path)
-{
-    const QString folder = basic::programFolder() + u'/';
-    const QString place = QDir::cleanPath(path);
-    if (folder.size() == 1 || !place.startsWith(folder))
-        return path;
-    return u'\\' + place.mid(folder.size()).replace(u'/', u'\\');
-}
-
-QString foundPath(const QString &kept)
-{
-    return kept.startsWith(u'\\') ? programFile(kept) : kept;
-}
-
 void loadDataPaths()
 {
     askForNamesakes();
     for (const DataFileEntry &entry : dataFiles()) {
         const QString kept = basic::Trim(GetIniValue(iniSettings, entry.key, {}));
-        QString path = foundPath(kept);
+        QString path = basic::realPath(kept);
         if (path.isEmpty() || !stands(path))
             path = programFile(entry.defaultName);
-        if (keptPath(path) != kept)
-            PutIniValue(iniSettings, entry.key, keptPath(path));
+        if (basic::keptPath(path) != kept)
+            PutIniValue(iniSettings, entry.key, basic::keptPath(path));
         state().path(entry.file) = basic::realPath(path);
     }
 }

@@ -29,6 +29,8 @@ DataPlace dataPlace(DataFile file);
 // The one way to open a data file. One that fails to open because it is damaged is mended first, if somebody mends.
 // Throws EngineError, as DBEngine::OpenDatabase does.
 dao::Database openDataFile(DataFile file, bool exclusive = false, bool readOnly = false);
+// The same by the path, for what keeps a path; a file that is none of the thirteen is just opened.
+dao::Database openDataFileAt(const QString &path, const QString &connect = {});
 // Whether an error of the engine says that the file is damaged, not missing, in use or kept from the user.
 bool isDamage(int errorNumber);
 // Mends a damaged file and says what came of it; true if it was replaced. Installed by the store.
@@ -37,10 +39,6 @@ bool mendDataFile(DataFile file);
 
 // A file of the program folder by its name in the form "\\NAME".
 QString programFile(const QString &name);
-// A path as the configuration keeps it: one within the program folder in the form "\\NAME", so that it moves with the
-// folder, any other one as it is. And back.
-QString keptPath(const QString &path);
-QString foundPath(const QString &kept);
 // For each data file: an empty or vanished path becomes program folder + default name, written back at once. Where the
 // configuration names files of another folder and files of the same names lie in the program folder, asks which ones to use,
 // once for each program folder.

@@ -61,6 +61,16 @@ void PutIniValue(const QString &section, const QString &key, QString &&value)
     PutIniValue(section, key, value);
 }
 
+bool tryPutIniValue(const QString &section, const QString &key, const QString &value)
+{
+    try {
+        PutIniValue(section, key, QString(value));
+        return true;
+    } catch (const basic::Error &) {
+        return false;
+    }
+}
+
 quint32 GetIniColour(const QString &key, quint32 defaultColour)
 {
     quint32 &label = state().settings.lblBackcolor;

@@ -13,6 +13,8 @@ QString GetIniValue(const QString &section, const QString &key, const QString &d
 // A value that cannot be written (read-only folder, full disk) raises an error with the file's name in its text.
 void PutIniValue(const QString &section, const QString &key, QString &value);
 void PutIniValue(const QString &section, const QString &key, QString &&value);
+// For what the program merely remembers: false where it cannot be written.
+bool tryPutIniValue(const QString &section, const QString &key, const QString &value);
 // A colour number (0xBBGGRR as decimal or &H text) of "Settings", passed through the hidden colour label: a text that
 // is not a colour leaves the colour that the label held before.
 quint32 GetIniColour(const QString &key, quint32 defaultColour);

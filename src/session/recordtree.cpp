@@ -3,6 +3,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/text.h"
+#include "session/datafiles.h"
 #include "session/ini.h"
 
 #include <numeric>
@@ -14,7 +15,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr qsizetype manyGroups = 16;
-constexpr int syntaxError = 3075;
 
 QString bracketed(const QString &name)
 {
@@ -24,7 +24,7 @@ QString bracketed(const QString &name)
 class Reader {
 public:
     Reader(const TreeRequest &request, std::vector<TreeNode> &nodes)
-        : m_database(dao::DBEngine::OpenDatabase(request.path)), m_reads(m_database), m_table(request.table), m_field(request.field),
+        : m_database(openDataFileAt(request.path)), m_reads(m_database), m_table(request.table), m_field(request.field),
           m_leaf(request.leaf.isEmpty() ? request.field : request.leaf), m_names(request.names), m_capitals(namesInCapitals()),
           m_nodes(nodes)
     {
@@ -75,7 +75,7 @@ private:
                 first += sizes[static_cast<std::size_t>(row)];
         }
         if (!refused.isEmpty())
-            throw basic::Error(syntaxError, u"The tree cannot show the records of "_s + refused.join(u", "_s)
+            throw basic::Error(dao::err::QuerySyntax, u"The tree cannot show the records of "_s + refused.join(u", "_s)
                                            + u". Write a grave accent (`) in place of the apostrophe to see them here."_s);
     }
 

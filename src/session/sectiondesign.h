@@ -165,8 +165,8 @@ struct HelpDesign {
     QString title{};                    // "" = the section's name
 };
 
-// What is read where a data file is missing.
-enum class MissingFile { Error, MainFile, Empty };
+// What a section shows whose data file is missing.
+enum class MissingFile { Error, Empty };
 
 struct SectionDesign {
     SectionId id;

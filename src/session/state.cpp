@@ -34,9 +34,8 @@ QString sqlDate(basic::DateTime date)
 
 void DetectDateOrder()
 {
-    int day = 0;
-    basic::IgnoreErrors([&] { day = basic::DatePart(u"d", basic::CDate(u"2/7/2000"_s)); });
-    const bool dayFirst = day == 2;     // any other answer is month first
+    const std::optional<basic::DateTime> date = basic::tryDate(u"2/7/2000"_s);
+    const bool dayFirst = date && basic::DatePart(u"d", *date) == 2;    // any other answer is month first
     State &s = state();
     s.settings.gDateShort = dayFirst ? u"dd/mm/yyyy"_s : u"mm/dd/yyyy"_s;
     s.settings.gDateLong = dayFirst ? u"dd mmm yyyy"_s : u"mmm dd yyyy"_s;

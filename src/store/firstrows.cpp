@@ -8,13 +8,12 @@ namespace {
 
 void addRow(dao::Recordset &table, const std::vector<FirstField> &fields)
 {
-    constexpr int tooLong = 3163;
     table.AddNew();
     for (const FirstField &field : fields) {
         try {
             table.Set(QStringView(field.name), field.value);
         } catch (const dao::EngineError &error) {
-            if (error.number() != tooLong)
+            if (error.number() != dao::err::TooLong)
                 throw;
         }
     }

@@ -6,6 +6,7 @@
 #include "platform/dao/safekeeping.h"
 #include "session/datafiles.h"
 #include "store/designs.h"
+#include "store/suspects.h"
 #include "store/tablecopy.h"
 #include "store/upgrade.h"
 
@@ -60,7 +61,6 @@ void copyOver(const QString &from, const QString &to)
 // Repairs the file; one that cannot be repaired is moved away.
 void repair(const QString &path, const QString &connect, const std::vector<dao::TableDef> &wanted, store::Mending &mending)
 {
-    constexpr int wrongPassword = 3031;
     mending.path = path;
     try {
         const dao::RepairReport report = dao::DBEngine::RepairDatabase(path, connect, wanted);
@@ -69,7 +69,7 @@ void repair(const QString &path, const QString &connect, const std::vector<dao::
         mending.rowsSaved = report.rowsSaved;
         mending.lost = report.lost;
     } catch (const dao::EngineError &error) {
-        if (!isDamage(error.number()) && error.number() != wrongPassword)
+        if (!isDamage(error.number()) && error.number() != dao::err::WrongPassword)
             throw;
         if (!stands(path))
             return;
@@ -92,10 +92,7 @@ public:
     }
     ~Rebuild()
     {
-        basic::IgnoreErrors([this] {
-            if (m_database)
-                m_database.Close();
-        });
+        m_database.letGo();
         removeScratch(m_scratch);
     }
     Rebuild(const Rebuild &) = delete;
@@ -282,7 +279,9 @@ bool store::rebuildFile(DataFile file, const QString &path, const RebuildWishes 
 {
     Rebuild work(file, path, wishes, mending);
     try {
-        return work.run();
+        const bool replaced = work.run();
+        forgetDamage(basic::realPath(path));
+        return replaced;
     } catch (const dao::EngineError &error) {
         // The user knows the file, not the scratch.
         QString text = error.text();

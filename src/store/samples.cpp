@@ -14,17 +14,18 @@ using basic::Value;
 
 namespace {
 
-// A picture's path in the program folder, where the built-in one is copied if needed; Null if no such picture exists.
+// The path, as rows keep it, of a picture in the program folder, where the built-in one is copied if needed; Null if no such
+// picture exists.
 Value picture(const QString &name)
 {
     const QString path = basic::realPath(basic::programFolder() + u'/' + name);
     if (QFile::exists(path))
-        return path;
+        return basic::keptPath(path);
     const QString builtIn = desktop::findResource(name);
     if (builtIn.isEmpty() || !QFile::copy(builtIn, path))
         return {};
     QFile::setPermissions(path, QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup | QFile::ReadOther);
-    return path;
+    return basic::keptPath(path);
 }
 
 Value money(double amount)

@@ -21,12 +21,12 @@ struct Trouble {
 const std::vector<Trouble> &troubles()
 {
     static const std::vector<Trouble> all = {
-        {{3026, 61}, u"Not enough space on disk."_s, u"Free about %2 in %1, then start the program again."_s},
-        {{3027, 3051, 70, 75}, u"You have no permission to write there."_s,
+        {{dao::err::DiskFull, 61}, u"Not enough space on disk."_s, u"Free about %2 in %1, then start the program again."_s},
+        {{dao::err::ReadOnly, dao::err::NoPermission, 70, 75}, u"You have no permission to write there."_s,
          u"Allow writing to the files and in %1, then start the program again."_s},
-        {{3044, 76}, u"The folder does not exist."_s, u"Bring %1 back, then start the program again."_s},
-        {{3045, 3218, 3356}, u"Another program is using the data."_s, u"Close the other program, then start this one again."_s},
-        {{3043}, u"The disk or the network failed."_s, u"Check the disk, then start the program again."_s},
+        {{dao::err::NoSuchPath, 76}, u"The folder does not exist."_s, u"Bring %1 back, then start the program again."_s},
+        {{dao::err::FileInUse, dao::err::Locked, dao::err::OpenedExclusively}, u"Another program is using the data."_s, u"Close the other program, then start this one again."_s},
+        {{dao::err::DiskError}, u"The disk or the network failed."_s, u"Check the disk, then start the program again."_s},
     };
     return all;
 }

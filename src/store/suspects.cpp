@@ -1,6 +1,5 @@
 #include "store/suspects.h"
 
-#include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/desktop/desktop.h"
@@ -10,7 +9,9 @@
 #include "store/upgrade.h"
 
 #include <QDateTime>
+#include <QDir>
 #include <QFileInfo>
+#include <algorithm>
 
 namespace vorel {
 
@@ -24,6 +25,12 @@ QByteArray noteOf(const DataFileEntry &entry)
     if (!file.isFile())
         return {};
     return u"%1 %2 %3\n"_s.arg(entry.key).arg(file.size()).arg(file.lastModified().toMSecsSinceEpoch()).toUtf8();
+}
+
+std::set<QString> &metDamage()
+{
+    static std::set<QString> paths;
+    return paths;
 }
 
 // To open a protected file takes as long as all others together; its size alone reveals some of the damage.
@@ -41,8 +48,10 @@ bool opensWell(DataFile file)
 QByteArray dataFilesNote()
 {
     QByteArray note;
-    for (const DataFileEntry &entry : dataFiles())
-        note += noteOf(entry);
+    for (const DataFileEntry &entry : dataFiles()) {
+        if (!metDamage().contains(basic::realPath(state().path(entry.file))))
+            note += noteOf(entry);
+    }
     return note;
 }
 
@@ -54,23 +63,43 @@ std::set<DataFile> store::suspects()
         const QByteArray now = noteOf(entry);
         if (now.isEmpty())
             continue;
-        const bool isKnown = note.contains(entry.key.toUtf8() + ' ');
-        const bool hasChanged = note == desktop::runningNote || (isKnown && !note.contains(now));
+        // Without a claim on the folder nothing is known of any run, and each start would check everything.
+        const bool hasChanged = desktop::holdsInstance() && !note.contains(now);
         if (hasChanged || !opensWell(entry.file))
             found.insert(entry.file);
     }
     return found;
 }
 
+QString store::damageMet(const QString &path)
+{
+    const auto &files = dataFiles();
+    const auto isIt = [&](const DataFileEntry &entry) { return basic::realPath(state().path(entry.file)) == path; };
+    if (std::none_of(files.begin(), files.end(), isIt))
+        return {};
+    metDamage().insert(path);
+    return u"The data file %1 is damaged.\r\n\r\nSome of its rows cannot be read now. Nothing was changed or removed. The file is "
+           "repaired the next time the program starts: end the program and start it again."_s.arg(QDir::toNativeSeparators(path));
+}
+
+void store::forgetDamage(const QString &path)
+{
+    metDamage().erase(path);
+}
+
 int store::openingError(DataFile file)
 {
-    return basic::IgnoreErrors([&] { dao::DBEngine::OpenDatabase(state().path(file), false, false, connectString(file)).Close(); });
+    try {       // not openDataFile: the start itself repairs
+        dao::DBEngine::OpenDatabase(state().path(file), false, false, connectString(file)).Close();
+        return 0;
+    } catch (const dao::EngineError &error) {
+        return error.number();
+    }
 }
 
 bool store::isInUse(int errorNumber)
 {
-    constexpr int inUseHere = 3045, locked = 3218, exclusive = 3356;
-    return errorNumber == inUseHere || errorNumber == locked || errorNumber == exclusive;
+    return errorNumber == dao::err::FileInUse || errorNumber == dao::err::Locked || errorNumber == dao::err::OpenedExclusively;
 }
 
 bool store::wasUpgraded(DataFile file)
@@ -78,15 +107,7 @@ bool store::wasUpgraded(DataFile file)
     const QString path = state().path(file), copy = backupNameOf(basic::realPath(path));
     if (!QFileInfo(copy).isFile())
         return false;
-    const auto versionOf = [&](const QString &place) {
-        std::int16_t version = 0;
-        basic::IgnoreErrors([&] {
-            dao::Database database = dao::DBEngine::OpenDatabase(place, false, false, connectString(file));
-            version = basic::CInt(database.OpenRecordset(u"SELECT [Version] FROM [Database Info]"_s, dao::dbOpenSnapshot).Get(0));
-        });
-        return version;
-    };
-    return versionOf(path) >= currentVersion && versionOf(copy) < currentVersion;
+    return versionAt(path, connectString(file)) >= currentVersion && versionAt(copy, connectString(file)) < currentVersion;
 }
 
 }

@@ -135,14 +135,13 @@ void addRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<Fi
 bool copyRow(const dao::Recordset &from, dao::Recordset &to, const std::vector<FieldMapEntry> &map, const QString &counter,
              bool mayRepeat)
 {
-    constexpr int duplicate = 3022;
     const bool isCounted = std::any_of(map.begin(), map.end(), [&](const FieldMapEntry &entry) { return entry.name == counter; });
     if (isCounted && mayRepeat && from.Get(counter).isNull())
         return false;
     try {
         addRow(from, to, map, counter, true);
     } catch (const dao::EngineError &error) {
-        if (error.number() != duplicate || !mayRepeat)
+        if (error.number() != dao::err::DuplicateValue || !mayRepeat)
             throw;
         to.CancelUpdate();
         return false;

@@ -157,7 +157,7 @@ void StartPass::upgrade(DataFile file, int version)
     attempt(file, [&] {
         // An earlier pass that was cut short came as far as this file: its safety copy is the one of the older version.
         const bool isDone = store::wasUpgraded(file);
-        // The upgraded file is in place by now; one that cannot be made smaller is as good.
+        // The upgraded file is in place by now; one that cannot be made smaller, for want of room, is as good.
         if (rebuild(file, {version, isDone}) && !isProtected(file))
             basic::IgnoreErrors([&] { CompactFile(state().path(file)); });
     });
@@ -282,6 +282,7 @@ void StartPass::checkMain()
     MainFileAccess &access = state().mainFile;
     access = MainFileAccess::None;
     const bool failed = m_failed.contains(DataFile::Main);
+    // What failed has been noted already: here it only counts whether the file serves as it is.
     if (!stands(DataFile::Main) || (failed && basic::IgnoreErrors([this] { addRows(DataFile::Main); }) != 0))
         return;
     const bool isWritable = QFileInfo(basic::realPath(state().path(DataFile::Main))).isWritable();
@@ -308,7 +309,7 @@ void StartPass::run()
         if (lockFolders(locks))
             serveFiles();
         else
-            attempt(DataFile::Main, [] { throw dao::EngineError(3356, state().path(DataFile::Main)); });
+            attempt(DataFile::Main, [] { throw dao::EngineError(dao::err::OpenedExclusively, state().path(DataFile::Main)); });
     }
     checkMain();
     std::vector<store::Failure> failures;
@@ -345,9 +346,11 @@ bool mendWhileRunning(DataFile file)
 void UpgradeAllDatabases()
 {
     setDataFileMender({});
+    dao::DBEngine::setDamageText({});
     DetectDateOrder();
     StartPass().run();
     setDataFileMender(mendWhileRunning);
+    dao::DBEngine::setDamageText(store::damageMet);
 }
 
 }

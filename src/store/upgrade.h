@@ -24,3 +24,9 @@ void UpgradeAllDatabases();
 QByteArray dataFilesNote();
 
 }
+
+namespace vorel::store {
+
+std::int16_t versionAt(const QString &path, const QString &connect);        // 0 when it cannot be read
+
+}

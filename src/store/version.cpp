@@ -21,6 +21,7 @@ bool stands(const QString &path)
 std::int16_t readVersion(const Open &open)
 {
     std::int16_t version = 0;
+    // No stamp, or none that can be read, is an old file's: the upgrade looks into it and says what it finds.
     basic::IgnoreErrors([&] {
         dao::Database database = open();
         dao::Recordset rows = database.OpenRecordset(u"SELECT [Version] FROM [Database Info]"_s, dao::dbOpenSnapshot);
@@ -34,6 +35,7 @@ std::int16_t readVersion(const Open &open)
 
 void writeVersion(const Open &open, int version)
 {
+    // A stamp that is not written keeps the file old: the next start takes it up again.
     basic::IgnoreErrors([&] {
         dao::Database database = open();
         stampVersion(database, version);
@@ -51,13 +53,12 @@ dao::Database openProtected(DataFile file)
 
 void stampVersion(dao::Database &database, int version)
 {
-    constexpr int tableNotFound = 3078;
     const QString count = u"SELECT COUNT(*) FROM [Database Info]"_s;
     dao::Recordset rows;
     try {
         rows = database.OpenRecordset(count, dao::dbOpenSnapshot);
     } catch (const dao::EngineError &error) {
-        if (error.number() != tableNotFound)
+        if (error.number() != dao::err::TableNotFound)
             throw;
         database.Execute(u"CREATE TABLE [Database Info] ([Version] INTEGER)"_s);
         rows = database.OpenRecordset(count, dao::dbOpenSnapshot);
@@ -69,9 +70,15 @@ void stampVersion(dao::Database &database, int version)
                              : u"INSERT INTO [Database Info] ([Version]) VALUES (%1);"_s.arg(version));
 }
 
+std::int16_t store::versionAt(const QString &path, const QString &connect)
+{
+    // Not openDataFile: the stamp is read before the start repairs, and of safety copies too.
+    return readVersion([&] { return dao::DBEngine::OpenDatabase(path, false, false, connect); });
+}
+
 std::int16_t GetDatabaseVersion(const QString &path)
 {
-    return stands(path) ? readVersion([&] { return dao::DBEngine::OpenDatabase(path); }) : std::int16_t{0};
+    return stands(path) ? store::versionAt(path, {}) : std::int16_t{0};
 }
 
 void SetDatabaseVersion(const QString &path, int version)

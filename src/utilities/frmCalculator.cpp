@@ -6,7 +6,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/layout.h"
-#include "platform/controls/picturefile.h"
+#include "platform/desktop/picturefile.h"
 #include "session/ini.h"
 #include "utilities/conversions.h"
 
@@ -40,7 +40,7 @@ QColor backColour()
 
 QPixmap readPicture(const QString &file, double ratio)
 {
-    QPixmap picture = QPixmap::fromImage(controls::readPicture(file, pictureSize * ratio).image);
+    QPixmap picture = QPixmap::fromImage(desktop::readPicture(file, pictureSize * ratio).image);
     picture.setDevicePixelRatio(ratio);
     return picture;
 }

@@ -209,9 +209,11 @@ TEST_F(StartupTest, soundFile)
     const QString mine = folder.write(u"mine.wav"_s, "RIFF");
     loadSoundFile();
     EXPECT_EQ(state().settings.gSoundFile, wish);
-    writeIni("SoundFile=" + mine.toUtf8() + "\n");
-    loadSoundFile();
-    EXPECT_EQ(state().settings.gSoundFile, mine);
+    for (const QByteArray &kept : {mine.toUtf8(), QByteArray("\\mine.wav")}) {       // the second moves with the folder
+        writeIni("SoundFile=" + kept + "\n");
+        loadSoundFile();
+        EXPECT_EQ(state().settings.gSoundFile, mine);
+    }
     QFile::remove(mine);
     loadSoundFile();
     EXPECT_EQ(state().settings.gSoundFile, QString());

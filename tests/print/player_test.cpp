@@ -267,6 +267,9 @@ TEST_F(PlayerTest, PicturesAreNotScaledOnTheScreen)
         EXPECT_TRUE(isDark(3030, 1530) && isDark(4470, 2970));
         EXPECT_FALSE(isDark(2970, 1530) || isDark(4530, 2970));
     });
+    // A drawing takes time and memory without limit, whatever its file is called.
+    m_folder.write(u"dark.png"_s, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect width='9' height='9'/></svg>");
+    EXPECT_EQ(errorOf([&] { play(u"SCREEN"_s); }), 481);
     QFile::remove(file);
     writeScript({u"PAINTPICTURE ["_s + file + u"](3000)<1500>"_s});
     EXPECT_EQ(errorOf([&] { play(u"SCREEN"_s); }), 53);

@@ -131,6 +131,15 @@ TEST_F(PassesTest, purgeTakesTickedRowsAfterTheDaysAreOver)
                       QString::fromLatin1(wanted.left) + u" unticked"_s) << qPrintable(table);
         }
     }
+
+    // A file from elsewhere may hold a count beyond any number of days: for ever, not an overflow into the past.
+    state().settings.gDeleteAfterDays = 0;
+    execute(u"DROP TABLE [Setup]"_s);
+    execute(u"CREATE TABLE [Setup] ([DeleteAfterDays] DOUBLE)"_s);
+    execute(u"INSERT INTO [Setup] ([DeleteAfterDays]) VALUES (3000000000)"_s);
+    execute(u"INSERT INTO [Bills] ([Bill], [Date], [Delete]) VALUES ('kept', #01/01/2020#, -1)"_s);
+    PurgeExpiredRows();
+    EXPECT_TRUE(rows(u"SELECT [Bill] FROM [Bills]"_s).contains(u"kept"_s));
 }
 
 TEST_F(PassesTest, anOlderFilesTimesAreCarriedOver)

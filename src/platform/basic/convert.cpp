@@ -120,6 +120,24 @@ Currency CCur(const Value &v)
     return Currency::fromDouble(numberOf(v));
 }
 
+namespace {
+
+template <class T>
+std::optional<T> tried(T (*convert)(const Value &), const Value &v)
+{
+    try {
+        return convert(v);
+    } catch (const BasicError &) {
+        return std::nullopt;
+    }
+}
+
+}
+
+std::optional<double> tryDouble(const Value &v) { return tried(CDbl, v); }
+std::optional<Currency> tryCurrency(const Value &v) { return tried(CCur, v); }
+std::optional<DateTime> tryDate(const Value &v) { return tried(CDate, v); }
+
 DateTime CDate(const Value &v)
 {
     if (const DateTime *date = v.tryGet<DateTime>())

@@ -18,6 +18,10 @@ float CSng(const Value &v);
 double CDbl(const Value &v);
 Currency CCur(const Value &v);
 DateTime CDate(const Value &v);
+// Questions that do not throw: nullopt where the conversion above would.
+std::optional<double> tryDouble(const Value &v);
+std::optional<Currency> tryCurrency(const Value &v);
+std::optional<DateTime> tryDate(const Value &v);
 QString CStr(const Value &v);           // Null: 94. Doubles with up to 15 significant digits, singles with 7
 bool IsDate(const Value &v);
 // A text as a date under other settings than the machine's; nullopt if it is not a date.

@@ -159,6 +159,15 @@ DateTime DateAdd(QStringView interval, double number, DateTime date)
     return addSeconds(moment, count);
 }
 
+std::optional<DateTime> tryDateAdd(QStringView interval, double number, DateTime date)
+{
+    try {
+        return DateAdd(interval, number, date);
+    } catch (const BasicError &) {
+        return std::nullopt;
+    }
+}
+
 int DateDiff(QStringView interval, DateTime date1, DateTime date2, int firstDayOfWeek, int)
 {
     const int first = checkedFirstDay(firstDayOfWeek);

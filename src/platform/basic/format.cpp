@@ -1,6 +1,7 @@
 #include "platform/basic/format.h"
 
 #include "platform/basic/calendar.h"
+#include "platform/basic/error.h"
 #include "platform/basic/formatting.h"
 
 namespace vorel::basic {
@@ -160,6 +161,15 @@ QString Format(const Value &value, QStringView pattern)
     if (kind == Kind::Date || (kind == Kind::Plain && value.isDate()))
         return formatDate(value, pattern);
     return formatAsNumber(value, kind, pattern);
+}
+
+QString formatOr(const Value &value, QStringView pattern)
+{
+    try {
+        return Format(value, pattern);
+    } catch (const BasicError &) {
+        return value.text();
+    }
 }
 
 }

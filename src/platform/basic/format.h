@@ -8,5 +8,7 @@ namespace vorel::basic {
 // blank; a text value is read as a number or a date where the pattern asks for one, otherwise returned unchanged;
 // Null gives "". Month and day names are English whatever the regional settings.
 QString Format(const Value &value, QStringView pattern = {});
+// The same, and the plain text where the value does not suit the pattern.
+QString formatOr(const Value &value, QStringView pattern);
 
 }

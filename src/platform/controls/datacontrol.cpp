@@ -8,6 +8,16 @@
 
 namespace vorel::controls {
 
+namespace {
+
+DataControl::Opener &opener()
+{
+    static DataControl::Opener installed;
+    return installed;
+}
+
+}
+
 std::pair<dev_t, ino_t> identityOf(const QString &path)
 {
     struct stat s {};
@@ -58,6 +68,20 @@ void DataControl::Private::fillAll(bool hasRow)
     noteDirty();
 }
 
+int DataControl::Private::tryFill(const std::function<void()> &step)
+{
+    // The row that was filled before it is still there to be written or moved from, which reports what is wrong.
+    return basic::IgnoreErrors([&] {
+        try {
+            step();
+        } catch (const dao::EngineError &e) {
+            if (e.number() == dao::err::Damaged)
+                q->reportLater(e.number(), e.text());
+            throw;
+        }
+    });
+}
+
 void DataControl::Private::noteDirty()
 {
     if (const bool now = isDirty(); now != std::exchange(dirty, now))
@@ -84,6 +108,7 @@ void DataControl::Private::limit(const Binding &binding) const
 void DataControl::Private::showNeighbour()
 {
     const qsizetype position = rows.hasCurrentRow() ? rows.AbsolutePosition() : 0;
+    // The failure that led here is what the user reads; where not even the query answers there are no rows to show.
     const int failed = basic::IgnoreErrors([&] {
         rows.Requery();
         const qsizetype last = rows.rowTotal() - 1;
@@ -115,13 +140,14 @@ void DataControl::Private::openDatabase(dao::Database &opened) const
     if (database && path == openPath && connect == openConnect && identityOf(path) == openFile)
         opened = database;
     else
-        opened = dao::DBEngine::OpenDatabase(path, false, false, connect);
+        opened = opener() ? opener()(path, connect) : dao::DBEngine::OpenDatabase(path, false, false, connect);
 }
 
 void DataControl::Private::take(const dao::Recordset &recordset)
 {
     rows = recordset;
     shown = {};
+    hasReported = false;
     for (const Binding &binding : bindings)
         limit(binding);
     const QPointer<DataControl> alive(q);
@@ -150,7 +176,7 @@ bool DataControl::Private::move(const std::function<bool()> &step)
     } catch (const basic::Error &e) {
         const Failure failure {e.number(), e.text()};
         rows.tryBookmark(here);
-        if (e.number() == errDeleted)
+        if (e.number() == dao::err::RecordDeleted)
             showNeighbour();
         if (alive)
             report(failure);
@@ -163,6 +189,17 @@ bool DataControl::Private::move(const std::function<bool()> &step)
 DataControl::DataControl(QObject *parent) : QObject(parent), d(std::make_unique<Private>(this)) {}
 
 DataControl::~DataControl() = default;
+
+void DataControl::setOpener(Opener installed)
+{
+    opener() = std::move(installed);
+}
+
+void DataControl::reportLater(int number, const QString &text)
+{
+    if (!std::exchange(d->hasReported, true))
+        QMetaObject::invokeMethod(this, [this, number, text] { d->report({number, text}); }, Qt::QueuedConnection);
+}
 
 void DataControl::setDatabaseName(const QString &path)
 {
@@ -253,16 +290,8 @@ bool DataControl::hasRows() const
 
 void DataControl::Close()
 {
-    basic::IgnoreErrors([&] {
-        if (d->rows)
-            d->rows.Close();
-    });
-    basic::IgnoreErrors([&] {
-        if (d->database)
-            d->database.Close();
-    });
-    d->rows = {};
-    d->database = {};
+    d->rows.letGo();
+    d->database.letGo();
     d->shown = {};
     emit RowsChanged();
 }
@@ -276,7 +305,7 @@ void DataControl::bind(QWidget *widget, const QString &field, BindOptions option
     d->limit(added);
     if (former == 0)
         adapter::onChange(*widget, this, [this, widget] { d->noteChange(widget); });
-    if (!d->shown.isValid() || basic::IgnoreErrors([&] { d->fill(added, true); }) != 0)
+    if (!d->shown.isValid() || d->tryFill([&] { d->fill(added, true); }) != 0)
         added.shown = adapter::content(*widget);
 }
 
@@ -297,8 +326,8 @@ void DataControl::showRow()
     }
     d->shown = row;
     d->refused = false;
-    const int failed = basic::IgnoreErrors([&] { d->fillAll(row.isValid()); });
-    if (failed == errDeleted && !d->dropping) {     // deleted elsewhere: the next row takes its place
+    const int failed = d->tryFill([&] { d->fillAll(row.isValid()); });
+    if (failed == dao::err::RecordDeleted && !d->dropping) {     // deleted elsewhere: the next row takes its place
         d->dropping = true;
         d->showNeighbour();
         d->dropping = false;
@@ -319,7 +348,7 @@ bool DataControl::isDirty() const
 void DataControl::revert()
 {
     d->writers.undo();
-    basic::IgnoreErrors([&] { d->fillAll(d->shown.isValid()); });
+    d->tryFill([&] { d->fillAll(d->shown.isValid()); });
 }
 
 void DataControl::contentChanged(const QWidget *widget)

@@ -26,6 +26,10 @@ public:
     explicit DataControl(QObject *parent = nullptr);
     ~DataControl() override;
 
+    // How all data controls open a file; DBEngine::OpenDatabase unless set. For a program that repairs what does not open.
+    using Opener = std::function<dao::Database(const QString &path, const QString &connect)>;
+    static void setOpener(Opener opener);
+
     void setDatabaseName(const QString &path);          // "" = no rows after the next Refresh
     const QString &DatabaseName() const;
     void setConnect(const QString &connect);            // "Access", ";pwd=..."
@@ -70,6 +74,8 @@ public:
     void revert();                                      // back to the stored values
     void contentChanged(const QWidget *widget);         // by code, where the widget has no signal for it (a label)
     bool isFilling() const;                             // a row's values are being put into the widgets
+    // From where no box may come up, painting for one: Error once the event loop is reached again, once for a recordset.
+    void reportLater(int number, const QString &text);
     QWidget *refusedWidget() const;                     // whose content the last write refused; nullptr = no single one
     void takeAsShown(QWidget *widget);                  // what code puts into the widget while showing the row does not make it dirty
 

@@ -9,8 +9,6 @@
 // What the data control keeps to itself, shared by the files that it is made of.
 namespace vorel::controls {
 
-constexpr int errNoCurrentRecord = 3021, errDeleted = 3167, errZeroLength = 3315;
-
 struct Binding {
     QPointer<QWidget> widget;
     QString field;
@@ -41,6 +39,7 @@ struct DataControl::Private {
     bool dirty = false;                     // as DirtyChanged said last
     bool validating = false;
     bool dropping = false;
+    bool hasReported = false;               // reportLater, of these rows
     bool movesAsk = false;
     bool refused = false;                   // the last attempt to leave this row could not save it
 
@@ -54,6 +53,8 @@ struct DataControl::Private {
     bool isDirty() const;
     void fill(Binding &binding, bool hasRow);
     void fillAll(bool hasRow);
+    // A row that cannot be read shows nothing. Returns the error's number, 0 for none; damage is reported.
+    int tryFill(const std::function<void()> &step);
     void noteDirty();
     // One changed widget makes the row dirty; whether it is clean again only all of them can say.
     void noteChange(const QWidget *widget);

@@ -12,7 +12,7 @@ namespace {
 
 bool isRowGone(int number)
 {
-    return number == errDeleted || number == errNoCurrentRecord;
+    return number == dao::err::RecordDeleted || number == dao::err::NoCurrentRecord;
 }
 
 QString captionOf(const Binding &binding)
@@ -38,7 +38,7 @@ void DataControl::Private::set(const QString &field, const dao::Value &value)
     try {
         rows.Set(field, value);
     } catch (const basic::Error &e) {
-        if (e.number() != errZeroLength)
+        if (e.number() != dao::err::ZeroLengthText)
             throw;
         rows.Set(field, dao::Value());
     }
@@ -67,7 +67,7 @@ void DataControl::Private::writeFields()
             continue;
         const dao::RecordsetField *field = findField(rows, binding.field);
         if (!field)
-            throw dao::EngineError(3265);
+            throw dao::EngineError(dao::err::ItemNotFound);
         writeField(binding, *field);
     }
     rows.Update();
@@ -97,10 +97,7 @@ DataControl::Private::Written DataControl::Private::write(Failure *failure)
         return Written::Done;
     } catch (const basic::Error &e) {
         *failure = {e.number(), e.text()};
-        basic::IgnoreErrors([&] {
-            if (rows.editPending())
-                rows.CancelUpdate();
-        });
+        rows.dropPending();
         // Deleted through this very recordset, as requested: nothing to report.
         if (isRowGone(e.number()) && here != shown)
             failure->number = 0;
@@ -208,8 +205,7 @@ bool DataControl::UpdateRecord(const std::function<void()> &also)
         all.Commit();
         return true;
     } catch (const basic::Error &e) {
-        if (d->rows.editPending())
-            d->rows.CancelUpdate();
+        d->rows.dropPending();
         dao::DBEngine::Idle(dao::dbRefreshCache);
         d->restore(typed);
         d->report({e.number(), e.text()});

@@ -11,8 +11,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int errDuplicate = 3022;
-constexpr int errZeroLength = 3315;
 
 // An empty text goes in as it is where the design takes it, else as Null.
 void setField(dao::Recordset &rows, const QString &field, dao::DataType type, bool isCheck, const dao::Value &value)
@@ -29,7 +27,7 @@ void setField(dao::Recordset &rows, const QString &field, dao::DataType type, bo
         try {
             rows.Set(field, text);
         } catch (const basic::Error &e) {
-            if (e.number() != errZeroLength)
+            if (e.number() != dao::err::ZeroLengthText)
                 throw;
             rows.Set(field, dao::Value());
         }
@@ -144,13 +142,10 @@ bool Grid::Private::writeDraft(const RowUpdate &update, UpdateFailure *failure)
             rows.setBookmark(here);
         return true;
     } catch (const basic::Error &e) {
-        failure->number = e.number() == errDuplicate ? duplicateRowError : e.number();
+        failure->number = e.number() == dao::err::DuplicateValue ? duplicateRowError : e.number();
         failure->text = e.text();
     }
-    basic::IgnoreErrors([&] {
-        if (rows.editPending())
-            rows.CancelUpdate();
-    });
+    rows.dropPending();
     return false;
 }
 

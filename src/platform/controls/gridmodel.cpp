@@ -29,26 +29,19 @@ int fieldColumn(const dao::Recordset &rows, const QString &name)
 // The value that a typed text means in a field; a text without a meaning stays a text.
 dao::Value typed(const QString &text, dao::DataType type)
 {
-    dao::Value made = text;
-    basic::IgnoreErrors([&] {
-        if (type == dao::dbDate && basic::IsDate(text))
-            made = basic::CDate(text);
-        else if (type == dao::dbBoolean)
-            made = text == u"-1";
-        else if (type == dao::dbCurrency && basic::IsNumeric(text))
-            made = basic::CCur(text);
-        else if (type != dao::dbText && type != dao::dbMemo && type != dao::dbDate && basic::IsNumeric(text))
-            made = basic::CDbl(text);
-    });
-    return made;
+    const auto valueOr = [&](const auto &converted) { return converted ? dao::Value(*converted) : dao::Value(text); };
+    if (type == dao::dbDate)
+        return basic::IsDate(text) ? valueOr(basic::tryDate(text)) : dao::Value(text);
+    if (type == dao::dbBoolean)
+        return text == u"-1";
+    if (type == dao::dbText || type == dao::dbMemo || !basic::IsNumeric(text))
+        return text;
+    return type == dao::dbCurrency ? valueOr(basic::tryCurrency(text)) : valueOr(basic::tryDouble(text));
 }
 
 QString formatted(const dao::Value &value, const QString &pattern)
 {
-    QString text;
-    if (pattern.isEmpty() || basic::IgnoreErrors([&] { text = basic::Format(value, pattern); }) != 0)
-        text = value.text();
-    return text;
+    return pattern.isEmpty() ? value.text() : basic::formatOr(value, pattern);
 }
 
 }
@@ -114,13 +107,10 @@ bool GridModel::canChange(qsizetype row, int column) const
 
 dao::DataType GridModel::fieldType(int column) const
 {
-    dao::DataType type = dao::dbText;
     const int field = m_fields[static_cast<std::size_t>(column)];
-    basic::IgnoreErrors([&] {
-        if (field >= 0 && m_data)
-            type = m_data->Recordset().Fields()[static_cast<std::size_t>(field)].Type;
-    });
-    return type;
+    if (field < 0 || !m_data || !m_data->Recordset().isOpen())
+        return dao::dbText;
+    return m_data->Recordset().Fields()[static_cast<std::size_t>(field)].Type;
 }
 
 const dao::Value *GridModel::drafted(qsizetype row, int column) const
@@ -189,18 +179,14 @@ qsizetype GridModel::countRows() const
     self.m_fields.assign(m_columns.size(), -1);
     self.m_isUpdatable = false;
     self.m_hasNewLine = m_allowAddNew;
-    qsizetype total = 0;
-    basic::IgnoreErrors([&] {
-        if (!m_data || !m_data->Recordset())
-            return;
-        const dao::Recordset &rows = m_data->Recordset();
-        self.m_isUpdatable = rows.Updatable();
-        self.m_hasNewLine = m_allowAddNew && rows.Updatable();
-        for (std::size_t i = 0; i < m_columns.size(); ++i)
-            self.m_fields[i] = fieldColumn(rows, m_columns[i].field);
-        total = std::min<qsizetype>(rows.rowTotal(), std::numeric_limits<int>::max() - 1);
-    });
-    return total;
+    if (!m_data || !m_data->Recordset().isOpen())
+        return 0;
+    const dao::Recordset &rows = m_data->Recordset();
+    self.m_isUpdatable = rows.Updatable();
+    self.m_hasNewLine = m_allowAddNew && rows.Updatable();
+    for (std::size_t i = 0; i < m_columns.size(); ++i)
+        self.m_fields[i] = fieldColumn(rows, m_columns[i].field);
+    return std::min<qsizetype>(rows.rowTotal(), std::numeric_limits<int>::max() - 1);
 }
 
 bool GridModel::isOutdated() const
@@ -224,7 +210,12 @@ dao::Value GridModel::value(qsizetype row, int column) const
         return found;
     const int field = m_fields[static_cast<std::size_t>(column)];
     if (field >= 0)
-        basic::IgnoreErrors([&] { found = m_data->Recordset().cell(row, field); });
+        try {
+            found = m_data->Recordset().cell(row, field);
+        } catch (const dao::EngineError &e) {       // painting has no place for a message
+            if (e.number() == dao::err::Damaged)
+                m_data->reportLater(e.number(), e.text());
+        }
     return found;
 }
 

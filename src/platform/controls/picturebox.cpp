@@ -1,6 +1,6 @@
 #include "platform/controls/picturebox.h"
 
-#include "platform/controls/picturefile.h"
+#include "platform/desktop/picturefile.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
@@ -74,15 +74,15 @@ void PictureBox::decode()
     const quint64 token = ++*d->wanted;
     d->decoding = true;
     const QSize bounds = (size() * devicePixelRatioF()).expandedTo(usualBounds);
-    const PictureFile file = inspectPicture(d->path);
+    const desktop::PictureFile file = desktop::inspectPicture(d->path);
     if (!file.large) {
-        const Picture picture = file.size.isValid() ? readPicture(d->path, bounds) : Picture();
+        const desktop::Picture picture = file.size.isValid() ? desktop::readPicture(d->path, bounds) : desktop::Picture();
         return take(token, picture.image, picture.size);
     }
     pool().start([token, bounds, path = d->path, wanted = d->wanted, box = QPointer(this)] {
         if (*wanted != token)
             return;
-        const Picture picture = readPicture(path, bounds);
+        const desktop::Picture picture = desktop::readPicture(path, bounds);
         // The box may go at any moment, so the result is handed over on its own thread and looked at there.
         QMetaObject::invokeMethod(QCoreApplication::instance(), [token, picture, box] {
             if (box)

@@ -6,7 +6,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int errTooLong = 3163, errConversion = 3421, errRequired = 3314, errMismatch = 13, errOverflow = 6;
+constexpr int errMismatch = 13, errOverflow = 6;
 
 QString kindOf(dao::DataType type)
 {
@@ -25,14 +25,14 @@ QString refusalText(const QString &caption, const QString &typed, const dao::Rec
 {
     const QString start = caption + u": "_s;
     switch (error.number()) {
-    case errTooLong:
+    case dao::err::TooLong:
         return start + u"too long, %1 of %2"_s.arg(value.text().size()).arg(field.Size);
-    case errConversion:
+    case dao::err::Conversion:
     case errMismatch:
         return start + u"\"%1\" is not %2"_s.arg(typed, kindOf(field.Type));
     case errOverflow:
         return start + u"\"%1\" is too large"_s.arg(typed);
-    case errRequired:
+    case dao::err::ValueRequired:
         return start + u"must be filled in"_s;
     default:
         return start + error.text();

@@ -126,6 +126,9 @@ public:
     bool tryBookmark(dao::Bookmark mark);                       // makes it the current row; where it cannot, that stays
     Value valueOr(QStringView name, const Value &otherwise) const;
     bool hasCurrentRow() const;
+    void dropPending();                                         // as CancelUpdate where a row is pending
+    void letGo();                                               // as Close where it is open
+    bool isOpen() const;
 
     // For grids: rows by position without moving the current row; a closed recordset has none. rowTotal costs nothing
     // beyond the keys.
@@ -162,6 +165,7 @@ public:
     explicit operator bool() const { return d != nullptr; }
     QString Name() const;                                       // its path
     void Close();
+    void letGo();                                               // as Close where it is open
 
     Recordset OpenRecordset(const QString &source, RecordsetType type = dbOpenDynaset);
     Recordset CreateSnapshot(const QString &sql) { return OpenRecordset(sql, dbOpenSnapshot); }
@@ -245,6 +249,10 @@ void CompactDatabase(const QString &source, const QString &destination, const QS
 // wrong password, 3356 another program uses it, 3045 this one does, 3051 no permission, 3026 disk full.
 RepairReport RepairDatabase(const QString &path, const QString &connect = {}, const std::vector<TableDef> &wanted = {});
 void Idle(int what = dbRefreshCache);                           // rows of other handles are seen from here on
+
+// What error 3049 says of a file that turns out to be damaged, in place of the engine's text; "" keeps that one. Asked each
+// time, so it may note the file.
+void setDamageText(std::function<QString(const QString &path)> textOf);
 
 // Lets go of what is kept of a file between its uses (its connection, the key of a protected one). Nobody needs to call it
 // before a file is deleted or replaced: a file that took the place of another is noticed at the next opening.

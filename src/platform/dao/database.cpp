@@ -55,6 +55,13 @@ void Database::Close()
     d.reset();
 }
 
+void Database::letGo()
+{
+    if (d && d->isOpen())
+        d->close();
+    d.reset();
+}
+
 Recordset Database::OpenRecordset(const QString &source, RecordsetType type)
 {
     opened(d);

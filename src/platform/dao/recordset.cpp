@@ -177,11 +177,25 @@ bool Recordset::tryBookmark(dao::Bookmark mark)
     return true;
 }
 
-bool Recordset::hasCurrentRow() const { return isOpen(d) && d->hasCurrent(); }
+void Recordset::dropPending()
+{
+    if (isOpen())
+        d->discard();
+}
+
+void Recordset::letGo()
+{
+    if (isOpen())
+        d->isClosed = true;
+    d.reset();
+}
+
+bool Recordset::isOpen() const { return dao::isOpen(d); }
+bool Recordset::hasCurrentRow() const { return isOpen() && d->hasCurrent(); }
 
 Value Recordset::valueOr(QStringView name, const Value &otherwise) const
 {
-    const bool pending = isOpen(d) && d->buffer.mode != CopyBuffer::Mode::None;
+    const bool pending = isOpen() && d->buffer.mode != CopyBuffer::Mode::None;
     if (!pending && !hasCurrentRow())
         return otherwise;
     try {
@@ -191,11 +205,11 @@ Value Recordset::valueOr(QStringView name, const Value &otherwise) const
     }
 }
 
-qsizetype Recordset::rowTotal() const { return isOpen(d) ? d->rows() : 0; }
+qsizetype Recordset::rowTotal() const { return isOpen() ? d->rows() : 0; }
 
 Value Recordset::cell(qsizetype row, int column) const
 {
-    if (!isOpen(d))
+    if (!isOpen())
         return {};
     RecordsetPrivate &p = *d;
     if (row < 0 || row >= p.rows() || column < 0 || static_cast<size_t>(column) >= p.fields.size())
@@ -206,12 +220,12 @@ Value Recordset::cell(qsizetype row, int column) const
 
 dao::Bookmark Recordset::bookmarkAt(qsizetype row) const
 {
-    return isOpen(d) && row >= 0 && row < d->rows() ? dao::Bookmark(d->keyAt(row)) : dao::Bookmark();
+    return isOpen() && row >= 0 && row < d->rows() ? dao::Bookmark(d->keyAt(row)) : dao::Bookmark();
 }
 
 qsizetype Recordset::positionOf(dao::Bookmark mark) const
 {
-    return isOpen(d) && mark.isValid() ? d->positionOfKey(mark.key()) : -1;
+    return isOpen() && mark.isValid() ? d->positionOfKey(mark.key()) : -1;
 }
 
 NewRow::NewRow(Recordset &rows) : m_rows(rows)
@@ -221,8 +235,8 @@ NewRow::NewRow(Recordset &rows) : m_rows(rows)
 
 NewRow::~NewRow()
 {
-    if (m_pending && isOpen(m_rows.d))
-        m_rows.d->discard();
+    if (m_pending)
+        m_rows.dropPending();
 }
 
 NewRow &NewRow::set(QStringView name, const Value &value)

@@ -1,5 +1,6 @@
 #include "platform/dao/sqlite.h"
 
+#include "platform/dao/dao.h"
 #include "platform/dao/jet/translator.h"
 
 #include <QDir>
@@ -33,11 +34,30 @@ QString failedName(const QString &text)
     throw EngineError(err::ValidationRule, name);
 }
 
+std::function<QString(const QString &)> &damageText()
+{
+    static std::function<QString(const QString &)> installed;
+    return installed;
+}
+
+[[noreturn]] void throwDamaged(const QString &path)
+{
+    const QString text = damageText() ? damageText()(path) : QString();
+    if (!text.isEmpty())
+        throw EngineError(err::Damaged, text, nullptr);
+    throw EngineError(err::Damaged, QDir::toNativeSeparators(path));
+}
+
 bool outOfSpace(int systemError)
 {
     return systemError == ENOSPC || systemError == EFBIG || systemError == EDQUOT;
 }
 
+}
+
+void DBEngine::setDamageText(std::function<QString(const QString &)> textOf)
+{
+    damageText() = std::move(textOf);
 }
 
 void throwStoreError(int code, const QString &text, const QString &path, int systemError)
@@ -58,7 +78,7 @@ void throwStoreError(int code, const QString &text, const QString &path, int sys
     case SQLITE_IOERR:
         throw EngineError(outOfSpace(systemError) ? err::DiskFull : err::DiskError);
     case SQLITE_CORRUPT:
-        throw EngineError(err::Damaged, name);
+        throwDamaged(path);
     case SQLITE_NOTADB:
         throw EngineError(err::UnknownFormat, name);
     case SQLITE_CANTOPEN:

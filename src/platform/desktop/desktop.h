@@ -19,6 +19,7 @@ bool claimSingleInstance();
 // What the run before this one left with releaseSingleInstance; runningNote if it was broken off, by a kill or a power loss;
 // empty if nothing is known of it.
 QByteArray lastRunNote();
+bool holdsInstance();           // whether this program has the claim, and so can leave a note
 inline const QByteArray runningNote = QByteArrayLiteral("running\n");
 void releaseSingleInstance(const QByteArray &note = {});
 

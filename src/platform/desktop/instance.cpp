@@ -41,6 +41,11 @@ bool claimSingleInstance()
     return true;
 }
 
+bool holdsInstance()
+{
+    return claim().lock && claim().lock->isHeld();
+}
+
 QByteArray lastRunNote()
 {
     return claim().note;

@@ -42,7 +42,7 @@ std::shared_ptr<Hardware> findHardware(const QString &name)
 {
     std::shared_ptr<Hardware> found;
     if (machine().find)
-        basic::IgnoreErrors([&] { found = machine().find(name); });
+        found = machine().find(name);
     return found;
 }
 
@@ -165,7 +165,7 @@ QStringList printerNames()
 {
     QStringList names;
     if (machine().names)
-        basic::IgnoreErrors([&] { names = machine().names(); });
+        names = machine().names();
     return names;
 }
 

@@ -9,7 +9,6 @@ SectionDesign passwords()
         .name = u"Passwords"_s,
         .code = u"W"_s,
         .file = DataFile::DataP,
-        .missingFile = MissingFile::MainFile,
         .isGuarded = true,
         .list = ListDesign{
             .title = u"PASSWORDS"_s,

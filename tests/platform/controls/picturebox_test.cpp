@@ -1,5 +1,5 @@
 #include "platform/controls/picturebox.h"
-#include "platform/controls/picturefile.h"
+#include "platform/desktop/picturefile.h"
 #include "support/testfolder.h"
 
 #include <QImage>
@@ -109,10 +109,10 @@ TEST_F(Pictures, FormatsDamageAndSizes)
         EXPECT_EQ(box.pictureSize(), one.size) << qPrintable(one.name);
     }
     folder.write(u"tall.gif"_s, gifOfScreen(500, 60000));
-    const controls::Picture tall = controls::readPicture(folder.path(u"tall.gif"_s), {640, 480});
+    const desktop::Picture tall = desktop::readPicture(folder.path(u"tall.gif"_s), {640, 480});
     EXPECT_EQ(tall.size, QSize(500, 60000)) << "the screen's, not the frame's";
     EXPECT_EQ(tall.image.size(), QSize(4, 480));
-    const QImage upright = controls::readPicture(folder.path(u"turned.jpg"_s), {100, 100}).image;
+    const QImage upright = desktop::readPicture(folder.path(u"turned.jpg"_s), {100, 100}).image;
     EXPECT_EQ(upright.height(), 100);
     EXPECT_NEAR(upright.width(), 67, 1);
     EXPECT_TRUE(isRed(upright.pixelColor(33, 10))) << "the left side is the top now";
@@ -171,11 +171,11 @@ TEST_F(Pictures, TwoHundredMegapixelsNeitherFreezeNorFill)
     QByteArray progressive = claimed;
     progressive[frame + 1] = '\xC2';
     folder.write(u"progressive.jpg"_s, progressive);
-    EXPECT_TRUE(controls::inspectPicture(folder.path(u"claimed.jpg"_s)).large);
-    const controls::Picture read = controls::readPicture(folder.path(u"claimed.jpg"_s), {1280, 1024});
+    EXPECT_TRUE(desktop::inspectPicture(folder.path(u"claimed.jpg"_s)).large);
+    const desktop::Picture read = desktop::readPicture(folder.path(u"claimed.jpg"_s), {1280, 1024});
     EXPECT_LE(read.image.width(), 1280);
     EXPECT_LE(read.image.height(), 1024);
-    EXPECT_FALSE(controls::inspectPicture(folder.path(u"progressive.jpg"_s)).size.isValid()) << "would be held whole";
+    EXPECT_FALSE(desktop::inspectPicture(folder.path(u"progressive.jpg"_s)).size.isValid()) << "would be held whole";
     folder.write(u"huge.bmp"_s, bmpHead(20000, 10000));
-    EXPECT_FALSE(controls::inspectPicture(folder.path(u"huge.bmp"_s)).size.isValid());
+    EXPECT_FALSE(desktop::inspectPicture(folder.path(u"huge.bmp"_s)).size.isValid());
 }

@@ -4,7 +4,7 @@
 #include <QString>
 
 // Picture files, read so that neither their size nor their damage can hurt the program. Any thread.
-namespace vorel::controls {
+namespace vorel::desktop {
 
 struct PictureFile {
     QSize size;             // pixels as stored; invalid: no picture, or one that is too large to be read

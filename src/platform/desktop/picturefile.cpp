@@ -1,4 +1,4 @@
-#include "platform/controls/picturefile.h"
+#include "platform/desktop/picturefile.h"
 
 #include "platform/basic/files.h"
 
@@ -6,7 +6,7 @@
 #include <QFileInfo>
 #include <QImageReader>
 
-namespace vorel::controls {
+namespace vorel::desktop {
 
 namespace {
 
