@@ -172,7 +172,7 @@ void loadDataPaths()
         QString path = basic::realPath(kept);
         if (path.isEmpty() || !stands(path))
             path = programFile(entry.defaultName);
-        if (basic::keptPath(path) != kept)
+        if (basic::keptPath(path).compare(kept, Qt::CaseInsensitive) != 0)
             PutIniValue(iniSettings, entry.key, basic::keptPath(path));
         state().path(entry.file) = basic::realPath(path);
     }

@@ -86,7 +86,7 @@ TEST_F(StartupTest, pathsThatLeadNowhereAreForgotten)
     EXPECT_EQ(s.path(DataFile::Movies), folder.path(u"MOVIES.MDB"_s));     // a folder is not a file
     EXPECT_EQ(GetIniValue(iniSettings, u"DataPath"_s, {}), u"\\VOREL.MDB"_s);
     EXPECT_EQ(GetIniValue(iniSettings, u"ContactsDBPath"_s, {}), u"\\CONTACTS.MDB"_s);
-    EXPECT_EQ(GetIniValue(iniSettings, u"GardenDBPath"_s, {}), u"\\elsewhere\\mine.mdb"_s);
+    EXPECT_EQ(GetIniValue(iniSettings, u"GardenDBPath"_s, {}), u"\\Elsewhere\\Mine.MDB"_s);
     EXPECT_EQ(GetIniValue(iniSettings, u"UserName"_s, {}), u"Ann"_s);
 }
 

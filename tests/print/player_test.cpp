@@ -269,6 +269,7 @@ TEST_F(PlayerTest, PicturesAreNotScaledOnTheScreen)
     });
     // A drawing takes time and memory without limit, whatever its file is called.
     m_folder.write(u"dark.png"_s, "<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><rect width='9' height='9'/></svg>");
+    writeScript({u"PAINTPICTURE ["_s + file + u"](3000)<1500>"_s});
     EXPECT_EQ(errorOf([&] { play(u"SCREEN"_s); }), 481);
     QFile::remove(file);
     writeScript({u"PAINTPICTURE ["_s + file + u"](3000)<1500>"_s});
