@@ -100,7 +100,7 @@ TEST_F(Layout, PictureAndFontColourOfTheScreen)
     m_prompts.expectFile({}, file);
     click(u"cmdBackground"_s);
     EXPECT_TRUE(page->hasPicture());
-    EXPECT_EQ(stored(u"SetupPicture"_s), file);
+    EXPECT_EQ(stored(u"SetupPicture"_s), u"\\behind.png"_s) << "moves with the folder";
     m_prompts.expectFile({}, std::nullopt);
     click(u"cmdBackground"_s);
     EXPECT_TRUE(page->hasPicture());
