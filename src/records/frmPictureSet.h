@@ -29,6 +29,7 @@ public:
     bool save();                                        // false: refused, and the reason was shown
     void undo();                                        // back to the stored set
     bool isChanged() const { return m_changed; }
+    void retake() { m_changed = true; }                 // its save was taken back by the store
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;

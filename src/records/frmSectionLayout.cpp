@@ -255,7 +255,7 @@ void frmSection::createChildren()
     m_pictures = new PictureSetView(m_design.letter, m_design.otherChooser, on);
     on->column()->addWidget(m_pictures, 1);
     dtaData().addRowWriter(m_pictures, [this] { return m_pictures->save(); }, [this] { m_pictures->undo(); },
-                           [this] { return m_pictures->isChanged(); });
+                           [this] { return m_pictures->isChanged(); }, [this] { m_pictures->retake(); });
 }
 
 void frmSection::composeScreen()

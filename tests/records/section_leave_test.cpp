@@ -1,6 +1,7 @@
 #include "records/sectionscreen.h"
 
 #include "platform/controls/grid.h"
+#include "support/fulldisk.h"
 
 #include <QApplication>
 #include <QFile>
@@ -130,6 +131,37 @@ TEST_F(Leave, AnApostropheInACategoryCostsItsGroupAlone)
     EXPECT_EQ(read(DataFile::Books, u"select [ID] from [BOOKS]"_s).size(), 2);
 }
 
+void typeTrack(controls::Grid *grid, const QString &words)
+{
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);        // the editor before this one
+    grid->EditNewRow();
+    auto *editor = grid->viewport()->findChild<QLineEdit *>();
+    ASSERT_TRUE(editor);
+    QTest::keyClicks(editor, words);
+}
+
+// The disk has no room for the row and its track together: neither is stored, and both are still typed.
+TEST_F(Leave, AFullDiskLeavesTheRowAndItsTrackUnsaved)
+{
+    run(DataFile::Music, {u"INSERT INTO [MUSIC] (TITLE,ARTIST) VALUES('Evenings','Willow')"_s});
+    openScreen<frmMusic>(u"U"_s);
+    auto *grid = at<controls::Grid>(u"grdTracks"_s);
+    bringUp(grid);
+    typeTrack(grid, u"Dew"_s);
+    type(u"txtComments"_s, QString(50'000, u'x'));
+    {
+        const test::FullDisk full(static_cast<rlim_t>(QFileInfo(state().path(DataFile::Music)).size()));
+        user.expect(u"Not enough space on disk."_s);
+        click(u"cmdUpdate"_s);
+    }
+    EXPECT_TRUE(user.isDone());
+    EXPECT_EQ(read(DataFile::Music, u"select [TRACK] from [TRACKS]"_s), QStringList());
+    EXPECT_TRUE(grid->isRowChanged() && form->isWindowModified());
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(read(DataFile::Music, u"select [ID],[TRACK] from [TRACKS]"_s), QStringList{u"1|Dew"_s});
+    EXPECT_EQ(read(DataFile::Music, u"select len([COMMENTS]) from [MUSIC]"_s), QStringList{u"50000"_s});
+}
+
 // A track that is being typed is part of its row.
 TEST_F(Leave, ATrackIsWrittenWithItsTitleAndCarriesItsKey)
 {
@@ -138,17 +170,10 @@ TEST_F(Leave, ATrackIsWrittenWithItsTitleAndCarriesItsKey)
     openScreen<frmMusic>(u"U"_s);
     auto *grid = at<controls::Grid>(u"grdTracks"_s);
     bringUp(grid);
-    const auto typeTrack = [grid](const QString &words) {
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);        // the editor before this one
-        grid->EditNewRow();
-        auto *editor = grid->viewport()->findChild<QLineEdit *>();
-        ASSERT_TRUE(editor);
-        QTest::keyClicks(editor, words);
-    };
-    typeTrack(u"By the bridge"_s);
+    typeTrack(grid, u"By the bridge"_s);
     clickNode(u"Mornings"_s);
     EXPECT_EQ(grid->rows(), 0);
-    typeTrack(u"Dew"_s);
+    typeTrack(grid, u"Dew"_s);
     click(u"cmdUpdate"_s);
     EXPECT_EQ(read(DataFile::Music, u"select [ID],[TRACK] from [TRACKS]"_s), (QStringList{u"1|By the bridge"_s, u"2|Dew"_s}));
     EXPECT_EQ(text(u"txtTitle"_s), u"Mornings"_s);

@@ -232,9 +232,9 @@ void DataControl::setValidate(std::function<bool(bool changed)> validate)
 }
 
 void DataControl::addRowWriter(QObject *owner, std::function<bool()> writer, std::function<void()> undo,
-                               std::function<bool()> changed)
+                               std::function<bool()> changed, std::function<void()> retake)
 {
-    d->writers.add(owner, std::move(writer), std::move(undo), std::move(changed));
+    d->writers.add(owner, std::move(writer), std::move(undo), std::move(changed), std::move(retake));
 }
 
 void DataControl::setMovesAsk(bool on)

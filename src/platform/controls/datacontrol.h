@@ -63,9 +63,10 @@ public:
     // For what collects changes of the current row itself (a grid): writes them, false if they were refused. Asked before
     // the row is written, and before Refresh and setRecordset; those stay where they are if it says no. revert runs `undo`,
     // which drops what the writer would write. With `changed`, which returns whether there is anything to write, the row and what the
-    // writers hold are stored in one transaction. Dropped with its owner; a second one of an owner replaces the first.
+    // writers hold are stored in one transaction; where that is taken back (a full disk), `retake` makes what was written
+    // unsaved typing again. Dropped with its owner; a second one of an owner replaces the first.
     void addRowWriter(QObject *owner, std::function<bool()> writer, std::function<void()> undo = {},
-                      std::function<bool()> changed = {});
+                      std::function<bool()> changed = {}, std::function<void()> retake = {});
     // Leaves the row without moving to another (a screen that closes): UpdateRecord. Where the same
     // typing is refused a second time, the user is asked whether it may be dropped. false: stay.
     bool Leave();

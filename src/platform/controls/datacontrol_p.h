@@ -40,6 +40,7 @@ struct DataControl::Private {
     bool validating = false;
     bool dropping = false;
     bool hasReported = false;               // reportLater, of these rows
+    bool inTransaction = false;             // of UpdateRecord with a step of the caller
     bool movesAsk = false;
     bool refused = false;                   // the last attempt to leave this row could not save it
 

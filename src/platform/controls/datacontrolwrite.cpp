@@ -118,6 +118,8 @@ bool DataControl::Private::writeAll(Written *result, Failure *failure)
     QStringList typed;
     for (const Binding &binding : bindings)
         typed += binding.shown;
+    if (!inTransaction)
+        writers.forgetWritten();
     try {
         dao::Transaction all(database);
         const QPointer<DataControl> alive(q);
@@ -132,6 +134,8 @@ bool DataControl::Private::writeAll(Written *result, Failure *failure)
         for (std::size_t i = 0; i < bindings.size(); ++i)   // nothing was stored: the typing is unsaved again
             bindings[i].shown = typed[static_cast<qsizetype>(i)];
         noteDirty();
+        if (!inTransaction)
+            writers.retake();
         *failure = {e.number(), e.text()};
         return false;
     }
@@ -197,20 +201,31 @@ bool DataControl::UpdateRecord(const std::function<void()> &also)
         if (binding.widget)
             typed.push_back({binding.widget, {adapter::content(*binding.widget), binding.shown}});
     }
+    const QPointer<DataControl> alive(this);
+    d->writers.forgetWritten();
     try {
         dao::Transaction all(d->database);
-        if (!UpdateRecord())
-            return false;
-        also();
-        all.Commit();
-        return true;
+        d->inTransaction = true;
+        const bool written = UpdateRecord();
+        if (alive)
+            d->inTransaction = false;
+        if (written) {
+            also();
+            all.Commit();
+            return true;
+        }
     } catch (const basic::Error &e) {
+        d->inTransaction = false;
         d->rows.dropPending();
         dao::DBEngine::Idle(dao::dbRefreshCache);
         d->restore(typed);
+        d->writers.retake();
         d->report({e.number(), e.text()});
         return false;
     }
+    if (alive)
+        d->writers.retake();
+    return false;
 }
 
 bool DataControl::Leave()

@@ -67,6 +67,7 @@ public:
     void EditNewRow();                                  // the new-row line's first cell
     bool UpdateRow();                                   // writes what was changed; false: refused, the typing is kept
     void UndoRow();
+    void RetakeRow();                                   // the row written last is unsaved again: the store took it back
     bool isRowChanged() const;
     // The row that is being changed, else the current one (-1: neither), and its cells as shown. setEditValue changes
     // one without the handlers of a cell, whether or not the column is open to typing.

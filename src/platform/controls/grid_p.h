@@ -46,6 +46,7 @@ struct Grid::Private {
     EditHandlers handlers;
     QPoint pressedAt;               // in the viewport
     qsizetype pressedRow = -1;      // the row that was current before the press
+    RowDraft lastWritten;           // for RetakeRow
     bool writing = false;
     bool movingAway = false;        // the current cell is changing: its editor closes for that reason alone
 

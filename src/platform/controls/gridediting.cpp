@@ -165,6 +165,7 @@ bool Grid::Private::write()
     if (!alive)
         return false;
     if (written) {
+        lastWritten = model->draft();
         leading = true;             // the row is already current in the control
         model->draftStored();
         if (update.isNew && q->currentRow() == update.row && model->control())
@@ -349,6 +350,16 @@ void Grid::UndoRow()
     if (QWidget *editor = d->delegate->openEditor())
         QTableView::closeEditor(editor, QAbstractItemDelegate::RevertModelCache);
     d->undo();
+}
+
+void Grid::RetakeRow()
+{
+    DataControl *control = d->model->control();
+    if (!control)
+        return;
+    control->Refresh(true);
+    d->model->retakeDraft(d->lastWritten);
+    verticalHeader()->viewport()->update();
 }
 
 bool Grid::isRowChanged() const

@@ -139,6 +139,13 @@ void GridModel::dropDraft()
         forgetRow(row);
 }
 
+void GridModel::retakeDraft(const RowDraft &draft)
+{
+    m_draft = draft;
+    placeDraft();
+    forgetRow(m_draft.row);
+}
+
 void GridModel::draftStored()
 {
     const bool isNew = isNewRow(m_draft.row);

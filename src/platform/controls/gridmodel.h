@@ -51,6 +51,7 @@ public:
     const RowDraft &draft() const { return m_draft; }
     void putDraft(qsizetype row, int column, const dao::Value &value);
     void dropDraft();
+    void retakeDraft(const RowDraft &draft);            // written, and taken back by the store: typing again
     void draftStored();                                 // the draft is in the recordset now
     QString styleName(qsizetype row, int column) const; // the cell's, else the row's, else ""
     QString rowStyleName(qsizetype row) const;          // "" = none
