@@ -42,7 +42,7 @@ function(vorel_policy target)
 endfunction()
 
 # vorel_precompile(TARGET KIND): the precompiled header of that kind. A header of Qt's takes ten seconds and 300 MB, so each kind
-# is made once, by a target of its own that has the bare definitions, and shared by all that want it.
+# is built once, by a target of its own that has the bare definitions, and shared by all that use it.
 function(vorel_precompile target kind)
   set(owner vorel_pch_${kind})
   if(NOT TARGET ${owner})

@@ -19,7 +19,7 @@ ButtonTip toolTip(const QString &buttonName)
         {u"cmdInfo"_s, {u"INFORMATION"_s, {u" Click to read how the section on the screen is used."_s}}},
         {u"cmdBackground"_s,
          {u"SCREEN BACKGROUND PICTURES"_s,
-          {u" Click this button to change the background of this screen"_s, u" The Setup screen takes it away again."_s}}},
+          {u" Click this button to change the background of this screen"_s, u" You can remove it on the Setup screen."_s}}},
         {u"cmdWallpaper"_s, {u"WALLPAPER"_s, {u" Click to change the picture of your desktop from time to time."_s}}},
         {u"cmdPopUpCloser"_s, {u"POP-UP REMINDERS"_s, {u" Click to close the pop-up reminders of your appointments."_s}}},
     };

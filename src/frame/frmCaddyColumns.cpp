@@ -11,8 +11,9 @@ using controls::Grid;
 
 namespace {
 
-constexpr int cellMargin = 9;
-constexpr int leastWide = 160;
+// Pixels.
+constexpr int cellMargin = 9;           // at either side of a text
+constexpr int leastWide = 160;          // of the wide column where the others leave less
 constexpr int rowMargin = 3;
 
 }

@@ -119,7 +119,7 @@ void CaddyEdit::openSubject(qint32 id)
         if (const RecordScreen *screen = recordScreen(section->screen->name))
             basic::Trap([&] { subjects.lastId = screen->open({code, id}, m_window).lastId; });
         else
-            showLater(u"The screen of a record of "_s + section->name);
+            showLater(u"The record screen of "_s + section->name);
     }
     basic::Trap([this] { m_screen.GetData(); });
     m_c.txtSearch->clear();

@@ -26,7 +26,7 @@ void showMissingContacts()
         u" There are no contacts in this section."_s,
         u" If you have used an earlier version, your contacts can be brought over from it."_s,
         u" Open the Administration screen and choose Other."_s,
-        u" Run the Contact Conversion Utility there once; a progress bar shows how far it is."_s,
+        u" Run the Contact Conversion Utility there once; a progress bar shows the progress."_s,
         u" Afterwards your contacts are listed in this section."_s}.join(u'\n');
     showNote(state().gProductTitle + u" - Missing Contacts"_s, note);
 }

@@ -17,7 +17,7 @@ using basic::Value;
 
 namespace {
 
-constexpr int lineLength = 72;
+constexpr int lineLength = 72;      // characters: tool tips do not wrap by themselves
 constexpr int mostLines = 6;        // of one field: tips stay short
 
 using Show = TipLine::Show;

@@ -35,7 +35,7 @@ bool isSlotOf(const PictureSetDesign &set, const QString &caption)
     return isNumber && slot >= 0 && slot < set.slotCount;
 }
 
-constexpr qint64 pieceBytes = 1 << 20;
+constexpr qint64 pieceBytes = 1 << 20;      // between two looks at the cancellation
 
 enum class Copied { Whole, Stopped, Failed };
 

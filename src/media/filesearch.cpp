@@ -35,8 +35,8 @@ bool canBeTakenOut(const QStorageInfo &volume)
     const QString root = volume.rootPath();
     if (root.startsWith(u"/media/"_s) || root.startsWith(u"/run/media/"_s))
         return true;
-    QFile told(u"/sys/class/block/"_s + QString::fromLocal8Bit(volume.device()).section(u'/', -1) + u"/removable"_s);
-    return told.open(QIODevice::ReadOnly) && told.read(1) == "1";
+    QFile flag(u"/sys/class/block/"_s + QString::fromLocal8Bit(volume.device()).section(u'/', -1) + u"/removable"_s);
+    return flag.open(QIODevice::ReadOnly) && flag.read(1) == "1";
 }
 
 QStringList &ownRoots()
@@ -47,8 +47,8 @@ QStringList &ownRoots()
 
 std::optional<dev_t> deviceOf(const std::filesystem::path &path)
 {
-    struct stat told {};
-    return ::lstat(path.c_str(), &told) == 0 ? std::optional(told.st_dev) : std::nullopt;
+    struct stat entry {};
+    return ::lstat(path.c_str(), &entry) == 0 ? std::optional(entry.st_dev) : std::nullopt;
 }
 
 }

@@ -26,16 +26,16 @@ namespace layout = controls::layout;
 namespace {
 
 constexpr QSize pictureSize(480, 320), screenSize(800, 560), slideSize(960, 680);
-constexpr int slideMilliseconds = 5000;
+constexpr int slideMilliseconds = 5000;     // a picture's time in the slide show
 const QString autoSearchCaption = u"A&uto Search"_s;
 
 QLabel *label(const QString &name, const QString &text = {})
 {
-    auto *made = new QLabel(text);
-    made->setObjectName(name);
-    made->setTextFormat(Qt::PlainText);
-    made->setWordWrap(true);
-    return made;
+    auto *label = new QLabel(text);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
 }
 
 bool isPlainDefault(const QString &path)
@@ -109,11 +109,11 @@ frmDataPath::frmDataPath(const DataPathCall &call, QWidget *parent)
 QAbstractButton *frmDataPath::key(const QString &name, const QString &caption, const QString &toolTip,
                                   void (frmDataPath::*step)())
 {
-    QAbstractButton *made = controls::button(name, caption, {}, toolTip);
-    if (auto *push = qobject_cast<QPushButton *>(made))
+    QAbstractButton *button = controls::button(name, caption, {}, toolTip);
+    if (auto *push = qobject_cast<QPushButton *>(button))
         push->setAutoDefault(false);
-    on(made, &QAbstractButton::clicked, this, [this, step] { (this->*step)(); });
-    return made;
+    on(button, &QAbstractButton::clicked, this, [this, step] { (this->*step)(); });
+    return button;
 }
 
 QLayout *frmDataPath::composePaths()

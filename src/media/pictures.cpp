@@ -118,9 +118,9 @@ quint32 defaultNoteColour(const QString &picture)
     if (!name.endsWith(u".JPG"_s) || name.size() < 5)
         return others;
     const QChar last = name[name.size() - 5];
-    for (const Colour &one : colours)
-        if (one.letters.contains(last))
-            return one.rgb;
+    for (const Colour &entry : colours)
+        if (entry.letters.contains(last))
+            return entry.rgb;
     return others;
 }
 

@@ -23,6 +23,7 @@ namespace layout = controls::layout;
 
 namespace {
 
+// Colours of a box with and without the keyboard: cyan and white.
 constexpr int enteredColour = 11;
 constexpr int leftColour = 15;
 

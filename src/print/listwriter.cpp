@@ -16,9 +16,9 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double hair = 0.5;            // keeps rules from touching each other
-constexpr double headGap = 20;
+constexpr double headGap = 20;          // below a heading
 constexpr double fullPage = 0.9;        // of the page's height
-constexpr double blockIndent = 100;
+constexpr double blockIndent = 100;     // twips
 constexpr int blockWidth = 80;          // characters
 constexpr double sliver = 0.03;         // of the page's width: less between two rules looks like an empty column
 constexpr double recordGap = 0.3;       // of a line, behind a record of several lines

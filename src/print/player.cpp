@@ -28,7 +28,7 @@ constexpr int fillNothing = 1;
 // larger than the free height, so that its small print can be read, and scrolls both ways.
 constexpr double besideUprightPage = 350;   // twips
 constexpr double belowLyingPage = 400;      // twips
-constexpr double lyingEnlargement = 1.8;
+constexpr double lyingEnlargement = 1.8;    // of the size that fits the height
 constexpr double smallestScale = 0.05;      // of a window too small for a page
 constexpr double smallestZoom = 0.2, largestZoom = 2.5;
 

@@ -17,10 +17,10 @@ using controls::on;
 
 void frmInventory::createOwn()
 {
-    placeBesideTrees(addButton({u"cmdRefresh"_s, {}, u"view-refresh"_s, u" Builds the tree anew "_s}));
+    placeBesideTrees(addButton({u"cmdRefresh"_s, {}, u"view-refresh"_s, u" Rebuilds the tree "_s}));
     onClick(u"cmdRefresh"_s, [this] { showTree(design().trees.front()); });
     placeBeside(u"txtWarrantyExpiryDate"_s,
-                addButton({u"cmdTransfer"_s, u"> &Events"_s, {}, u" Puts the end of the Warranty into the Events "_s}));
+                addButton({u"cmdTransfer"_s, u"> &Events"_s, {}, u" Adds the end of the warranty to Events "_s}));
     onClick(u"cmdTransfer"_s, [this] { cmdTransfer_Click(); });
     on(control<QLineEdit>(u"txtWarrantyPeriod"_s), &QLineEdit::textEdited, handlers(), [this] { txtWarrantyPeriod_Change(); });
     for (const QString &name : {u"lblInitialPurchaseDate"_s, u"lblInitialDisposalDate"_s}) {

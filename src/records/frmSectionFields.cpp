@@ -120,8 +120,8 @@ void frmSection::GetColours()
     own.setColor(QPalette::Disabled, QPalette::ButtonText, faint);
     setPalette(own);
     const QImage ground = groundPicture();
-    for (SectionPanel *one : m_panels)
-        one->setGround(back, ground);
+    for (SectionPanel *panel : m_panels)
+        panel->setGround(back, ground);
     for (const Field &field : fields())
         paintField(control<QWidget>(field.control), control<QWidget>(field.control)->hasFocus());
 }

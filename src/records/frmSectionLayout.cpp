@@ -280,9 +280,9 @@ void frmSection::composeScreen()
     all->addLayout(body, 1);
     all->addWidget(rule);
     all->addWidget(createKeyRow(recordKeys(), screenKeys()));
-    for (SectionPanel *one : m_panels) {
-        if (one->findChildren<QTextEdit *>().isEmpty() && one->findChildren<ChildGridView *>().isEmpty())
-            one->column()->addStretch(1);
+    for (SectionPanel *panel : m_panels) {
+        if (panel->findChildren<QTextEdit *>().isEmpty() && panel->findChildren<ChildGridView *>().isEmpty())
+            panel->column()->addStretch(1);
     }
     resize(145 * layout::unit, 88 * layout::unit);
 }

@@ -15,14 +15,14 @@ namespace layout = controls::layout;
 
 namespace {
 
-constexpr double restful = 7;               // contrast of text that is read, not glanced at
+constexpr double readableContrast = 7;               // contrast of text that is read, not glanced at
 
-double bearable(const QColor &back, const QImage &picture)
+double readableStrength(const QColor &back, const QImage &picture)
 {
     const QColor text = controls::blackOrWhiteOn(back);
     const QColor tone = picture.scaled(1, 1, Qt::IgnoreAspectRatio, Qt::SmoothTransformation).pixelColor(0, 0);
     for (const double strength : {0.9, 0.6, 0.4, 0.25, 0.15}) {
-        if (controls::contrast(text, controls::blend(back, tone, strength)) >= restful)
+        if (controls::contrast(text, controls::blend(back, tone, strength)) >= readableContrast)
             return strength;
     }
     return 0.08;
@@ -61,7 +61,7 @@ void SectionPanel::setGround(const QColor &back, const QImage &picture)
     m_back = back;
     m_picture = picture;
     m_scaled = {};
-    m_strength = picture.isNull() ? 0 : bearable(back, picture);
+    m_strength = picture.isNull() ? 0 : readableStrength(back, picture);
     update();
 }
 

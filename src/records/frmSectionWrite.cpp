@@ -88,9 +88,9 @@ qint32 frmSection::neighbourId() const
 
 void frmSection::cmdDelete_Click()
 {
-    const auto wished = basic::prompts().message(u"Do you want to Delete this Record ?"_s, u"Question?"_s, basic::Buttons::YesNo,
+    const auto answer = basic::prompts().message(u"Do you want to Delete this Record ?"_s, u"Question?"_s, basic::Buttons::YesNo,
                                                  basic::Icon::Critical);
-    if (wished != basic::Answer::Yes)
+    if (answer != basic::Answer::Yes)
         return;
     if (dtaData().hasRows()) {
         dtaData().revert();                 // the edits are discarded with the row

@@ -21,7 +21,7 @@ const dao::RecordsetField *findField(const dao::Recordset &rows, QStringView nam
 
 dao::Bookmark addRow(dao::Recordset &rows, const RecordDesign &design)
 {
-    constexpr int ownerSize = 20;
+    constexpr int ownerSize = 20;           // of UsersName in every table
     dao::NewRow row(rows);
     for (const FirstValue &first : design.newRow) {
         const dao::RecordsetField *field = findField(rows, first.field);

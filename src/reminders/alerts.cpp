@@ -20,7 +20,7 @@ using basic::DateTime;
 
 namespace {
 
-constexpr int userSound = 6;
+constexpr int userSound = 6;             // the user's own file; 1 to 5 are the program's
 constexpr int pathError = 75;           // "Path/File access error"
 
 QString longText(const Alert &alert, const AppointmentRow &row, DateTime now)

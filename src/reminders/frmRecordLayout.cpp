@@ -80,7 +80,7 @@ QLayout *frmRecord::createOptions()
         u"Each Calendar Month", u"Every Quarter (3 months)", u"Annually (12 months)", u"of each Month", u"Every"};
     auto *days = new QComboBox;
     days->setObjectName(u"cboDays"_s);
-    days->setAccessibleName(u"Every so many days"_s);
+    days->setAccessibleName(u"Number of days"_s);
     days->setEditable(true);
     days->setInsertPolicy(QComboBox::NoInsert);
     days->addItems({u"1"_s, u"2"_s, u"7"_s, u"10"_s, u"14"_s, u"21"_s, u"28"_s, u"30"_s, u"60"_s, u"90"_s});

@@ -89,7 +89,7 @@ void frmRecord::cmdUpdate_Click()
     dao::DBEngine::Idle(dao::dbRefreshCache);
     setRecordTitle(m_design.title.toString(), shownApostrophes(fields.text));
     if (seriesLength(fields) > 0 && !canHaveSeries(fields))
-        basic::MsgBox(u"The row is saved, but not repeated: its text holds an apostrophe. Type the text anew and choose Update."_s);
+        basic::MsgBox(u"The row is saved, but not repeated: its text holds an apostrophe. Type the text again and choose Update."_s);
     showState(reminders::savedWords(added));
 }
 

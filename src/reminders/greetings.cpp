@@ -79,7 +79,7 @@ void SendGreeting(const QString &name, const QString &address, const QString &su
     // No keys are fed to the window that opens: they would reach whatever has the keyboard by then, and a letter is sent
     // by its sender alone.
     if (!mail::OpenMailTo(letter.to, letter.subject, letter.body))
-        throw basic::Error(429, u"There is no mail program on this desktop to take the letter to "_s + address);
+        throw basic::Error(429, u"No mail program is set up on this desktop for the letter to "_s + address);
 }
 
 namespace {

@@ -258,12 +258,12 @@ void tellOnce(QStringList texts)
     if (texts.isEmpty() || GetIniValue(iniSettings, key, {}) == found)
         return;
     tryPutIniValue(iniSettings, key, found);
-    constexpr qsizetype shown = 10;
+    constexpr qsizetype shown = 10;         // a longer list would not fit a message box
     QString message = u"The dates of these repeating reminders cannot be carried forward, because their texts hold an apostrophe:\r\n\r\n"_s
         + texts.first(std::min(texts.size(), shown)).join(u"\r\n"_s);
     if (texts.size() > shown)
         message += u"\r\nand %1 more"_s.arg(texts.size() - shown);
-    basic::MsgBox(message + u"\r\n\r\nOpen each one, type its text anew and choose Update."_s, {}, basic::Icon::Information);
+    basic::MsgBox(message + u"\r\n\r\nOpen each one, type its text again and choose Update."_s, {}, basic::Icon::Information);
 }
 
 }

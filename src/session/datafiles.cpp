@@ -21,7 +21,7 @@ std::function<bool(DataFile)> &mender()
     return installed;
 }
 
-bool stands(const QString &path)
+bool exists(const QString &path)
 {
     return !basic::Dir(path).isEmpty();
 }
@@ -36,10 +36,10 @@ std::vector<Elsewhere> namesakes()
     std::vector<Elsewhere> found;
     for (const DataFileEntry &entry : dataFiles()) {
         const QString path = basic::realPath(basic::Trim(GetIniValue(iniSettings, entry.key, {})));
-        if (path.isEmpty() || !stands(path) || basic::keptPath(path) != path)
+        if (path.isEmpty() || !exists(path) || basic::keptPath(path) != path)
             continue;
         const QString here = programFile(u'\\' + QFileInfo(basic::realPath(path)).fileName());
-        if (stands(here) && QFileInfo(here).canonicalFilePath() != QFileInfo(basic::realPath(path)).canonicalFilePath())
+        if (exists(here) && QFileInfo(here).canonicalFilePath() != QFileInfo(basic::realPath(path)).canonicalFilePath())
             found.push_back({entry.key, path, here});
     }
     return found;
@@ -53,8 +53,8 @@ void askForNamesakes()
     if (found.empty() || GetIniValue(iniSettings, answered, {}) == basic::programFolder())
         return;
     QStringList paths;
-    for (const Elsewhere &one : found)
-        paths << QDir::toNativeSeparators(one.path);
+    for (const Elsewhere &file : found)
+        paths << QDir::toNativeSeparators(file.path);
     const bool here = basic::askYesNo(
         u"The configuration names data files in another folder:\r\n\r\n%1\r\n\r\nFiles of the same names lie in the program "
         "folder, %2. Was this folder copied or moved?\r\n\r\nYes: work with the files of this folder.\r\n"
@@ -63,8 +63,8 @@ void askForNamesakes()
         PutIniValue(iniSettings, answered, QString(basic::programFolder()));
         return;
     }
-    for (const Elsewhere &one : found)
-        PutIniValue(iniSettings, one.key, basic::keptPath(one.here));
+    for (const Elsewhere &file : found)
+        PutIniValue(iniSettings, file.key, basic::keptPath(file.here));
 }
 
 }
@@ -106,7 +106,7 @@ QString connectString(DataFile file)
 
 DataPlace dataPlace(DataFile file)
 {
-    if (file == DataFile::DataP && !stands(state().path(file)))
+    if (file == DataFile::DataP && !exists(state().path(file)))
         file = DataFile::Main;
     return {file, state().path(file), connectString(file)};
 }
@@ -170,7 +170,7 @@ void loadDataPaths()
     for (const DataFileEntry &entry : dataFiles()) {
         const QString kept = basic::Trim(GetIniValue(iniSettings, entry.key, {}));
         QString path = basic::realPath(kept);
-        if (path.isEmpty() || !stands(path))
+        if (path.isEmpty() || !exists(path))
             path = programFile(entry.defaultName);
         if (basic::keptPath(path).compare(kept, Qt::CaseInsensitive) != 0)
             PutIniValue(iniSettings, entry.key, basic::keptPath(path));

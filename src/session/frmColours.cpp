@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr quint32 editColourDefault = 0xFFFF;       // yellow
-constexpr int middleGray = 140;
+constexpr int middleGray = 140;             // above it black reads better, below it white
 
 // An editable combo box holds a text box of its own, which follows it.
 bool isTextBox(const QWidget *control)

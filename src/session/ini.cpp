@@ -14,6 +14,7 @@ namespace vorel {
 
 namespace {
 
+// A colour of the file is 0xBBGGRR, or the number of a colour of the desktop's above the highest bit.
 constexpr quint32 lastPlainColour = 0xFFFFFF;
 constexpr quint32 firstSystemColour = 0x80000000;
 constexpr quint32 lastSystemColour = 0x80000018;

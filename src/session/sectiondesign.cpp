@@ -50,18 +50,18 @@ const SectionDesign &sectionDesign(SectionId id)
 
 const SectionDesign *sectionByName(const QString &name)
 {
-    return find([&](const SectionDesign &one) { return one.name.compare(name, Qt::CaseInsensitive) == 0; });
+    return find([&](const SectionDesign &design) { return design.name.compare(name, Qt::CaseInsensitive) == 0; });
 }
 
 const SectionDesign *sectionByCode(QStringView code)
 {
-    return code.isEmpty() ? nullptr : find([&](const SectionDesign &one) { return one.code == code; });
+    return code.isEmpty() ? nullptr : find([&](const SectionDesign &design) { return design.code == code; });
 }
 
 const SectionDesign *sectionByScreen(const QString &screen)
 {
-    return find([&](const SectionDesign &one) {
-        return one.pictures && one.screen && one.screen->name.compare(screen, Qt::CaseInsensitive) == 0;
+    return find([&](const SectionDesign &design) {
+        return design.pictures && design.screen && design.screen->name.compare(screen, Qt::CaseInsensitive) == 0;
     });
 }
 

@@ -26,7 +26,7 @@ namespace {
 const QString locale = u";LANGID=0x0409;CP=1252;COUNTRY=0"_s;
 const QString infoTable = u"Database Info"_s;       // the stamp's, which no design lists
 
-bool stands(const QString &path)
+bool exists(const QString &path)
 {
     return QFileInfo(path).isFile();
 }
@@ -71,7 +71,7 @@ void repair(const QString &path, const QString &connect, const std::vector<dao::
     } catch (const dao::EngineError &error) {
         if (!isDamage(error.number()) && error.number() != dao::err::WrongPassword)
             throw;
-        if (!stands(path))
+        if (!exists(path))
             return;
         // A file that nothing can be read from is renamed and kept for manual recovery.
         mending.original = dao::freeDamagedName(path);
@@ -102,7 +102,7 @@ public:
     const QString &backup() const { return m_backup; }
     bool run()
     {
-        m_exists = stands(m_path);
+        m_exists = exists(m_path);
         if (m_exists && !rescue())
             return false;
         if (m_exists && m_wishes.onlyIfDamaged && !m_mending.wasDamaged())
@@ -153,18 +153,18 @@ private:
 bool Rebuild::rescue()
 {
     repair(m_path, m_connect, m_designs, m_mending);
-    m_mending.beyondRepair = !stands(m_path);
-    if (m_mending.beyondRepair && stands(m_backup)) {
+    m_mending.beyondRepair = !exists(m_path);
+    if (m_mending.beyondRepair && exists(m_backup)) {
         const auto dated = basic::DateTime::fromQDateTime(QFileInfo(m_backup).lastModified());
         if (basic::askYesNo(u"Database was corrupted beyond repair.\r\nA backup has been found dated: "_s
                             + basic::Value(dated).text() + u"\r\nWould you like to restore this copy?"_s)) {
             copyOver(m_backup, m_path);
             store::Mending ofCopy;
             repair(m_path, m_connect, m_designs, ofCopy);
-            m_mending.fromCopy = stands(m_path);
+            m_mending.fromCopy = exists(m_path);
         }
     }
-    if (stands(m_path))
+    if (exists(m_path))
         return true;
     m_exists = false;
     return basic::askYesNo(u"Database was corrupted beyond repair and should be recreated.\r\n"
@@ -175,7 +175,7 @@ bool Rebuild::rescue()
 // A mended file may have lost rows that the copy before it still has: that copy stays too.
 void Rebuild::keepCopy() const
 {
-    if (m_mending.wasDamaged() && stands(m_backup))
+    if (m_mending.wasDamaged() && exists(m_backup))
         copyOver(m_backup, m_backup + u".old"_s);
     copyOver(m_path, m_backup);
 }
@@ -261,7 +261,7 @@ bool UpgradeDatabase(DataFile file, const QString &path, int version)
 void CompactFile(const QString &path)
 {
     const QString place = basic::realPath(path);
-    if (!stands(place))
+    if (!exists(place))
         return;
     const QString scratch = basic::programFolder() + u"/NEWDB.MDB"_s;
     removeScratch(scratch);

@@ -38,7 +38,7 @@ bool opensWell(DataFile file)
 {
     if (!dataFileEntry(file).isProtected)
         return !isDamage(store::openingError(file));
-    constexpr qint64 page = 1024;
+    constexpr qint64 page = 1024;           // of the cipher's files: any other size was cut
     const qint64 size = QFileInfo(basic::realPath(state().path(file))).size();
     return size > 0 && size % page == 0;
 }

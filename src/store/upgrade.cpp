@@ -43,7 +43,7 @@ bool isProtected(DataFile file)
     return dataFileEntry(file).isProtected;
 }
 
-bool stands(DataFile file)
+bool exists(DataFile file)
 {
     return !basic::Dir(state().path(file)).isEmpty();
 }
@@ -143,7 +143,7 @@ bool StartPass::rebuild(DataFile file, const store::RebuildWishes &wishes)
 void StartPass::make(DataFile file)
 {
     attempt(file, [&] {
-        if (stands(file))
+        if (exists(file))
             return;
         rebuild(file, {store::currentVersion});
         m_made.insert(file);
@@ -166,7 +166,7 @@ void StartPass::upgrade(DataFile file, int version)
 // Whether there is more to do than to look.
 bool StartPass::isDue() const
 {
-    const auto isMissing = [](DataFile file) { return !state().path(file).isEmpty() && !stands(file); };
+    const auto isMissing = [](DataFile file) { return !state().path(file).isEmpty() && !exists(file); };
     return !m_suspects.empty() || std::any_of(std::begin(fileOrder), std::end(fileOrder), isMissing)
         || isMissing(DataFile::Main) || m_failed.contains(DataFile::Main) || GetDatabaseVersion(state().path(DataFile::Main)) < store::currentVersion;
 }
@@ -193,7 +193,7 @@ bool StartPass::lockFolders(FolderLocks &locks)
 // The main file decides, so it comes last.
 void StartPass::serveFiles()
 {
-    const bool isNew = !stands(DataFile::Main);
+    const bool isNew = !exists(DataFile::Main);
     const bool isInUse = m_failed.contains(DataFile::Main);
     const int version = isInUse ? store::currentVersion : GetDatabaseVersion(state().path(DataFile::Main));
     const bool isOld = version < store::currentVersion;
@@ -216,7 +216,7 @@ void StartPass::serveFiles()
 void StartPass::serveMain(bool isOld, int stamp)
 {
     const DataFile file = DataFile::Main;
-    if (!stands(file)) {
+    if (!exists(file)) {
         attempt(file, [&] {
             rebuild(file, {store::currentVersion, false, [&](dao::Database &database) {
                 dao::Transaction all(database);
@@ -244,7 +244,7 @@ bool StartPass::needsRows(DataFile file) const
 // An ordinary start opens the main file and the accounts alone, and writes to neither.
 void StartPass::addRows(DataFile file)
 {
-    if (!needsRows(file) || !stands(file))
+    if (!needsRows(file) || !exists(file))
         return;
     dao::Database database = openDataFile(file);
     std::optional<dao::Transaction> all;
@@ -283,7 +283,7 @@ void StartPass::checkMain()
     access = MainFileAccess::None;
     const bool failed = m_failed.contains(DataFile::Main);
     // What failed has been noted already: here it only counts whether the file serves as it is.
-    if (!stands(DataFile::Main) || (failed && basic::IgnoreErrors([this] { addRows(DataFile::Main); }) != 0))
+    if (!exists(DataFile::Main) || (failed && basic::IgnoreErrors([this] { addRows(DataFile::Main); }) != 0))
         return;
     const bool isWritable = QFileInfo(basic::realPath(state().path(DataFile::Main))).isWritable();
     access = isWritable ? MainFileAccess::Full : MainFileAccess::Read;
@@ -299,7 +299,7 @@ void StartPass::run()
     m_required = store::requiredRows(basic::Date(), dayFirst);
     attempt(DataFile::Main, [] {
         // In use elsewhere is not the same as old.
-        const int error = stands(DataFile::Main) ? store::openingError(DataFile::Main) : 0;
+        const int error = exists(DataFile::Main) ? store::openingError(DataFile::Main) : 0;
         if (store::isInUse(error))
             throw dao::EngineError(error, state().path(DataFile::Main));
     });
@@ -325,7 +325,7 @@ bool mendWhileRunning(DataFile file)
     const QString path = basic::realPath(state().path(file));
     if (!tried.insert(path + QString::number(QFileInfo(path).lastModified().toMSecsSinceEpoch())).second)
         return false;
-    constexpr int waitForOther = 5'000;
+    constexpr int waitForOther = 5'000;      // the user waits for a file that does not open
     const desktop::SystemLock lock(QFileInfo(path).absolutePath(), desktop::SystemLock::Kind::Folder, waitForOther);
     if (lock.isTaken())
         return false;

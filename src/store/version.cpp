@@ -13,7 +13,7 @@ namespace {
 
 using Open = std::function<dao::Database()>;
 
-bool stands(const QString &path)
+bool exists(const QString &path)
 {
     return !basic::Dir(path).isEmpty();
 }
@@ -78,23 +78,23 @@ std::int16_t store::versionAt(const QString &path, const QString &connect)
 
 std::int16_t GetDatabaseVersion(const QString &path)
 {
-    return stands(path) ? store::versionAt(path, {}) : std::int16_t{0};
+    return exists(path) ? store::versionAt(path, {}) : std::int16_t{0};
 }
 
 void SetDatabaseVersion(const QString &path, int version)
 {
-    if (stands(path))
+    if (exists(path))
         writeVersion([&] { return dao::DBEngine::OpenDatabase(path); }, version);
 }
 
 std::int16_t GetProtectedDatabaseVersion(DataFile file, const QString &path)
 {
-    return stands(path) ? readVersion([&] { return openProtected(file); }) : std::int16_t{0};
+    return exists(path) ? readVersion([&] { return openProtected(file); }) : std::int16_t{0};
 }
 
 void SetProtectedDatabaseVersion(DataFile file, const QString &path, int version)
 {
-    if (stands(path))
+    if (exists(path))
         writeVersion([&] { return openProtected(file); }, version);
 }
 

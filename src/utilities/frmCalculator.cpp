@@ -29,7 +29,7 @@ namespace {
 constexpr quint32 defaultColour = 0;
 constexpr QSize keySize(56, 48), pictureSize(320, 200);
 constexpr int longestReadout = 23;          // "-1.23456789012346E+100"
-constexpr int listHeight = 136;
+constexpr int listHeight = 136;             // so that picture and converter end on one line
 
 const QString colourKey = u"CalculatorBackColour"_s, pictureKey = u"CalcPicFile"_s;
 
@@ -47,9 +47,9 @@ QPixmap readPicture(const QString &file, double ratio)
 
 QLabel *label(const QString &name)
 {
-    auto *made = new QLabel;
-    made->setObjectName(name);
-    return made;
+    auto *label = new QLabel;
+    label->setObjectName(name);
+    return label;
 }
 
 QListWidget *unitList(const QString &name, const QString &spoken)
@@ -128,10 +128,10 @@ QWidget *frmCalculator::composeKeys()
     const OperatorKey operators[] = {{Key::Plus, u"+"_s, u"Plus"_s, 3}, {Key::Minus, u"\u2212"_s, u"Minus"_s, 2},
                                      {Key::Multiply, u"\u00D7"_s, u"Multiply"_s, 1}, {Key::Divide, u"\u00F7"_s, u"Divide"_s, 0},
                                      {Key::Equals, u"="_s, u"Equals"_s, 4}};
-    for (const OperatorKey &one : operators) {
-        grid->addWidget(key(u"Operator(%1)"_s.arg(static_cast<int>(one.key)), one.caption, one.spoken,
-                            [this, what = one.key] { press([this, what] { return m_calculator.Operator(what); }); }),
-                        one.row, 3);
+    for (const OperatorKey &entry : operators) {
+        grid->addWidget(key(u"Operator(%1)"_s.arg(static_cast<int>(entry.key)), entry.caption, entry.spoken,
+                            [this, what = entry.key] { press([this, what] { return m_calculator.Operator(what); }); }),
+                        entry.row, 3);
     }
     for (int digit = 0; digit <= 9; ++digit) {
         QPushButton *button = key(u"Number(%1)"_s.arg(digit), QString::number(digit), QString::number(digit), [this, digit] {

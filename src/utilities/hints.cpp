@@ -29,7 +29,7 @@ std::optional<QString> shownHint(const QString &line)
     if (end < 0)
         return line;
     const QString tag = line.mid(1, end - 1);
-    const auto isTag = [&tag](const Feature &one) { return one.tag == tag; };
+    const auto isTag = [&tag](const Feature &feature) { return feature.tag == tag; };
     if (std::any_of(features().begin(), features().end(), isTag))
         return hasFeature(tag) ? std::optional(line.mid(end + 2)) : std::nullopt;
     return line;                // a hint of the user's own that begins with a bracket
@@ -49,7 +49,7 @@ const std::vector<Feature> &features()
 
 bool hasFeature(QStringView tag)
 {
-    const auto found = std::find_if(features().begin(), features().end(), [tag](const Feature &one) { return one.tag == tag; });
+    const auto found = std::find_if(features().begin(), features().end(), [tag](const Feature &feature) { return feature.tag == tag; });
     return found == features().end() || found->isThere;
 }
 

@@ -126,7 +126,7 @@ TEST_F(RecordSave, AStoredApostropheHindersItsSeriesAlone)
     execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#12/22/2026#,'Gas')"_s);
     openScreen(u"B"_s, 1);
     type(u"txtAmount"_s, u"5"_s);
-    user.expect(u"The row is saved, but not repeated: its text holds an apostrophe. Type the text anew and choose Update."_s);
+    user.expect(u"The row is saved, but not repeated: its text holds an apostrophe. Type the text again and choose Update."_s);
     click(u"cmdUpdate"_s);
     EXPECT_TRUE(user.isDone());
     EXPECT_EQ(bills(), (QStringList{u"2026-11-22|Bob's gas|5"_s, u"2026-12-22|Gas|0"_s}));

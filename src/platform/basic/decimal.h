@@ -10,7 +10,7 @@ namespace vorel::basic::detail {
 
 // 0.d1d2d3... x 10^point, without leading or trailing zeros; no digits at all is zero.
 struct Decimal {
-    static constexpr int capacity = 40;
+    static constexpr int capacity = 40;         // twice the digits that any type keeps
 
     bool negative = false;
     int count = 0;
@@ -28,6 +28,7 @@ struct Decimal {
     void roundHalfAway(int decimals);
 };
 
+// Digits that survive a round trip through text.
 inline constexpr int doubleDigits = 15;
 inline constexpr int singleDigits = 7;
 

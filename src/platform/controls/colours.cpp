@@ -7,7 +7,7 @@ namespace vorel::controls {
 
 namespace {
 
-constexpr double readableContrast = 3.0;
+constexpr double readableContrast = 3.0;    // the least for large text: colours the user chose are changed no more than that
 
 double linear(double channel)
 {
@@ -21,9 +21,9 @@ double luminance(const QColor &c)
 
 }
 
-double contrast(const QColor &one, const QColor &other)
+double contrast(const QColor &first, const QColor &second)
 {
-    const double a = luminance(one), b = luminance(other);
+    const double a = luminance(first), b = luminance(second);
     return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
 }
 

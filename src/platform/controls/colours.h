@@ -7,7 +7,7 @@
 namespace vorel::controls {
 
 // Between 1 (the same) and 21 (black on white).
-double contrast(const QColor &one, const QColor &other);
+double contrast(const QColor &first, const QColor &second);
 // Black or white, whichever reads better on the colour.
 QColor blackOrWhiteOn(const QColor &back);
 // The fore colour itself where it can be read on the back; else the better of black and white.

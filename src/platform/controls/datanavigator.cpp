@@ -21,18 +21,18 @@ struct DataNavigator::Private {
     QToolButton *step(DataNavigator *parent, const char *name, const QString &text, const QString &icon,
                       QStyle::StandardPixmap fallback, bool (DataControl::*move)())
     {
-        auto *made = new QToolButton(parent);
-        made->setObjectName(QString::fromLatin1(name));
-        made->setIcon(QIcon::fromTheme(icon, parent->style()->standardIcon(fallback)));
-        made->setToolTip(text);
-        made->setAccessibleName(text);
-        made->setAutoRaise(true);
-        made->setFocusPolicy(Qt::TabFocus);
-        on(made, &QToolButton::clicked, parent, [this, move] {
+        auto *button = new QToolButton(parent);
+        button->setObjectName(QString::fromLatin1(name));
+        button->setIcon(QIcon::fromTheme(icon, parent->style()->standardIcon(fallback)));
+        button->setToolTip(text);
+        button->setAccessibleName(text);
+        button->setAutoRaise(true);
+        button->setFocusPolicy(Qt::TabFocus);
+        on(button, &QToolButton::clicked, parent, [this, move] {
             if (control)
                 (control->*move)();
         });
-        return made;
+        return button;
     }
 
     void showPosition() const

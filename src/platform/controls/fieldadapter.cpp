@@ -168,7 +168,7 @@ private:
 
 void limit(QWidget &widget, int size, const BindOptions &options)
 {
-    constexpr int none = 32767;
+    constexpr int none = 32767;         // Qt's own limit of a line edit
     auto *combo = qobject_cast<QComboBox *>(&widget);
     if (auto *edit = combo ? combo->lineEdit() : qobject_cast<QLineEdit *>(&widget)) {
         const int most = size > 0 && options.store ? std::max(size, longestDateText) : size;

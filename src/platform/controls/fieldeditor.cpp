@@ -19,7 +19,7 @@ using Width = FieldEditor::Width;
 namespace {
 
 constexpr int narrow = 18 * layout::unit, middle = 40 * layout::unit;
-constexpr int linesShown = 4;
+constexpr int linesShown = 4;           // of a field with several lines
 
 QWidget *createLine(const Field &, QWidget *parent)
 {

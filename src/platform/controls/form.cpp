@@ -116,19 +116,19 @@ void Form::showEvent(QShowEvent *event)
 
 QAbstractButton *button(const QString &name, const QString &caption, const QString &icon, const QString &toolTip)
 {
-    auto *made = new QPushButton(caption);
-    made->setObjectName(name);
-    made->setAutoDefault(false);        // Return in a field must not press the nearest button
+    auto *button = new QPushButton(caption);
+    button->setObjectName(name);
+    button->setAutoDefault(false);        // Return in a field must not press the nearest button
     if (!icon.isEmpty())
-        made->setIcon(QIcon::hasThemeIcon(icon) ? QIcon::fromTheme(icon) : QIcon(icon));
-    made->setToolTip(toolTip);
+        button->setIcon(QIcon::hasThemeIcon(icon) ? QIcon::fromTheme(icon) : QIcon(icon));
+    button->setToolTip(toolTip);
     if (caption.trimmed().isEmpty()) {
         const QString spoken = toolTip.trimmed().isEmpty() ? name : toolTip.trimmed();
-        made->setAccessibleName(spoken);
-        if (made->icon().isNull())
-            made->setText(spoken);
+        button->setAccessibleName(spoken);
+        if (button->icon().isNull())
+            button->setText(spoken);
     }
-    return made;
+    return button;
 }
 
 }

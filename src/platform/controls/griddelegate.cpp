@@ -65,24 +65,24 @@ GridDelegate::Look GridDelegate::look(const QStyleOptionViewItem &option, const 
         return QColor();
     };
 
-    Look made;
-    made.bold = active.bold || own.bold || base.bold;
+    Look result;
+    result.bold = active.bold || own.bold || base.bold;
     if (active.back.isValid() || (selected && active.fore.isValid())) {
-        made.back = first({active.back, own.back, base.back, option.palette.color(QPalette::Base)});
-        made.fore = active.fore;
+        result.back = first({active.back, own.back, base.back, option.palette.color(QPalette::Base)});
+        result.fore = active.fore;
     } else if (selected && !keepsColour) {
         const auto group = option.state & QStyle::State_Active ? QPalette::Active : QPalette::Inactive;
-        made.back = option.palette.color(group, QPalette::Highlight);
-        made.fore = option.palette.color(group, QPalette::HighlightedText);
+        result.back = option.palette.color(group, QPalette::Highlight);
+        result.fore = option.palette.color(group, QPalette::HighlightedText);
     } else {
-        made.back = first({own.back, base.back, option.palette.color(QPalette::Base)});
-        made.fore = first({own.fore, own.back.isValid() ? QColor() : base.fore});
+        result.back = first({own.back, base.back, option.palette.color(QPalette::Base)});
+        result.fore = first({own.fore, own.back.isValid() ? QColor() : base.fore});
     }
-    if (!made.fore.isValid())
-        made.fore = made.back == option.palette.color(QPalette::Base) ? option.palette.color(QPalette::Text)
-                                                                      : blackOrWhiteOn(made.back);
-    made.fore = readable(made.fore, made.back);
-    return made;
+    if (!result.fore.isValid())
+        result.fore = result.back == option.palette.color(QPalette::Base) ? option.palette.color(QPalette::Text)
+                                                                      : blackOrWhiteOn(result.back);
+    result.fore = readable(result.fore, result.back);
+    return result;
 }
 
 void GridDelegate::paintCheck(QPainter *painter, const QRect &cell, const QColor &fore) const

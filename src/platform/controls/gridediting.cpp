@@ -192,7 +192,7 @@ void Grid::Private::report(UpdateFailure failure)
         q->setCurrentIndex(model->index(static_cast<int>(row), failure.column));
     const QString caption = failure.column >= 0 ? model->column(failure.column).caption + u": "_s : QString();
     if (!failure.answered)
-        basic::MsgBox(caption + failure.text + u"\n\nEsc takes the changes of this row back."_s, {}, basic::Icon::Exclamation);
+        basic::MsgBox(caption + failure.text + u"\n\nPress Esc to undo the changes to this row."_s, {}, basic::Icon::Exclamation);
 }
 
 void Grid::Private::undo()

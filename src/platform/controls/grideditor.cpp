@@ -8,7 +8,7 @@ namespace vorel::controls {
 
 namespace {
 
-constexpr int leastHeight = 22;
+constexpr int leastHeight = 22;         // below this the frame of the editor covers its text
 
 QLineEdit *lineOf(QWidget *editor)
 {

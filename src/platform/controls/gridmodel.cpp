@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qsizetype keptRows = 2000;
+constexpr qsizetype keptRows = 2000;    // painted rows in memory: several screens full, whatever the number of rows
 
 int fieldColumn(const dao::Recordset &rows, const QString &name)
 {
@@ -232,19 +232,19 @@ const RowPaint &GridModel::paint(qsizetype row) const
         return *known;
     if (m_paint.size() >= keptRows)
         m_paint.clear();
-    RowPaint made;
-    made.row = row;
-    made.text.resize(m_columns.size());
-    made.style.resize(m_columns.size());
+    RowPaint paint;
+    paint.row = row;
+    paint.text.resize(m_columns.size());
+    paint.style.resize(m_columns.size());
     if (m_rowLoad && row >= 0 && row < m_rows) {
-        m_paint.insert(row, made);                          // a handler that asks the grid for this row finds it plain
-        made.cell = [this, row](int column) { return value(row, column); };
-        basic::IgnoreErrors([&] { m_rowLoad(made); });      // painting has no place for a message
-        made.text.resize(m_columns.size());
-        made.style.resize(m_columns.size());
-        made.cell = {};
+        m_paint.insert(row, paint);                          // a handler that asks the grid for this row finds it plain
+        paint.cell = [this, row](int column) { return value(row, column); };
+        basic::IgnoreErrors([&] { m_rowLoad(paint); });      // painting has no place for a message
+        paint.text.resize(m_columns.size());
+        paint.style.resize(m_columns.size());
+        paint.cell = {};
     }
-    return *m_paint.insert(row, std::move(made));
+    return *m_paint.insert(row, std::move(paint));
 }
 
 bool GridModel::isChecked(qsizetype row, int column) const

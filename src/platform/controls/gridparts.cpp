@@ -15,9 +15,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int edgeReach = 3;
-constexpr int minRowHeight = 12;
-constexpr int maxRowHeight = 600;
+constexpr int edgeReach = 3;            // pixels around a row's edge that drag it
+constexpr int minRowHeight = 12;        // still a line that can be dragged back
+constexpr int maxRowHeight = 600;       // still less than a screen
 
 }
 

@@ -24,19 +24,19 @@ public:
     }
 };
 
-QLayout *box(QBoxLayout *made, std::initializer_list<Item> items)
+QLayout *box(QBoxLayout *layout, std::initializer_list<Item> items)
 {
-    made->setSpacing(unit);
-    made->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(unit);
+    layout->setContentsMargins(0, 0, 0, 0);
     for (const Item &item : items) {
         std::visit(Either {
-            [&](QWidget *widget) { made->addWidget(widget); },
-            [&](QLayout *inner) { made->addLayout(inner); },
-            [&](Stretch stretch) { made->addStretch(stretch.factor); },
-            [&](Space space) { made->addSpacing(space.pixels); },
+            [&](QWidget *widget) { layout->addWidget(widget); },
+            [&](QLayout *inner) { layout->addLayout(inner); },
+            [&](Stretch stretch) { layout->addStretch(stretch.factor); },
+            [&](Space space) { layout->addSpacing(space.pixels); },
         }, item);
     }
-    return made;
+    return layout;
 }
 
 // The field that a label's mnemonic goes to: the first one of a row that takes the keyboard.
@@ -66,42 +66,42 @@ QLayout *Column(std::initializer_list<Item> items)
 
 QLayout *Fields(std::initializer_list<FormRow> rows)
 {
-    auto *made = new QFormLayout;
-    made->setContentsMargins(0, 0, 0, 0);
-    made->setHorizontalSpacing(unit);
-    made->setVerticalSpacing(unit);
-    made->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    made->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    made->setRowWrapPolicy(QFormLayout::DontWrapRows);
+    auto *form = new QFormLayout;
+    form->setContentsMargins(0, 0, 0, 0);
+    form->setHorizontalSpacing(unit);
+    form->setVerticalSpacing(unit);
+    form->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    form->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+    form->setRowWrapPolicy(QFormLayout::DontWrapRows);
     for (const FormRow &row : rows) {
         auto *label = new QLabel(row.label);
         std::visit(Either {
             [&](QWidget *widget) {
                 label->setBuddy(widget);
-                made->addRow(label, widget);
+                form->addRow(label, widget);
             },
             [&](QLayout *inner) {
                 label->setBuddy(firstField(inner));
-                made->addRow(label, inner);
+                form->addRow(label, inner);
             },
-            [&](Stretch) { made->addRow(label, new QWidget); },
+            [&](Stretch) { form->addRow(label, new QWidget); },
             [&](Space space) {
                 auto *gap = new QWidget;
                 gap->setFixedHeight(space.pixels);
-                made->addRow(label, gap);
+                form->addRow(label, gap);
             },
         }, row.field);
     }
-    return made;
+    return form;
 }
 
 QWidget *Group(const QString &name, const QString &title, QLayout *content)
 {
-    auto *made = new QGroupBox(title);
-    made->setObjectName(name);
+    auto *group = new QGroupBox(title);
+    group->setObjectName(name);
     setMargins(content, unit);
-    made->setLayout(content);
-    return made;
+    group->setLayout(content);
+    return group;
 }
 
 void setMargins(QLayout *layout, int pixels)

@@ -23,15 +23,15 @@ Colours coloursOf(const QStyleOption &option)
 {
     const auto group = option.state & QStyle::State_Enabled ? QPalette::Active : QPalette::Disabled;
     const QPalette &palette = option.palette;
-    Colours made;
-    made.ground = palette.color(group, QPalette::Window);
-    made.fill = palette.color(group, QPalette::Base);
+    Colours colours;
+    colours.ground = palette.color(group, QPalette::Window);
+    colours.fill = palette.color(group, QPalette::Base);
     const bool isNear = option.state & (QStyle::State_MouseOver | QStyle::State_HasFocus);
-    const QColor towards = isNear ? palette.color(QPalette::Active, QPalette::Highlight) : blackOrWhiteOn(made.ground);
-    made.line = atLeast(lineContrast, made.ground, towards);
-    made.mark = atLeast(group == QPalette::Disabled ? leastForControls : leastForText, made.fill,
-                        palette.color(group, QPalette::Text));
-    return made;
+    const QColor towards = isNear ? palette.color(QPalette::Active, QPalette::Highlight) : blackOrWhiteOn(colours.ground);
+    colours.line = atLeast(lineContrast, colours.ground, towards);
+    colours.mark = atLeast(group == QPalette::Disabled ? leastForControls : leastForText, colours.fill,
+                           palette.color(group, QPalette::Text));
+    return colours;
 }
 
 void drawCheckBox(const QStyleOption &option, QPainter &painter)

@@ -22,13 +22,13 @@ constexpr QSize usualBounds(1280, 1024);
 QThreadPool &pool()
 {
     static QThreadPool *const threads = [] {
-        auto *made = new QThreadPool;
-        made->setMaxThreadCount(2);
+        auto *created = new QThreadPool;
+        created->setMaxThreadCount(2);
         qAddPostRoutine([] {
             pool().clear();
             pool().waitForDone();
         });
-        return made;
+        return created;
     }();
     return *threads;
 }

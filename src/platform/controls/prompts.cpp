@@ -62,7 +62,7 @@ Answer answerOf(int pressed, Buttons buttons)
 // A box is as wide as its lines; one that holds a path is not broken as long as the screen is wide enough.
 int textWidth(const QString &text, const QWidget &box)
 {
-    constexpr int widestProse = 560;
+    constexpr int widestProse = 560;        // about 80 characters, the longest line that reads well
     const QFontMetrics metrics(box.font());
     const int widestPath = box.screen()->availableGeometry().width() * 3 / 4;
     int width = 0;

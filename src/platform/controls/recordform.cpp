@@ -343,7 +343,7 @@ void RecordForm::useRecordKeys()
 void RecordForm::setRecordTitle(const QString &screen, const QString &record)
 {
     QString name = record.simplified();
-    constexpr int longest = 60;
+    constexpr int longest = 60;             // longer titles are cut by the desktop at a place of its own
     if (name.size() > longest)
         name = name.left(longest - 1) + QChar(0x2026);
     QString title = name.isEmpty() ? screen : screen + u" - "_s + name;

@@ -19,8 +19,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 largestFile = 16 << 20;
-constexpr double easyContrast = 5;
+constexpr qint64 largestFile = 16 << 20;    // parsed on the screen's thread: more would stop the program for seconds
+constexpr double easyContrast = 5;          // a little above the 4.5 that body text needs, for thin letters
 const QStringList rtfTypes = {u"text/rtf"_s, u"application/rtf"_s, u"text/richtext"_s};
 
 // Older versions stored what a rich text editor writes by itself; a user's own "<b>" stays those three characters.
@@ -443,13 +443,13 @@ void RichTextBox::insertFromMimeData(const QMimeData *source)
 
 QMimeData *RichTextBox::createMimeDataFromSelection() const
 {
-    auto *made = new QMimeData;
-    made->setText(SelText());
+    auto *mime = new QMimeData;
+    mime->setText(SelText());
     const QByteArray rtf = SelRTF().toLatin1();
     for (const QString &type : rtfTypes)
-        made->setData(type, rtf);
-    made->setHtml(textCursor().selection().toHtml());
-    return made;
+        mime->setData(type, rtf);
+    mime->setHtml(textCursor().selection().toHtml());
+    return mime;
 }
 
 void RichTextBox::keyPressEvent(QKeyEvent *event)

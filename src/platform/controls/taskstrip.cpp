@@ -15,7 +15,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int delayMilliseconds = 500;
+constexpr int delayMilliseconds = 500;  // work that is done sooner shows nothing
 constexpr int barSteps = 1000;          // a total may be larger than a bar can count
 
 }

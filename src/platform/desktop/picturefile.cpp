@@ -10,12 +10,13 @@ namespace vorel::desktop {
 
 namespace {
 
-// Beyond these no camera goes; what claims more is made to hurt.
+// No camera produces more; larger claims are treated as hostile.
 constexpr qint64 mostPixels = 400'000'000;
 // A progressive JPEG file is held whole while it is decoded, however small it is wanted.
 constexpr qint64 mostProgressivePixels = 50'000'000;
 // Formats that cannot be scaled while they are decoded are held whole in four bytes a pixel.
 constexpr qint64 mostWholePixels = 60'000'000;
+// Up to here a picture is decoded in a few hundredths of a second, on the screen's own thread.
 constexpr qint64 quickPixels = 1'500'000, quickBytes = 4'000'000;
 
 // Walks the segments up to the frame header, whose marker gives the kind.

@@ -12,8 +12,8 @@ namespace vorel::desktop {
 
 namespace {
 
-constexpr int pauseMicroseconds = 20'000;
-constexpr qsizetype contentKept = 64 * 1024;
+constexpr int pauseMicroseconds = 20'000;            // between two tries: short for the user, cheap for the machine
+constexpr qsizetype contentKept = 64 * 1024;        // a lock file of ours is far shorter; a foreign one is not read whole
 
 int openFile(const QByteArray &name)
 {

@@ -15,8 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int noProgram = 429;
-constexpr int keptLetters = 20;
+constexpr int noProgram = 429;                  // "ActiveX component can't create object"
+constexpr int keptLetters = 20;                 // more than anybody opens before the mail program has read them
 
 MailProgram *chosenProgram = nullptr;
 
@@ -65,7 +65,7 @@ public:
         if (!file.isEmpty() && desktop::ShellExecute(file))
             return;
         if (!OpenMailTo(To, Subject, Body))
-            throw basic::Error(noProgram, u"There is no mail program on this desktop to take the letter to "_s + To);
+            throw basic::Error(noProgram, u"No mail program is set up on this desktop for the letter to "_s + To);
     }
 
 private:

@@ -72,12 +72,12 @@ std::optional<quint32> Page::modeColour(quint32 colour) const
 QPen Page::pen(quint32 colour) const
 {
     static constexpr std::array styles{Qt::SolidLine, Qt::DashLine, Qt::DotLine, Qt::DashDotLine, Qt::DashDotDotLine, Qt::NoPen};
-    QPen made(colourOf(colour));
-    made.setStyle(DrawStyle >= 0 && DrawStyle < 6 ? styles[static_cast<std::size_t>(DrawStyle)] : Qt::SolidLine);
-    made.setWidthF(std::max(hairline, 1 / m_pixelsPerTwip) * std::clamp(DrawWidth, 1, 100));
-    made.setCapStyle(Qt::FlatCap);
-    made.setJoinStyle(Qt::MiterJoin);
-    return made;
+    QPen result(colourOf(colour));
+    result.setStyle(DrawStyle >= 0 && DrawStyle < 6 ? styles[static_cast<std::size_t>(DrawStyle)] : Qt::SolidLine);
+    result.setWidthF(std::max(hairline, 1 / m_pixelsPerTwip) * std::clamp(DrawWidth, 1, 100));
+    result.setCapStyle(Qt::FlatCap);
+    result.setJoinStyle(Qt::MiterJoin);
+    return result;
 }
 
 void Page::Print(const QString &text)

@@ -34,8 +34,8 @@ struct Machine {
 
 Machine &machine()
 {
-    static Machine one;
-    return one;
+    static Machine instance;
+    return instance;
 }
 
 std::shared_ptr<Hardware> findHardware(const QString &name)

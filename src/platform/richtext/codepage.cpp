@@ -45,9 +45,9 @@ bool isMultiByte(int codePage)
 
 int codePageOfCharset(int charset)
 {
-    for (const Charset &one : charsets) {
-        if (one.charset == charset)
-            return one.page;
+    for (const Charset &entry : charsets) {
+        if (entry.charset == charset)
+            return entry.page;
     }
     return 0;
 }

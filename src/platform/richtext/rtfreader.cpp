@@ -11,6 +11,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// Limits against crafted files. What editors write stays far below them.
 constexpr std::size_t deepestGroup = 512;
 constexpr qsizetype longestRun = 1 << 15, longestName = 128, longestMark = 32;
 constexpr std::size_t mostColours = 4096;
@@ -322,18 +323,18 @@ QTextBlockFormat Reader::blockFormat(bool listed) const
 {
     const ParagraphState &p = m_now.paragraph;
     const int first = std::max(p.first, -p.left);       // nothing starts left of the text's edge
-    QTextBlockFormat made;
+    QTextBlockFormat format;
     if (p.alignment != Qt::AlignLeft)
-        made.setAlignment(p.alignment);
-    const auto set = [&made](void (QTextBlockFormat::*setter)(qreal), int twips) {
+        format.setAlignment(p.alignment);
+    const auto set = [&format](void (QTextBlockFormat::*setter)(qreal), int twips) {
         if (twips != 0)
-            (made.*setter)(pixels(twips));
+            (format.*setter)(pixels(twips));
     };
     set(&QTextBlockFormat::setRightMargin, p.right);
     set(&QTextBlockFormat::setTopMargin, p.before);
     set(&QTextBlockFormat::setBottomMargin, p.after);
     if (listed)
-        return made;
+        return format;
     set(&QTextBlockFormat::setLeftMargin, p.left);
     set(&QTextBlockFormat::setTextIndent, first);
     // RTF counts tabs from the page's edge, the document from where the first line starts.
@@ -345,8 +346,8 @@ QTextBlockFormat Reader::blockFormat(bool listed) const
     }
     addHangingTab(&tabs, first);
     if (!tabs.isEmpty())
-        made.setTabPositions(tabs);
-    return made;
+        format.setTabPositions(tabs);
+    return format;
 }
 
 // A first line that hangs out has a tab where the other lines start, unsaid.

@@ -24,7 +24,7 @@ int hexDigit(QChar c)
     return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : -1;
 }
 
-constexpr int largestNumber = 100'000'000;
+constexpr int largestNumber = 100'000'000;      // times ten it still fits an int
 
 }
 

@@ -11,8 +11,8 @@ struct Words {
     using Step = void (*)(Reader &, int number, bool hasNumber);
 
     static constexpr int farthest = 31680;          // twips: 22 inches
-    static constexpr int largestHalfPoints = 800;
-    static constexpr qsizetype mostTabs = 64;
+    static constexpr int largestHalfPoints = 800;   // 400 points
+    static constexpr qsizetype mostTabs = 64;       // as many as editors keep in a paragraph
 
     static const QHash<QStringView, Step> &table();
     static const QHash<QStringView, Destination> &destinations();

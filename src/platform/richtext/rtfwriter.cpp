@@ -34,9 +34,9 @@ constexpr ListStyle listStyles[] = {
 
 const ListStyle &listStyle(QTextListFormat::Style style)
 {
-    for (const ListStyle &one : listStyles) {
-        if (one.style == style)
-            return one;
+    for (const ListStyle &entry : listStyles) {
+        if (entry.style == style)
+            return entry;
     }
     return listStyles[0];
 }
