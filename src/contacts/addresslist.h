@@ -19,7 +19,7 @@ public:
     enum Column { Name, Street, Suburb, State, Code, Country, ColumnCount };
     explicit AddressList(QObject *parent = nullptr) : QAbstractTableModel(parent) {}
 
-    // Opens the list anew, of one category or of all (""); the ticks are cleared.
+    // Opens the list again, of one category or of all (""); the ticks are cleared.
     void GetContactList(dao::Database &database, const QString &category);
     PostalAddress address(int row) const;
     bool isComplete(int row) const;             // there is a street or a box, and a city

@@ -94,7 +94,7 @@ void frmLabelSheet::paintEvent(QPaintEvent *)
         painter.setBrush(back);
         painter.setPen(isStart ? QPen(accent, 2) : QPen(controls::blend(base, text, 0.35), 1));
         painter.drawRoundedRect(place, 4, 4);
-        if (isUsed) {                       // hatched, so that it is not told by its shade alone
+        if (isUsed) {                       // hatched, so that its shade alone does not carry the meaning
             painter.setPen(Qt::NoPen);
             painter.setBrush(QBrush(controls::blend(base, text, 0.25), Qt::BDiagPattern));
             painter.drawRoundedRect(place, 4, 4);

@@ -265,7 +265,7 @@ void frmLabels::limitSender()
 {
     const QString text = txtReturnAddress->toPlainText();
     if (std::exchange(m_isSenderBlank, text.isEmpty()))
-        chkReturnAddress->setChecked(true);         // whoever types one wants it printed
+        chkReturnAddress->setChecked(true);         // a typed address is meant to be printed
     if (keptLength(text) <= longestReturnAddress)
         return;
     QString cut = text;

@@ -40,7 +40,7 @@ QString oneLine(const basic::Value &value)
     return value.text().simplified();
 }
 
-// The address of the home; where there is none, that of the business, then the postal one. Never parts of two.
+// The address of the home; without one, that of the business, then the postal one. Never parts of two.
 void addAddress(const dao::Recordset &row, std::vector<CardItem> &items)
 {
     static const std::pair<QString, QString> parts[] = {{u"STREET"_s, u"STREET"_s}, {u"CITY"_s, u"CITY"_s}, {u"STATE/PROVINCE"_s, u"STATE"_s},

@@ -49,7 +49,7 @@ frmCaddy::frmCaddy(QWidget *parent) : QMainWindow(parent)
     answerMenus();
     controls::on(d->c.Timer2, &QTimer::timeout, this, [this] { Timer2_Timer(); });
     connect(d->c.TimerMessages, &QTimer::timeout, this, [this] {
-        // Looks every few seconds: a file that cannot be read has been told by what the user does with it.
+        // Looks every few seconds: a file that cannot be read is reported by the action that uses it.
         basic::IgnoreErrors([this] {
             CheckForMessages();
             CheckForBackupFiles();

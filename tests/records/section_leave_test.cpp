@@ -28,19 +28,19 @@ protected:
         form->activateWindow();
         QCoreApplication::processEvents();
     }
-    void leaveBy(const QString &road)
+    void leaveBy(const QString &way)
     {
-        if (road == u"tree")
+        if (way == u"tree")
             clickNode(u"Emma"_s);
-        else if (road == u"next")
+        else if (way == u"next")
             QTest::mouseClick(form->findChild<QAbstractButton *>(u"next"_s), Qt::LeftButton);
-        else if (road == u"key")
+        else if (way == u"key")
             QTest::keyClick(form.get(), Qt::Key_Right, Qt::AltModifier);
-        else if (road == u"new")
+        else if (way == u"new")
             click(u"cmdNew"_s);
-        else if (road == u"close")
+        else if (way == u"close")
             click(u"cmdClose"_s);
-        else if (road == u"escape")
+        else if (way == u"escape")
             QTest::keyClick(form.get(), Qt::Key_Escape);
         else
             QApplication::closeAllWindows();
@@ -48,18 +48,18 @@ protected:
     static QStringList stored() { return read(DataFile::Books, u"select [AUTHOR] from [BOOKS] where [ID]=1"_s); }
 };
 
-const QStringList roads{u"tree"_s, u"next"_s, u"key"_s, u"new"_s, u"close"_s, u"escape"_s, u"end"_s};
+const QStringList ways{u"tree"_s, u"next"_s, u"key"_s, u"new"_s, u"close"_s, u"escape"_s, u"end"_s};
 
 }
 
 TEST_F(Leave, EveryRoadWritesTheRow)
 {
-    for (const QString &road : roads) {
-        SCOPED_TRACE(qPrintable(road));
+    for (const QString &way : ways) {
+        SCOPED_TRACE(qPrintable(way));
         openDune();
-        type(u"txtAuthor"_s, u"by "_s + road);
-        leaveBy(road);
-        EXPECT_EQ(stored(), QStringList{u"by "_s + road});
+        type(u"txtAuthor"_s, u"by "_s + way);
+        leaveBy(way);
+        EXPECT_EQ(stored(), QStringList{u"by "_s + way});
     }
 }
 
@@ -67,8 +67,8 @@ TEST_F(Leave, EveryRoadWritesTheRow)
 TEST_F(Leave, ARefusedRowIsKeptUntilTheUserLetsItGo)
 {
     run(DataFile::Main, {u"INSERT INTO [INVENTORY] (ITEM,COST) VALUES('Dune buggy',40)"_s, u"INSERT INTO [INVENTORY] (ITEM) VALUES('Emma')"_s});
-    for (const QString &road : roads) {
-        SCOPED_TRACE(qPrintable(road));
+    for (const QString &way : ways) {
+        SCOPED_TRACE(qPrintable(way));
         openScreen<frmInventory>(u"I"_s);
         form->activateWindow();
         QCoreApplication::processEvents();
@@ -76,7 +76,7 @@ TEST_F(Leave, ARefusedRowIsKeptUntilTheUserLetsItGo)
         EXPECT_TRUE(form->isWindowModified());
         at<QTabBar>(u"TabStrip1"_s)->setCurrentIndex(0);
         user.expect(u"Cost: \"a lot\" is not an amount"_s);
-        leaveBy(road);
+        leaveBy(way);
         EXPECT_TRUE(user.isDone() && form->isVisible());
         EXPECT_EQ(form->focusWidget(), at(u"txtCost"_s));
         EXPECT_TRUE(at(u"txtCost"_s)->isVisible());
@@ -85,11 +85,11 @@ TEST_F(Leave, ARefusedRowIsKeptUntilTheUserLetsItGo)
         EXPECT_EQ(selectedNode(), u"Dune Buggy"_s);
         user.expect(u"not an amount"_s);
         user.expect(u"Leave without saving the changes?"_s, basic::Answer::No);
-        leaveBy(road);
+        leaveBy(way);
         EXPECT_EQ(text(u"txtCost"_s), u"a lot"_s);
         user.expect(u"not an amount"_s);
         user.expect(u"Leave without saving the changes?"_s, basic::Answer::Yes);
-        leaveBy(road);
+        leaveBy(way);
         EXPECT_TRUE(user.isDone());
         EXPECT_TRUE(!form->isVisible() || text(u"lblIDNum"_s) != u"1"_s);
         EXPECT_EQ(read(DataFile::Main, u"select [COST] from [INVENTORY] where [ID]=1"_s), QStringList{u"40"_s});

@@ -252,7 +252,7 @@ TEST_F(RecordSave, DeleteTakesTheSeries)
 
 TEST_F(RecordSave, EveryWayOutWritesTheTyping)
 {
-    const std::function<void()> roads[] = {
+    const std::function<void()> ways[] = {
         [this] { click(u"cmdClose"_s); },
         [this] { QTest::keyClick(form.get(), Qt::Key_Escape); },
         [this] { QTest::keyClick(form.get(), Qt::Key_W, Qt::ControlModifier); },
@@ -260,13 +260,13 @@ TEST_F(RecordSave, EveryWayOutWritesTheTyping)
     };
     execute(u"INSERT INTO [EVENTS] ([DATE],[EVENT],[SUBJECT]) VALUES (#11/22/2026#,'x','GENERAL')"_s);
     int number = 0;
-    for (const auto &road : roads) {
+    for (const auto &way : ways) {
         openScreen(u"E"_s, 1);
-        const QString typed = u"Road %1"_s.arg(++number);
+        const QString typed = u"Way %1"_s.arg(++number);
         type(u"txtEvent"_s, typed);
         type(u"txtDate"_s, u"junk"_s);
         user.expect(u"Invalid Date ... defaulting to todays date"_s);
-        road();
+        way();
         EXPECT_FALSE(form->isVisible()) << number;
         EXPECT_EQ(rows(u"SELECT [DATE],[EVENT] FROM [EVENTS]"_s), QStringList{u"2026-11-22|"_s + typed});
     }

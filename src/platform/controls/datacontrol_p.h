@@ -72,7 +72,7 @@ struct DataControl::Private {
     // Writes to the row that the widgets hold, wherever code has moved the recordset meanwhile.
     Written write(Failure *failure);
     // The row and the rows that hang on it are one change. Where one of them is refused the others are kept all the same:
-    // their typing has been taken. false: a writer refused and has told the user, or `failure` says why.
+    // their typing has been taken. false: a writer refused and has reported it, or `failure` says why.
     bool writeAll(Written *result, Failure *failure);
     // The widgets hold again what they held before a write that was taken back.
     void restore(const std::vector<std::pair<QPointer<QWidget>, std::pair<QString, QString>>> &typed);
