@@ -2,7 +2,7 @@
 # Run as: cmake -DSOURCE=<src folder> -P rooms.cmake
 set(order
   platform/basic platform/dao platform/desktop platform/richtext platform/printer platform/mail platform/controls
-  session accounts store media utilities calendar reminders print contacts records exchange frame app)
+  session accounts store media utilities calendar reminders print records contacts exchange frame app)
 
 set(wrong)
 file(GLOB_RECURSE files RELATIVE ${SOURCE} ${SOURCE}/*.h ${SOURCE}/*.cpp)

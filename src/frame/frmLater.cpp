@@ -1,17 +1,11 @@
 #include "frame/frmLater.h"
 
-#include "platform/basic/prompts.h"
 #include "session/state.h"
 #include "utilities/frmInformation.h"
 
 namespace vorel {
 
 using namespace Qt::StringLiterals;
-
-void showLater(const QString &name)
-{
-    basic::MsgBox(u"%1 is not part of this version yet."_s.arg(name.trimmed()), {}, basic::Icon::Information);
-}
 
 std::function<void()> &adminPassword()
 {

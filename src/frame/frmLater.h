@@ -1,12 +1,10 @@
 #pragma once
 
-#include <QString>
+#include "session/later.h"
+
 #include <functional>
 
 namespace vorel {
-
-// The one place that says that this version does not have a screen yet.
-void showLater(const QString &name);
 
 // Asks for the administration password and puts the answer into gAdminOk. Until a screen takes its place: no password
 // is set on a new installation, and then every text passes.

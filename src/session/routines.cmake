@@ -3,6 +3,7 @@ list(APPEND VOREL_ROUTINES
   session/datafiles.cpp
   session/datetexts.cpp
   session/ini.cpp
+  session/later.cpp
   session/recordtree.cpp
   session/reportdesign.cpp
   session/sectiondesign.cpp
