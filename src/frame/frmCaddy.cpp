@@ -18,6 +18,7 @@
 #include "platform/desktop/desktop.h"
 #include "platform/desktop/profile.h"
 #include "reminders/greetings.h"
+#include "session/changes.h"
 #include "session/datafiles.h"
 #include "session/ini.h"
 #include "utilities/hints.h"
@@ -67,14 +68,6 @@ frmCaddy::~frmCaddy()
 CaddyControls &frmCaddy::controls()
 {
     return d->c;
-}
-
-void frmCaddy::requeryReminders()
-{
-    for (GridPane &pane : d->c.reminders())
-        if (!pane.grid->isHidden())
-            pane.data->Refresh();
-    d->search.forgetRows();
 }
 
 // Two keys of the search box: Esc empties it, Down goes on to the grid.
@@ -298,6 +291,9 @@ void frmCaddy::changeEvent(QEvent *event)
 bool frmCaddy::event(QEvent *event)
 {
     if (event->type() == QEvent::WindowUnblocked) {
+        // The screen that was over this one has gone: its rows are here before anything goes on.
+        Changes::instance().deliver();
+        basic::Trap([this] { d->sections.readChanged(); });
         QTimer::singleShot(0, this, [this] {
             if (isVisible() && !QApplication::activeWindow() && !QApplication::activeModalWidget())
                 activateWindow();
@@ -340,6 +336,7 @@ void frmCaddy::Timer2_Timer()
     d->alerts.showTime();
     if (!d->sections.retry())
         return;
+    d->sections.readChanged();
     d->periods.followDay();
     d->alerts.Timer2_Timer();
 }

@@ -22,8 +22,6 @@ public:
 
     void Load();                        // reads the settings, opens the main file, shows the start section; stays hidden
     CaddyControls &controls();
-    // Reads the reminder grids again, by the queries that they show.
-    void requeryReminders();
 
     void DisplayCategory(const QString &name) override;
     void GetData() override;

@@ -1,17 +1,20 @@
 #include "frame/frmCaddyCells.h"
 
 #include "calendar/picker.h"
+#include "frame/frmCaddyLayout.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "reminders/record.h"
+#include "session/changes.h"
 #include "session/datetexts.h"
 #include "session/sectiondesign.h"
 #include "session/shared.h"
 
 #include <QAbstractButton>
+#include <QScopedValueRollback>
 #include <QTimer>
 
 namespace vorel {
@@ -35,8 +38,16 @@ qint32 idOf(const Grid &grid, qsizetype row)
     return static_cast<qint32>(basic::Val(grid.CellText(idColumn, row)));
 }
 
+// The grid shows already what it wrote; whoever else shows these rows reads them anew.
+void reportOwnChange(GridPane &pane)
+{
+    const QScopedValueRollback own(pane.isOwnChange, true);
+    Changes::instance().deliver();
+}
+
 void rememberRow(GridPane &pane, const RowUpdate &update)
 {
+    reportOwnChange(pane);
     pane.lastId = idOf(*pane.grid, update.row);
 }
 
@@ -51,7 +62,7 @@ QStringList subjects(controls::DataControl &data)
 
 }
 
-CaddyCells::CaddyCells(CaddyControls &c, MainScreen &screen) : m_c(c), m_screen(screen)
+CaddyCells::CaddyCells(CaddyControls &c) : m_c(c)
 {
     for (GridPane &pane : m_c.reminders())
         openReminderCells(pane);
@@ -98,6 +109,7 @@ void CaddyCells::openReminderCells(GridPane &pane)
         };
     pane.grid->setEditing(std::move(cells), std::move(rules));
     pane.grid->setAllowAddNew(true);
+    controls::on(pane.grid, &Grid::DeleteKey, pane.grid, [&pane] { deleteReminder(pane); });
     controls::on(pane.grid, &Grid::BtnClick, pane.grid,
                  [this, &pane](int column, qsizetype row) { pickDate(pane, column, row); });
 }
@@ -167,6 +179,7 @@ void CaddyCells::enterSection()
     const bool isShopping = isShown(SectionId::Shopping);
     m_shopping = {};
     m_c.subjects().panEdit->setText(isShopping ? u"Clear"_s : u"Edit"_s);
+    showEditIcon(m_c);
     m_c.subjects().panEdit->setToolTip(isShopping ? u"Clear all check marks"_s : u"Open the selected record"_s);
     if (isShown(SectionId::ToDo))
         openToDo();
@@ -195,10 +208,7 @@ void CaddyCells::openMessages()
 {
     EditHandlers rules;
     // A check alone is written as soon as it changes.
-    rules.afterUpdate = [this](const RowUpdate &update) {
-        rememberRow(m_c.subjects(), update);
-        m_screen.CheckForMessages();
-    };
+    rules.afterUpdate = [this](const RowUpdate &update) { rememberRow(m_c.subjects(), update); };
     subjects().setEditing({{u"READ"_s}}, std::move(rules));
 }
 
@@ -266,9 +276,33 @@ void CaddyCells::ClearShoppingChecks()
     if (!isShown(SectionId::Shopping) || !writeRows() || !m_c.subjects().data->Database())
         return;
     vorel::ClearShoppingChecks(m_c.subjects().data->Database(), m_c.subjects().data->Recordset(), m_shopping);
+    reportOwnChange(m_c.subjects());
     m_c.subjects().data->showRow();
     subjects().Repaint();
     showShoppingTotal();
+}
+
+// As on the record screen the other dates of a repeated text can go with the row; here the user sees them and is asked.
+void CaddyCells::deleteReminder(GridPane &pane)
+{
+    Grid &grid = *pane.grid;
+    if (!grid.UpdateRow() || !grid.Bookmark().isValid())
+        return;
+    if (!basic::askYesNo(u"Do you want to Delete this Record ?"_s, u"Question?"_s) || !grid.Bookmark().isValid())
+        return;
+    const qsizetype row = grid.currentRow();
+    const qint32 id = idOf(grid, row);
+    const qint32 next = idOf(grid, row + 1 < grid.rows() ? row + 1 : row - 1);
+    const record::ReminderDesign &design = record::reminderDesign(pane.code);
+    dao::Database &file = pane.data->Database();
+    const int others = record::otherDates(file, design, id);
+    const bool whole = others > 0
+        && basic::askYesNo(u"There are %1 more rows of this text on other dates.\r\nDo you want to delete them too?"_s.arg(others),
+                           u"Question?"_s);
+    record::deleteRow(file, design, id, whole);
+    Changes::instance().deliver();
+    if (next != 0 && pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(next)))
+        grid.setBookmark(pane.data->Recordset().Bookmark());
 }
 
 // To Do and Shopping have no screen of their own on which a row could be deleted.
@@ -283,6 +317,7 @@ void CaddyCells::deleteRow()
     const qint32 id = idOf(grid, grid.currentRow());
     m_c.subjects().data->Recordset().Delete();
     m_c.subjects().data->MoveNext();
+    reportOwnChange(m_c.subjects());
     if (section->id != SectionId::Shopping)
         return;
     m_shopping.remove(id);

@@ -2,14 +2,13 @@
 
 #include "frame/frmCaddyControls.h"
 #include "frame/shopping.h"
-#include "session/mainscreen.h"
 
 namespace vorel {
 
 // Editing in the cells of the main screen's grids: which cells can be changed, and the rules of each grid.
 class CaddyCells {
 public:
-    CaddyCells(CaddyControls &c, MainScreen &screen);
+    explicit CaddyCells(CaddyControls &c);
 
     void enterSection();                // SUBJECTGRID shows another section
     bool writeRows();                   // see MainScreen
@@ -30,10 +29,10 @@ private:
     void openMessages();
     void countShoppingRow(qsizetype row);       // by its cells as shown
     void showShoppingTotal();
+    static void deleteReminder(GridPane &pane);
     void deleteRow();
 
     CaddyControls &m_c;
-    MainScreen &m_screen;
     ShoppingVariables m_shopping;
 };
 

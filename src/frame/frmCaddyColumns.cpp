@@ -4,9 +4,11 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QMenu>
 
 namespace vorel {
 
+using namespace Qt::StringLiterals;
 using controls::Grid;
 
 namespace {
@@ -26,6 +28,7 @@ void CaddyColumns::show(Grid *grid, std::vector<controls::GridColumn> columns, P
         m_views[grid->viewport()] = grid;
         grid->viewport()->installEventFilter(this);
         controls::on(grid, &Grid::ColResize, this, [this, grid](int column) { keep(grid, column); });
+        controls::on(grid, &Grid::HeadMenu, this, [this, grid](QPoint where) { showMenu(grid, where); });
     }
     m_plans[grid] = std::move(plan);
     grid->setColumns(std::move(columns));
@@ -62,28 +65,41 @@ std::int16_t CaddyColumns::rowHeight(Grid *grid) const
     return untouched ? m_sizes.rowHeight(m_plans.value(grid).word) : static_cast<std::int16_t>(now);
 }
 
-// The first width that the user sets makes all that is on the screen the user's choice.
 void CaddyColumns::keep(Grid *grid, int column)
 {
     const Plan &plan = m_plans[grid];
-    const bool first = untouched(plan);
-    for (std::size_t i = 0; i < plan.numbers.size(); ++i) {
-        const int at = static_cast<int>(i);
-        if (plan.numbers[i] > 0 && (at == column || first))
-            m_sizes.setWidth(plan.word, plan.numbers[i], grid->columnWidthTwips(at));
-    }
+    const auto at = static_cast<std::size_t>(column);
+    if (at < plan.numbers.size() && plan.numbers[at] > 0)
+        m_sizes.setWidth(plan.word, plan.numbers[at], grid->columnWidthTwips(column));
+    fill(grid);
 }
 
-bool CaddyColumns::untouched(const Plan &plan) const
+void CaddyColumns::fitColumns(Grid *grid)
 {
-    for (const GridWord &word : gridWords()) {
-        if (word.word != plan.word)
-            continue;
-        for (std::size_t i = 0; i < word.widths.size(); ++i)
-            if (static_cast<int>(m_sizes.width(plan.word, static_cast<int>(i) + 1)) != word.widths[i])
-                return false;
-    }
-    return true;
+    const Plan &plan = m_plans[grid];
+    for (const GridWord &word : gridWords())
+        for (std::size_t i = 0; word.word == plan.word && i < word.widths.size(); ++i)
+            m_sizes.setWidth(plan.word, static_cast<int>(i) + 1, word.widths[i]);
+    apply(grid);
+}
+
+void CaddyColumns::showMenu(Grid *grid, QPoint where)
+{
+    auto *menu = new QMenu(grid);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    QAction *fit = menu->addAction(u"Fit &columns"_s);
+    fit->setObjectName(u"mnuFitColumns"_s);
+    controls::on(fit, &QAction::triggered, this, [this, grid] { fitColumns(grid); });
+    menu->popup(where);
+}
+
+bool CaddyColumns::isSet(const Plan &plan, int column) const
+{
+    const int number = plan.numbers[static_cast<std::size_t>(column)];
+    for (const GridWord &word : gridWords())
+        if (word.word == plan.word && number > 0 && static_cast<std::size_t>(number) <= word.widths.size())
+            return static_cast<int>(m_sizes.width(plan.word, number)) != word.widths[static_cast<std::size_t>(number - 1)];
+    return false;
 }
 
 // The head and the sample text fit.
@@ -96,11 +112,10 @@ int CaddyColumns::least(const Grid *grid, const Plan &plan, int column) const
     return std::max(head, grid->fontMetrics().horizontalAdvance(plan.samples[at]) + 2 * cellMargin);
 }
 
-// No column is narrower than its texts, and the wide one takes what the others leave.
 void CaddyColumns::fill(Grid *grid)
 {
     const Plan &plan = m_plans[grid];
-    if (plan.wideColumn < 0 || !untouched(plan))
+    if (plan.wideColumn < 0)
         return;
     const std::vector<controls::GridColumn> &columns = grid->columns();
     const auto kept = [&](int column) {
@@ -113,28 +128,30 @@ void CaddyColumns::fill(Grid *grid)
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const int at = static_cast<int>(i);
         if (columns[i].visible && at != plan.wideColumn)
-            others += widths[at] = std::max(kept(at), least(grid, plan, at));
+            others += widths[at] = isSet(plan, at) ? kept(at) : std::max(kept(at), least(grid, plan, at));
     }
+    const bool wideIsSet = isSet(plan, plan.wideColumn);
     const int room = grid->viewport()->width(), wide = kept(plan.wideColumn);
     const int wanted = std::max(wide, least(grid, plan, plan.wideColumn));
-    if (const auto giving = widths.find(plan.givingColumn); giving != widths.end() && others + wanted > room) {
+    if (const auto giving = widths.find(plan.givingColumn); giving != widths.end() && !isSet(plan, plan.givingColumn) && others + wanted > room) {
         const int given = std::min(others + wanted - room, giving->second - least(grid, plan, plan.givingColumn));
         giving->second -= std::max(given, 0);
         others -= std::max(given, 0);
     }
     const int rest = room - others - wanted;
+    const auto grows = [&](int column) { return column != plan.wideColumn && !isSet(plan, column); };
     int shares = wide;
     for (const int column : plan.growing)
-        if (column != plan.wideColumn)
+        if (grows(column))
             shares += kept(column);
     for (const int column : plan.growing) {
-        if (column == plan.wideColumn || rest <= 0)
+        if (!grows(column) || rest <= 0)
             continue;
         const int more = rest * kept(column) / shares;
         widths[column] += more;
         others += more;
     }
-    widths[plan.wideColumn] = std::max(std::min(wide, leastWide), room - others);
+    widths[plan.wideColumn] = std::max(wideIsSet ? wide : std::min(wide, leastWide), room - others);
     for (const auto &[column, width] : widths)
         if (grid->columnWidth(column) != width)
             grid->setColumnWidthTwips(column, controls::toTwips(width));

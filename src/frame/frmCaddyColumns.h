@@ -8,9 +8,9 @@
 
 namespace vorel {
 
-// Widths and row heights of the grids as the layout keeps them. While a grid has its first widths, the column that names
-// the row also takes the remaining width, and its rows are as high as their lines need; once the user has set
-// them they keep the width that was set.
+// Widths and row heights of the grids as the layout keeps them. A column that the user has set keeps its width; of the others
+// none is narrower than its texts, and the column that names the row takes the remaining width, whatever was set.
+// Rows are as high as their lines need until the user sets their height.
 class CaddyColumns : public QObject {
     Q_OBJECT
 public:
@@ -28,6 +28,7 @@ public:
     // Sets the grid's columns and their widths.
     void show(controls::Grid *grid, std::vector<controls::GridColumn> columns, Plan plan);
     void apply(controls::Grid *grid);   // widths and height again, after the layout was read again
+    void fitColumns(controls::Grid *grid);      // back to the first widths
     std::int16_t rowHeight(controls::Grid *grid) const;     // twips, as to be kept
 
 protected:
@@ -35,7 +36,8 @@ protected:
 
 private:
     void keep(controls::Grid *grid, int column);
-    bool untouched(const Plan &plan) const;
+    bool isSet(const Plan &plan, int column) const;         // by the user
+    void showMenu(controls::Grid *grid, QPoint where);
     int least(const controls::Grid *grid, const Plan &plan, int column) const;
     void fill(controls::Grid *grid);
     void applyHeight(controls::Grid *grid);

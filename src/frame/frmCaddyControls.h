@@ -38,7 +38,8 @@ struct GridPane {
     QString ShownPeriod::*sql = nullptr;      // the period's query; nullptr: the general grid
     QString newRowSource;               // what the record screen reads when it starts on a new row
     int textColumn = 4;                 // the column that names the row
-    bool waits = false;                 // its query was set while it was hidden: read when it is shown
+    bool waits = false;                 // its rows are out of date: read when it is shown and nobody is typing
+    bool isOwnChange = false;           // the change that is being reported was made in the grid itself
     qint32 lastId = 0;                  // of the record last worked on
 
     bool isReminder() const { return sql != nullptr; }
@@ -96,6 +97,7 @@ struct CaddyControls {
     GridPane &paneOf(const controls::Grid *grid);
     // The first of the reminder grids that is on show.
     GridPane *firstShown();
+    bool isTyping() const;              // a cell is open, or a row is changed and not written
     void enableAction(const QString &name, bool enable);
     void showAction(const QString &name, bool show);
 };

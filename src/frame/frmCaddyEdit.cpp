@@ -3,6 +3,7 @@
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyScreens.h"
 #include "frame/frmLater.h"
+#include "media/pictures.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
 #include "platform/basic/prompts.h"
@@ -66,8 +67,13 @@ void CaddyEdit::openReminder(GridPane &pane, qint32 id)
     stopTimers();
     basic::Trap([&] { pane.lastId = showReminder(pane, id).lastId; });
     startTimers();
-    m_screen.GetData();
-    if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
+    showLast(pane);
+}
+
+// The row that the record screen was left on.
+void CaddyEdit::showLast(GridPane &pane)
+{
+    if (pane.isShown() && pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
         pane.grid->setBookmark(pane.data->Recordset().Bookmark());
 }
 
@@ -121,7 +127,7 @@ void CaddyEdit::openSubject(qint32 id)
         else
             showLater(u"The record screen of "_s + section->name);
     }
-    basic::Trap([this] { m_screen.GetData(); });
+    basic::Trap([&] { showLast(subjects); });
     m_c.txtSearch->clear();
     startTimers();
 }
@@ -205,7 +211,7 @@ void CaddyEdit::subjectButton(qsizetype row)
     for (std::size_t i = 0; i < columns.size(); ++i)
         if (columns[i].field.compare(u"FILENAME"_s, Qt::CaseInsensitive) == 0)
             file = grid->CellText(static_cast<int>(i), row).trimmed();
-    if (file.isEmpty() || basic::Dir(file).isEmpty())
+    if (pictureFile(file).isEmpty())
         ShowEdit();
     else
         showDetails();

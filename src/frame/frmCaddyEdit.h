@@ -32,6 +32,7 @@ signals:
 private:
     void editReminder(GridPane &pane);
     void openReminder(GridPane &pane, qint32 id);
+    void showLast(GridPane &pane);
     RecordOutcome showReminder(const GridPane &pane, qint32 id);
     bool hasFile() const;
     void openSubject(qint32 id);

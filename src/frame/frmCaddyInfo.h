@@ -17,6 +17,7 @@ public:
     bool warning() const { return m_warning; }
     void setWarning(bool warning);          // the warning outline instead of the normal one
 
+    QSize sizeHint() const override { return minimumSizeHint(); }       // it takes what the strip leaves
     QSize minimumSizeHint() const override;
 
 protected:

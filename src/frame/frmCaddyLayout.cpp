@@ -6,10 +6,13 @@
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyRail.h"
 #include "frame/menus.h"
+#include "platform/controls/elidedlabel.h"
 #include "platform/controls/form.h"
 #include "platform/controls/layout.h"
+#include "session/sectiondesign.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QMainWindow>
@@ -224,7 +227,7 @@ void buildGrids(QMainWindow *window, CaddyControls &c)
 
 QLayout *buildHead(CaddyControls &c)
 {
-    c.panPeriod = new QLabel;
+    c.panPeriod = new controls::ElidedLabel;
     c.panPeriod->setObjectName(u"panPeriod"_s);
     c.panPeriod->setAccessibleName(u"Period on show"_s);
     c.panPeriod->setFont(headingFont(c.panPeriod->font()));
@@ -235,8 +238,14 @@ QLayout *buildHead(CaddyControls &c)
     for (GridPane &pane : c.reminders())
         pane.panEdit->setAccessibleName(u"Edit "_s + pane.panEdit->text());
     c.subjects().panEdit = controls::button(u"panEditS"_s, u"Edit"_s, {}, u"Open the selected record"_s);
-    return layout::Row({c.panPeriod, layout::Stretch{}, c.panNew, c.appointments().panEdit, c.bills().panEdit,
-                        c.events().panEdit, c.subjects().panEdit});
+    auto *row = new QHBoxLayout;
+    row->setSpacing(unit);
+    row->addWidget(c.panPeriod, 1);
+    // The buttons stay at the right where no period is on show.
+    row->addStretch();
+    for (QAbstractButton *button : {c.panNew, c.appointments().panEdit, c.bills().panEdit, c.events().panEdit, c.subjects().panEdit})
+        row->addWidget(button);
+    return row;
 }
 
 QWidget *buildSide(CaddyControls &c)
@@ -341,10 +350,12 @@ void buildStrip(QMainWindow *window, CaddyControls &c)
     c.StatusBar1 = new QStatusBar;
     c.StatusBar1->setObjectName(u"StatusBar1"_s);
     const auto label = [](const QString &name, const QString &spokenName) {
-        auto *made = new QLabel;
+        auto *made = new controls::ElidedLabel;
         made->setObjectName(name);
         made->setAccessibleName(spokenName);
-        made->setContentsMargins(unit / 2, 0, unit / 2, 0);
+        made->setMargin(unit / 2);
+        made->setMaximumWidth(28 * unit);
+        made->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
         return made;
     };
     c.panInfo = new InfoPanel;
@@ -399,8 +410,15 @@ void applyCaddyIcons(CaddyControls &c)
         c.tools.at(QString::fromUtf16(tool.name))->setIcon(caddyIcon(QString::fromUtf16(tool.icon)));
     c.cmdNext->setIcon(caddyIcon(u"go-down"_s));
     c.panNew->setIcon(caddyIcon(u"list-add"_s));
-    for (GridPane &pane : c.panes)
+    for (GridPane &pane : c.reminders())
         pane.panEdit->setIcon(caddyIcon(u"document-edit"_s));
+    showEditIcon(c);
+}
+
+// On the shopping list the button clears the checks: no pencil.
+void showEditIcon(CaddyControls &c)
+{
+    c.subjects().panEdit->setIcon(isShown(SectionId::Shopping) ? QIcon() : caddyIcon(u"document-edit"_s));
 }
 
 CaddyControls::CaddyControls(QMainWindow *window)
@@ -438,6 +456,14 @@ GridPane *CaddyControls::firstShown()
         if (pane.isShown())
             return &pane;
     return nullptr;
+}
+
+bool CaddyControls::isTyping() const
+{
+    const QWidget *focus = QApplication::focusWidget();
+    return std::any_of(panes.begin(), panes.end(), [focus](const GridPane &pane) {
+        return pane.grid->isRowChanged() || (focus && pane.grid->viewport()->isAncestorOf(focus));
+    });
 }
 
 void CaddyControls::enableAction(const QString &name, bool enable)

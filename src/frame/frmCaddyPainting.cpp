@@ -1,6 +1,7 @@
 #include "frame/frmCaddyPainting.h"
 
 #include "frame/rowrules.h"
+#include "media/pictures.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/colournumber.h"
 #include "platform/basic/dates.h"
@@ -266,7 +267,7 @@ void CaddyPainting::paintEvent(RowPaint &row) const
             row.rowStyle = u"TODAY"_s;
     }
     const QString file = row.cell(eventFile).text().trimmed();
-    if (!file.isEmpty() && !basic::Dir(file).isEmpty())
+    if (!pictureFile(file).isEmpty())
         setCell(row.style, eventFile, u"PICTURE"_s);
 }
 

@@ -59,17 +59,9 @@ void CaddyPeriods::DisplayDates()
     choose(startPeriod());
 }
 
-bool CaddyPeriods::isTyping() const
-{
-    const QWidget *focus = QApplication::focusWidget();
-    return std::any_of(m_c.panes.begin(), m_c.panes.end(), [focus](const GridPane &pane) {
-        return pane.grid->isRowChanged() || (focus && pane.grid->viewport()->isAncestorOf(focus));
-    });
-}
-
 void CaddyPeriods::followDay()
 {
-    if (m_day == basic::Date() || !m_period || isTyping())
+    if (m_day == basic::Date() || !m_period || m_c.isTyping())
         return;
     state().period.gToday = basic::Date();
     showDates();

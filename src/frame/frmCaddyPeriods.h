@@ -24,7 +24,6 @@ private:
     CaddyControls &m_c;
     MainScreen &m_screen;
     void showDates();
-    bool isTyping() const;
 
     const PeriodEntry *m_period = nullptr;      // set last
     basic::DateTime m_day;                      // of which the screen speaks

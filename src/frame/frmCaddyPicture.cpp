@@ -1,5 +1,6 @@
 #include "frame/frmCaddyPicture.h"
 
+#include "media/pictures.h"
 #include "platform/basic/files.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/form.h"
@@ -58,8 +59,8 @@ void DetailPane::showBanner(const QString &title, const QString &smallPrint)
 
 void DetailPane::showPicture(const QString &file)
 {
-    if (!basic::Dir(file).isEmpty())
-        return m_image->showFile(file);
+    if (const QString found = pictureFile(file); !found.isEmpty())
+        return m_image->showFile(found);
     m_image->clear();
     showImage(false);
 }

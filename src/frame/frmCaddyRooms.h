@@ -17,7 +17,7 @@ namespace vorel {
 struct frmCaddy::Rooms {
     explicit Rooms(frmCaddy &screen)
         : c(&screen), columns(sizes), painting(c, sizes, columns), search(c),
-          sections(c, screen, sizes, columns, search), periods(c, screen), cells(c, screen), edit(c, screen, &screen),
+          sections(c, screen, sizes, columns, search), periods(c, screen), cells(c), edit(c, screen, &screen),
           menus(c, screen, periods, &screen), strip(c, screen), tips(c, [this] { edit.showDetails(); }),
           alerts(c, painting, edit, &screen, [this] { sections.fileIsBusy(); }) {}
 

@@ -41,7 +41,8 @@ QString searchPattern(const QString &upper)
     QString pattern = upper.size() == 1 ? upper + u'*' : u'*' + upper + u'*';
     if (upper.size() == 1 && u"*?#["_s.contains(upper))
         pattern = u'[' + upper + u"]*"_s;
-    return dao::literal(pattern);
+    // Names are stored with a grave accent where an apostrophe was typed.
+    return dao::literal(pattern.replace(u'\'', u"['`]"_s));
 }
 
 // The engine looks, so that a long list is not carried here row by row. Invalid: no row from that one on.

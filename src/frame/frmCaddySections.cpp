@@ -19,10 +19,10 @@
 #include "session/datafiles.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMainWindow>
-#include <QMenu>
 #include <QScopedValueRollback>
 #include <QSplitter>
 #include <QToolBar>
@@ -132,9 +132,20 @@ void CaddySections::clearScreen(const SectionDesign &section)
     showNotice();
 }
 
+// What an empty grid says instead of rows.
+void CaddySections::showEmptyTexts(const SectionDesign &section)
+{
+    const bool noFile = state().mainFile == MainFileAccess::None;
+    for (GridPane &pane : m_c.reminders())
+        pane.grid->setEmptyText(noFile ? QString() : sectionByCode(pane.code)->grid->empty);
+    if (section.list)
+        m_c.subjects().grid->setEmptyText(noFile && section.file == DataFile::Main ? QString() : section.grid->empty);
+}
+
 void CaddySections::showReminders(const SectionDesign &section)
 {
     state().selection.gSection = section.code;
+    showEmptyTexts(section);
     markButton(section.name);
     allowPeriods(true);
     for (std::size_t i = 0; i < m_c.reminders().size(); ++i) {
@@ -158,6 +169,7 @@ void CaddySections::showGrid(const SectionDesign &section)
         title += u" for "_s + state().settings.gUserName;
     m_c.subjects().grid->setTitle(title);
     m_c.subjects().grid->setAccessibleName(title);
+    showEmptyTexts(section);
     connectSubjects(section);
     showSubjectColumns(section);
     m_c.subjects().grid->show();
@@ -207,6 +219,7 @@ void CaddySections::connectSubjects(const SectionDesign &section)
     m_c.subjects().data->setConnect(place.connect.isEmpty() ? u"Access"_s : place.connect);
     m_c.subjects().data->setDatabaseName(none ? QString() : place.path);
     m_c.subjects().data->setRecordSource(section.list->query);
+    m_c.subjects().waits = false;
     read(m_c.subjects());
 }
 
@@ -267,6 +280,42 @@ bool CaddySections::read(GridPane &pane)
     return false;
 }
 
+// The row that was current stays so, where it was.
+bool CaddySections::readInPlace(GridPane &pane)
+{
+    const QString id = pane.grid->CellText(idColumn);
+    const qsizetype first = pane.grid->FirstRow();
+    if (!read(pane))
+        return false;
+    if (id.isEmpty() || !pane.data->hasRows() || !pane.data->FindFirst(u"ID="_s + id))
+        return true;
+    pane.grid->Scroll(first);
+    pane.grid->setBookmark(pane.data->Recordset().Bookmark());
+    return true;
+}
+
+void CaddySections::rowsChanged(const QString &table)
+{
+    for (GridPane &pane : m_c.panes) {
+        const SectionDesign *section = sectionByCode(pane.sectionCode());
+        if (section && section->rowTip && section->rowTip->table.compare(table, Qt::CaseInsensitive) == 0)
+            pane.waits = pane.waits || !pane.isOwnChange;
+    }
+    readChanged();
+}
+
+void CaddySections::readChanged()
+{
+    if (m_waiting || m_switching || QApplication::activeModalWidget() || m_c.isTyping())
+        return;
+    const bool any = std::any_of(m_c.panes.begin(), m_c.panes.end(), [](const GridPane &pane) { return pane.waits && pane.isShown(); });
+    if (!any)
+        return;
+    const QScopedValueRollback quiet(m_quiet, true);
+    readWaiting();
+    m_search.forgetRows();
+}
+
 bool CaddySections::readReminders()
 {
     const auto reminders = m_c.reminders();
@@ -275,11 +324,11 @@ bool CaddySections::readReminders()
 
 bool CaddySections::readWaiting()
 {
-    for (GridPane &pane : m_c.reminders()) {
+    for (GridPane &pane : m_c.panes) {
         if (!pane.waits || !pane.isShown())
             continue;
         pane.waits = false;
-        if (!read(pane))
+        if (!readInPlace(pane))
             return false;
     }
     return true;
@@ -295,6 +344,7 @@ bool CaddySections::readSubjects()
     if (isReminder || query == now.gSqlSection.end() || pane.data->DatabaseName().isEmpty())
         return true;
     pane.data->setRecordSource(query->second);
+    pane.waits = false;
     if (!read(pane))
         return false;
     if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
@@ -416,11 +466,15 @@ void CaddySections::allowPrinting(const SectionDesign &section)
 
 void CaddySections::applyFeatures()
 {
-    const auto show = [this](const QString &name, bool visible) {
+    // By name, for the designs name menu entries, buttons of the rail and tools.
+    std::map<QString, QWidget *> widgets(m_c.tools.begin(), m_c.tools.end());
+    for (const SectionDesign *section : categoryButtons())
+        widgets[u"cmdCat(%1)"_s.arg(section->button->index)] = m_c.rail->button(section->button->index);
+    widgets[m_c.panPeriod->objectName()] = m_c.panPeriod;
+    const auto show = [&](const QString &name, bool visible) {
         m_c.showAction(name, visible);
-        // A menu shares its name with its entry; shown as a widget it would pop up.
-        if (auto *control = m_c.page->window()->findChild<QWidget *>(name); control && !qobject_cast<QMenu *>(control))
-            control->setVisible(visible);
+        if (const auto control = widgets.find(name); control != widgets.end())
+            control->second->setVisible(visible);
     };
     for (const FeatureEntry &feature : featureTable()) {
         const bool on = state().settings.gFeature[feature.key];

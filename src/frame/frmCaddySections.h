@@ -20,6 +20,8 @@ public:
     void GetData();
     // Where rows are still to be read: tries once more, without waiting for another program. false: still none.
     bool retry();
+    void rowsChanged(const QString &table);     // by whatever part of the program; the grids that show them are read anew
+    void readChanged();                         // those that had to wait: for the screen over this one, for typing
     void fileIsBusy();                          // says so over the grids until the rows can be read
     void RefreshData();
     void UpdateRowHeight();
@@ -30,6 +32,7 @@ public:
 
 private:
     void show(const SectionDesign &section);
+    void showEmptyTexts(const SectionDesign &section);
     void clearScreen(const SectionDesign &section);
     void showReminders(const SectionDesign &section);
     void showGrid(const SectionDesign &section);
@@ -42,6 +45,7 @@ private:
     bool readSubjects();
     bool readWaiting();
     bool read(GridPane &pane);
+    bool readInPlace(GridPane &pane);
     void rowsFailed(int number, const QString &text);
     void showNotice();
     void allowPeriods(bool allow);

@@ -24,7 +24,10 @@ void colour(QAbstractButton *panel, const QColor &ground)
 
 void CaddyStrip::ScrollMessages()
 {
-    m_c.panInfo->setText(infoLine(state().settings.gTips ? NextHint() : QString()));
+    QString hint = state().settings.gTips ? NextHint() : QString();
+    if (hint.endsWith(hintEnd))
+        hint.chop(hintEnd.size());              // the line has a row of points of its own before the program's name
+    m_c.panInfo->setText(infoLine(hint));
 }
 
 void CaddyStrip::CheckForMessages()

@@ -103,8 +103,11 @@ void frmCaddy::connectButtons()
     controls::on(c.txtSearch, &QLineEdit::returnPressed, this, [this] { d->edit.editSearched(); });
     c.txtSearch->installEventFilter(this);
     controls::on(&Changes::instance(), &Changes::changed, this, [this](const QString &table) {
-        if (table == u"MESSAGES"_s)
-            CheckForMessages();
+        basic::Trap([&] {
+            d->sections.rowsChanged(table);
+            if (table == u"MESSAGES")
+                CheckForMessages();
+        });
     });
 }
 

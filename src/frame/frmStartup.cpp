@@ -11,6 +11,7 @@
 #include "platform/controls/layout.h"
 #include "platform/desktop/hourglass.h"
 #include "platform/desktop/profile.h"
+#include "session/changes.h"
 #include "session/ini.h"
 #include "store/upgrade.h"
 
@@ -69,7 +70,7 @@ void Startup::Load()
         move(room.left() + room.width() / 2 - width() / 2, room.top() + splashTop);
     }
     const desktop::Hourglass busy;
-    m_version->setText(u" Build #%1"_s.arg(VOREL_REVISION));
+    m_version->setText(VOREL_REVISION > 0 ? u" Build #%1"_s.arg(VOREL_REVISION) : QString());
     basic::Trap([this] {
         const desktop::ProfileBatch oneWrite;
         loadProgramState(basic::numberOfColour(palette().color(QPalette::Window)));
@@ -100,7 +101,7 @@ void Startup::LoadVorel()
     m_timer->stop();
     const desktop::Hourglass busy;
     runStartupPasses();
-    basic::Trap([this] { m_caddy->requeryReminders(); });       // the passes changed rows under the hidden screen
+    Changes::instance().deliver();  // the passes changed rows under the hidden screen
     m_caddy->show();
     m_caddy->activateWindow();      // the splash had the keyboard
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);

@@ -167,6 +167,7 @@ void SetAllRecords()
     State &s = state();
     s.period.gPeriodStart.clear();
     s.period.gPeriodEnd = s.period.gPeriodStart;
+    s.period.gTodayYear = static_cast<std::int16_t>(basic::Date().year());     // week days of birthdays are those of this year
     s.period.setQueries({u"select * from [APPOINTMENTS]"_s, {}, u"[DATE],[APPTIME],[APPOINTMENT]"_s},
                         {u"select * from [BILLS]"_s, {}, u"[DATE],[BILL],[AMOUNT]"_s},
                         {u"select * from [EVENTS]"_s, {}, u"[DATE],[SUBJECT],[EVENT]"_s});

@@ -32,7 +32,7 @@ using namespace Qt::StringLiterals;
 using controls::on;
 
 frmSection::frmSection(const records::RecordDesign &design, QWidget *parent)
-    : RecordForm(design.screen, design.dataControl, parent), m_design(design), m_main(dynamic_cast<MainScreen *>(parent))
+    : RecordForm(design.screen, design.dataControl, parent), m_design(design)
 {
     setRecordTitle(design.title, {});
     dtaData().setDatabaseName(state().path(design.file));
@@ -278,10 +278,14 @@ void frmSection::cmdView_Click()
 void frmSection::holdMainTimer(QWidget *box)
 {
     auto *menu = box->findChild<QMenu *>(u"mnuFormat"_s);
-    if (!menu || !m_main)
+    if (!menu)
         return;
-    on(menu, &QMenu::aboutToShow, handlers(), [this] { m_main->holdTimer(true); });
-    on(menu, &QMenu::aboutToHide, handlers(), [this] { m_main->holdTimer(false); });
+    const auto hold = [](bool held) {
+        if (MainScreen *screen = MainScreen::current())
+            screen->holdTimer(held);
+    };
+    on(menu, &QMenu::aboutToShow, handlers(), [hold] { hold(true); });
+    on(menu, &QMenu::aboutToHide, handlers(), [hold] { hold(false); });
 }
 
 }

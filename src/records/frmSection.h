@@ -14,7 +14,6 @@ namespace controls {
 class PictureBox;
 }
 class ChildGridView;
-class MainScreen;
 class PictureSetView;
 class RecordTree;
 class SectionPanel;
@@ -108,7 +107,6 @@ private:
     qint32 neighbourId() const;                         // of the record to show when the current one is deleted; 0 = none
 
     const records::RecordDesign &m_design;
-    MainScreen *m_main = nullptr;
     RecordOutcome m_outcome;
     const records::TreeButton *m_treeButton = nullptr;  // whose tree is on show; nullptr = no tree
     QHBoxLayout *m_treeKeys = nullptr;

@@ -30,7 +30,7 @@ QString longText(const Alert &alert, const AppointmentRow &row, DateTime now)
         u" It is Now \t"_s + displayDate(now.dayOnly()) + u' ' + basic::Format(now, u"hh:mm am/pm"),
         QString::number(alert.minutes) + u" minute/s remaining"_s,
         QString(85, u'-'),
-        row.appointment,
+        shownApostrophes(row.appointment),
     };
     return lines.join(u'\n');
 }

@@ -6,7 +6,6 @@
 #include "platform/controls/keyrow.h"
 #include "platform/controls/layout.h"
 #include "reminders/messages.h"
-#include "session/changes.h"
 #include "session/state.h"
 
 #include <QComboBox>
@@ -232,11 +231,6 @@ bool frmMessage::QueryUnload()
         return false;
     removeEmpty();
     return true;
-}
-
-void frmMessage::Unload()
-{
-    emit Changes::instance().changed(u"MESSAGES"_s);
 }
 
 }

@@ -26,7 +26,6 @@ protected:
     controls::BindOptions bindOptions(const controls::Field &field) const override;
     QFormLayout *formOf(const controls::Field &) override { return m_form; }
     bool QueryUnload() override;
-    void Unload() override;
 
 private:
     RecordOutcome m_outcome;

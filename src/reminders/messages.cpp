@@ -66,8 +66,8 @@ QString messageQuery(MessageView view)
     if (view == MessageView::Both)
         return own;
     const QString field = view == MessageView::Sent ? u"FROM"_s : u"TO"_s;
-    QString narrowed = own;
-    return narrowed.insert(own.indexOf(u" ORDER BY "_s), u" WHERE [%1]="_s.arg(field) + dao::literal(state().settings.gUserName));
+    return u"SELECT [ID],[Date],[From],[To],[Message],[Read] FROM [Messages] WHERE [%1]="_s.arg(field)
+        + dao::literal(state().settings.gUserName) + u" ORDER BY [DATE],[FROM]"_s;
 }
 
 QStringList messageNames()

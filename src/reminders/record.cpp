@@ -68,6 +68,43 @@ const ReminderDesign &reminderDesign(const QString &recordCode)
     return designs.front();
 }
 
+namespace {
+
+// What a series is looked for by.
+SeriesFields storedSeries(dao::Database &file, const ReminderDesign &design, qint32 id)
+{
+    SeriesFields fields;
+    fields.kind = design.kind;
+    const dao::Recordset row = file.CreateSnapshot(u"SELECT * FROM [%1] WHERE [ID]="_s.arg(design.table) + dao::literal(id));
+    if (row.EOF_())
+        return fields;
+    fields.text = row.Get(design.textField).text();
+    fields.date = storedDay(row.Get(u"DATE"));
+    return fields;
+}
+
+}
+
+int otherDates(dao::Database &file, const ReminderDesign &design, qint32 id)
+{
+    const SeriesFields fields = storedSeries(file, design, id);
+    if (fields.kind == ReminderKind::Event || !fields.date || fields.text.trimmed().isEmpty() || !canHaveSeries(fields))
+        return 0;
+    const dao::Recordset others = file.CreateSnapshot(
+        u"SELECT COUNT(*) FROM [%1] WHERE [%2]="_s.arg(design.table, design.textField) + dao::literal(fields.text)
+        + u" AND [DATE]<>"_s + dao::literal(*fields.date));
+    return basic::CLng(others.Get(0));
+}
+
+void deleteRow(dao::Database &file, const ReminderDesign &design, qint32 id, bool whole)
+{
+    dao::Transaction all(file);
+    if (whole)
+        DeleteFutureDates(file, storedSeries(file, design, id));
+    file.Execute(u"DELETE * FROM [%1] WHERE [ID]="_s.arg(design.table) + dao::literal(id));
+    all.Commit();
+}
+
 std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID)
 {
     dao::Database file;

@@ -27,6 +27,12 @@ const ReminderDesign &reminderDesign(const QString &recordCode);      // an unkn
 // Returns the new row. nullopt: there is no such source row. Engine errors leave no row behind.
 std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID);
 
+// The rows of the same text on other dates, which the record screen takes for the row's series; 0 for an event, and for a
+// text that cannot be looked for.
+int otherDates(dao::Database &file, const ReminderDesign &design, qint32 id);
+// In one transaction; with the other dates if `whole`.
+void deleteRow(dao::Database &file, const ReminderDesign &design, qint32 id, bool whole);
+
 // The day in a stored date or a stored text of one; nullopt: there is none.
 std::optional<basic::DateTime> storedDay(const basic::Value &stored);
 QString weekDayOf(const std::optional<basic::DateTime> &date);      // "Sun", "" without a date

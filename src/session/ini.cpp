@@ -75,8 +75,7 @@ bool tryPutIniValue(const QString &section, const QString &key, const QString &v
 quint32 GetIniColour(const QString &key, quint32 defaultColour)
 {
     quint32 &label = state().settings.lblBackcolor;
-    if (const auto colour = colourNumber(GetIniValue(iniSettings, key, QString::number(defaultColour))))
-        label = *colour;
+    label = colourNumber(GetIniValue(iniSettings, key, QString::number(defaultColour))).value_or(defaultColour);
     return label;
 }
 

@@ -7,7 +7,11 @@ namespace vorel {
 // What lower folders ask of the main screen.
 class MainScreen {
 public:
-    virtual ~MainScreen() = default;
+    MainScreen() { current() = this; }
+    virtual ~MainScreen() { current() = nullptr; }
+    MainScreen(const MainScreen &) = delete;
+    MainScreen &operator=(const MainScreen &) = delete;
+    static MainScreen *&current();              // nullptr while there is none
     virtual void DisplayCategory(const QString &name) = 0;
     virtual void GetData() = 0;
     virtual void RefreshData() = 0;
@@ -22,5 +26,11 @@ public:
     // the caller must not leave or read the rows.
     virtual bool writeRows() = 0;
 };
+
+inline MainScreen *&MainScreen::current()
+{
+    static MainScreen *screen = nullptr;
+    return screen;
+}
 
 }

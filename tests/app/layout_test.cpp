@@ -34,17 +34,35 @@ TEST_F(Layout, DraggedWidthsAndHeightsSurviveARestart)
     grid->setRowHeightTwips(405);
     const int width = grid->columnWidthTwips(1);
     screen().DisplayCategory(u"Bills"_s);
-    widen(at<Grid>(u"BILLSGRID"_s), 3, -30);
-    const int bill = at<Grid>(u"BILLSGRID"_s)->columnWidthTwips(3);
+    Grid *bills = at<Grid>(u"BILLSGRID"_s);
+    const auto isFull = [](const Grid *list) { return list->horizontalHeader()->length() == list->viewport()->width(); };
+    const int name = bills->columnWidth(3), dates = bills->columnWidthTwips(1) + 30 * 15;
+    widen(bills, 1, 30);
+    EXPECT_EQ(bills->columnWidthTwips(1), dates);
+    EXPECT_EQ(bills->columnWidth(3), name - 30) << "the column that names the row gives and takes";
+    screen().resize(screen().width() + 100, screen().height());
+    QCoreApplication::processEvents();
+    EXPECT_TRUE(isFull(bills)) << "also after a width was set";
+    widen(bills, 3, -30);
+    EXPECT_TRUE(isFull(bills));
     stop();
     EXPECT_EQ(stored(u"INVENTORYCOL1WIDTH"_s), QString::number(width));
     EXPECT_EQ(stored(u"INVENTORYROWHEIGHT"_s), u"405"_s);
-    EXPECT_EQ(stored(u"BILLSCOL3WIDTH"_s), QString::number(bill));
+    EXPECT_EQ(stored(u"BILLSCOL1WIDTH"_s), QString::number(dates));
+    EXPECT_EQ(stored(u"BILLSCOL4WIDTH"_s), u"1000"_s);          // not set: the first width
     EXPECT_EQ(stored(u"BOOKSCOL1WIDTH"_s), u"2000"_s);          // not opened: as read
     startOn(u"Inventory"_s);
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->columnWidthTwips(1), width);
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rowHeightTwips(), 405);
-    EXPECT_EQ(at<Grid>(u"BILLSGRID"_s)->columnWidthTwips(3), bill);
+    bills = at<Grid>(u"BILLSGRID"_s);
+    EXPECT_EQ(bills->columnWidthTwips(1), dates);
+    screen().DisplayCategory(u"Bills"_s);
+    emit bills->HeadMenu(bills->mapToGlobal(QPoint(5, 5)));
+    auto *fit = bills->findChild<QAction *>(u"mnuFitColumns"_s);
+    ASSERT_TRUE(fit);
+    fit->trigger();
+    EXPECT_LT(bills->columnWidthTwips(1), dates);
+    EXPECT_TRUE(isFull(bills));
     screen().DisplayCategory(u"Books"_s);
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rowHeightTwips(), 270);
 }

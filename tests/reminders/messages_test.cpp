@@ -58,6 +58,9 @@ TEST_F(Messages, NamesAndViews)
     names.sort();
     EXPECT_EQ(names, (QStringList{u"ann"_s, u"pat"_s, u"sam"_s}));
     state().settings.gUserName = u"Sam"_s;
+    // The same rows in the same order as the whole list, but for the condition.
+    QString all = messageQuery(MessageView::Sent);
+    EXPECT_EQ(all.remove(u" WHERE [FROM]='Sam'"_s), messageQuery(MessageView::Both));
     EXPECT_EQ(rows(messageQuery(MessageView::Received)).value(0).section(u'|', 0, 0), u"2"_s) << "whatever the case";
 }
 

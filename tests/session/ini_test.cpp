@@ -54,11 +54,11 @@ TEST_F(IniTest, coloursPassThroughTheLabel)
         {"&HFFFF&", 0xFFFF},
         {"-2147483633", 0x8000000F},        // a system colour
         {"0", 0},
-        {"16777216", 0},                    // more than a colour: the label keeps what it held
-        {"-1", 0},
-        {"mauve", 0},
+        {"16777216", 0x123456},             // more than a colour: the default
+        {"-1", 0x123456},
+        {"mauve", 0x123456},
         {"16777215", 0xFFFFFF},
-        {"99999999999999999999", 0xFFFFFF},
+        {"99999999999999999999", 0x123456},
     };
     for (const auto &c : cases) {
         folder.write(u"vorelreminder.ini"_s, "[Settings]\nBooksGridColour=" + c.stored + "\n");

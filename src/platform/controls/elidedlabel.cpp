@@ -12,10 +12,17 @@ ElidedLabel::ElidedLabel(QWidget *parent) : QLabel(parent)
     setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
+QSize ElidedLabel::minimumSizeHint() const
+{
+    constexpr int leastCharacters = 4;
+    const QSize whole = QLabel::minimumSizeHint();
+    return {std::min(whole.width(), leastCharacters * fontMetrics().averageCharWidth()), whole.height()};
+}
+
 bool ElidedLabel::event(QEvent *event)
 {
     if (event->type() == QEvent::ToolTip) {
-        if (fontMetrics().horizontalAdvance(text()) > width())
+        if (fontMetrics().horizontalAdvance(text()) > contentsRect().width() - 2 * margin())
             QToolTip::showText(static_cast<QHelpEvent *>(event)->globalPos(), text(), this);
         return true;
     }
@@ -26,7 +33,8 @@ void ElidedLabel::paintEvent(QPaintEvent *)
 {
     QPainter painter(this);
     painter.setPen(palette().color(foregroundRole()));
-    painter.drawText(rect(), Qt::AlignLeft | Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideMiddle, width()));
+    const QRect room = contentsRect().adjusted(margin(), 0, -margin(), 0);
+    painter.drawText(room, Qt::AlignLeft | Qt::AlignVCenter, fontMetrics().elidedText(text(), Qt::ElideMiddle, room.width()));
 }
 
 }

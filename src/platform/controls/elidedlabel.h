@@ -8,6 +8,7 @@ namespace vorel::controls {
 class ElidedLabel : public QLabel {
 public:
     explicit ElidedLabel(QWidget *parent = nullptr);
+    QSize minimumSizeHint() const override;
 
 protected:
     bool event(QEvent *event) override;

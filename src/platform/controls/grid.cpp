@@ -61,6 +61,12 @@ const QString &Grid::title() const
     return d->titleText;
 }
 
+void Grid::setEmptyText(const QString &text)
+{
+    d->emptyText = text;
+    viewport()->update();
+}
+
 void Grid::setAllowAddNew(bool allow)
 {
     d->model->setAllowAddNew(allow);
@@ -210,6 +216,7 @@ void Grid::Requery()
     d->head->setSortIndicatorShown(false);
     verticalScrollBar()->setValue(place);
     d->follow();
+    setAccessibleDescription(rows() == 0 ? d->emptyText : QString());
 }
 
 void Grid::Repaint()

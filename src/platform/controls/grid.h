@@ -55,6 +55,7 @@ public:
     const std::vector<GridColumn> &columns() const;
     void setTitle(const QString &title);                // the caption line above the column heads
     const QString &title() const;
+    void setEmptyText(const QString &text);             // what stands in place of the rows while there are none
     void setAllowAddNew(bool allow);                    // an empty line after the last row (its ID reads as 0)
     void setRecordSelectors(bool on);
 
@@ -116,6 +117,7 @@ signals:
                                                         // heads, more below them
     void RowChange();                                   // the new row is already current in the data control
     void ColResize(int column);                         // by the user; once, when the mouse is released
+    void HeadMenu(QPoint where);                        // on the screen: a right click on the heads, or the menu key
     void RowResize();                                   // likewise: all rows have the new height
     void BtnClick(int column, qsizetype row);           // by the mouse, or F4 and Alt+Down on the row
     void EnterKey();                                    // Return on a row that is not being changed
@@ -135,6 +137,8 @@ protected:
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void changeEvent(QEvent *event) override;
+    void contextMenuEvent(QContextMenuEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
     bool viewportEvent(QEvent *event) override;
 
 private:

@@ -1,7 +1,9 @@
+#include "platform/controls/colours.h"
 #include "platform/controls/grid_p.h"
 
 #include <QAbstractButton>
 #include <QHelpEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QToolTip>
 
@@ -50,6 +52,9 @@ void Grid::Private::connectParts()
     QObject::connect(delegate, &GridDelegate::opened, q, &Grid::EditBegun);
     QObject::connect(head, &GridHead::sectionClicked, q, &Grid::HeadClick);
     QObject::connect(head, &GridHead::userResized, q, &Grid::ColResize);
+    head->setContextMenuPolicy(Qt::CustomContextMenu);
+    QObject::connect(head, &QWidget::customContextMenuRequested, q,
+                     [this](QPoint where) { emit q->HeadMenu(head->viewport()->mapToGlobal(where)); });
     QObject::connect(selectors, &RowSelectors::heightChanged, q, [this] { q->doItemsLayout(); });
     QObject::connect(selectors, &RowSelectors::userResized, q, &Grid::RowResize);
     QObject::connect(q, &QAbstractItemView::clicked, q, [this](const QModelIndex &index) {
@@ -113,6 +118,19 @@ void Grid::Private::placeTitle()
     title->setVisible(shown);
     title->raise();
     head->setTitleHeight(height);
+}
+
+// A list that could not be read is not an empty one: it says nothing.
+void Grid::Private::paintEmptyText()
+{
+    const DataControl *data = model->control();
+    if (emptyText.isEmpty() || !data || model->rows() > 0 || (!model->control()->Recordset() && !data->DatabaseName().isEmpty()))
+        return;
+    QRect room = q->viewport()->rect().adjusted(cellPadding, 0, -cellPadding, 0);
+    room.setTop(model->rowCount() * selectors->defaultSectionSize());       // below the line for a new row
+    QPainter painter(q->viewport());
+    painter.setPen(blend(q->palette().color(QPalette::Text), q->palette().color(QPalette::Base), 0.35));
+    painter.drawText(room, static_cast<int>(Qt::AlignCenter | Qt::TextWordWrap), emptyText);
 }
 
 int Grid::Private::firstVisibleColumn() const

@@ -22,12 +22,14 @@ struct Grid::Private {
     std::unique_ptr<QObject> link;  // the context of the control's signals, and the owner of the writer there
     std::function<QString(qsizetype, int)> toolTip;
     QString titleText;
+    QString emptyText;              // "" = nothing is said of an empty list
     bool following = false;         // the grid is taking over the control's row
     bool leading = false;           // the control is taking over the grid's row
 
     void setUp();
     void connectParts();
     void placeTitle();
+    void paintEmptyText();
     int firstVisibleColumn() const;
     void selectRow(qsizetype row);
     qsizetype controlRow() const;
@@ -60,6 +62,8 @@ struct Grid::Private {
     void toggle(const QModelIndex &index);
     bool write();                   // true: nothing is left to write
     bool writeDraft(const RowUpdate &update, UpdateFailure *failure);
+    QString refusedCell(const dao::Recordset &rows, const RowDraft &draft, int column, const basic::Error &error) const;
+    QString rowName(qsizetype row, int besides) const;                  // "The row \"RENT\""
     void report(UpdateFailure failure);
     void undo();
     bool leave(qsizetype row);      // before the cursor goes to that row; false: it has to stay

@@ -1,5 +1,6 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/grid_p.h"
+#include "platform/controls/refusal.h"
 
 #include <QKeyEvent>
 #include <QTimer>
@@ -143,10 +144,35 @@ bool Grid::Private::writeDraft(const RowUpdate &update, UpdateFailure *failure)
         return true;
     } catch (const basic::Error &e) {
         failure->number = e.number() == dao::err::DuplicateValue ? duplicateRowError : e.number();
-        failure->text = e.text();
+        failure->text = failure->column < 0 ? e.text() : refusedCell(rows, draft, failure->column, e);
     }
     rows.dropPending();
     return false;
+}
+
+QString Grid::Private::refusedCell(const dao::Recordset &rows, const RowDraft &draft, int column, const basic::Error &error) const
+{
+    const dao::Value &value = draft.cells.at(column);
+    const int field = rows.fieldIndex(model->fieldName(column));
+    return refusalText(model->column(column).caption, value.text(), rows.Fields()[static_cast<std::size_t>(field)], value, error);
+}
+
+// The row by its longest text, for its name stands in another column in each section.
+QString Grid::Private::rowName(qsizetype row, int besides) const
+{
+    QString name;
+    for (int column = 0; column < model->columnCount(); ++column) {
+        const bool isText = model->fieldType(column) == dao::dbText || model->fieldType(column) == dao::dbMemo;
+        if (column == besides || q->isColumnHidden(column) || !isText)
+            continue;
+        const QString text = model->editText(row, column).simplified();
+        if (text.size() > name.size())
+            name = text;
+    }
+    constexpr int longest = 60;
+    if (name.isEmpty())
+        return u"The row"_s;
+    return u"The row \""_s + (name.size() > longest ? name.left(longest) + u"..."_s : name) + u'"';
 }
 
 bool Grid::Private::write()
@@ -190,9 +216,9 @@ void Grid::Private::report(UpdateFailure failure)
     const qsizetype row = model->draft().row;
     if (failure.column >= 0 && row == q->currentRow() && !q->isColumnHidden(failure.column))
         q->setCurrentIndex(model->index(static_cast<int>(row), failure.column));
-    const QString caption = failure.column >= 0 ? model->column(failure.column).caption + u": "_s : QString();
     if (!failure.answered)
-        basic::MsgBox(caption + failure.text + u"\n\nPress Esc to undo the changes to this row."_s, {}, basic::Icon::Exclamation);
+        basic::MsgBox(rowName(row, failure.column) + u" is not saved.\n"_s + failure.text
+                          + u"\n\nPress Esc to undo the changes to this row."_s, {}, basic::Icon::Exclamation);
 }
 
 void Grid::Private::undo()

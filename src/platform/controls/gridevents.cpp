@@ -114,6 +114,21 @@ void Grid::changeEvent(QEvent *event)
         d->placeTitle();
 }
 
+// The mouse has the heads for it; by the keyboard their menu opens from the list.
+void Grid::contextMenuEvent(QContextMenuEvent *event)
+{
+    if (event->reason() == QContextMenuEvent::Keyboard)
+        emit HeadMenu(d->head->viewport()->mapToGlobal(d->head->viewport()->rect().bottomLeft()));
+    else
+        QTableView::contextMenuEvent(event);
+}
+
+void Grid::paintEvent(QPaintEvent *event)
+{
+    QTableView::paintEvent(event);
+    d->paintEmptyText();
+}
+
 bool Grid::viewportEvent(QEvent *event)
 {
     if (d && event->type() == QEvent::ToolTip) {

@@ -1,6 +1,7 @@
 #include "platform/dao/connection.h"
 
 #include "platform/dao/workspace.h"
+#include "platform/dao/writes.h"
 
 #include <QFile>
 #include <QFileInfo>
@@ -35,6 +36,12 @@ qint64 milliseconds()
 }
 
 LockClock lockClock = { milliseconds, [](int pause) { sqlite3_sleep(pause); } };
+
+std::function<void(const char *)> &rowListener()
+{
+    static std::function<void(const char *)> listener;
+    return listener;
+}
 
 // Until when a file counts as busy, by its path: each opening of a locked file is a connection of its own.
 std::map<QString, qint64> &busyFiles()
@@ -332,6 +339,8 @@ void Connection::rowChanged(void *self, int, const char *, const char *table, sq
     }
     ++*connection->m_lastCounter;
     connection->written();
+    if (const auto &listener = rowListener())
+        listener(table);
 }
 
 void Connection::poll()
@@ -444,6 +453,11 @@ qint64 Connection::nextCounter(const StoredTable &table)
     if (last > std::numeric_limits<qint32>::max())
         throw EngineError(err::NumericOverflow);
     return last;
+}
+
+void onRowWritten(std::function<void(const char *)> listener)
+{
+    rowListener() = std::move(listener);
 }
 
 }

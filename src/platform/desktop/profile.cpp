@@ -5,7 +5,9 @@
 #include <QHash>
 #include <QList>
 #include <QSaveFile>
+#include <QStringConverter>
 #include <fcntl.h>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -54,6 +56,7 @@ struct Profile {
     Stamp stamp;
     bool settled = true;                        // false: changed so lately that its stamp proves nothing yet
     bool unsaved = false;
+    std::optional<QStringConverter::Encoding> encoding;     // of a file in UTF-16; the lines are in UTF-8 all the same
     QList<Line> lines;
     QHash<QString, Place> values;               // "section\nkey", folded; the first one in the file wins
     QHash<QString, qsizetype> sectionEnd;       // folded name -> the last line of its first appearance that is not blank
@@ -137,6 +140,16 @@ void index(Profile &profile)
     }
 }
 
+// UTF-16 as editors of other systems write it, by its mark.
+std::optional<QStringConverter::Encoding> wideEncoding(const QByteArray &content)
+{
+    if (content.startsWith("\xFF\xFE"))
+        return QStringConverter::Utf16LE;
+    if (content.startsWith("\xFE\xFF"))
+        return QStringConverter::Utf16BE;
+    return std::nullopt;
+}
+
 QHash<QString, Profile> &profiles()
 {
     static QHash<QString, Profile> all;
@@ -156,8 +169,16 @@ Profile &load(const QString &file)
     profile = {};
     profile.stamp = stamp;
     QFile reader(file);
-    if (stamp.exists && reader.open(QIODevice::ReadOnly))
-        profile.lines = splitLines(reader.readAll());
+    if (stamp.exists && reader.open(QIODevice::ReadOnly)) {
+        QByteArray content = reader.readAll();
+        profile.encoding = wideEncoding(content);
+        if (profile.encoding) {
+            QStringDecoder decoder(*profile.encoding);
+            const QString text = decoder(content);
+            content = text.toUtf8();
+        }
+        profile.lines = splitLines(content);
+    }
     index(profile);
     // A clock tick may hide a second change by someone else: a stamp is trusted once it is older than any tick.
     timespec now {};
@@ -180,6 +201,11 @@ bool save(const QString &file, Profile &profile)
     QByteArray content;
     for (const Line &line : std::as_const(profile.lines))
         content += line.text + line.end;
+    if (profile.encoding) {
+        QStringEncoder encoder(*profile.encoding, QStringConverter::Flag::WriteBom);
+        const QByteArray wide = encoder(QString::fromUtf8(content));
+        content = wide;
+    }
     QSaveFile writer(file);
     if (!writer.open(QIODevice::WriteOnly) || writer.write(content) != content.size() || !writer.flush())
         return false;

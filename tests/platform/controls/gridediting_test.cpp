@@ -134,7 +134,7 @@ TEST_F(Editing, RefusedRowIsNotLeftByAnyRoad)
         {"Enter", [this] { key(Qt::Key_Return); }},
     };
     for (const auto &[road, go] : roads) {
-        prompts.expect(u"OWED: "_s, basic::Answer::Ok);
+        prompts.expect(u"is not saved.\nOWED: \"much\" is not an amount"_s, basic::Answer::Ok);
         go();
         QCoreApplication::processEvents();
         EXPECT_TRUE(prompts.isDone()) << road;

@@ -2,6 +2,7 @@
 #include "support/fulldisk.h"
 #include "support/testfolder.h"
 
+#include <QStringConverter>
 #include <sys/stat.h>
 
 using namespace Qt::StringLiterals;
@@ -123,6 +124,22 @@ TEST(Profile, WritesKeepWhatTheyDoNotUnderstand)
         EXPECT_TRUE(WritePrivateProfileString(QString::fromLatin1(c.section), QString::fromLatin1(c.key),
                                               QString::fromLatin1(c.value), file)) << c.name;
         EXPECT_EQ(c.after, folder.read(name)) << c.name;
+    }
+}
+
+TEST(Profile, Utf16IsReadAndKept)
+{
+    const test::TestFolder folder;
+    for (const auto encoding : {QStringConverter::Utf16LE, QStringConverter::Utf16BE}) {
+        const auto bytes = [encoding](const QString &text) {
+            QStringEncoder encoder(encoding, QStringConverter::Flag::WriteBom);
+            return QByteArray(encoder(text));
+        };
+        const QString file = folder.write(u"wide.ini"_s, bytes(u"[Settings]\r\nUserName=Jürgen\r\n"_s));
+        EXPECT_EQ(u"Jürgen"_s, GetPrivateProfileString(u"Settings"_s, u"UserName"_s, {}, file));
+        ASSERT_TRUE(WritePrivateProfileString(u"Settings"_s, u"Tips"_s, u"ё"_s, file));
+        EXPECT_EQ(bytes(u"[Settings]\r\nUserName=Jürgen\r\nTips=ё\r\n"_s), folder.read(u"wide.ini"_s));
+        QFile::remove(file);
     }
 }
 
