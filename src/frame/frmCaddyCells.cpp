@@ -293,13 +293,13 @@ void CaddyCells::deleteReminder(GridPane &pane)
     const qsizetype row = grid.currentRow();
     const qint32 id = idOf(grid, row);
     const qint32 next = idOf(grid, row + 1 < grid.rows() ? row + 1 : row - 1);
-    const record::ReminderDesign &design = record::reminderDesign(pane.code);
+    const reminders::ReminderDesign &design = reminders::reminderDesign(pane.code);
     dao::Database &file = pane.data->Database();
-    const int others = record::otherDates(file, design, id);
+    const int others = reminders::otherDates(file, design, id);
     const bool whole = others > 0
         && basic::askYesNo(u"There are %1 more rows of this text on other dates.\r\nDo you want to delete them too?"_s.arg(others),
                            u"Question?"_s);
-    record::deleteRow(file, design, id, whole);
+    reminders::deleteRow(file, design, id, whole);
     Changes::instance().deliver();
     if (next != 0 && pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(next)))
         grid.setBookmark(pane.data->Recordset().Bookmark());

@@ -158,7 +158,7 @@ TEST_F(AlertScreen, SignalsOfMessagesAndBackups)
     set(u"UserName"_s, u"Pat"_s);
     m_folder.write(u"hints.txt"_s, "Press F3");
     start();
-    EXPECT_TRUE(text(u"panInfo"_s).startsWith(u"Press F3 .......... ........... Vorel Reminder"));
+    EXPECT_TRUE(text(u"panInfo"_s).startsWith(u"Press F3 ........... Vorel Reminder"));
     EXPECT_EQ(c().panMessages->toolTip(), u"Click to View Messages"_s);
     click(u"panBackup"_s);
     EXPECT_EQ(state().selection.gSection, u"F"_s);

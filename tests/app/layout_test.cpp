@@ -57,6 +57,7 @@ TEST_F(Layout, DraggedWidthsAndHeightsSurviveARestart)
     bills = at<Grid>(u"BILLSGRID"_s);
     EXPECT_EQ(bills->columnWidthTwips(1), dates);
     screen().DisplayCategory(u"Bills"_s);
+    QCoreApplication::processEvents();
     emit bills->HeadMenu(bills->mapToGlobal(QPoint(5, 5)));
     auto *fit = bills->findChild<QAction *>(u"mnuFitColumns"_s);
     ASSERT_TRUE(fit);
