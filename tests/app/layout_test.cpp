@@ -33,7 +33,12 @@ TEST_F(Layout, DraggedWidthsAndHeightsSurviveARestart)
     EXPECT_EQ(grid->columnWidth(1), before + 40);
     grid->setRowHeightTwips(405);
     const int width = grid->columnWidthTwips(1);
-    screen().DisplayCategory(u"Bills"_s);
+    const auto showBills = [this] {
+        screen().resize(1272, 760);
+        screen().DisplayCategory(u"Bills"_s);
+        QCoreApplication::processEvents();
+    };
+    showBills();
     Grid *bills = at<Grid>(u"BILLSGRID"_s);
     const auto isFull = [](const Grid *list) { return list->horizontalHeader()->length() == list->viewport()->width(); };
     const int name = bills->columnWidth(3), dates = bills->columnWidthTwips(1) + 30 * 15;
@@ -56,8 +61,7 @@ TEST_F(Layout, DraggedWidthsAndHeightsSurviveARestart)
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rowHeightTwips(), 405);
     bills = at<Grid>(u"BILLSGRID"_s);
     EXPECT_EQ(bills->columnWidthTwips(1), dates);
-    screen().DisplayCategory(u"Bills"_s);
-    QCoreApplication::processEvents();
+    showBills();
     emit bills->HeadMenu(bills->mapToGlobal(QPoint(5, 5)));
     auto *fit = bills->findChild<QAction *>(u"mnuFitColumns"_s);
     ASSERT_TRUE(fit);
