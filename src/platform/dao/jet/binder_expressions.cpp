@@ -1,6 +1,7 @@
 #include "platform/dao/jet/binder.h"
 
 #include "platform/dao/jet/functions.h"
+#include "platform/dao/jet/operators.h"
 
 using namespace Qt::StringLiterals;
 
@@ -11,11 +12,6 @@ namespace {
 bool sameName(QStringView a, QStringView b)
 {
     return a.size() == b.size() && a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-bool isComparison(Operator op)
-{
-    return op >= Operator::Equal && op <= Operator::GreaterEqual;
 }
 
 DataType arithmeticType(Operator op, DataType a, DataType b)
@@ -239,28 +235,25 @@ void Binder::bindBinary(Expr &expr)
 {
     const Expr &left = *expr.operands[0];
     const Expr &right = *expr.operands[1];
-    if (isComparison(expr.op)) {
+    switch (rowOf(expr.op).kind) {
+    case OperatorKind::Comparison:
         comparisonType(left.type, right.type);
         expr.type = dbBoolean;
-        return;
-    }
-    switch (expr.op) {
-    case Operator::Like:
+        break;
+    case OperatorKind::Like:
         expr.type = dbBoolean;
         break;
-    case Operator::Concatenate:
+    case OperatorKind::Concatenation:
         expr.type = left.type == dbMemo || right.type == dbMemo ? dbMemo : dbText;
         break;
-    case Operator::And:
-    case Operator::Or:
-    case Operator::Xor:
-    case Operator::Equivalent:
-    case Operator::Implies:
+    case OperatorKind::Logical:
         requireNoText(left);
         requireNoText(right);
         expr.type = logicalType(left.type, right.type);
         break;
-    default:
+    case OperatorKind::None:
+    case OperatorKind::Unary:
+    case OperatorKind::Arithmetic:
         expr.type = arithmeticType(expr.op, left.type, right.type);
     }
 }

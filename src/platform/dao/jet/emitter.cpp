@@ -1,6 +1,7 @@
 #include "platform/dao/jet/emitter.h"
 
 #include "platform/dao/jet/functions.h"
+#include "platform/dao/jet/operators.h"
 
 namespace vorel::dao::jet {
 
@@ -149,89 +150,28 @@ void Emitter::call2(const char *function, const Expr &a, const Expr &b, void (Em
 
 void Emitter::binary(const Expr &expr)
 {
-    switch (expr.op) {
-    case Operator::Concatenate:
+    const OperatorKind kind = rowOf(expr.op).kind;
+    if (kind == OperatorKind::Concatenation)
         concatenation(expr);
-        break;
-    case Operator::And:
-    case Operator::Or:
-    case Operator::Xor:
-    case Operator::Equivalent:
-    case Operator::Implies:
+    else if (kind == OperatorKind::Logical)
         bitwise(expr);
-        break;
-    case Operator::None:
-    case Operator::Negate:
-    case Operator::Not:
-    case Operator::Power:
-    case Operator::Multiply:
-    case Operator::Divide:
-    case Operator::IntegerDivide:
-    case Operator::Modulo:
-    case Operator::Add:
-    case Operator::Subtract:
-    case Operator::Equal:
-    case Operator::NotEqual:
-    case Operator::Less:
-    case Operator::LessEqual:
-    case Operator::Greater:
-    case Operator::GreaterEqual:
-    case Operator::Like:
-        if (isTextType(expr.type))
-            infix(expr, "||", &Emitter::text);
-        else if (expr.type == dbDate)
-            dateArithmetic(expr);
-        else if (expr.type == dbCurrency)
-            moneyArithmetic(expr);
-        else
-            arithmetic(expr);
-    }
+    else if (isTextType(expr.type))
+        infix(expr, "||", &Emitter::text);
+    else if (expr.type == dbDate)
+        dateArithmetic(expr);
+    else if (expr.type == dbCurrency)
+        moneyArithmetic(expr);
+    else
+        signOrFunction(expr, &Emitter::number);
 }
 
-void Emitter::arithmetic(const Expr &expr)
+void Emitter::signOrFunction(const Expr &expr, void (Emitter::*operand)(const Expr &))
 {
-    const Expr &left = *expr.operands[0];
-    const Expr &right = *expr.operands[1];
-    switch (expr.op) {
-    case Operator::Add:
-        infix(expr, "+", &Emitter::number);
-        break;
-    case Operator::Subtract:
-        infix(expr, "- ", &Emitter::number);     // a negative number may follow, and -- begins a comment
-        break;
-    case Operator::Multiply:
-        infix(expr, "*", &Emitter::number);
-        break;
-    case Operator::Divide:
-        call2("j_div", left, right, &Emitter::number);
-        break;
-    case Operator::IntegerDivide:
-        call2("j_idiv", left, right, &Emitter::number);
-        break;
-    case Operator::Modulo:
-        call2("j_mod", left, right, &Emitter::number);
-        break;
-    case Operator::Power:
-        call2("j_pow", left, right, &Emitter::number);
-        break;
-    case Operator::None:
-    case Operator::Negate:
-    case Operator::Not:
-    case Operator::Concatenate:
-    case Operator::Equal:
-    case Operator::NotEqual:
-    case Operator::Less:
-    case Operator::LessEqual:
-    case Operator::Greater:
-    case Operator::GreaterEqual:
-    case Operator::Like:
-    case Operator::And:
-    case Operator::Or:
-    case Operator::Xor:
-    case Operator::Equivalent:
-    case Operator::Implies:
-        break;
-    }
+    const OperatorRow &row = rowOf(expr.op);
+    if (row.sign)
+        infix(expr, row.sign, operand);
+    else
+        call2(row.function, *expr.operands[0], *expr.operands[1], operand);
 }
 
 // Money stays whole ten-thousandths throughout; a product or quotient is rounded once, half to even.
@@ -278,46 +218,15 @@ void Emitter::dateArithmetic(const Expr &expr)
 
 void Emitter::bitwise(const Expr &expr)
 {
-    switch (expr.op) {
-    case Operator::And:
-        infix(expr, "&", &Emitter::whole);
-        break;
-    case Operator::Or:
-        infix(expr, "|", &Emitter::whole);
-        break;
-    case Operator::Xor:         // SQLite has none, and (a | b) - (a & b) doubles the text at each level
-        call2("j_xor", *expr.operands[0], *expr.operands[1], &Emitter::whole);
-        break;
-    case Operator::Equivalent:
-        call2("~j_xor", *expr.operands[0], *expr.operands[1], &Emitter::whole);
-        break;
-    case Operator::Implies:
-        m_out += "(~";
-        whole(*expr.operands[0]);
-        m_out += '|';
-        whole(*expr.operands[1]);
-        m_out += ')';
-        break;
-    case Operator::None:
-    case Operator::Negate:
-    case Operator::Not:
-    case Operator::Power:
-    case Operator::Multiply:
-    case Operator::Divide:
-    case Operator::IntegerDivide:
-    case Operator::Modulo:
-    case Operator::Add:
-    case Operator::Subtract:
-    case Operator::Concatenate:
-    case Operator::Equal:
-    case Operator::NotEqual:
-    case Operator::Less:
-    case Operator::LessEqual:
-    case Operator::Greater:
-    case Operator::GreaterEqual:
-    case Operator::Like:
-        break;
+    if (expr.op != Operator::Implies) {
+        signOrFunction(expr, &Emitter::whole);
+        return;
     }
+    m_out += "(~";
+    whole(*expr.operands[0]);
+    m_out += '|';
+    whole(*expr.operands[1]);
+    m_out += ')';
 }
 
 // & takes Null for an empty text, but gives Null if there is nothing else.

@@ -38,7 +38,7 @@ private:
     void column(const Expr &expr);
     void unary(const Expr &expr);
     void binary(const Expr &expr);
-    void arithmetic(const Expr &expr);
+    void signOrFunction(const Expr &expr, void (Emitter::*operand)(const Expr &));
     void moneyArithmetic(const Expr &expr);
     void dateArithmetic(const Expr &expr);
     void bitwise(const Expr &expr);

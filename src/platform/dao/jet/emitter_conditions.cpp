@@ -2,6 +2,7 @@
 
 #include "platform/dao/jet/collation.h"
 #include "platform/dao/jet/functions.h"
+#include "platform/dao/jet/operators.h"
 
 namespace vorel::dao::jet {
 
@@ -9,44 +10,7 @@ namespace {
 
 bool isLogical(Operator op)
 {
-    return op >= Operator::And && op <= Operator::Implies;
-}
-
-const char *comparisonSign(Operator op)
-{
-    switch (op) {
-    case Operator::Equal:
-        return "=";
-    case Operator::NotEqual:
-        return "<>";
-    case Operator::Less:
-        return "<";
-    case Operator::LessEqual:
-        return "<=";
-    case Operator::Greater:
-        return ">";
-    case Operator::GreaterEqual:
-        return ">=";
-    case Operator::None:
-    case Operator::Negate:
-    case Operator::Not:
-    case Operator::Power:
-    case Operator::Multiply:
-    case Operator::Divide:
-    case Operator::IntegerDivide:
-    case Operator::Modulo:
-    case Operator::Add:
-    case Operator::Subtract:
-    case Operator::Concatenate:
-    case Operator::Like:
-    case Operator::And:
-    case Operator::Or:
-    case Operator::Xor:
-    case Operator::Equivalent:
-    case Operator::Implies:
-        break;
-    }
-    return "";
+    return rowOf(op).kind == OperatorKind::Logical;
 }
 
 // Whether the bounds of a Between stand in the wrong order; nothing if that is known only when it runs.
@@ -182,46 +146,20 @@ void Emitter::truth(const Expr &expr)
 
 void Emitter::logical(const Expr &expr)
 {
-    switch (expr.op) {
-    case Operator::And:
-    case Operator::Or:
-        m_out += '(';
-        chain(expr);
-        m_out += ')';
-        break;
-    case Operator::Xor:
-        infix(expr, "<>", &Emitter::truth);
-        break;
-    case Operator::Equivalent:
-        infix(expr, "=", &Emitter::truth);
-        break;
-    case Operator::Implies:
-        m_out += "(NOT ";
+    if (expr.op == Operator::Xor || expr.op == Operator::Equivalent) {
+        infix(expr, rowOf(expr.op).truth, &Emitter::truth);
+        return;
+    }
+    m_out += '(';
+    if (expr.op == Operator::Implies) {
+        m_out += "NOT ";
         condition(*expr.operands[0]);
         m_out += " OR ";
         condition(*expr.operands[1]);
-        m_out += ')';
-        break;
-    case Operator::None:
-    case Operator::Negate:
-    case Operator::Not:
-    case Operator::Power:
-    case Operator::Multiply:
-    case Operator::Divide:
-    case Operator::IntegerDivide:
-    case Operator::Modulo:
-    case Operator::Add:
-    case Operator::Subtract:
-    case Operator::Concatenate:
-    case Operator::Equal:
-    case Operator::NotEqual:
-    case Operator::Less:
-    case Operator::LessEqual:
-    case Operator::Greater:
-    case Operator::GreaterEqual:
-    case Operator::Like:
-        break;
+    } else {
+        chain(expr);
     }
+    m_out += ')';
 }
 
 // a Or b Or c without brackets: SQLite's parser takes no deep nesting.
@@ -234,7 +172,7 @@ void Emitter::chain(const Expr &expr)
         chain(left);
     else
         condition(left);
-    m_out += expr.op == Operator::And ? " AND " : " OR ";
+    m_out += rowOf(expr.op).truth;
     condition(*expr.operands[1]);
     m_alternative = outer;
 }
@@ -260,7 +198,7 @@ void Emitter::comparison(const Expr &expr)
     if (m_alternative && openRange && left.kind == ExprKind::Name && !isTextType(type))
         m_out += '+';
     operandAs(left, type, true);
-    m_out += comparisonSign(expr.op);
+    m_out += rowOf(expr.op).sign;
     operandAs(right, type, false);
     m_out += ')';
 }
