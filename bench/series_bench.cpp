@@ -1,4 +1,5 @@
 #include "reminders/recurrence.h"
+#include "session/state.h"
 #include "testdata.h"
 
 #include <QCoreApplication>
