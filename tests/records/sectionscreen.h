@@ -6,6 +6,7 @@
 #include "records/frmMusic.h"
 #include "session/ini.h"
 #include "store/mainfile.h"
+#include "support/screens.h"
 
 #include <QAbstractItemModel>
 #include <QCheckBox>
@@ -57,34 +58,11 @@ protected:
     static QStringList read(DataFile file, const QString &sql)
     {
         dao::Database database = dao::DBEngine::OpenDatabase(state().path(file));
-        dao::Recordset set = database.OpenRecordset(sql, dao::dbOpenSnapshot);
-        QStringList lines;
-        for (; !set.EOF_(); set.MoveNext()) {
-            QStringList cells;
-            for (int column = 0; column < static_cast<int>(set.Fields().size()); ++column)
-                cells << shown(set.Get(column));
-            lines << cells.join(u'|');
-        }
-        return lines;
+        return rowsOf(database, sql);
     }
 
-    template <class W = QWidget> W *at(const QString &name)
-    {
-        W *found = form->findChild<W *>(name);
-        EXPECT_TRUE(found) << qPrintable(name);
-        return found;
-    }
-    QString text(const QString &name)
-    {
-        QWidget *widget = at(name);
-        if (auto *combo = qobject_cast<QComboBox *>(widget))
-            return combo->currentText();
-        if (auto *lines = qobject_cast<QPlainTextEdit *>(widget))
-            return lines->toPlainText();
-        if (auto *rich = qobject_cast<QTextEdit *>(widget))
-            return rich->toPlainText();
-        return widget->property("text").toString();
-    }
+    template <class W = QWidget> W *at(const QString &name) { return control<W>(*form, name); }
+    QString text(const QString &name) { return shownText(at(name)); }
     // As a user does: the panel is brought up first.
     void bringUp(QWidget *widget)
     {
@@ -101,14 +79,8 @@ protected:
     }
     void type(const QString &name, const QString &words)
     {
-        QWidget *widget = at(name);
-        bringUp(widget);
-        ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << qPrintable(name);
-        if (auto *combo = qobject_cast<QComboBox *>(widget))
-            widget = combo->lineEdit();
-        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(widget, Qt::Key_Delete);
-        QTest::keyClicks(widget, words);
+        bringUp(at(name));
+        typeInto(at(name), words);
     }
     // "D: DUNE, DUBLINERS" for each group of the tree.
     QStringList nodes()

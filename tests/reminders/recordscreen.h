@@ -36,30 +36,9 @@ protected:
 
     template <class W = QWidget> W *at(const QString &name) { return control<W>(*form, name); }
     bool isShown(const QString &name) { return at(name)->isVisible(); }
-    QString text(const QString &name)
-    {
-        QWidget *widget = at(name);
-        if (auto *combo = qobject_cast<QComboBox *>(widget))
-            return combo->currentText();
-        if (auto *rich = qobject_cast<QTextEdit *>(widget))
-            return rich->toPlainText();
-        return widget->property("text").toString();
-    }
+    QString text(const QString &name) { return shownText(at(name)); }
     void click(const QString &name) { test::click(*form, name); }
-    // Replaces the text as a user does.
-    void type(const QString &name, const QString &words)
-    {
-        QWidget *widget = at(name);
-        ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << qPrintable(name);
-        if (auto *combo = qobject_cast<QComboBox *>(widget)) {
-            if (!combo->isEditable())
-                return combo->setCurrentText(words);
-            widget = combo->lineEdit();
-        }
-        QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
-        QTest::keyClick(widget, Qt::Key_Delete);
-        QTest::keyClicks(widget, words);
-    }
+    void type(const QString &name, const QString &words) { typeInto(at(name), words); }
     void leave(const QString &name)
     {
         QFocusEvent out(QEvent::FocusOut, Qt::TabFocusReason);

@@ -43,6 +43,13 @@ void MainFileTest::execute(const QString &sql) const
 QStringList MainFileTest::rows(const QString &sql) const
 {
     dao::Database database = open();
+    QStringList lines = rowsOf(database, sql);
+    database.Close();
+    return lines;
+}
+
+QStringList MainFileTest::rowsOf(dao::Database &database, const QString &sql)
+{
     dao::Recordset set = database.OpenRecordset(sql, dao::dbOpenSnapshot);
     QStringList lines;
     for (; !set.EOF_(); set.MoveNext()) {
@@ -52,7 +59,6 @@ QStringList MainFileTest::rows(const QString &sql) const
         lines << cells.join(u'|');
     }
     set.Close();
-    database.Close();
     return lines;
 }
 

@@ -24,6 +24,7 @@ protected:
     void execute(const QString &sql) const;
     // The rows of a query as "2026-11-22|True|Null|text"; a time of day shows only where there is one.
     QStringList rows(const QString &sql) const;
+    static QStringList rowsOf(dao::Database &database, const QString &sql);
     qsizetype count(const QString &table) const;
     QByteArray bytes() const;
 

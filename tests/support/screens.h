@@ -2,7 +2,11 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QTest>
+#include <QTextEdit>
 #include <QTimer>
 #include <functional>
 #include <gtest/gtest.h>
@@ -23,6 +27,32 @@ inline void click(const QWidget &screen, const QString &name)
     ASSERT_TRUE(button && button->isVisible() && button->isEnabled()) << qPrintable(name);
     // A check box takes clicks on its box and text only.
     QTest::mouseClick(button, Qt::LeftButton, {}, button->isCheckable() ? QPoint(8, button->height() / 2) : QPoint());
+}
+
+// What a field shows.
+inline QString shownText(const QWidget *widget)
+{
+    if (auto *combo = qobject_cast<const QComboBox *>(widget))
+        return combo->currentText();
+    if (auto *lines = qobject_cast<const QPlainTextEdit *>(widget))
+        return lines->toPlainText();
+    if (auto *rich = qobject_cast<const QTextEdit *>(widget))
+        return rich->toPlainText();
+    return widget->property("text").toString();
+}
+
+// Replaces the text as a user does.
+inline void typeInto(QWidget *widget, const QString &words)
+{
+    ASSERT_TRUE(widget->isVisible() && widget->isEnabled()) << qPrintable(widget->objectName());
+    if (auto *combo = qobject_cast<QComboBox *>(widget)) {
+        if (!combo->isEditable())
+            return combo->setCurrentText(words);
+        widget = combo->lineEdit();
+    }
+    QTest::keyClick(widget, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(widget, Qt::Key_Delete);
+    QTest::keyClicks(widget, words);
 }
 
 // Works on the modal screen that the step opens, and closes it if the work has not.
