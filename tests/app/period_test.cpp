@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "support/table.h"
 
 #include <QToolButton>
 
@@ -28,28 +29,15 @@ TEST_F(Periods, EachKeyShowsItsRowsInAllThreeGrids)
 {
     fill();
     start();
-    const std::pair<QString, QStringList> cases[] = {
-        {u"TODAY"_s, {u"today"_s}},
-        {u"TOMORROW"_s, {u"tomorrow"_s}},
-        {u"YESTERDAY"_s, {u"yesterday"_s}},
-        {u"THIS WEEK"_s, {u"today"_s, u"tomorrow"_s, u"saturday"_s}},
-        {u"NEXT WEEK"_s, {u"nextweek"_s}},
-        {u"LAST WEEK"_s, {u"lastweek"_s, u"yesterday"_s}},
-        {u"THIS MONTH"_s, {u"first"_s, u"lastweek"_s, u"yesterday"_s, u"today"_s, u"tomorrow"_s, u"saturday"_s, u"nextweek"_s}},
-        {u"NEXT MONTH"_s, {u"silvester"_s}},
-        {u"LAST MONTH"_s, {u"october"_s}},
-        {u"THIS YEAR"_s, {u"october"_s, u"first"_s, u"lastweek"_s, u"yesterday"_s, u"today"_s, u"tomorrow"_s, u"saturday"_s,
-                          u"nextweek"_s, u"silvester"_s}},
-        {u"NEXT YEAR"_s, {u"newyear"_s}},
-        {u"LAST YEAR"_s, {u"lastyear"_s}},
-    };
-    for (const auto &[key, rows] : cases) {
+    test::forEachRow("sections", "periods", [this](const test::Row &row) {
+        const QString key = row["key"];
+        const QStringList rows = row["rows"].split(u' ');
         click(key);
         EXPECT_EQ(appointments(), rows) << qPrintable(key);
         EXPECT_EQ(bills(), rows) << qPrintable(key);
         EXPECT_EQ(events(), rows) << qPrintable(key);
         EXPECT_TRUE(c().toolbarKeys.at(key)->isChecked()) << qPrintable(key);
-    }
+    });
     // The group carries the name of what is on show; where no period applies the keys are off.
     const auto named = [this](const QString &key) { return at<QToolButton>(key)->text(); };
     EXPECT_EQ(named(u"THIS YEAR"_s), u"Last Year"_s);

@@ -4,6 +4,7 @@
 #include "frame/menus.h"
 #include "session/sections.h"
 #include "frame/startup.h"
+#include "support/table.h"
 
 #include <QHelpEvent>
 #include <QToolTip>
@@ -41,34 +42,24 @@ protected:
 
 TEST_F(SectionTools, EachSectionAllowsItsOwnPrinting)
 {
-    const struct { QString name; QStringList entries; } cases[] = {
-        {u"Appointments"_s, {u"mnuPrintAppointments"_s}},
-        {u"Bills"_s, {u"mnuPrintBills"_s}},
-        {u"Events"_s, {u"mnuPrintEvents"_s}},
-        {u"All"_s, {u"mnuPrintAppointments"_s, u"mnuPrintBills"_s, u"mnuPrintEvents"_s}},
-        {u"BE"_s, {u"mnuPrintBills"_s, u"mnuPrintEvents"_s}},
-        {u"Passwords"_s, {u"mnuPrintPasswords"_s}},
-        {u"AB"_s, {u"mnuPrintAppointments"_s, u"mnuPrintBills"_s}},
-        {u"AE"_s, {u"mnuPrintAppointments"_s, u"mnuPrintEvents"_s}},
-        {u"Christmas Cards"_s, {u"mnuPrintXmasList"_s}},
-        {u"Messages"_s, {}}, {u"Golf"_s, {}}, {u"Private"_s, {}},
-    };
     for (const bool printer : {true, false}) {
         setPrinterProbe([printer] { return printer; });
         start();
-        for (const auto &one : cases) {
-            screen().DisplayCategory(one.name);
+        test::forEachRow("sections", "printing", [&](const test::Row &row) {
+            const QString name = row["name"];
+            const QStringList entries = row["entries"].split(u' ', Qt::SkipEmptyParts);
+            screen().DisplayCategory(name);
             QStringList enabled;
             for (const MenuEntry &entry : menuTable())
                 if (entry.call == MenuCall::Print && menu(entry.objectName)->isEnabled())
                     enabled << entry.objectName;
-            EXPECT_EQ(enabled, printer ? one.entries : QStringList()) << qPrintable(one.name);
+            EXPECT_EQ(enabled, printer ? entries : QStringList()) << qPrintable(name);
             EXPECT_EQ(menu(u"mnuPrint"_s)->isEnabled(), printer);
-            EXPECT_EQ(c().toolbarKeys.at(u"PRINT CURRENT CATEGORY"_s)->isEnabled(), printer && !one.entries.isEmpty())
-                << qPrintable(one.name);
-            EXPECT_EQ(menu(u"mnuMessages"_s)->isVisible(), one.name == u"Messages"_s);
+            EXPECT_EQ(c().toolbarKeys.at(u"PRINT CURRENT CATEGORY"_s)->isEnabled(), printer && !entries.isEmpty())
+                << qPrintable(name);
+            EXPECT_EQ(menu(u"mnuMessages"_s)->isVisible(), name == u"Messages"_s);
             EXPECT_FALSE(menu(u"mnuTasksToOutlook"_s)->isVisible());
-        }
+        });
     }
 }
 

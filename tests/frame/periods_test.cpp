@@ -1,6 +1,7 @@
 #include "frame/framefixture.h"
 #include "session/ini.h"
 #include "frame/periods.h"
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,66 +14,36 @@ protected:
 
 TEST_F(PeriodsTest, weeksMonthsAndYears)
 {
-    const struct { QDate today; std::int16_t weekStart; void (*set)(); QString start, end; } cases[] = {
-        // 15 June 2005 is a Wednesday.
-        {{2005, 6, 15}, 1, SetThisWeek, u"12/06/2005"_s, u"18/06/2005"_s},
-        {{2005, 6, 15}, 2, SetThisWeek, u"13/06/2005"_s, u"19/06/2005"_s},
-        {{2005, 6, 15}, 4, SetThisWeek, u"15/06/2005"_s, u"21/06/2005"_s},
-        {{2005, 6, 15}, 0, SetThisWeek, u"12/06/2005"_s, u"18/06/2005"_s},
-        // The start day lies later in the week: the period begins after today.
-        {{2005, 6, 19}, 2, SetThisWeek, u"20/06/2005"_s, u"26/06/2005"_s},
-        {{2005, 6, 15}, 7, SetThisWeek, u"18/06/2005"_s, u"24/06/2005"_s},
-        {{2005, 6, 19}, 2, SetLastWeek, u"13/06/2005"_s, u"19/06/2005"_s},
-        {{2005, 6, 19}, 2, SetNextWeek, u"27/06/2005"_s, u"03/07/2005"_s},
-        // Over New Year and over a leap day.
-        {{2004, 12, 31}, 1, SetThisWeek, u"26/12/2004"_s, u"01/01/2005"_s},
-        {{2004, 12, 31}, 1, SetNextWeek, u"02/01/2005"_s, u"08/01/2005"_s},
-        {{2005, 1, 1}, 1, SetLastWeek, u"19/12/2004"_s, u"25/12/2004"_s},
-        {{2004, 2, 27}, 1, SetNextWeek, u"29/02/2004"_s, u"06/03/2004"_s},
-        {{2005, 6, 15}, 1, SetThisMonth, u"01/06/2005"_s, u"30/06/2005"_s},
-        {{2005, 1, 31}, 1, SetNextMonth, u"01/02/2005"_s, u"28/02/2005"_s},
-        {{2004, 1, 31}, 1, SetNextMonth, u"01/02/2004"_s, u"29/02/2004"_s},
-        {{2005, 3, 31}, 1, SetLastMonth, u"01/02/2005"_s, u"28/02/2005"_s},
-        {{2005, 1, 31}, 1, SetLastMonth, u"01/12/2004"_s, u"31/12/2004"_s},
-        {{2005, 12, 31}, 1, SetNextMonth, u"01/01/2006"_s, u"31/01/2006"_s},
-        {{2004, 2, 29}, 1, SetThisMonth, u"01/02/2004"_s, u"29/02/2004"_s},
-        {{2005, 6, 15}, 1, SetThisYear, u"01/01/2005"_s, u"31/12/2005"_s},
-        {{2005, 12, 31}, 1, SetNextYear, u"01/01/2006"_s, u"31/12/2006"_s},
-        {{2004, 2, 29}, 1, SetLastYear, u"01/01/2003"_s, u"31/12/2003"_s},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE((c.today.toString(Qt::ISODate) + u" week starts "_s + QString::number(c.weekStart)).toStdString());
-        clock.set(c.today);
-        state().settings.gWeekStartDay = c.weekStart;
-        c.set();
-        EXPECT_EQ(period(), c.start + u'-' + c.end);
+    const QHash<QString, void (*)()> setters{
+        {u"SetThisWeek"_s, SetThisWeek}, {u"SetLastWeek"_s, SetLastWeek}, {u"SetNextWeek"_s, SetNextWeek},
+        {u"SetThisMonth"_s, SetThisMonth}, {u"SetLastMonth"_s, SetLastMonth}, {u"SetNextMonth"_s, SetNextMonth},
+        {u"SetThisYear"_s, SetThisYear}, {u"SetLastYear"_s, SetLastYear}, {u"SetNextYear"_s, SetNextYear}};
+    // Week starts that lie later in the week, a new year, leap days.
+    test::forEachRow("periods", "spans", [&](const test::Row &row) {
+        clock.set(QDate::fromString(row["today"], Qt::ISODate));
+        state().settings.gWeekStartDay = static_cast<std::int16_t>(row.number("weekStart"));
+        setters.value(row["set"])();
+        EXPECT_EQ(period(), row["start"] + u'-' + row["end"]);
         EXPECT_NE(state().settings.gWeekStartDay, 0);
-    }
+    });
 }
 
 TEST_F(PeriodsTest, periodTextFollowsTheMachineButQueriesAndYearsDoNot)
 {
-    const struct { QString locale, weekStart, weekEnd, yearEndShown; } cases[] = {
-        {u"en_US"_s, u"06/12/2005"_s, u"06/18/2005"_s, u"12/31/2005"_s},
-        {u"en_AU"_s, u"12/06/2005"_s, u"18/06/2005"_s, u"31/12/2005"_s},
-        {u"de_DE"_s, u"12/06/2005"_s, u"18/06/2005"_s, u"31/12/2005"_s},
-        {u"ja_JP"_s, u"06/12/2005"_s, u"06/18/2005"_s, u"12/31/2005"_s},
-    };
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.locale.toStdString());
-        use(c.locale);
+    test::forEachRow("periods", "regions", [this](const test::Row &row) {
+        use(row["locale"]);
         SetThisWeek();
-        EXPECT_EQ(period(), c.weekStart + u'-' + c.weekEnd);
+        EXPECT_EQ(period(), row["weekStart"] + u'-' + row["weekEnd"]);
         EXPECT_TRUE(state().period.gSqlBills.contains(u"between #06/12/2005# and #06/18/2005#"_s)) << state().period.gSqlBills;
 
         SetThisYear();
         EXPECT_EQ(state().period.gPeriodEnd, u"31/12/2005"_s);
         EXPECT_TRUE(state().period.gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().period.gSqlBills;
         periodCaption();
-        EXPECT_EQ(period(), u"01/01/2005-"_s + c.yearEndShown);
+        EXPECT_EQ(period(), u"01/01/2005-"_s + row["yearEndShown"]);
         BuildPeriodQueries();
         EXPECT_TRUE(state().period.gSqlBills.contains(u"between #01/01/2005# and #12/31/2005#"_s)) << state().period.gSqlBills;
-    }
+    });
 }
 
 TEST_F(PeriodsTest, periodQueries)
@@ -189,16 +160,11 @@ TEST_F(PeriodsTest, menuCaptionsTellTheirDates)
 
 TEST_F(PeriodsTest, startPeriodOfTheSetting)
 {
-    const std::pair<QString, QString> cases[] = {
-        {u"Today"_s, u"mnuToday"_s},          {u"This Week"_s, u"mnuThisWeek"_s}, {u"This Month"_s, u"mnuThisMonth"_s},
-        {u"This Year"_s, u"mnuThisYear"_s},   {{}, u"mnuThisWeek"_s},             {u"Next Week"_s, u"mnuThisWeek"_s},
-        {u"ALL RECORDS"_s, u"mnuThisWeek"_s},
-    };
     EXPECT_EQ(QStringView(startPeriod().menu), u"mnuThisWeek");
-    for (const auto &[setting, menu] : cases) {
-        PutIniValue(iniSettings, u"DisplayPeriod"_s, QString(setting));
-        EXPECT_EQ(QStringView(startPeriod().menu), menu) << setting;
-    }
+    test::forEachRow("periods", "starts", [](const test::Row &row) {
+        PutIniValue(iniSettings, u"DisplayPeriod"_s, row["setting"]);
+        EXPECT_EQ(QStringView(startPeriod().menu), row["menu"]);
+    });
 }
 
 }

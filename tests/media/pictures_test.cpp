@@ -2,6 +2,7 @@
 #include "media/pictures.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/files.h"
+#include "support/table.h"
 #include "support/testfolder.h"
 
 #include <QCoreApplication>
@@ -125,26 +126,13 @@ TEST(Pictures, ThePicturesMoveWithTheProgramFolder)
 
 TEST(Allotments, TheCaptionNamesFolderAndKind)
 {
-    const struct {
-        QString caption, folder;
-        PathKind kind;
-    } cases[] = {
-        {u"Data Path"_s, {}, PathKind::Data},
-        {u"Backup File"_s, {}, PathKind::Backup},
-        {u"Book Picture"_s, u"BookPictures"_s, PathKind::Picture},
-        {u"Music Sound"_s, u"MusicPictures"_s, PathKind::Sound},
-        {u"Contact Other Picture 5"_s, u"ContactPictures"_s, PathKind::Picture},
-        {u"Contact Other Picture 6"_s, {}, PathKind::Picture},
-        {u"Health Picture"_s, u"HealthPictures"_s, PathKind::Picture},
-        {u"Health Picture 9"_s, u"HealthPictures"_s, PathKind::Picture},
-        {u"CalcPic"_s, u"CalendarPictures"_s, PathKind::Picture},
-        {u"Nothing known"_s, {}, PathKind::Picture},
-    };
-    for (const auto &one : cases) {
-        const Allotment found = allotmentOf(one.caption);
-        EXPECT_EQ(found.folder, one.folder) << qPrintable(one.caption);
-        EXPECT_EQ(found.kind, one.kind) << qPrintable(one.caption);
-    }
+    const QHash<QString, PathKind> kinds{
+        {u"Data"_s, PathKind::Data}, {u"Backup"_s, PathKind::Backup}, {u"Picture"_s, PathKind::Picture}, {u"Sound"_s, PathKind::Sound}};
+    test::forEachRow("pictures", "captions", [&kinds](const test::Row &row) {
+        const Allotment found = allotmentOf(row["caption"]);
+        EXPECT_EQ(found.folder, row["folder"]);
+        EXPECT_EQ(found.kind, kinds.value(row["kind"]));
+    });
 }
 
 TEST(Allotments, ATransferIsWholeOrNotAtAll)

@@ -5,6 +5,7 @@
 #include "print/printfixture.h"
 #include "print/scriptfile.h"
 #include "session/datafiles.h"
+#include "support/table.h"
 
 #include <QRegularExpression>
 
@@ -40,6 +41,12 @@ protected:
         for (int row = 1; row <= count; ++row)
             statements << sql.arg(row, 3, 10, QChar(u'0'));
         put(file, statements);
+    }
+    static QHash<QString, DataFile> files()
+    {
+        using F = DataFile;
+        return {{u"Main"_s, F::Main}, {u"Contacts"_s, F::Contacts}, {u"DataP"_s, F::DataP}, {u"DataJ"_s, F::DataJ}, {u"Books"_s, F::Books},
+                {u"Movies"_s, F::Movies}, {u"Music"_s, F::Music}, {u"Notes"_s, F::Notes}};
     }
     static std::function<void()> list(const QString &code)
     {
@@ -98,98 +105,46 @@ protected:
     }
 };
 
-struct ListCase {
-    const char *shape;      // orientation, body size, the columns' places in hundredths of the width
-    QString code;
-    DataFile file;
-    QString insert;         // a row; "%1" is its number
-    int rowLimit;
-    QString title;
-    QString headings;
-    QString row;            // as it is read back
-};
-
-static std::vector<ListCase> listCases()
-{
-    using F = DataFile;
-    return {
-        {"1 8 1 32 49 66 83", u"P"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[HOMETELEPHONENUMBER],[MOBILETELEPHONENUMBER],[PRINT]) VALUES "
-         "('Row%1','9555 1','0400 2',True)"_s, 54, u"TELEPHONE NUMBERS as at 22/11/2026"_s,
-         u"SURNAME/BUSINESS NAME HOME WORK FAX MOBILE/CELL"_s, u"Row001 9555 1 0400 2"_s},
-        {"1 8 1 42 74", u"W"_s, F::DataP, u"INSERT INTO [Passwords] ([ORGANISATION],[USERNAME],[PASSWORD]) VALUES ('Row%1','ann','se\"cret')"_s, 54,
-         u"PASSWORDS as at 22/11/2026"_s, u"ORGANISATION USERNAME PASSWORD"_s, u"Row001 ann se\"cret"_s},
-        {"2 8 1 26 37 48 57 76 78 87", u"I"_s, F::Main, u"INSERT INTO [INVENTORY] ([ITEM],[SERIALNUM],[LOCATION],[COST],[DISPOSEDTO]) VALUES "
-         "('Row%1','S/1','Shed',1234.5,'Bob')"_s, 27, u"INVENTORY as at 22/11/2026"_s,
-         u"ITEM SERIAL# LOCATION DATE PURCHASED FROM COST DATE DISPOSED TO"_s, u"Row001 S/1 Shed $1,234.50 Bob"_s},
-        {"2 8 1 59 79 94 99", u"F"_s, F::Main, u"INSERT INTO [FILEBACKUP] ([FILENAME],[FILEDATE],[LASTBACKUPDATE]) VALUES "
-         "('Row%1',#11/01/2026#,#11/12/2026#)"_s, 27, u"BACKUP FILES as at 22/11/2026"_s,
-         u"FILE NAME FILE DATE LAST BACKUP DATE DAYS"_s, u"Row001 11/1/2026 11/12/2026 10"_s},
-        {"2 8 1 40 50 75 90", u"K"_s, F::Books, u"INSERT INTO [BOOKS] ([TITLE],[READ],[AUTHOR],[RATING]) VALUES ('Row%1',True,'Herbert','Good')"_s, 27,
-         u"BOOKS as at 22/11/2026"_s, u"TITLE DATE READ AUTHOR PUBLISHER RATING"_s, u"Row001 True Herbert Good"_s},
-        {"2 8 1 30 50 65 80 90", u"V"_s, F::Movies, u"INSERT INTO [MOVIES] ([TITLE],[STARS],[PRODUCER],[SEEN],[RATING]) VALUES "
-         "('Row%1','Bogart','Wallis',False,'PG')"_s, 20, u"MOVIES as at 22/11/2026"_s,
-         u"TITLE STARS PRODUCER DIRECTOR SEEN RATING"_s, u"Row001 Bogart Wallis False PG"_s},
-        {"2 8 1 40 80 90", u"U"_s, F::Music, u"INSERT INTO [MUSIC] ([TITLE],[ARTIST],[TYPE],[RATING]) VALUES ('Row%1','Bach','CD','Best')"_s, 27,
-         u"MUSIC as at 22/11/2026"_s, u"TITLE ARTIST MEDIA RATING"_s, u"Row001 Bach CD Best"_s},
-        {"2 8 1 50", u"C"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[MAILINGADDRESSSTREET],[MAILINGADDRESSCITY],"
-         "[MAILINGADDRESSCOUNTRY],[ChristmasCard]) VALUES ('Row%1','Jo','1 High St','Perth','Australia',True)"_s, 27,
-         u"CHRISTMAS CARD LIST as at 22/11/2026"_s, u"NAME ADDRESS"_s, u"Row001, Jo 1 High St Perth Australia"_s},
-        {"1 8 1 75", u"X"_s, F::Contacts, u"INSERT INTO [Contacts] ([LASTNAME],[FIRSTNAME],[BUSINESSTELEPHONENUMBER],[MOBILETELEPHONENUMBER],"
-         "[Emergency]) VALUES ('Row%1','Jo','9111','0400',True)"_s, 47, u"EMERGENCY PHONE NUMBERS as at 22/11/2026"_s,
-         u"NAME NUMBER"_s, u"Row001, Jo 9111"_s},
-        {"2 8 1 15 30", u"N"_s, F::Notes, u"INSERT INTO [NOTES] ([DATE],[NAME],[NOTES]) VALUES (#03/04/2026#,'Ann','Row%1')"_s, 9,
-         u"NOTES as at 22/11/2026"_s, u"DATE NAME NOTE"_s, u"3/4/2026 Ann Row001"_s},
-        {"2 8 1 15", u"J"_s, F::DataJ, u"INSERT INTO [JOURNAL] ([DATE],[NOTESDISPLAY]) VALUES (#03/04/2026#,'Row%1')"_s, 9,
-         u"JOURNAL OF Ann as at 22/11/2026"_s, u"DATE NOTE"_s, u"3/4/2026 Row001"_s},
-        {"1 12 1 41 70 78 86 96", u"H"_s, F::Main, u"INSERT INTO [SHOPPING] ([ITEM],[STORE],[NUMBER],[LASTCOST],[AMOUNT],[TOTAL],[PICK]) VALUES "
-         "('Row%1','Corner',2,1.25,1.5,3,True)"_s, 45, u"SHOPPING LIST as at 22/11/2026"_s, u"ITEM STORE NO. LAST AMOUNT TOTAL"_s,
-         u"Row001 Corner 2 $1.25 $1.50 $3.00"_s},
-        {"1 12 1 85", u"G"_s, F::Main, u"INSERT INTO [TODO] ([TODO],[PRIORITY],[ACTIONED]) VALUES ('Row%1','1 - High',False)"_s, 45,
-         u"TO DO'S as at 22/11/2026"_s, u"TODO PRIORITY"_s, u"Row001 1 - High"_s},
-        {"2 9 1 16.5", u"A"_s, F::Main, u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[MET]) VALUES "
-         "(#11/23/2026#,'09:30 AM','Row%1',True)"_s, 20, u"APPOINTMENTS"_s, u"DATE TIME APPOINTMENT MET"_s,
-         u"11/23/2026 09:30 am Row001 YES"_s},
-        {"1 10 1 15", u"B"_s, F::Main, u"INSERT INTO [BILLS] ([DATE],[BILL],[AMOUNT],[PAID]) VALUES (#11/23/2026#,'Row%1',1234.5,False)"_s, 55,
-         u"BILLS"_s, u"DATE BILL AMOUNT PAID"_s, u"11/23/2026 Row001 $1,234.50"_s},
-        {"1 10 1 15 32", u"E"_s, F::Main, u"INSERT INTO [EVENTS] ([DATE],[SUBJECT],[EVENT]) VALUES (#11/23/2026#,'BIRTHDAY','Row%1')"_s, 55,
-         u"EVENTS"_s, u"DATE EVENT DETAILS"_s, u"11/23/2026 BIRTHDAY Row001"_s}};
-}
-
+// The shape is the orientation, the size of the body and the columns' places in hundredths of the width; "%1" in the statement that
+// adds a row is its number.
 TEST_F(Lists, EachOneShowsItsRowsPageByPage)
 {
-    for (const ListCase &one : listCases()) {
-        putMany(one.file, one.insert, one.rowLimit + 1);
-        answerShopping(one.code);
-        const QStringList read = pages(list(one.code));
-        ASSERT_EQ(read.size(), 2) << qPrintable(one.code);
-        EXPECT_EQ(read[0].count(u"Row"_s), one.rowLimit) << qPrintable(one.code);
-        EXPECT_EQ(read[1].count(u"Row"_s), 1) << qPrintable(one.code);
-        const QString wanted[] = {one.title, one.headings, one.row};
+    test::forEachRow("lists", "lists", [this](const test::Row &one) {
+        const QString code = one["code"];
+        const int rowLimit = one.number("rowLimit");
+        putMany(files().value(one["file"]), one["insert"], rowLimit + 1);
+        answerShopping(code);
+        const QStringList read = pages(list(code));
+        ASSERT_EQ(read.size(), 2) << qPrintable(code);
+        EXPECT_EQ(read[0].count(u"Row"_s), rowLimit) << qPrintable(code);
+        EXPECT_EQ(read[1].count(u"Row"_s), 1) << qPrintable(code);
+        const QString wanted[] = {one["title"], one["headings"], one["row"]};
         for (const QString &text : wanted) {
             EXPECT_TRUE(QRegularExpression(u"^ ?"_s + QRegularExpression::escape(text) + u" ?$"_s, QRegularExpression::MultilineOption)
                             .match(read[0]).hasMatch()) << qPrintable(text + u'\n' + read[0].left(400));
         }
-        EXPECT_TRUE(read[1].contains(one.headings)) << qPrintable(one.code);
+        EXPECT_TRUE(read[1].contains(one["headings"])) << qPrintable(code);
         EXPECT_FALSE(read[0].contains(u"LISTED"_s));
-        const QString space = QStringList{u"A"_s, u"B"_s, u"E"_s, u"H"_s}.contains(one.code) ? u" "_s : QString();
-        EXPECT_TRUE(read[1].contains(u"NUMBER OF RECORDS LISTED:%1%2"_s.arg(space).arg(one.rowLimit + 1))) << qPrintable(read[1]);
+        const QString space = QStringList{u"A"_s, u"B"_s, u"E"_s, u"H"_s}.contains(code) ? u" "_s : QString();
+        EXPECT_TRUE(read[1].contains(u"NUMBER OF RECORDS LISTED:%1%2"_s.arg(space).arg(rowLimit + 1))) << qPrintable(read[1]);
         EXPECT_TRUE(read[1].contains(u"PAGE:2"_s));
-        answerShopping(one.code);
-        expectShape(script(list(one.code)), QString::fromLatin1(one.shape), one.code + u" at "_s);
-    }
+        answerShopping(code);
+        expectShape(script(list(code)), one["shape"], code + u" at "_s);
+    });
 }
 
 TEST_F(Lists, EmptyOnesSaySo)
 {
-    for (const ListCase &one : listCases()) {
-        if (one.code == u"H")
-            continue;
-        const bool isOther = QStringList{u"A"_s, u"B"_s, u"E"_s, u"G"_s}.contains(one.code);
+    test::forEachRow("lists", "lists", [this](const test::Row &one) {
+        const QString code = one["code"];
+        if (code == u"H")
+            return;
+        const bool isOther = QStringList{u"A"_s, u"B"_s, u"E"_s, u"G"_s}.contains(code);
         m_prompts.expect(isOther ? u"No Records to Preview"_s : u"No Records Applicable for this Report"_s);
-        EXPECT_EQ(previewed(list(one.code)), 0);
-        EXPECT_TRUE(m_prompts.isDone()) << qPrintable(one.code);
+        EXPECT_EQ(previewed(list(code)), 0);
+        EXPECT_TRUE(m_prompts.isDone()) << qPrintable(code);
         EXPECT_FALSE(QFile::exists(m_folder.path(u"PRINT.TMP"_s)));
-    }
+    });
     EXPECT_FALSE(printSectionList(u"AB"_s));
     EXPECT_FALSE(printSectionList({}));
 }

@@ -2,6 +2,7 @@
 #include "print/output.h"
 #include "print/printfixture.h"
 #include "print/scriptfile.h"
+#include "support/table.h"
 
 #include <QRegularExpression>
 
@@ -42,25 +43,12 @@ protected:
 TEST_F(PlayerTest, TextLinesAreRead)
 {
     const std::vector<QString> table{u"zero"_s, u"one"_s};
-    const struct { QString line; double x, y; QString text; } cases[] = {
-        {u"LPRINT 10,20.5, \"a\""_s, 10, 20.5, u"a"_s},
-        {u"LPRINT 10,20, \"a\";\"b\" [1]; \"c\""_s, 10, 20, u"abonec"_s},
-        {u"LPRINT 10,20, \"a\" ' \"no\""_s, 10, 20, u"a"_s},
-        {u"LPRINT 10,20, \"it's \u00ffquoted\u00ff\""_s, 10, 20, u"it's \"quoted\""_s},
-        {u"LPRINT 10,20, \"no end"_s, 10, 20, u"no end"_s},
-        {u"LPRINT 10,20, rubbish \"a\""_s, 10, 20, u"a"_s},
-        {u"LPRINT 10,20, [0"_s, 10, 20, u"zero"_s},
-        {u"LPRINT x1,2y, \"a\""_s, 0, 2, u"a"_s},
-        {u"LPRINT 1E999,50%, \"a\""_s, 0, 50, u"a"_s}, {u"LPRINT -.5E1,1 2, \"a\""_s, -5, 1, u"a"_s},
-        {u"LPRINT 10"_s, 10, 0, {}},
-        {u"LPRINT"_s, 0, 0, {}},
-        {u"LPRINT 10,20, \"\u05e9\u05dc\u05d5\u05dd \u4f60\u597d\""_s, 10, 20, u"\u05e9\u05dc\u05d5\u05dd \u4f60\u597d"_s}};
-    for (const auto &one : cases) {
-        const TextLine parsed = parseTextLine(one.line, table);
-        EXPECT_EQ(parsed.x, one.x) << qPrintable(one.line);
-        EXPECT_EQ(parsed.y, one.y) << qPrintable(one.line);
-        EXPECT_EQ(parsed.text, one.text) << qPrintable(one.line);
-    }
+    test::forEachRow("player", "texts", [&table](const test::Row &row) {
+        const TextLine parsed = parseTextLine(row["line"], table);
+        EXPECT_EQ(parsed.x, row.real("x"));
+        EXPECT_EQ(parsed.y, row.real("y"));
+        EXPECT_EQ(parsed.text, row["text"]);
+    });
     for (const QString &entry : {u"[2]"_s, u"[-1]"_s, u"[99999999999]"_s})
         EXPECT_EQ(errorOf([&] { parseTextLine(u"LPRINT 1,2, "_s + entry, table); }), 9) << qPrintable(entry);
 }

@@ -4,6 +4,7 @@
 #include "frame/startup.h"
 #include "reminders/alerts.h"
 #include "store/mainfile.h"
+#include "support/table.h"
 
 #include <ostream>
 
@@ -55,22 +56,10 @@ TEST_F(Alerts, MinuteByMinute)
 
 TEST_F(Alerts, RulesOfBeforeAndAfter)
 {
-    struct Case { const char *name; AlertRule rule; QString now; std::string wanted; };
-    const Case cases[] = {
-        {"switched off", {false, 15, 5}, u"09:50:00"_s, ""},
-        {"both 0", {true, 0, 0}, u"10:00:00"_s, ""},
-        {"no time before: not green", {true, 0, 5}, u"09:59:00"_s, ""},
-        {"no time before: red at the time", {true, 0, 5}, u"10:00:00"_s, "red 0"},
-        {"no time after: green", {true, 15, 0}, u"09:59:59"_s, "green 1"},
-        {"no time after: nothing at the time", {true, 15, 0}, u"10:00:00"_s, ""},
-        {"one minute after: the time itself", {true, 3, 1}, u"10:00:59"_s, "red 0"},
-        {"one minute after: no more", {true, 3, 1}, u"10:01:00"_s, ""},
-        {"a whole day before", {true, 32767, 0}, u"00:00:00"_s, "green 600"},
-        {"a whole day after", {true, 0, 32767}, u"23:59:00"_s, "red -839"},
-        {"negative numbers warn never", {true, -5, -5}, u"10:00:00"_s, ""},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(shown({row(u"10:00 am"_s)}, c.rule, at(c.now)), c.wanted) << c.name;
+    test::forEachRow("alerts", "rules", [](const test::Row &c) {
+        const AlertRule rule{c.flag("on"), c.number("before"), c.number("after")};
+        EXPECT_EQ(shown({row(u"10:00 am"_s)}, rule, at(c["now"])), c.text("wanted"));
+    });
 }
 
 TEST_F(Alerts, RowsThatWarnNever)

@@ -1,5 +1,6 @@
 #include "reminders/record.h"
 #include "store/mainfile.h"
+#include "support/table.h"
 
 #include <QTest>
 
@@ -15,58 +16,33 @@ static std::optional<basic::DateTime> day(int year, int month, int dayOfMonth)
     return basic::DateTime::fromParts(year, month, dayOfMonth);
 }
 
+static std::optional<basic::DateTime> day(const QString &iso)
+{
+    return iso.isEmpty() ? std::nullopt : std::optional(basic::DateTime::fromQDate(QDate::fromString(iso, Qt::ISODate)));
+}
+
 TEST_F(RecordRules, PanelIsSetBackFromTheFields)
 {
-    const struct { QString months, days, weekNum, weekDay; Frequency expected; } cases[] = {
-        {u"0"_s, u"0"_s, u""_s, u""_s, {false, noOption, {}}},
-        {u""_s, u""_s, u""_s, u""_s, {false, noOption, {}}},
-        {u"1"_s, u"0"_s, u""_s, u""_s, {true, 0, {}}},
-        {u"2"_s, u"0"_s, u""_s, u""_s, {true, 1, {}}},          // two months show as a quarter
-        {u"3"_s, u"0"_s, u""_s, u""_s, {true, 1, {}}},
-        {u"12"_s, u"0"_s, u""_s, u""_s, {true, 2, {}}},
-        {u"6"_s, u"0"_s, u""_s, u""_s, {true, noOption, {}}},
-        {u"0"_s, u"14"_s, u""_s, u""_s, {true, 4, u"14"_s}},
-        {u"0"_s, u"0"_s, u"2nd"_s, u"Mon"_s, {true, 3, {}}},
-        {u"0"_s, u"0"_s, u""_s, u"Mon"_s, {true, noOption, {}}},
-        {u"0"_s, u"7"_s, u"2nd"_s, u"Mon"_s, {true, 4, u"7"_s}},
-        {u"12"_s, u"7"_s, u"2nd"_s, u""_s, {true, 2, u"7"_s}},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(frequencyOf(c.months, c.days, c.weekNum, c.weekDay), c.expected)
-            << qPrintable(c.months + u'/' + c.days + u'/' + c.weekNum + u'/' + c.weekDay);
+    // Two months show as a quarter.
+    test::forEachRow("rules", "frequency", [](const test::Row &row) {
+        EXPECT_EQ(frequencyOf(row["months"], row["days"], row["weekNum"], row["weekDay"]),
+                  (Frequency{row.flag("repeats"), row.number("option", noOption), row["shownDays"]}));
+    });
 }
 
 TEST_F(RecordRules, OptionsLeadToTheNextDate)
 {
-    struct Case {
-        int option;
-        std::optional<basic::DateTime> date;
-        const char16_t *days;
-        std::optional<basic::DateTime> next;
-    };
-    const Case cases[] = {
-        {0, day(2027, 1, 31), u"", day(2027, 2, 28)},   // cut back to the month's last day
-        {1, day(2026, 11, 30), u"", day(2027, 2, 28)},
-        {2, day(2028, 2, 29), u"", day(2029, 2, 28)},
-        {3, day(2026, 11, 22), u"9", std::nullopt},
-        {4, day(2026, 12, 25), u"14", day(2027, 1, 8)},
-        {4, day(2026, 12, 25), u"14 days", day(2027, 1, 8)},
-        {4, day(2026, 12, 25), u"", day(2026, 12, 25)},
-        {4, day(2026, 12, 25), u"99999999", std::nullopt},      // beyond the calendar
-        {noOption, day(2026, 12, 25), u"14", std::nullopt},
-        {0, std::nullopt, u"", std::nullopt},
-    };
-    for (const Case &c : cases)
-        EXPECT_EQ(nextDate(c.option, c.date, QString::fromUtf16(c.days)), c.next) << c.option;
+    // Cut back to the month's last day; nothing where the day lies beyond the calendar.
+    test::forEachRow("rules", "next", [](const test::Row &row) {
+        EXPECT_EQ(nextDate(row.number("option", noOption), day(row["date"]), row["days"]), day(row["next"]));
+    });
 }
 
 TEST_F(RecordRules, ApplyFillsThePeriodBoxes)
 {
-    const struct { int option; QString days; Period boxes; } cases[] = {
-        {0, u"9"_s, {u"1"_s, u"0"_s}}, {1, {}, {u"3"_s, u"0"_s}}, {2, {}, {u"12"_s, u"0"_s}}, {3, u"9"_s, {u"0"_s, u"0"_s}},
-        {4, u"9 or so"_s, {u"0"_s, u"9"_s}}, {4, u"1.5"_s, {u"0"_s, u"2"_s}}, {4, u"50.5%"_s, {u"0"_s, u"0"_s}}, {noOption, u"9"_s, {u"0"_s, u"0"_s}}};
-    for (const auto &c : cases)
-        EXPECT_EQ(appliedPeriod(c.option, c.days), c.boxes) << c.option;
+    test::forEachRow("rules", "periods", [](const test::Row &row) {
+        EXPECT_EQ(appliedPeriod(row.number("option", noOption), row["days"]), (Period{row["monthBox"], row["dayBox"]}));
+    });
 }
 
 TEST_F(RecordRules, TextsAreReadAsDaysAndAmounts)

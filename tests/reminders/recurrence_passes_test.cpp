@@ -1,5 +1,6 @@
 #include "reminders/recurrence.h"
 #include "store/mainfile.h"
+#include "support/table.h"
 
 namespace vorel {
 
@@ -19,62 +20,23 @@ protected:
     }
 };
 
-struct RollCase {
-    const char *name;
-    const char *today;
-    std::vector<const char *> rows;
-    std::vector<const char *> after;        // the dates after each start
-};
-
-const RollCase rollCases[] = {
-    {"three weeks late: one period a start", "2026-11-22", {"'Gym', #11/01/2026#, 7, 0"},
-     {"2026-11-08", "2026-11-15", "2026-11-22", "2026-11-22"}},
-    {"a row of today stays", "2026-11-22", {"'Gym', #11/22/2026#, 1, 0"}, {"2026-11-22"}},
-    {"only the end of a series moves", "2026-11-22",
-     {"'Gym', #11/01/2026#, 7, 0", "'Gym', #11/08/2026#, 7, 0", "'Gym', #11/15/2026#, 7, 0"},
-     {"2026-11-01 2026-11-08 2026-11-22"}},
-    // The end moves first, so that the row before it no longer finds it.
-    {"rows are taken one after the other", "2026-11-22", {"'Gym', #11/15/2026#, 7, 0", "'Gym', #11/08/2026#, 7, 0"},
-     {"2026-11-22 2026-11-15"}},
-    {"a row that has just arrived counts", "2026-11-22", {"'Gym', #11/15/2026#, 7, 0", "'Gym', #11/15/2026#, 7, 0"},
-     {"2026-11-22 2026-11-15"}},
-    {"a month's end is cut, and stays cut", "2026-11-22", {"'Rent', #01/31/2026#, 0, 1"},
-     {"2026-02-28", "2026-03-28"}},
-    {"a leap day", "2026-11-22", {"'Tax', #02/29/2024#, 0, 12"}, {"2025-02-28", "2026-02-28", "2027-02-28"}},
-    {"months, then days from there", "2026-11-22", {"'Gym', #09/30/2026#, 7, 1"}, {"2026-11-06", "2026-12-13"}},
-    {"days alone where the month exists", "2026-11-22",
-     {"'Gym', #09/30/2026#, 7, 1", "'Gym', #10/30/2026#, 0, 0"}, {"2026-10-07 2026-10-30"}},
-    {"over the year's end", "2027-01-02", {"'Gym', #12/31/2026#, 1, 0"}, {"2027-01-01", "2027-01-02"}},
-    {"any row of the text is a next one", "2026-11-22",
-     {"'Gym', #11/01/2026#, 7, 0", "'GYM  ', #11/08/2026#, 0, 0"}, {"2026-11-01 2026-11-08"}},
-    {"another text is none", "2026-11-22", {"'Gym', #11/01/2026#, 7, 0", "'Gyms', #11/08/2026#, 0, 0"},
-     {"2026-11-08 2026-11-08"}},
-    {"a next one with a time of day is none", "2026-11-22",
-     {"'Gym', #11/01/2026#, 7, 0", "'Gym', #11/08/2026 09:30:00#, 0, 0"}, {"2026-11-08 2026-11-08 09:30:00"}},
-    {"a time of day is dropped on the way", "2026-11-22", {"'Gym', #11/01/2026 09:30:00#, 7, 0"}, {"2026-11-08"}},
-    {"no date, no period, a period below nothing", "2026-11-22",
-     {"'Gym', Null, 7, 0", "'Tea', #11/01/2026#, 0, 0", "'Walk', #11/01/2026#, -7, -1"},
-     {"Null 2026-11-01 2026-11-01"}},
-    {"no text is no empty text", "2026-11-22", {"Null, #11/01/2026#, 7, 0", "'', #11/01/2026#, 7, 0"},
-     {"2026-11-08 2026-11-08"}},
-};
-
+// Rows, and the dates after each start, parted by semicolons. The end of a series moves first, so that the row before it no
+// longer finds it.
 TEST_F(PassesTest, rollForward)
 {
     const std::pair<QString, QString> tables[] = {{u"Appointments"_s, u"Appointment"_s}, {u"Bills"_s, u"Bill"_s}};
-    for (const RollCase &wanted : rollCases) {
+    test::forEachRow("recurrence", "rollForward", [&](const test::Row &wanted) {
         for (const auto &[table, textField] : tables) {
-            SCOPED_TRACE(wanted.name);
             execute(u"DELETE * FROM "_s + table);
-            setToday(QString::fromLatin1(wanted.today));
-            for (const char *row : wanted.rows)
-                addRow(table, textField, QString::fromLatin1(row));
-            for (const char *after : wanted.after) {
+            setToday(wanted["today"]);
+            for (const QString &row : wanted["rows"].split(u"; "_s))
+                addRow(table, textField, row);
+            for (const QString &after : wanted["after"].split(u"; "_s)) {
                 RollForwardDates();
-                EXPECT_EQ(dates(table).join(u' '), QString::fromLatin1(after));
+                EXPECT_EQ(dates(table).join(u' '), after);
             }
         }
-    }
+    });
 }
 
 // What was kept or paid is not consulted, and stays as it was.

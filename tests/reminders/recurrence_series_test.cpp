@@ -1,6 +1,7 @@
 #include "platform/basic/format.h"
 #include "reminders/recurrence.h"
 #include "store/mainfile.h"
+#include "support/table.h"
 
 namespace vorel {
 
@@ -53,70 +54,31 @@ protected:
     }
 };
 
-struct PeriodCase {
-    const char *name;
-    const char *today;
-    const char *start;
-    int days;
-    int months;
-    int count;                  // rows of the series afterwards, the saved one included
-    const char *dates;          // all of them, or the first ones
-    const char *last;
-};
-
-const PeriodCase periodCases[] = {
-    {"the 31st sinks to the 28th and stays", "2026-11-22", "2027-01-31", 0, 1, 13,
-     "2027-01-31 2027-02-28 2027-03-28 2027-04-28", "2028-01-28"},
-    {"in a leap year to the 29th", "2027-03-01", "2027-12-31", 0, 1, 14,
-     "2027-12-31 2028-01-31 2028-02-29 2028-03-29", "2029-01-29"},
-    {"a leap day every year", "2026-11-22", "2024-02-29", 0, 12, 5, "2024-02-29 2025-02-28 2026-02-28", "2028-02-28"},
-    {"quarters from a month's end", "2026-11-22", "2026-11-30", 0, 3, 6, "2026-11-30 2027-02-28 2027-05-28",
-     "2028-02-28"},
-    {"a year from the first of next year", "2026-11-22", "2027-01-01", 0, 12, 2, "2027-01-01 2028-01-01", "2028-01-01"},
-    {"a month from the last day", "2026-11-22", "2027-12-31", 0, 1, 2, "2027-12-31 2028-01-31", "2028-01-31"},
-    {"months beyond the end", "2026-11-22", "2028-01-01", 0, 1, 1, "2028-01-01", "2028-01-01"},
-    {"every day", "2026-11-22", "2026-11-22", 1, 0, 405, "2026-11-22 2026-11-23", "2027-12-31"},
-    {"every day over a leap day", "2027-06-01", "2028-02-27", 1, 0, 309,
-     "2028-02-27 2028-02-28 2028-02-29 2028-03-01", "2028-12-31"},
-    {"every week", "2026-11-22", "2026-12-30", 7, 0, 53, "2026-12-30 2027-01-06", "2027-12-29"},
-    {"a day on the last day", "2026-11-22", "2027-12-31", 1, 0, 1, "2027-12-31", "2027-12-31"},
-    {"days beyond the end", "2026-11-22", "2028-01-01", 1, 0, 1, "2028-01-01", "2028-01-01"},
-    {"the end follows today, not the row", "2026-01-01", "2025-12-31", 365, 0, 3, "2025-12-31 2026-12-31 2027-12-31",
-     "2027-12-31"},
-    {"on the last day of the year", "2026-12-31", "2027-12-01", 15, 0, 3, "2027-12-01 2027-12-16 2027-12-31",
-     "2027-12-31"},
-    {"days and months together", "2026-11-22", "2027-11-30", 20, 1, 4,
-     "2027-11-30 2027-12-20 2027-12-30 2028-01-30", "2028-01-30"},
-    {"a period below nothing", "2026-11-22", "2026-11-22", -7, 0, 1, "2026-11-22", "2026-11-22"},
-};
-
 // Under each date order and with each way of showing dates: what is stored is the same.
 TEST_P(SeriesTest, periods)
 {
     setRegion(QString::fromLatin1(GetParam()));
     for (const QString &format : {u""_s, u"dd/mm/yyyy"_s, u"mm/dd/yyyy"_s}) {
         state().settings.gDateDisplay = format;
-        for (const PeriodCase &wanted : periodCases) {
+        test::forEachRow("recurrence", "periods", [&](const test::Row &row) {
             for (const ReminderKind kind : {ReminderKind::Appointment, ReminderKind::Bill}) {
                 if (kind == ReminderKind::Bill && !format.isEmpty())
                     continue;
-                SCOPED_TRACE(wanted.name);
-                setToday(QString::fromLatin1(wanted.today));
-                SeriesFields fields = fieldsOn(QString::fromLatin1(wanted.start), kind);
-                fields.days = wanted.days;
-                fields.months = wanted.months;
+                setToday(row["today"]);
+                SeriesFields fields = fieldsOn(row["start"], kind);
+                fields.days = row.number("days");
+                fields.months = row.number("months");
                 execute(u"DELETE * FROM "_s + table(fields));
-                saveRow(fields, QString::fromLatin1(wanted.start));
+                saveRow(fields, row["start"]);
                 const SeriesResult added = createSeries(fields);
-                const QStringList found = dates(fields);
-                EXPECT_EQ(added.rows, wanted.count - 1);
+                const QStringList found = dates(fields), first = row["dates"].split(u' ');
+                EXPECT_EQ(added.rows, row.number("count") - 1);
                 EXPECT_LE(std::abs(seriesLength(fields) - added.rows), 1);
-                const QStringList first = QString::fromLatin1(wanted.dates).split(u' ');
-                EXPECT_EQ(found.size(), wanted.count);
+                EXPECT_EQ(found.size(), row.number("count"));
                 EXPECT_EQ(found.first(first.size()), first);
-                EXPECT_EQ(found.last(), QString::fromLatin1(wanted.last));
+                EXPECT_EQ(found.last(), row["last"]);
             }
-        }
+        });
     }
 }
 
@@ -145,43 +107,27 @@ TEST_F(SeriesRowsTest, WithoutATextNoDayIsDoubled)
 
 TEST_F(SeriesRowsTest, fieldsOfTheRowsMade)
 {
-    const struct {
-        ReminderKind kind;
-        int days, months;
-        bool weekday, fixed, deleteAfter;
-        const char *row;
-    } cases[] = {
-        {ReminderKind::Appointment, 7, 0, false, false, true, "Mon|09:00 AM|True|False|True|7|0|Null|Null|Null|0"},
-        {ReminderKind::Appointment, 0, 1, false, true, false, "Wed|09:00 AM|True|False|False|0|1|Null|Null|Null|0"},
-        {ReminderKind::Appointment, 0, 0, true, true, false, "Mon|09:00 AM|True|False|False|0|0|4th|Mon|Null|0"},
-        {ReminderKind::Bill, 7, 0, false, false, false, "Mon|0|Null|False|False|7|0|Null|Null|Null|0|False"},
-        {ReminderKind::Bill, 7, 0, false, true, true, "Mon|12|Null|False|True|7|0|Null|Null|Null|0|False"},
-        {ReminderKind::Bill, 0, 1, false, false, false,
-         "Wed|12|www.example.org|False|False|0|1|Null|Null|Null|0|False"},
-        {ReminderKind::Bill, 0, 0, true, false, false, "Mon|12|Null|False|False|0|0|4th|Mon|Null|0|False"},
-    };
-    for (const auto &wanted : cases) {
-        SCOPED_TRACE(wanted.row);
-        SeriesFields fields = fieldsOn(u"2026-11-23"_s, wanted.kind);
-        fields.days = wanted.days;
-        fields.months = wanted.months;
-        fields.weekdayRule = wanted.weekday;
+    test::forEachRow("recurrence", "rows", [this](const test::Row &row) {
+        const bool bill = row["kind"] == u"Bill"_s;
+        SeriesFields fields = fieldsOn(u"2026-11-23"_s, bill ? ReminderKind::Bill : ReminderKind::Appointment);
+        fields.days = row.number("days");
+        fields.months = row.number("months");
+        fields.weekdayRule = row.flag("weekday");
         fields.weekNum = u"4th"_s;
         fields.weekDay = u"Mon"_s;
-        fields.fixedAmount = wanted.fixed;
-        fields.deleteAfter = wanted.deleteAfter;
+        fields.fixedAmount = row.flag("fixed");
+        fields.deleteAfter = row.flag("deleteAfter");
         execute(u"DELETE * FROM "_s + table(fields));
         saveRow(fields, u"2026-11-23"_s);
         createSeries(fields);
-        const bool bill = wanted.kind == ReminderKind::Bill;
         const QStringList made = rows(
             u"SELECT [Day], %1 [Delete], [PeriodDays], [PeriodMonth], [WeekNum], [WeekDay], [UsersName], [IDNUM]%2 "
             "FROM %3 WHERE [Date]>#11/23/2026# ORDER BY [Date];"_s.arg(
                 bill ? u"[Amount], [Website], [Paid],"_s : u"[AppTime], [TimeUpdate], [Met],"_s,
                 bill ? u", [FixedAmount]"_s : u""_s, table(fields)));
         ASSERT_FALSE(made.isEmpty());
-        EXPECT_EQ(made.first(), QString::fromLatin1(wanted.row));
-    }
+        EXPECT_EQ(made.first(), row["row"]);
+    });
 }
 
 // The series is whatever has the text, as the engine compares texts; only the rows of the day itself stay.
@@ -247,25 +193,18 @@ TEST_P(SeriesTest, weekdays)
 
 TEST_F(SeriesRowsTest, theWeekdayRuleMayMakeNothing)
 {
-    const struct { const char *name, *weekNum, *weekDay; bool chosen; int count; } cases[] = {
-        {"the row's own day is another", "1st", "Mon", true, 2},
-        {"no number", "", "Tue", true, 2},
-        {"no day", "1st", "", true, 2},
-        {"the rule is not chosen", "1st", "Tue", false, 2},
-        {"no such number", "6th", "Tue", true, 1},      // applies, so that the other row goes, and finds no day
-    };
-    for (const auto &wanted : cases) {
-        SCOPED_TRACE(wanted.name);
+    // A number that no month has applies, so that the other row goes, and finds no day.
+    test::forEachRow("recurrence", "weekdays", [this](const test::Row &row) {
         SeriesFields fields = fieldsOn(u"2026-11-24"_s);
-        fields.weekNum = QString::fromLatin1(wanted.weekNum);
-        fields.weekDay = QString::fromLatin1(wanted.weekDay);
-        fields.weekdayRule = wanted.chosen;
+        fields.weekNum = row["weekNum"];
+        fields.weekDay = row["weekDay"];
+        fields.weekdayRule = row.flag("chosen");
         execute(u"DELETE * FROM [Appointments]"_s);
         saveRow(fields, u"2026-11-24"_s);
         saveRow(fields, u"2026-12-24"_s);
         createSeries(fields);
-        EXPECT_EQ(count(u"Appointments"_s), wanted.count);
-    }
+        EXPECT_EQ(count(u"Appointments"_s), row.number("count"));
+    });
 }
 
 // A period takes over from the weekday rule: what that made goes.

@@ -1,6 +1,7 @@
 #include "frame/framefixture.h"
 #include "session/ini.h"
 #include "platform/basic/error.h"
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -40,30 +41,16 @@ TEST_F(IniTest, booleansAndNumbersInText)
         EXPECT_TRUE(iniBoolean(text)) << text;
     for (const QString &text : {u"False"_s, u"0"_s, u""_s, u"yes"_s, u"50.5%"_s})
         EXPECT_FALSE(iniBoolean(text)) << text;
-    const std::pair<QString, int> numbers[] = {{u"3"_s, 3},        {u"2.5"_s, 2},        {u" 7 days"_s, 7}, {u"x"_s, 0},
-                                               {u"99999"_s, 32767}, {u"-99999"_s, -32768}, {u"50.5%"_s, 0}};
-    for (const auto &[text, number] : numbers)
-        EXPECT_EQ(iniInteger(text), number) << text;
+    test::forEachRow("ini", "numbers", [](const test::Row &row) { EXPECT_EQ(iniInteger(row["text"]), row.number("number")); });
 }
 
 TEST_F(IniTest, coloursPassThroughTheLabel)
 {
-    const struct { QByteArray stored; quint32 colour; } cases[] = {
-        {"255", 0xFF},
-        {"&HC0C0FF", 0xC0C0FF},
-        {"&HFFFF&", 0xFFFF},
-        {"-2147483633", 0x8000000F},        // a system colour
-        {"0", 0},
-        {"16777216", 0x123456},             // more than a colour: the default
-        {"-1", 0x123456},
-        {"mauve", 0x123456},
-        {"16777215", 0xFFFFFF},
-        {"99999999999999999999", 0x123456},
-    };
-    for (const auto &c : cases) {
-        folder.write(u"vorelreminder.ini"_s, "[Settings]\nBooksGridColour=" + c.stored + "\n");
-        EXPECT_EQ(GetIniColour(u"BooksGridColour"_s, 0x123456), c.colour) << c.stored.constData();
-    }
+    // What is no colour, or more than one, is the default.
+    test::forEachRow("ini", "colours", [this](const test::Row &row) {
+        folder.write(u"vorelreminder.ini"_s, "[Settings]\nBooksGridColour=" + row.bytes("stored") + "\n");
+        EXPECT_EQ(GetIniColour(u"BooksGridColour"_s, 0x123456), row["colour"].toUInt());
+    });
     EXPECT_EQ(GetIniColour(u"MoviesGridColour"_s, 0x123456), 0x123456u);
 }
 

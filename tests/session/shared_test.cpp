@@ -2,6 +2,7 @@
 #include "session/ini.h"
 #include "session/shared.h"
 #include "platform/basic/error.h"
+#include "support/table.h"
 
 using namespace Qt::StringLiterals;
 
@@ -13,19 +14,11 @@ using SharedTest = test::FrameTest;
 
 TEST_F(SharedTest, age)
 {
-    const struct { QDate today, birth; QString age; } cases[] = {
-        {{2005, 6, 15}, {2005, 6, 15}, u" 0 years 0 months 0 days "_s},
-        {{2005, 6, 15}, {1980, 6, 15}, u" 25 years 0 months 0 days "_s},
-        {{2005, 6, 15}, {1980, 6, 16}, u" 24 years 11 months 30 days "_s},
-        {{2005, 6, 15}, {1980, 6, 14}, u" 25 years 0 months 1 days "_s},
-        {{2005, 2, 28}, {1980, 2, 29}, u" 25 years 0 months 0 days "_s},     // a month is added to its last day
-        {{2005, 3, 1}, {1980, 2, 29}, u" 25 years 0 months 1 days "_s},
-        {{2005, 3, 30}, {2005, 1, 31}, u" 0 years 1 months 30 days "_s},
-    };
-    for (const auto &c : cases) {
-        clock.set(c.today);
-        EXPECT_EQ(GetAge(DateTime::fromQDate(c.birth)), c.age);
-    }
+    // A month is added to its last day.
+    test::forEachRow("shared", "ages", [this](const test::Row &row) {
+        clock.set(QDate::fromString(row["today"], Qt::ISODate));
+        EXPECT_EQ(GetAge(DateTime::fromQDate(QDate::fromString(row["birth"], Qt::ISODate))), row["age"]);
+    });
 }
 
 TEST_F(SharedTest, everyDayHasItsStarSign)
@@ -70,19 +63,10 @@ TEST_F(SharedTest, money)
 
 TEST_F(SharedTest, datesForQueries)
 {
-    const struct { QString locale, text; bool monthFirst; QString result; } cases[] = {
-        {u"en_AU"_s, {}, true, {}},
-        {u"en_AU"_s, {}, false, {}},
-        {u"en_AU"_s, u"3/4/2005"_s, true, u"04/03/2005"_s},
-        {u"en_AU"_s, u"3/4/2005"_s, false, u"03/04/2005"_s},
-        {u"en_US"_s, u"3/4/2005"_s, true, u"03/04/2005"_s},
-        {u"en_US"_s, u"25 Dec 2003"_s, false, u"12/25/2003"_s},
-        {u"de_DE"_s, u"3/4/2005"_s, true, u"04/03/2005"_s},
-    };
-    for (const auto &c : cases) {
-        use(c.locale);
-        EXPECT_EQ(FormatDateForSql(c.text, c.monthFirst), c.result);
-    }
+    test::forEachRow("shared", "dates", [this](const test::Row &row) {
+        use(row["locale"]);
+        EXPECT_EQ(FormatDateForSql(row["text"], row.flag("monthFirst")), row["result"]);
+    });
     EXPECT_THROW(FormatDateForSql(u"soon"_s, true), basic::BasicError);
 }
 
@@ -95,14 +79,9 @@ TEST_F(SharedTest, textHelpers)
 
 TEST_F(SharedTest, namesOfOperatingSystems)
 {
-    const struct { int platform, major, minor; QString name; } cases[] = {
-        {1, 4, 0, u"Windows 95"_s},     {1, 4, 10, u"Windows 98"_s},  {1, 4, 90, u"Windows Mellinnium"_s},
-        {1, 4, 5, u"Failed"_s},         {2, 3, 51, u"Windows NT 3.51"_s}, {2, 4, 0, u"Windows NT 4.0"_s},
-        {2, 5, 0, u"Windows 2000"_s},   {2, 5, 1, u"Windows XP"_s},   {2, 6, 1, u"Failed"_s},
-        {0, 5, 0, u"Failed"_s},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(osNameFor(c.platform, c.major, c.minor), c.name);
+    test::forEachRow("shared", "systems", [](const test::Row &row) {
+        EXPECT_EQ(osNameFor(row.number("platform"), row.number("major"), row.number("minor")), row["name"]);
+    });
 }
 
 TEST_F(SharedTest, soundsPlayWhileTheSettingIsOn)

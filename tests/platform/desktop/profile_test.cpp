@@ -1,5 +1,6 @@
 #include "platform/desktop/profile.h"
 #include "support/fulldisk.h"
+#include "support/table.h"
 #include "support/testfolder.h"
 
 #include <QStringConverter>
@@ -10,56 +11,14 @@ using namespace vorel;
 using desktop::GetPrivateProfileString;
 using desktop::WritePrivateProfileString;
 
-namespace {
-
-struct Reading {
-    const char *name;
-    QByteArray content;
-    const char *section;
-    const char *key;
-    QString expected;           // with the default "none"
-};
-
-const std::vector<Reading> readings {
-    {"plain", "[Settings]\nUserName=Ann\n", "Settings", "UserName", u"Ann"_s},
-    {"no file content", "", "Settings", "UserName", u"none"_s},
-    {"case of both names", "[SETTINGS]\nusername=Ann\n", "settings", "USERNAME", u"Ann"_s},
-    {"blanks around all", "  [ Settings ]  \n \tUserName \t=  Ann Lee \t\n", "Settings", "UserName", u"Ann Lee"_s},
-    {"empty value is not the default", "[S]\nK=\n", "S", "K", u""_s},
-    {"double quotes off, once", "[S]\nK=\"\"Ann\"\"\n", "S", "K", u"\"Ann\""_s},
-    {"single quotes off, blanks inside stay", "[S]\nK=' Ann '\n", "S", "K", u" Ann "_s},
-    {"unpaired quote stays", "[S]\nK=\"Ann'\n", "S", "K", u"\"Ann'"_s},
-    {"a quote alone", "[S]\nK=\"\n", "S", "K", u"\""_s},
-    {"equals signs in the value", "[S]\nK=a=b==c\n", "S", "K", u"a=b==c"_s},
-    {"first key of a section wins", "[S]\nK=1\nK=2\n", "S", "K", u"1"_s},
-    {"first of two sections wins", "[S]\nK=1\n[T]\nK=9\n[S]\nK=2\n", "S", "K", u"1"_s},
-    {"a section may go on later", "[S]\nA=1\n[T]\n[S]\nK=2\n", "S", "K", u"2"_s},
-    {"key of another section", "[T]\nK=1\n[S]\n", "S", "K", u"none"_s},
-    {"before any section line", "K=1\n[T]\n", "", "K", u"none"_s},
-    {"comment", "[S]\n;K=1\n; K=2\n", "S", "K", u"none"_s},
-    {"line without a sign", "[S]\nK\nnonsense\n=3\n", "S", "K", u"none"_s},
-    {"unclosed section line", "[S]\n[Broken\nK=1\n", "S", "K", u"1"_s},
-    {"CR LF", "[S]\r\nA=1\r\nK=2\r\n", "S", "K", u"2"_s},
-    {"CR alone", "[S]\rA=1\rK=2\r", "S", "K", u"2"_s},
-    {"mixed ends, none at the last", "[S]\r\nA=1\nB=2\rK=3", "S", "K", u"3"_s},
-    {"byte-order mark", "\xEF\xBB\xBF[S]\nK=1\n", "S", "K", u"1"_s},
-    {"UTF-8", "[S]\nK=Zo\xC3\xAB \xE2\x82\xAC\n", "S", "K", u"Zoë €"_s},
-    {"one-byte code page", "[S]\nK=Zo\xEB\n", "S", "K", u"Zoë"_s},
-    {"NUL bytes end a value", QByteArray("[S]\nK=ab\0cd\nL=2\n", 16), "S", "K", u"ab"_s},
-    {"NUL bytes harm no neighbour", QByteArray("\0\0\n[S]\n\0=\0\nL=2\n", 15), "S", "L", u"2"_s},
-};
-
-}
-
 TEST(Profile, ReadsAroundDamage)
 {
     const test::TestFolder folder;
     int number = 0;
-    for (const Reading &r : readings) {
-        const QString file = folder.write(u"%1.ini"_s.arg(number++), r.content);
-        EXPECT_EQ(r.expected, GetPrivateProfileString(QString::fromLatin1(r.section), QString::fromLatin1(r.key), u"none"_s, file))
-            << r.name;
-    }
+    test::forEachRow("profile", "readings", [&](const test::Row &row) {
+        const QString file = folder.write(u"%1.ini"_s.arg(number++), row.bytes("content"));
+        EXPECT_EQ(row["expected"], GetPrivateProfileString(row["section"], row["key"], u"none"_s, file));
+    });
 }
 
 TEST(Profile, GarbageIsNoReasonToStop)
@@ -101,30 +60,14 @@ TEST(Profile, NoMoreThan255CharactersComeBack)
 
 TEST(Profile, WritesKeepWhatTheyDoNotUnderstand)
 {
-    struct Case { const char *name; QByteArray before; const char *section; const char *key; const char *value; QByteArray after; };
-    const std::vector<Case> cases {
-        {"new file", "", "Settings", "A", "1", "[Settings]\nA=1\n"},
-        {"replaced in place", "[S]\nA=1\n; note\nB=2\n", "S", "a", "7", "[S]\nA=7\n; note\nB=2\n"},
-        {"added to its section", "[S]\nA=1\n\n[T]\nB=2\n", "S", "C", "3", "[S]\nA=1\nC=3\n\n[T]\nB=2\n"},
-        {"added below a bare section", "[S]\n[T]\n", "S", "C", "3", "[S]\nC=3\n[T]\n"},
-        {"new section at the end", "[S]\nA=1", "T", "B", "2", "[S]\nA=1\n[T]\nB=2\n"},
-        {"keeps CR LF", "[S]\r\nA=1\r\n", "S", "B", "2", "[S]\r\nA=1\r\nB=2\r\n"},
-        {"keeps CR", "[S]\rA=1\r", "S", "B", "2", "[S]\rA=1\rB=2\r"},
-        {"no end at the last line", "[S]\r\nA=1", "S", "B", "2", "[S]\r\nA=1\r\nB=2\r\n"},
-        {"unknown lines and mark stay", "\xEF\xBB\xBFjunk\n[S]\n???\nA=1\n", "S", "A", "2", "\xEF\xBB\xBFjunk\n[S]\n???\nA=2\n"},
-        {"only the first of two", "[S]\nA=1\nA=2\n", "S", "A", "3", "[S]\nA=3\nA=2\n"},
-        {"the key's own spelling stays", "[S]\n  My Key = x\n", "s", "my key", "y", "[S]\n  My Key =y\n"},
-        {"ends of lines would break the file", "[S]\n", "S", "A", "x\r\n[T]\nB=1", "[S]\nA=x  [T] B=1\n"},
-    };
     const test::TestFolder folder;
     int number = 0;
-    for (const Case &c : cases) {
+    test::forEachRow("profile", "writes", [&](const test::Row &row) {
         const QString name = u"%1.ini"_s.arg(number++);
-        const QString file = c.before.isEmpty() ? folder.path(name) : folder.write(name, c.before);
-        EXPECT_TRUE(WritePrivateProfileString(QString::fromLatin1(c.section), QString::fromLatin1(c.key),
-                                              QString::fromLatin1(c.value), file)) << c.name;
-        EXPECT_EQ(c.after, folder.read(name)) << c.name;
-    }
+        const QString file = row["before"].isEmpty() ? folder.path(name) : folder.write(name, row.bytes("before"));
+        EXPECT_TRUE(WritePrivateProfileString(row["section"], row["key"], row["value"], file));
+        EXPECT_EQ(row.bytes("after"), folder.read(name));
+    });
 }
 
 TEST(Profile, Utf16IsReadAndKept)
@@ -147,12 +90,9 @@ TEST(Profile, RefusesNamesThatNoFileCanHold)
 {
     const test::TestFolder folder;
     const QString file = folder.write(u"a.ini"_s, "[S]\nA=1\n");
-    const std::vector<std::pair<QString, QString>> names {
-        {u""_s, u"A"_s}, {u"S"_s, u" "_s}, {u"S"_s, u"a=b"_s}, {u"S"_s, u"[x"_s}, {u"S"_s, u";x"_s}, {u"a]b"_s, u"A"_s},
-        {u"S"_s, u"a\nb"_s}, {u"a\nb"_s, u"A"_s},
-    };
-    for (const auto &[section, key] : names)
-        EXPECT_FALSE(WritePrivateProfileString(section, key, u"x"_s, file)) << section.toStdString() << '/' << key.toStdString();
+    test::forEachRow("profile", "refused", [&file](const test::Row &row) {
+        EXPECT_FALSE(WritePrivateProfileString(row["section"], row["key"], u"x"_s, file));
+    });
     EXPECT_EQ("[S]\nA=1\n", folder.read(u"a.ini"_s));
 }
 
