@@ -1,1 +1,8 @@
-list(APPEND VOREL_ROUTINES contacts/addresslist.cpp contacts/infocard.cpp)
+list(APPEND VOREL_ROUTINES
+  contacts/addresslist.cpp
+  contacts/categories.cpp
+  contacts/contactevents.cpp
+  contacts/contactname.cpp
+  contacts/infocard.cpp
+  contacts/newcontact.cpp
+  contacts/recordcase.cpp)

@@ -1,5 +1,6 @@
 #include "frame/frmCaddyScreens.h"
 
+#include "contacts/frmContacts.h"
 #include "records/frmBooks.h"
 #include "records/frmInventory.h"
 #include "records/frmMovies.h"
@@ -14,6 +15,7 @@ const std::vector<RecordScreen> &recordScreens()
 {
     static const std::vector<RecordScreen> table = {
         {u"frmBooks"_s, openRecordScreen<frmBooks>},
+        {u"frmContacts"_s, openRecordScreen<frmContacts>},
         {u"frmInventory"_s, openRecordScreen<frmInventory>},
         {u"frmMessage"_s, openRecordScreen<frmMessage>},
         {u"frmMovies"_s, openRecordScreen<frmMovies>},

@@ -95,7 +95,7 @@ QLayout *PictureSetView::createButtons()
     m_next = stepButton(u"cmdNextSet"_s, u"go-next"_s, QStyle::SP_ArrowRight, u"Next set of pictures"_s, 1);
     m_position = new QLabel(this);
     m_position->setObjectName(u"lblSet"_s);
-    m_show = qobject_cast<QPushButton *>(controls::button(u"cmdSlideShow"_s, u"Slide Sho&w"_s, {}, u" Shows all pictures of this Record "_s));
+    m_show = qobject_cast<QPushButton *>(controls::button(u"cmdSlideShow"_s, u"Slide S&how"_s, {}, u" Shows all pictures of this Record "_s));
     m_show->setParent(this);
     on(m_show, &QPushButton::clicked, this, [this] {
         if (save())

@@ -183,20 +183,43 @@ void frmSection::AllowInput()
 
 void frmSection::FillLists()
 {
+    m_unread.clear();
     for (const records::Choices &list : m_design.lists) {
-        basic::Trap([&] {
-            const QStringList values = records::listValues(state().path(m_design.file), list);
-            for (const QString &name : list.controls) {
-                auto *box = control<QComboBox>(name);
-                const QSignalBlocker quiet(box), quietEdit(box->lineEdit());     // the text stays as it is
-                const QString typed = box->currentText();
-                box->clear();
-                box->addItems(values);
-                box->setCurrentIndex(static_cast<int>(values.indexOf(typed)));
-                box->setEditText(typed);
-            }
-        });
+        if (list.whenUsed)
+            m_unread.push_back(&list);
+        else
+            fillList(list);
     }
+    if (const records::Field *field = fieldOf(focusWidget()))
+        fillWhenUsed(field->control);
+}
+
+void frmSection::fillList(const records::Choices &list)
+{
+    basic::Trap([&] {
+        const QStringList values = records::listValues(state().path(m_design.file), list);
+        for (const QString &name : list.controls) {
+            auto *box = control<QComboBox>(name);
+            const QSignalBlocker quiet(box), quietEdit(box->lineEdit());     // the text stays as it is
+            const QString typed = box->currentText();
+            box->clear();
+            box->addItems(values);
+            box->setCurrentIndex(static_cast<int>(values.indexOf(typed)));
+            box->setEditText(typed);
+        }
+    });
+}
+
+void frmSection::fillWhenUsed(const QString &name)
+{
+    const auto list = std::find_if(m_unread.begin(), m_unread.end(), [&](const records::Choices *one) {
+        return std::find(one->controls.begin(), one->controls.end(), name) != one->controls.end();
+    });
+    if (list == m_unread.end())
+        return;
+    const records::Choices *wanted = *list;
+    m_unread.erase(list);
+    fillList(*wanted);
 }
 
 void frmSection::CheckOptions()
@@ -270,7 +293,7 @@ std::vector<records::ViewBlock> frmSection::pageBlocks() const
 void frmSection::cmdView_Click()
 {
     const desktop::Hourglass busy;
-    records::showViewPage({m_design.pageFile, m_design.pageHeading, m_path,
+    records::showViewPage({m_design.pageFile, pageHeading(), m_path,
                            m_image->pictureSize() * basic::twipsPerPixel, pageBlocks()});
 }
 

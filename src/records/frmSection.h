@@ -50,6 +50,7 @@ protected:
     virtual void tabShown(int tab) { Q_UNUSED(tab); }   // from 1
     virtual void childChanged(const QString &grid) { Q_UNUSED(grid); }
     virtual std::vector<records::ViewBlock> pageBlocks() const;
+    virtual QString pageHeading() const { return m_design.pageHeading; }
 
     QWidget *createWidget(const controls::Field &field) override;
     controls::BindOptions bindOptions(const controls::Field &field) const override;
@@ -57,6 +58,7 @@ protected:
     QFormLayout *formOf(const controls::Field &field) override;
     void pickDate(const controls::Field &field) override;
     void revealField(QWidget *widget) override;
+    void runAction(const controls::Field &field) override;      // opens the address that the field holds
     bool eventFilter(QObject *watched, QEvent *event) override;
     void changeEvent(QEvent *event) override;
 
@@ -72,6 +74,8 @@ private:
     // Fields (frmSectionFields.cpp)
     void paintField(QWidget *widget, bool focused);
     void chooseSound(const QString &control);
+    void fillList(const records::Choices &list);
+    void fillWhenUsed(const QString &control);
     QString choosePath(const QString &caption, const QString &name);
 
     // Layout (frmSectionLayout.cpp)
@@ -120,6 +124,7 @@ private:
     std::vector<SectionPanel *> m_panels;
     QHash<QString, QFormLayout *> m_groups;
     QHash<QString, ChildGridView *> m_children;         // by the grid's name
+    std::vector<const records::Choices *> m_unread;     // lists that are read when they are used
     QString m_path;                                     // of the picture on show, emptied if its file no longer exists
     QColor m_back, m_fieldColour, m_focusColour;        // invalid: the palette's own
     bool m_new = false;                                 // from AddNewRecord until the next cmdUpdate

@@ -10,6 +10,7 @@
 #include "platform/controls/richtextbox.h"
 #include "records/frmSectionPanel.h"
 #include "records/inventory.h"
+#include "records/webaddress.h"
 #include "session/frmColours.h"
 #include "session/shared.h"
 #include "utilities/frmInformationFormat.h"
@@ -105,6 +106,11 @@ void frmSection::revealField(QWidget *widget)
     }
 }
 
+void frmSection::runAction(const Field &field)
+{
+    records::openAddress(text(field.control));
+}
+
 void frmSection::GetColours()
 {
     QPalette own = QApplication::palette();
@@ -150,6 +156,8 @@ bool frmSection::eventFilter(QObject *watched, QEvent *event)
     if (watched == m_image && event->type() == QEvent::Resize)
         placePicInfo();
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        if (const Field *field = fieldOf(watched); field && event->type() == QEvent::FocusIn)
+            fillWhenUsed(field->control);
         if (const Field *field = fieldOf(watched))
             paintField(control<QWidget>(field->control), event->type() == QEvent::FocusIn);
     }

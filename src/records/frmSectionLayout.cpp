@@ -178,8 +178,9 @@ QWidget *frmSection::createSearch()
     keep(box);
     controls::on(box, &QLineEdit::textEdited, handlers(), [this](const QString &typed) {
         QString words = typed.toUpper();
+        words.replace(u'\'', u'`').replace(u'[', u"[[]"_s);      // a lone bracket would break the pattern
         if (!words.isEmpty())
-            dtaData().FindFirst(QString(m_design.search).replace(u"%1"_s, words.replace(u'\'', u'`')));
+            dtaData().FindFirst(QString(m_design.search).replace(u"%1"_s, words));
     });
     return box;
 }

@@ -49,13 +49,15 @@ void DeleteChildren(dao::Database &database, const RecordDesign &design, qint32 
 
 namespace {
 
-QStringList firstColumn(const QString &databasePath, const QString &sql)
+// field: "" = the first one.
+QStringList valuesOf(const QString &databasePath, const QString &sql, const QString &field = {})
 {
     QStringList values;
     dao::Database file = openDataFileAt(databasePath);
     dao::Recordset rows = file.CreateSnapshot(sql);
+    const int column = field.isEmpty() ? 0 : rows.fieldIndex(field);
     for (; !rows.EOF_(); rows.MoveNext())
-        values += rows.Get(0).text();
+        values += rows.Get(column).text();
     return values;
 }
 
@@ -63,12 +65,14 @@ QStringList firstColumn(const QString &databasePath, const QString &sql)
 
 QStringList listValues(const QString &databasePath, const Choices &list)
 {
-    return list.starts + firstColumn(databasePath, list.sql);
+    if (list.sql.isEmpty())
+        return list.starts;
+    return list.starts + valuesOf(list.file ? state().path(*list.file) : databasePath, list.sql, list.field);
 }
 
 QStringList Tracks(const QString &databasePath, qint32 id)
 {
-    return firstColumn(databasePath, u"Select [TRACK] from [TRACKS] WHERE [ID]="_s + dao::literal(id) + u';');
+    return valuesOf(databasePath, u"Select [TRACK] from [TRACKS] WHERE [ID]="_s + dao::literal(id) + u';');
 }
 
 }

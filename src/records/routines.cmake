@@ -1,2 +1,2 @@
 list(APPEND VOREL_ROUTINES records/viewpage.cpp records/inventory.cpp)
-list(APPEND VOREL_ROUTINES records/recordrows.cpp)
+list(APPEND VOREL_ROUTINES records/recordrows.cpp records/webaddress.cpp)

@@ -4,6 +4,7 @@
 #include "session/state.h"
 
 #include <QStringList>
+#include <optional>
 #include <variant>
 #include <vector>
 
@@ -50,8 +51,15 @@ struct Panel {
     QString newCaption = {}, newTip = {};       // of cmdNew while the panel is on show; "" = the usual
 };
 struct Group { QString name, title; };
-// The choices of one or several lists: fixed ones first, then what the query's only field gives, as it comes.
-struct Choices { std::vector<QString> controls; QStringList starts; QString sql; };
+// The choices of one or several lists: fixed ones first, then what the query's field gives, as it comes.
+struct Choices {
+    std::vector<QString> controls;
+    QStringList starts;
+    QString sql = {};                   // "" = the fixed ones alone
+    QString field = {};                 // "" = the query's only one
+    std::optional<DataFile> file = {};  // the record's own unless given
+    bool whenUsed = false;              // read when one of the lists gets the cursor: its query is slow over many records
+};
 // Controls that a check box switches: they (with their labels) are visible, or enabled, while it is ticked.
 struct Option { QString check; std::vector<QString> controls; bool enables = false; };
 // A value, or what gives it when the row is added (today). A field that the table lacks is passed over.
@@ -124,5 +132,6 @@ const RecordDesign &booksRecord();
 const RecordDesign &moviesRecord();
 const RecordDesign &musicRecord();
 const RecordDesign &inventoryRecord();
+const RecordDesign &contactsRecord();
 
 }

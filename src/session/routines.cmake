@@ -13,7 +13,9 @@ list(APPEND VOREL_ROUTINES
   session/sections/books.cpp
   session/sections/collections.cpp
   session/sections/combined.cpp
+  session/sections/contactrecord.cpp
   session/sections/contacts.cpp
+  session/sections/contacttree.cpp
   session/sections/events.cpp
   session/sections/filebackup.cpp
   session/sections/gardening.cpp

@@ -43,6 +43,8 @@ struct Field {
     FieldRules rules = {};
     QString button = {}, code = {}; // of a date: the button that opens the date picker, and the picker's code
     QString spoken = {};            // accessible name where no label says it
+    QString action = {};            // what a double click, Ctrl+Enter and the context menu do with the text: "&Open"
+    int lines = 4;                  // shown, of several
 };
 
 // A button of a screen.

@@ -19,18 +19,17 @@ using Width = FieldEditor::Width;
 namespace {
 
 constexpr int narrow = 18 * layout::unit, middle = 40 * layout::unit;
-constexpr int linesShown = 4;           // of a field with several lines
 
 QWidget *createLine(const Field &, QWidget *parent)
 {
     return new QLineEdit(parent);
 }
 
-QWidget *createLines(const Field &, QWidget *parent)
+QWidget *createLines(const Field &field, QWidget *parent)
 {
     auto *edit = new QPlainTextEdit(parent);
     edit->setTabChangesFocus(true);
-    edit->setFixedHeight(edit->fontMetrics().lineSpacing() * linesShown + 2 * layout::unit);
+    edit->setFixedHeight(edit->fontMetrics().lineSpacing() * field.lines + 2 * layout::unit);
     return edit;
 }
 
@@ -41,6 +40,8 @@ QWidget *createCombo(QWidget *parent, bool editable)
     combo->setInsertPolicy(QComboBox::NoInsert);
     combo->setMaxVisibleItems(16);
     combo->setMaximumWidth(middle);
+    combo->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);   // long choices must not widen the screen
+    combo->setMinimumContentsLength(6);
     return combo;
 }
 

@@ -7,9 +7,11 @@
 #include "platform/controls/layout.h"
 
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QFormLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QShortcut>
@@ -406,6 +408,36 @@ bool RecordForm::filterKey(const Field &field, QEvent *event)
     return false;
 }
 
+// The text's own menu, with the field's action before it.
+bool RecordForm::filterAction(const Field &field, QObject *watched, QEvent *event)
+{
+    const auto run = [this, &field] { basic::Trap([&] { runAction(field); }); };
+    if (event->type() == QEvent::MouseButtonDblClick && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
+        run();
+        return true;
+    }
+    if (event->type() == QEvent::KeyPress) {
+        const auto *key = static_cast<QKeyEvent *>(event);
+        if (key->modifiers().testFlag(Qt::ControlModifier) && (key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter)) {
+            run();
+            return true;
+        }
+    }
+    auto *edit = qobject_cast<QLineEdit *>(watched);
+    if (event->type() != QEvent::ContextMenu || !edit)
+        return false;
+    const std::unique_ptr<QMenu> menu(edit->createStandardContextMenu());
+    auto *action = new QAction(field.action, menu.get());
+    action->setShortcut(Qt::CTRL | Qt::Key_Return);     // shown; the key itself is the field's
+    action->setEnabled(edit->isEnabled() && !edit->text().trimmed().isEmpty());
+    connect(action, &QAction::triggered, this, run);
+    QAction *const first = menu->actions().value(0);
+    menu->insertAction(first, action);
+    menu->insertSeparator(first);
+    menu->exec(static_cast<QContextMenuEvent *>(event)->globalPos());
+    return true;
+}
+
 bool RecordForm::eventFilter(QObject *watched, QEvent *event)
 {
     if (event->type() == QEvent::MouseButtonRelease && static_cast<QMouseEvent *>(event)->button() == Qt::LeftButton) {
@@ -416,6 +448,8 @@ bool RecordForm::eventFilter(QObject *watched, QEvent *event)
         }
     }
     if (const Field *field = fieldOf(watched)) {
+        if (!field->action.isEmpty() && filterAction(*field, watched, event))
+            return true;
         if (event->type() == QEvent::KeyPress && filterKey(*field, event))
             return true;
         if (event->type() == QEvent::MouseButtonDblClick && field->rules & FieldRule::DoubleClick) {

@@ -74,6 +74,7 @@ protected:
     void useRecordKeys();
     virtual void pickDate(const Field &) {}                         // the date's button, F4, Alt+Down, double click
     virtual void revealField(QWidget *) {}                          // its tab comes up
+    virtual void runAction(const Field &) {}                        // of a field that has one
     void setRecordTitle(const QString &screen, const QString &record);      // "*" is added while there is unsaved typing
     void showState(const QString &words);                           // beside the buttons, until the row changes
     bool QueryUnload() override { return m_data->Leave(); }
@@ -86,6 +87,7 @@ private:
     void placeField(const Field &field, QWidget *widget, bool opensLine);
     void keepGraveAccents(QWidget *widget);
     bool filterKey(const Field &field, QEvent *event);
+    bool filterAction(const Field &field, QObject *watched, QEvent *event);
     void showRefusal(const QString &text);
     [[noreturn]] void throwNoControl(const QString &name) const;
 

@@ -1,3 +1,4 @@
+#include "session/recorddesign.h"
 #include "session/sections/parts.h"
 
 namespace vorel::sections {
@@ -102,7 +103,7 @@ SectionDesign contactList(SectionId id, const QString &name, const QString &code
         .code = code,
         .file = DataFile::Contacts,
         .rowTip = tip(),
-        .screen = RecordScreenDesign{.name = u"frmContacts"_s, .opensAs = SectionId::Contacts},
+        .screen = RecordScreenDesign{.name = u"frmContacts"_s, .opensAs = SectionId::Contacts, .record = records::contactsRecord},
         .help = HelpDesign{u"\\INFOCONTACTS.RTF"_s, u"contacts"_s, u"Contacts"_s},
     };
 }
@@ -154,7 +155,7 @@ SectionDesign contacts()
                          column(u"HOME"_s, u"HOMETELEPHONENUMBER"_s, 32), column(u"WORK"_s, u"BUSINESSTELEPHONENUMBER"_s, 49),
                          column(u"FAX"_s, u"HOMEFAXNUMBER"_s, 66), column(u"MOBILE/CELL"_s, u"MOBILETELEPHONENUMBER"_s, 83)}}},
         .rowTip = tip(),
-        .screen = RecordScreenDesign{.name = u"frmContacts"_s},
+        .screen = RecordScreenDesign{.name = u"frmContacts"_s, .record = records::contactsRecord},
         .pictures = PicturesDesign{u"ContactPictures"_s,
                                    {{u"Contact Picture"_s}},
                                    {},
