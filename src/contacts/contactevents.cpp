@@ -59,9 +59,7 @@ qint32 mailNumber(qint32 contact)
 std::optional<DateTime> contactDay(const QString &text)
 {
     const std::optional<DateTime> day = typedDate(text, state().settings.gDateShort);
-    if (day == DateTime::fromParts(1900, 1, 1) || day == DateTime::fromParts(4501, 1, 1))
-        return std::nullopt;
-    return day;
+    return day && isNoDate(*day) ? std::nullopt : day;
 }
 
 QString Birthday::naturalForm() const

@@ -9,8 +9,8 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/layout.h"
 #include "platform/desktop/hourglass.h"
+#include "print/envelope.h"
 #include "records/frmSectionPanel.h"
-#include "records/webaddress.h"
 #include "reminders/greetings.h"
 #include "session/later.h"
 #include "session/recordtree.h"
@@ -186,9 +186,20 @@ void frmContacts::copyAddress(const QString &from)
         setText(addressControl(u"Mailing"_s, part), text(addressControl(from, part)));
 }
 
+// To the postal address; without one to the home, or to the business.
 void frmContacts::cmdEnvelope_Click()
 {
-    showLater(u"The envelope"_s);
+    const auto isFilled = [this](const QString &kind) {
+        return std::any_of(addressParts.begin(), addressParts.end(),
+                           [&](const QString &part) { return !part.isEmpty() && !text(addressControl(kind, part)).trimmed().isEmpty(); });
+    };
+    const bool isPrivate = ticked(u"chkPrivate"_s);
+    const QString kind = isFilled(u"Mailing"_s) ? u"Mailing"_s : isPrivate ? u"Home"_s : u"Business"_s;
+    const auto part = [&](const QString &name) { return text(addressControl(kind, name)); };
+    const QString name = isPrivate ? text(u"txtFirstName"_s).trimmed() + u' ' + text(u"txtSurname"_s).trimmed() : text(u"txtCompanyName"_s);
+    printEnvelope(addressLines({.name = shownApostrophes(name).trimmed(), .postOfficeBox = part(u"PostOfficeBox"_s), .street = part(u"Street"_s),
+                                .city = part(u"City"_s), .state = part(u"State"_s), .postalCode = part(u"PostalCode"_s),
+                                .country = part(u"Country"_s)}));
 }
 
 void frmContacts::cmdCats_Click()

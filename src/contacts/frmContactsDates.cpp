@@ -1,9 +1,9 @@
 #include "contacts/frmContacts.h"
 
-#include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
 #include "platform/controls/layout.h"
 #include "records/frmSectionPanel.h"
+#include "session/datetexts.h"
 #include "session/shared.h"
 
 #include <QCheckBox>
@@ -28,16 +28,16 @@ constexpr int dateRows = 6;
 
 struct DateColumn { QString array, caption; int stretch = 0; };
 struct DateTable {
-    QString group, title;
+    QString group;
     std::vector<DateColumn> columns;
 };
 const std::vector<DateTable> &dateTables()
 {
     static const std::vector<DateTable> tables{
-        {u"fraBirthdays"_s, u"Birthdays"_s,
+        {u"fraBirthdays"_s,
          {{u"txtdob"_s, u"Date"_s}, {u"txtBirthdaySurName"_s, u"Last name"_s, 1}, {u"txtBirthdayOtherName"_s, u"Other names"_s, 1},
           {u"chkEventsDOB"_s, u"Events"_s}, {u"chkAutoEmail"_s, u"E-mail"_s}, {u"chkAutoCard"_s, u"Card"_s}}},
-        {u"fraAnniversaries"_s, u"Anniversaries"_s,
+        {u"fraAnniversaries"_s,
          {{u"txtAnniversary"_s, u"Date"_s}, {u"cboAnniversary"_s, u"Reason"_s, 1}, {u"txtAnnivSurName"_s, u"Name"_s, 1},
           {u"chkEventsAnn"_s, u"Events"_s}}}};
     return tables;
@@ -61,7 +61,7 @@ controls::BindOptions frmContacts::bindOptions(const controls::Field &field) con
         const QString text = stored.text();
         if (const auto day = contactDay(text))
             return shortDate(*day);
-        return basic::IsDate(text) && basic::CDate(text).hasDate() ? QString() : text;
+        return isNoDate(stored) ? QString() : text;
     };
     options.store = [](const QString &text) {
         const auto day = contactDay(text);
@@ -88,7 +88,9 @@ void frmContacts::createDates()
                 grid->addWidget(lineOf(memberName(one.array, row)), row + 1, place, isCheck ? Qt::AlignHCenter : Qt::Alignment());
             ++place;
         }
-        QWidget *group = layout::Group(table.group, table.title, grid);
+        const auto named = std::find_if(design().groups.begin(), design().groups.end(),
+                                        [&table](const records::Group &one) { return one.name == table.group; });
+        QWidget *group = layout::Group(table.group, named->title, grid);
         keep(group);
         column->insertWidget(at++, group);
     }

@@ -238,7 +238,7 @@ const RecordDesign &contactsRecord()
                    {u"picPictures"_s, u"Pictures"_s, 1, u"Pics"_s, u" Add more pictures "_s}},
         .groups = {{u"fraPrivate"_s, u"Person"_s}, {u"fraBusiness"_s, u"Business"_s}, {u"fraLists"_s, u"Lists"_s},
                    {u"fraHomeAddress"_s, u"Home"_s}, {u"fraBusinessAddress"_s, u"Business"_s}, {u"fraOtherAddress"_s, u"Other"_s},
-                   {u"fraMailingAddress"_s, u"Postal"_s}},
+                   {u"fraMailingAddress"_s, u"Postal"_s}, {u"fraBirthdays"_s, u"Birthdays"_s}, {u"fraAnniversaries"_s, u"Anniversaries"_s}},
         .fields = contactFields(),
         .lists = contactLists(),
         .options = {{u"chkPrivate"_s, {u"fraPrivate"_s}, true}},
