@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSet>
 #include <QTabBar>
 #include <QTest>
 #include <QTreeView>
@@ -36,7 +37,7 @@ protected:
         state().settings.gDateShort = u"mm/dd/yyyy"_s;
         PutIniValue(iniSettings, u"ContactsUpperCase"_s, u"False"_s);
         for (const auto &[file, name] : {std::pair{DataFile::Books, u"BOOKS.MDB"_s}, {DataFile::Movies, u"MOVIES.MDB"_s},
-                                         {DataFile::Music, u"MUSIC.MDB"_s}})
+                                         {DataFile::Music, u"MUSIC.MDB"_s}, {DataFile::Contacts, u"CONTACTS.MDB"_s}})
             state().path(file) = m_folder.path(name);
     }
     ~SectionScreen() override { form.reset(); }
@@ -66,7 +67,7 @@ protected:
     // As a user does: the panel is brought up first.
     void bringUp(QWidget *widget)
     {
-        auto *tabs = at<QTabBar>(u"TabStrip1"_s);
+        auto *tabs = form->findChild<QTabBar *>();
         for (int tab = 0; tab < tabs->count() && !widget->isVisible(); ++tab)
             tabs->setCurrentIndex(tab);
     }
@@ -81,6 +82,23 @@ protected:
     {
         bringUp(at(name));
         typeInto(at(name), words);
+    }
+    // Of the controls on show.
+    QStringList repeatedMnemonics()
+    {
+        QSet<QChar> used;
+        QStringList repeated;
+        for (QWidget *widget : form->findChildren<QWidget *>()) {
+            const QString caption = widget->property("text").toString();
+            const qsizetype at = caption.indexOf(u'&');
+            if (at < 0 || !widget->isVisible() || qobject_cast<QComboBox *>(widget->parentWidget()) || qobject_cast<QLineEdit *>(widget))
+                continue;
+            const QChar key = caption.at(at + 1).toLower();
+            if (used.contains(key))
+                repeated << caption;
+            used.insert(key);
+        }
+        return repeated;
     }
     // "D: DUNE, DUBLINERS" for each group of the tree.
     QStringList nodes()

@@ -23,6 +23,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int errObjectRequired = 424;
+constexpr int grows = 100;                  // of a field in its line, beside the stretch at the end
 
 bool bearsItsLabel(const Field &field)
 {
@@ -134,7 +135,7 @@ QWidget *RecordForm::createLine(const Field &field, QWidget *widget, bool opensL
     m_line = new QHBoxLayout(line);
     layout::setMargins(m_line, 0);
     m_line->setSpacing(layout::unit);
-    m_line->addWidget(widget, width == Width::All || width == Width::Middle ? 1 : 0);
+    m_line->addWidget(widget, width == Width::All || width == Width::Middle ? grows : 0);
     for (QWidget *button : std::as_const(buttons))
         m_line->addWidget(button);
     m_line->addStretch(width == Width::All ? 0 : 1);
@@ -170,7 +171,7 @@ void RecordForm::placeField(const Field &field, QWidget *widget, bool opensLine)
             m_line->insertWidget(at++, label);
         if (field.kind == FieldKind::Caption)           // it shrinks before everything else on the line
             widget->setMinimumWidth(10 * fontMetrics().averageCharWidth());
-        m_line->insertWidget(at++, widget);
+        m_line->insertWidget(at++, widget, field.kind == FieldKind::Line || field.kind == FieldKind::List ? grows : 0);
         m_lines.insert(field.control, widget);
         if (field.button.isEmpty())
             return;

@@ -100,7 +100,7 @@ void addPhones(std::vector<Field> &fields)
     add(fields, u"panPhone"_s, {
         phone(u"BusinessTelephoneNumber"_s, u"Bu&siness"_s), phone(u"Business2TelephoneNumber"_s, u"Other business"_s),
         phone(u"AssistantTelephoneNumber"_s, u"Assistant"_s), phone(u"CallbackTelephoneNumber"_s, u"Callback"_s),
-        phone(u"RadioTelephoneNumber"_s, u"Ra&dio"_s), phone(u"PagerNumber"_s, u"Pa&ger"_s), phone(u"TelexNumber"_s, u"T&elex"_s)}, {}, 1);
+        phone(u"RadioTelephoneNumber"_s, u"Ra&dio"_s), phone(u"PagerNumber"_s, u"Pager"_s), phone(u"TelexNumber"_s, u"T&elex"_s)}, {}, 1);
 }
 
 void addMails(std::vector<Field> &fields)
@@ -147,7 +147,7 @@ void addOthers(std::vector<Field> &fields)
         {.control = u"txtJobTitle"_s, .field = u"JOBTITLE"_s, .label = u"&Job title"_s},
         {.control = u"txtDepartment"_s, .field = u"DEPARTMENT"_s, .label = u"&Department"_s},
         {.control = u"txtOfficeLocation"_s, .field = u"OFFICELOCATION"_s, .label = u"O&ffice location"_s},
-        {.control = u"txtProfession"_s, .field = u"PROFESSION"_s, .label = u"&Profession"_s},
+        {.control = u"txtProfession"_s, .field = u"PROFESSION"_s, .label = u"Profession"_s},
         {.control = u"txtHobby"_s, .field = u"HOBBY"_s, .label = u"&Hobby"_s}});
     add(fields, u"panOther"_s, {
         address(u"txtWebpage"_s, u"WEBPAGE"_s, u"W&eb page"_s), address(u"txtPersonalHomePage"_s, u"PERSONALHOMEPAGE"_s, u"Ho&me page"_s),
