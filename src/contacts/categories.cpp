@@ -2,6 +2,7 @@
 
 #include "platform/basic/convert.h"
 #include "platform/dao/dao.h"
+#include "session/datafiles.h"
 
 namespace vorel::contacts {
 
@@ -18,7 +19,7 @@ QString categoryIs(const QString &name)
 
 std::vector<CategoryRow> readCategories(const QString &databasePath)
 {
-    dao::Database file = dao::DBEngine::OpenDatabase(databasePath);
+    dao::Database file = openDataFileAt(databasePath);
     dao::Recordset names = file.CreateSnapshot(u"SELECT DISTINCT [CATEGORY] FROM [CONTACTS] WHERE [CATEGORY]<>'' ORDER BY [CATEGORY];"_s);
     std::vector<CategoryRow> rows;
     for (; !names.EOF_(); names.MoveNext()) {
@@ -32,7 +33,7 @@ std::vector<CategoryRow> readCategories(const QString &databasePath)
 
 void showCategory(const QString &databasePath, const QString &name, bool isShown)
 {
-    dao::Database file = dao::DBEngine::OpenDatabase(databasePath);
+    dao::Database file = openDataFileAt(databasePath);
     dao::Transaction all(file);
     dao::Recordset rows = file.OpenRecordset(u"SELECT * FROM [CATEGORY]"_s + categoryIs(name));
     if (rows.EOF_()) {

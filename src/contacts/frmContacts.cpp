@@ -234,7 +234,8 @@ void frmContacts::readAgain()
 {
     const qint32 id = currentId();
     dao::DBEngine::Idle(dao::dbRefreshCache);
-    dtaData().Refresh();
+    if (!dtaData().Refresh())               // the reason has been shown; what is on show stays
+        return;
     if (id != 0)
         dtaData().FindFirst(u"ID="_s + QString::number(id));
     FillContactsTree();

@@ -3,6 +3,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/layout.h"
 #include "records/frmSectionPanel.h"
+#include "session/datafiles.h"
 #include "session/datetexts.h"
 #include "session/shared.h"
 
@@ -122,7 +123,7 @@ void frmContacts::FormatDates()
         return;
     std::array<bool, dateRows> birthdays{}, anniversaries{};
     basic::Trap([&] {
-        dao::Database main = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+        dao::Database main = openDataFile(DataFile::Main);
         const dao::ManyReads reads(main);
         for (int row = 0; row < dateRows; ++row) {
             const auto at = static_cast<std::size_t>(row);
@@ -155,7 +156,7 @@ void frmContacts::chkEventsDOB_Click(int row)
         setTicked(check, false);
         return;
     }
-    dao::Database main = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Database main = openDataFile(DataFile::Main);
     if (!ticked(check)) {
         contacts::deleteEvents(main, born);
         setTicked(memberName(u"chkAutoEmail"_s, row), false);
@@ -187,7 +188,7 @@ void frmContacts::chkEventsAnn_Click(int row)
         setTicked(check, false);
         return;
     }
-    dao::Database main = dao::DBEngine::OpenDatabase(state().path(DataFile::Main));
+    dao::Database main = openDataFile(DataFile::Main);
     if (!ticked(check)) {
         contacts::deleteEvents(main, kept);
     } else {

@@ -1,6 +1,7 @@
 #include "contacts/newcontact.h"
 
 #include "platform/basic/convert.h"
+#include "session/datafiles.h"
 #include "session/state.h"
 
 namespace vorel::contacts {
@@ -10,7 +11,7 @@ using namespace Qt::StringLiterals;
 qint32 addContact(const NewContact &contact)
 {
     constexpr int ownerSize = 20;
-    dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Contacts));
+    dao::Database file = openDataFile(DataFile::Contacts);
     dao::Transaction all(file);
     dao::Recordset rows = file.OpenRecordset(u"select * FROM [Contacts];"_s);
     const ContactName &name = contact.name;
@@ -40,7 +41,7 @@ qint32 addContact(const NewContact &contact)
 
 qsizetype countOfName(const QString &databasePath, const QString &fullName)
 {
-    dao::Database file = dao::DBEngine::OpenDatabase(databasePath);
+    dao::Database file = openDataFileAt(databasePath);
     return file.CreateSnapshot(u"SELECT [FULLNAME] FROM [Contacts] WHERE UCASE([FULLNAME]) ="_s + dao::literal(fullName.toUpper()) + u';')
         .rowTotal();
 }

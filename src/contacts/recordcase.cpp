@@ -2,6 +2,7 @@
 
 #include "contacts/contactname.h"
 #include "platform/basic/convert.h"
+#include "session/datafiles.h"
 #include "session/recordtree.h"
 #include "session/state.h"
 
@@ -59,7 +60,7 @@ void convertContact(dao::Recordset &row, bool capitals)
 
 void convert(DataFile file, const QString &sql, const std::function<void(dao::Recordset &)> &step)
 {
-    dao::Database database = dao::DBEngine::OpenDatabase(state().path(file));
+    dao::Database database = openDataFile(file);
     dao::Transaction all(database);
     for (dao::Recordset rows = database.OpenRecordset(sql); !rows.EOF_(); rows.MoveNext())
         step(rows);

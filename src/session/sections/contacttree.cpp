@@ -2,6 +2,7 @@
 
 #include "platform/basic/convert.h"
 #include "platform/basic/text.h"
+#include "session/datafiles.h"
 #include "session/shared.h"
 
 #include <QHash>
@@ -30,7 +31,7 @@ using People = QHash<QString, std::vector<TreeNode>>;       // by the key of the
 // would pass over the whole table each time.
 class Reader {
 public:
-    explicit Reader(const TreeRequest &request) : m_database(dao::DBEngine::OpenDatabase(request.path)), m_reads(m_database) {}
+    explicit Reader(const TreeRequest &request) : m_database(openDataFileAt(request.path)), m_reads(m_database) {}
 
     People people()
     {
