@@ -218,6 +218,9 @@ void StartPass::serveMain(bool isOld, int stamp)
     const DataFile file = DataFile::Main;
     if (!exists(file)) {
         attempt(file, [&] {
+            // Without room for all first rows the installation stays a new one, which the next start completes.
+            if (std::any_of(m_failed.begin(), m_failed.end(), [](const auto &one) { return one.second.number == dao::err::DiskFull; }))
+                throw dao::EngineError(dao::err::DiskFull);
             rebuild(file, {store::currentVersion, false, [&](dao::Database &database) {
                 dao::Transaction all(database);
                 store::addFirstRows(m_required, file, database);
@@ -271,6 +274,8 @@ void StartPass::addSamples(DataFile file, dao::Database &database)
         store::addFirstRows(m_samples, file, database);
         samples.Commit();
     } catch (const basic::Error &error) {
+        if (error.number() == dao::err::DiskFull)
+            throw;
         m_failed[file] = {basic::realPath(state().path(file)), error.number(), error.text(),
                           u"These data files were made without their sample rows:"_s};
     }

@@ -7,6 +7,7 @@
 #include "store/mainfile.h"
 #include "store/rebuild.h"
 #include "store/startreport.h"
+#include "support/fulldisk.h"
 
 #include <QDir>
 #include <QFile>
@@ -117,6 +118,27 @@ TEST_F(PassTest, aFirstStartMakesAllFilesWithTheirRows)
     EXPECT_EQ(rowsOf(DataFile::Contacts, u"SELECT [Contacts].[ID] FROM [Contacts] INNER JOIN [ContactData] "
                                          "ON [Contacts].[ID]=[ContactData].[ID] WHERE [ContactData].[ID]=2"_s),
               QStringList{u"2"_s});
+}
+
+// Without room for one of the files a new installation is not called complete: the next start takes it up.
+TEST_F(PassTest, aFirstStartWithoutRoomIsTakenUpByTheNextOne)
+{
+    test::putEmptyFiles(m_folder.path());
+    fillBooks();
+    const QString books = state().path(DataFile::Books);
+    dao::DBEngine::OpenDatabase(books).Execute(u"UPDATE [BOOKS] SET [COMMENTS]='"_s + QString(1000, u'x') + u'\'');
+    SetDatabaseVersion(books, 280);
+    QFile::remove(path());
+    {
+        const test::FullDisk full(200 * 1024);          // more than the main file needs
+        m_prompts.expect(u"Not enough space on disk."_s);
+        UpgradeAllDatabases();
+    }
+    EXPECT_FALSE(QFile::exists(path()));
+    UpgradeAllDatabases();
+    EXPECT_EQ(GetDatabaseVersion(books), 290);
+    EXPECT_EQ(rowsOf(DataFile::Books, u"SELECT [TITLE] FROM [BOOKS]"_s).size(), 300);
+    EXPECT_EQ(count(u"Bills"_s), 2);
 }
 
 // Amounts, rows and texts are the same whatever marks a country sets in its numbers and dates.
