@@ -19,8 +19,6 @@ using records::MixedCaseName;
 
 namespace {
 
-constexpr int tooLong = 3163;
-
 bool isFound(dao::Database &main, const QString &condition)
 {
     return !main.OpenRecordset(u"select * from [Events] WHERE "_s + condition + u';').EOF_();
@@ -44,7 +42,7 @@ int sizeOf(const dao::Recordset &rows, QStringView field)
 QString fitting(const dao::Recordset &events, QStringView field, const QString &what, const QString &text)
 {
     if (const int most = sizeOf(events, field); text.size() > most)
-        throw basic::Error(tooLong, u"%1 is too long for an event: %2 of %3 characters."_s.arg(what).arg(text.size()).arg(most));
+        throw basic::Error(dao::err::TooLong, u"%1 is too long for an event: %2 of %3 characters."_s.arg(what).arg(text.size()).arg(most));
     return text;
 }
 

@@ -18,29 +18,32 @@ bool exists(const QString &path)
     return !basic::Dir(path).isEmpty();
 }
 
+// A stamp that cannot be read is an old file's, and one that is not written leaves the file old: the next upgrade looks into it
+// and says what it finds.
+void tryWith(const Open &open, const std::function<void(dao::Database &)> &step)
+{
+    basic::IgnoreErrors([&] {
+        dao::Database database = open();
+        step(database);
+        database.Close();
+    });
+}
+
 std::int16_t readVersion(const Open &open)
 {
     std::int16_t version = 0;
-    // No stamp, or none that can be read, is an old file's: the upgrade looks into it and says what it finds.
-    basic::IgnoreErrors([&] {
-        dao::Database database = open();
+    tryWith(open, [&](dao::Database &database) {
         dao::Recordset rows = database.OpenRecordset(u"SELECT [Version] FROM [Database Info]"_s, dao::dbOpenSnapshot);
         dao::DBEngine::Idle(dao::dbRefreshCache);
         version = basic::CInt(rows.Get(u"Version"));
         rows.Close();
-        database.Close();
     });
     return version;
 }
 
 void writeVersion(const Open &open, int version)
 {
-    // A stamp that is not written keeps the file old: the next start takes it up again.
-    basic::IgnoreErrors([&] {
-        dao::Database database = open();
-        stampVersion(database, version);
-        database.Close();
-    });
+    tryWith(open, [&](dao::Database &database) { stampVersion(database, version); });
 }
 
 // The path only says whether the file exists; what is opened is the file in use.
