@@ -212,6 +212,10 @@ void frmCaddy::fitDesktop()
 {
     const QScreen *desktop = screen();
     const QSize room = desktop ? desktop->availableSize() - QSize(8, 40) : QSize(1272, 760);
+    constexpr int leastWithPane = 700;
+    // At 200 % of a small screen the lists and their buttons need the whole width.
+    if (room.width() < leastWithPane)
+        d->c.picDetails->parentWidget()->hide();
     resize(QSize(1272, 760).boundedTo(room));
 }
 

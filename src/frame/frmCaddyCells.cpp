@@ -297,7 +297,7 @@ void CaddyCells::deleteReminder(GridPane &pane)
     dao::Database &file = pane.data->Database();
     const int others = reminders::otherDates(file, design, id);
     const bool whole = others > 0
-        && basic::askYesNo(u"There are %1 more rows of this text on other dates.\r\nDo you want to delete them too?"_s.arg(others),
+        && basic::askYesNo(u"Rows of the same text on other dates: %1.\r\nDo you want to delete them too?"_s.arg(others),
                            u"Question?"_s);
     reminders::deleteRow(file, design, id, whole);
     Changes::instance().deliver();

@@ -3,6 +3,7 @@
 #include "frame/frmCaddyPicture.h"
 #include "frame/frmCaddyScreens.h"
 #include "frame/frmLater.h"
+#include "frame/rowtips.h"
 #include "media/pictures.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/files.h"
@@ -270,6 +271,17 @@ void CaddyEdit::showDetails()
             labels << columns[i].caption;
             texts << text;
         }
+    }
+    // The record tells more than the list's columns.
+    const std::vector<RecordLine> record = row >= 0 && row < grid->rows()
+        ? recordDetails(grid->dataControl()->Database(), m_c.paneOf(grid).sectionCode(), selectedId(grid)) : std::vector<RecordLine>();
+    if (!record.empty()) {
+        labels.clear();
+        texts.clear();
+    }
+    for (const RecordLine &line : record) {
+        labels << line.label;
+        texts << line.text;
     }
     m_c.picDetails->showPicture(file);
     m_c.picDetails->showDetails(labels, texts);

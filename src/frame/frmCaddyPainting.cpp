@@ -8,8 +8,10 @@
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
 #include "platform/controls/colours.h"
+#include "session/datetexts.h"
 #include "session/ini.h"
 #include "session/sections.h"
+#include "session/shared.h"
 
 #include <QGuiApplication>
 
@@ -22,6 +24,7 @@ using controls::RowPaint;
 
 namespace {
 
+constexpr int appointmentTime = 3;
 constexpr int eventSubject = 3, eventFile = 5, eventRecurring = 9;
 
 std::vector<GridColumn> appointmentColumns()
@@ -88,10 +91,11 @@ void paintDay(RowPaint &row, const basic::Value &date)
         styleCells(row, 1, 5, u"TODAY"_s);
 }
 
-bool isYearly(const QString &subject, const basic::Value &recurring)
+// A name in which an apostrophe was typed is stored with a grave accent.
+void showApostrophes(RowPaint &row, int column)
 {
-    const bool *everyYear = recurring.tryGet<bool>();
-    return subject == u"ANNIVERSARY"_s || subject == u"BIRTHDAY"_s || subject == u"HOLIDAY"_s || (everyYear && *everyYear);
+    if (const QString text = row.cell(column).text(); text.contains(u'`'))
+        setCell(row.text, column, shownApostrophes(text));
 }
 
 }
@@ -239,6 +243,10 @@ void CaddyPainting::showGround()
 void CaddyPainting::paintAppointment(RowPaint &row) const
 {
     paintDay(row, row.cell(dateColumn));
+    showApostrophes(row, m_c.appointments().textColumn);
+    // Files of before hold "09:00 Am" beside "09:00 am".
+    if (const QString time = row.cell(appointmentTime).text(), shown = typedTime(time); shown != time)
+        setCell(row.text, appointmentTime, shown);
     if (m_warning == 0)
         return;
     const basic::Value id = row.cell(idColumn);
@@ -249,6 +257,7 @@ void CaddyPainting::paintAppointment(RowPaint &row) const
 void CaddyPainting::paintBill(RowPaint &row) const
 {
     paintDay(row, row.cell(dateColumn));
+    showApostrophes(row, m_c.bills().textColumn);
 }
 
 void CaddyPainting::paintEvent(RowPaint &row) const
@@ -259,13 +268,14 @@ void CaddyPainting::paintEvent(RowPaint &row) const
         row.rowStyle = u"GREEN"_s;
     if (const basic::DateTime *date = stored.tryGet<basic::DateTime>()) {
         // What comes back every year is named by the day on which it falls in the year on show.
-        const bool yearly = isYearly(subject, row.cell(eventRecurring));
+        const bool yearly = isYearlyEvent(subject, row.cell(eventRecurring));
         const int year = state().period.gTodayYear > 0 ? state().period.gTodayYear : basic::Date().year();
         const basic::DateTime shown = yearly ? basic::DateSerial(year, date->month(), date->day()) : *date;
         setCell(row.text, dayColumn, basic::Format(shown, u"ddd"));
         if (basic::Format(*date, u"mm/dd") == basic::Format(basic::Date(), u"mm/dd"))
             row.rowStyle = u"TODAY"_s;
     }
+    showApostrophes(row, m_c.events().textColumn);
     const QString file = row.cell(eventFile).text().trimmed();
     if (!pictureFile(file).isEmpty())
         setCell(row.style, eventFile, u"PICTURE"_s);

@@ -10,6 +10,8 @@
 
 #include <QPainter>
 #include <QPainterPath>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace vorel {
 
@@ -23,7 +25,8 @@ constexpr int titleX = controls::toPixels(50), titleY = controls::toPixels(1100)
 
 }
 
-DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new controls::PictureBox(u"picImage"_s, this)), m_details(new QLabel(this))
+DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new controls::PictureBox(u"picImage"_s, this)), m_scroll(new QScrollArea(this)),
+    m_details(new QLabel)
 {
     setObjectName(u"picDetails"_s);
     setAccessibleName(u"Picture and details of the record"_s);
@@ -36,6 +39,13 @@ DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new controls:
     m_details->setWordWrap(true);
     m_details->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     m_details->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    m_scroll->setFrameShape(QFrame::NoFrame);
+    m_scroll->setFocusPolicy(Qt::NoFocus);
+    m_scroll->setWidgetResizable(true);
+    m_scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_scroll->setWidget(m_details);
+    m_scroll->viewport()->setAutoFillBackground(false);
+    m_details->setAutoFillBackground(false);
     setMinimumWidth(200);
 }
 
@@ -78,10 +88,15 @@ void DetailPane::showDetails(const QStringList &labels, const QStringList &texts
     const QString pale = controls::blend(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.35).name();
     QString html;
     for (qsizetype i = 0; i < labels.size(); ++i) {
-        html += u"<p style='margin:0 0 8px 0'><span style='color:%1'>%2</span><br>%3</p>"_s
-                    .arg(pale, labels[i].toHtmlEscaped(), texts[i].toHtmlEscaped().replace(u'\n', u"<br>"_s));
+        const QString label = labels[i].isEmpty() ? QString()
+                                                  : u"<span style='color:%1'>%2</span><br>"_s.arg(pale, labels[i].toHtmlEscaped());
+        html += u"<p style='margin:0 0 8px 0'>%1%2</p>"_s
+                    .arg(label, texts[i].toHtmlEscaped().replace(u"\r\n"_s, u"<br>"_s).replace(u'\n', u"<br>"_s));
     }
+    if (html == m_details->text())
+        return;
     m_details->setText(html);
+    m_scroll->verticalScrollBar()->setValue(0);
     placeParts();
 }
 
@@ -98,7 +113,7 @@ void DetailPane::placeParts()
 {
     const int top = (m_image->isHidden() ? bannerHeight : bannerHeight + 4 * unit) + unit;
     m_image->setGeometry(unit, unit, width() - 2 * unit, bannerHeight + 3 * unit);
-    m_details->setGeometry(unit, top + unit, width() - 2 * unit, std::max(0, height() - top - unit));
+    m_scroll->setGeometry(unit, top + unit, width() - 2 * unit, std::max(0, height() - top - unit));
 }
 
 void DetailPane::resizeEvent(QResizeEvent *)

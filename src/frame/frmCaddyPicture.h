@@ -4,6 +4,8 @@
 #include <QPixmap>
 #include <QWidget>
 
+class QScrollArea;
+
 namespace vorel {
 
 namespace controls {
@@ -34,6 +36,7 @@ private:
     void showImage(bool readable);
 
     controls::PictureBox *m_image;
+    QScrollArea *m_scroll;
     QLabel *m_details;
     QPixmap m_paper;
     QString m_title, m_smallPrint;

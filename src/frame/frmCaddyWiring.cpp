@@ -105,6 +105,7 @@ void frmCaddy::connectButtons()
     controls::on(&Changes::instance(), &Changes::changed, this, [this](const QString &table) {
         basic::Trap([&] {
             d->sections.rowsChanged(table);
+            d->edit.showDetails();
             if (table == u"MESSAGES")
                 CheckForMessages();
         });

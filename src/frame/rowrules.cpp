@@ -128,6 +128,13 @@ void apply(const RowRule &rule, const SectionDesign &section, const RowReader &r
 
 }
 
+bool isYearlyEvent(const QString &subject, const basic::Value &recurring)
+{
+    const QString name = subject.toUpper();
+    const bool *everyYear = recurring.tryGet<bool>();
+    return name == u"ANNIVERSARY" || name == u"BIRTHDAY" || name == u"HOLIDAY" || (everyYear && *everyYear);
+}
+
 RowLook subjectRowLook(const QString &sectionCode, const std::function<Value(int)> &value)
 {
     RowLook look;

@@ -21,6 +21,9 @@ struct RowLook {
 };
 
 // value: the stored value of a column of the row.
+// What comes back every year on its day.
+bool isYearlyEvent(const QString &subject, const basic::Value &recurring);
+
 RowLook subjectRowLook(const QString &sectionCode, const std::function<basic::Value(int column)> &value);
 
 }

@@ -65,6 +65,55 @@ TEST_F(Edit, RepeatingBillIsSeenInEachPeriodChangedAndDeleted)
     EXPECT_EQ(bills(), QStringList());      // the whole series goes with one of its rows
 }
 
+TEST_F(Edit, DeleteKeyOfAReminderListAsksForItsOtherDates)
+{
+    for (const QString &row : {u"#11/23/2026#,'RENT'"_s, u"#11/24/2026#,'GAS'"_s, u"#12/23/2026#,'RENT'"_s})
+        execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (%1)"_s.arg(row));
+    startOn(u"Bills"_s);
+    click(u"ALL RECORDS"_s);
+    const auto press = [this](std::vector<Answer> answers) {
+        select(u"BILLSGRID"_s, 0);
+        const QString questions[] = {u"Do you want to Delete this Record ?"_s, u"other dates: 1."_s};
+        for (std::size_t i = 0; i < answers.size(); ++i)
+            m_prompts.expect(questions[i], answers[i]);
+        QTest::keyClick(at(u"BILLSGRID"_s), Qt::Key_Delete);
+        EXPECT_TRUE(m_prompts.isDone());
+    };
+    press({Answer::No});
+    EXPECT_EQ(bills().size(), 3);
+    press({Answer::Yes, Answer::No});
+    EXPECT_EQ(bills(), (QStringList{u"GAS"_s, u"RENT"_s}));
+    EXPECT_EQ(at<Grid>(u"BILLSGRID"_s)->currentRow(), 0) << "the row after it is current";
+    execute(u"INSERT INTO [BILLS] ([DATE],[BILL]) VALUES (#11/20/2026#,'RENT')"_s);
+    QCoreApplication::processEvents();
+    press({Answer::Yes, Answer::Yes});
+    EXPECT_EQ(bills(), QStringList{u"GAS"_s});
+}
+
+TEST_F(Edit, WhateverTheProgramWritesIsSeenAtOnceAndThePlaceIsKept)
+{
+    for (const QString &text : {u"b"_s, u"d"_s})
+        execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/22/2026#,'%1','%1',True)"_s.arg(text));
+    execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('Saw')"_s);
+    startOn(u"All"_s);
+    click(u"TODAY"_s);
+    select(u"APPOINTMENTSGRID"_s, 1);
+    dao::Database file = dao::DBEngine::OpenDatabase(m_folder.path(u"VOREL.MDB"_s));
+    for (const QString &text : {u"a"_s, u"c"_s, u"e"_s})
+        file.Execute(u"INSERT INTO [APPOINTMENTS] ([DATE],[APPTIME],[APPOINTMENT],[TimeUpdate]) VALUES (#11/22/2026#,'%1','%1',True)"_s.arg(text));
+    QCoreApplication::processEvents();
+    EXPECT_EQ(appointments(), (QStringList{u"a"_s, u"b"_s, u"c"_s, u"d"_s, u"e"_s}));
+    EXPECT_EQ(at<Grid>(u"APPOINTMENTSGRID"_s)->CellText(4), u"d"_s);
+    screen().DisplayCategory(u"Inventory"_s);
+    file.Execute(u"DELETE FROM [APPOINTMENTS] WHERE [APPOINTMENT]='a'"_s);
+    file.Execute(u"INSERT INTO [Inventory] ([Item]) VALUES ('Axe')"_s);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(column(u"SUBJECTGRID"_s, 1), (QStringList{u"Axe"_s, u"Saw"_s}));
+    EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->CellText(1), u"Saw"_s);
+    screen().DisplayCategory(u"Appointments"_s);
+    EXPECT_EQ(appointments().size(), 4) << "read when it is shown again";
+}
+
 TEST_F(Edit, NoLeavesNothingBehind)
 {
     startOn(u"Appointments"_s);

@@ -72,6 +72,35 @@ TEST_F(Layout, DraggedWidthsAndHeightsSurviveARestart)
     EXPECT_EQ(at<Grid>(u"SUBJECTGRID"_s)->rowHeightTwips(), 270);
 }
 
+TEST_F(Layout, LongDatesAndNamesWidenNothing)
+{
+    set(u"DateDisplay"_s, u"dddd, d mmmm yyyy"_s);
+    set(u"UserName"_s, QString(255, u'W'));
+    startOn(u"All"_s);
+    click(u"THIS YEAR"_s);
+    QCoreApplication::processEvents();
+    EXPECT_LE(screen().minimumSizeHint().width(), 1024);
+    EXPECT_EQ(text(u"lblUsername"_s), QString(255, u'W'));
+}
+
+TEST_F(Layout, EmptyListsSayWhatToDo)
+{
+    startOn(u"Books"_s);
+    Grid *grid = at<Grid>(u"SUBJECTGRID"_s);
+    const auto isBlank = [grid] {
+        const QImage seen = grid->viewport()->grab().toImage();
+        for (int y = 0; y < seen.height(); ++y)
+            for (int x = 0; x < seen.width(); ++x)
+                if (seen.pixel(x, y) != seen.pixel(0, seen.height() - 1))
+                    return false;
+        return true;
+    };
+    EXPECT_TRUE(grid->accessibleDescription().startsWith(u"No books yet."_s));
+    EXPECT_FALSE(isBlank());
+    grid->setEmptyText({});
+    EXPECT_TRUE(isBlank());
+}
+
 TEST_F(Layout, RowsOfSeveralLinesAreHighUntilTheUserSetsThem)
 {
     startOn(u"Emergency"_s);

@@ -26,7 +26,7 @@ TEST_F(RowTipsTest, fieldsWithTheirLabelsAndFormats)
     m_db.Execute(u"CREATE TABLE [APPOINTMENTS] ([ID] LONG, [DATE] DATETIME, [APPTIME] TEXT(50), [APPOINTMENT] TEXT(50))"_s);
     m_db.Execute(u"INSERT INTO [APPOINTMENTS] VALUES (1,#11/22/2026#,'09:00 Am','Dentist')"_s);
     m_db.Execute(u"INSERT INTO [APPOINTMENTS] VALUES (2,#01/01/1900#,' ','Some day')"_s);
-    EXPECT_EQ(tip(u"A"_s, 1), u" DATE: Sunday 22/11/2026\n TIME: 09:00 Am\n APPOINTMENT: Dentist"_s);
+    EXPECT_EQ(tip(u"A"_s, 1), u" DATE: Sunday 22/11/2026\n TIME: 09:00 am\n APPOINTMENT: Dentist"_s);
     EXPECT_EQ(tip(u"A"_s, 2), u" APPOINTMENT: Some day"_s);
     m_db.Execute(u"CREATE TABLE [BILLS] ([ID] LONG, [BILL] TEXT(50), [AMOUNT] CURRENCY)"_s);   // an old file's fewer fields
     m_db.Execute(u"INSERT INTO [BILLS] VALUES (1,'Gas',12.5)"_s);
@@ -59,6 +59,32 @@ TEST_F(RowTipsTest, contactsOfAllFiveLists)
     EXPECT_TRUE(tip(u"P"_s, id).endsWith(u"BIRTHDAY: in spring"_s));
 }
 
+TEST_F(RowTipsTest, wholeRecordBesideTheGrid)
+{
+    clock.set(QDate(2026, 11, 22), QTime(12, 0));
+    m_db.Execute(u"CREATE TABLE [BILLS] ([ID] LONG, [DATE] DATETIME, [BILL] TEXT(50), [AMOUNT] CURRENCY, [OwingTo] TEXT(50), "
+                 "[PeriodMonth] SHORT, [PeriodDays] SHORT, [WeekNum] TEXT(3), [BillingDate] DATETIME, [PaymentDate] DATETIME)"_s);
+    for (int month = 1; month <= 6; ++month)
+        m_db.Execute(u"INSERT INTO [BILLS] VALUES (%1,#%1/05/2027#,'MUM`S RENT',900,'Ann',1,0,Null,#12/01/2026#,Null)"_s.arg(month));
+    m_db.Execute(u"INSERT INTO [BILLS] VALUES (7,#01/09/2027#,'Gas',0,Null,0,0,Null,Null,Null)"_s);
+    m_db.Execute(u"INSERT INTO [BILLS] VALUES (8,#02/09/2027#,'Gas',0,Null,0,0,Null,Null,Null)"_s);
+    const std::vector<RecordLine> rent{{u"Date"_s, u"Tuesday 05/01/2027"_s}, {u"Bill"_s, u"MUM'S RENT"_s}, {u"Amount"_s, u"900.00"_s},
+                                       {u"Owing to"_s, u"Ann"_s}, {u"Billed on"_s, u"01/12/2026"_s},
+                                       {u"Next dates"_s, u"Fri 05/02/2027\nFri 05/03/2027\nMon 05/04/2027\nWed 05/05/2027\n"
+                                                         "and 1 more up to 05/06/2027"_s}};
+    EXPECT_EQ(recordDetails(m_db, u"B"_s, 1), rent);
+    EXPECT_EQ(recordDetails(m_db, u"B"_s, 7).size(), 2u) << "a text that comes twice is no series";
+    m_db.Execute(u"CREATE TABLE [EVENTS] ([ID] LONG, [DATE] DATETIME, [SUBJECT] TEXT(25), [EVENT] TEXT(50), [Recurring] BIT, [FULLEVENT] MEMO)"_s);
+    m_db.Execute(u"INSERT INTO [EVENTS] VALUES (1,#11/21/1960#,'Birthday','Bob',False,'{\\rtf1 \\b Cake\\b0  and tea}')"_s);
+    m_db.Execute(u"INSERT INTO [EVENTS] VALUES (2,#11/22/2020#,'SPORT','Run',True,Null)"_s);
+    m_db.Execute(u"INSERT INTO [EVENTS] VALUES (3,#11/22/2026#,'SPORT','Match',False,Null)"_s);
+    const auto last = [this](int id) { return recordDetails(m_db, u"E"_s, id).back(); };
+    EXPECT_EQ(last(1), (RecordLine{u"Next"_s, u"Sun 21/11/2027"_s}));
+    EXPECT_EQ(recordDetails(m_db, u"E"_s, 1)[3], (RecordLine{u"Full details"_s, u"Cake and tea"_s}));
+    EXPECT_EQ(last(2), (RecordLine{u"Next"_s, u"Sun 22/11/2026"_s})) << "today";
+    EXPECT_EQ(last(3), (RecordLine{u"Event"_s, u"Match"_s}));
+}
+
 TEST_F(RowTipsTest, longTextsAreFoldedAndLockedRowsSayNothing)
 {
     m_db.Execute(u"CREATE TABLE [NOTES] ([ID] LONG, [NOTES] MEMO, [PASSWORD] TEXT(255))"_s);
@@ -69,6 +95,7 @@ TEST_F(RowTipsTest, longTextsAreFoldedAndLockedRowsSayNothing)
     for (const QString &line : lines)
         EXPECT_LE(line.size(), 76) << line;
     EXPECT_EQ(tip(u"N"_s, 2), QString());
+    EXPECT_TRUE(recordDetails(m_db, u"N"_s, 2).empty());
 }
 
 }
