@@ -1,6 +1,7 @@
 #include "platform/basic/files.h"
 #include "print/frmPreview.h"
 #include "print/lists.h"
+#include "print/script.h"
 #include "testdata.h"
 
 #include <QApplication>
@@ -44,18 +45,22 @@ int main(int argc, char **argv)
     basic::setProgramFolder(folder.path());
     bench::makeMainFile(folder.filePath(u"VOREL.MDB"_s));
     addInventory(folder.filePath(u"VOREL.MDB"_s), 27 * 1000);
-    frmPreview::install();
+    PrintJob *job = nullptr;
+    setPreviewMaker([&job](PrintJob &shown) {
+        job = &shown;
+        return std::make_unique<frmPreview>(shown);
+    });
     std::vector<double> first, further;
     for (int run = 0; run < 5; ++run) {
         QElapsedTimer timer;
         timer.start();
         QTimer::singleShot(0, &application, [&] {
-            auto *screen = dynamic_cast<frmPreview *>(preview());
+            auto *screen = dynamic_cast<frmPreview *>(job->player().preview());
             screen->repaint();
             first.push_back(since(timer));
             for (const int page : {999, 1, 500, 501, 250, 750, 0}) {
                 timer.start();
-                MovePage(4, QString::number(page + 1));
+                job->player().MovePage(4, QString::number(page + 1));
                 screen->repaint();
                 further.push_back(since(timer));
             }

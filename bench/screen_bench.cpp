@@ -130,7 +130,7 @@ void measureSection(frmCaddy &screen)
 {
     addContacts(100000);
     std::vector<double> changes, keys;
-    controls::Grid *grid = screen.controls().SUBJECTGRID;
+    controls::Grid *grid = screen.controls().subjects().grid;
     for (int run = 0; run < 7; ++run) {
         screen.DisplayCategory(u"Books"_s);
         QCoreApplication::processEvents();
@@ -159,7 +159,7 @@ void measurePeriods(const QString &folder)
             QElapsedTimer timer;
             timer.start();
             action->trigger();
-            screen.controls().reminders[0].grid->viewport()->repaint();
+            screen.controls().appointments().grid->viewport()->repaint();
             QCoreApplication::processEvents();
             times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
         }
