@@ -111,7 +111,7 @@ QLayout *frmInfoCard::composeLists()
     grid->setVerticalSpacing(layout::unit);
     grid->addWidget(heading(u"C&ontacts"_s, lstContacts), 0, 0);
     grid->addWidget(heading(u"&Items of this contact"_s, lvInfo), 0, 1);
-    grid->addWidget(heading(u"On the &card"_s, lstList), 0, 2);
+    grid->addWidget(heading(u"On the car&d"_s, lstList), 0, 2);
     grid->addWidget(lstContacts, 1, 0, 2, 1);
     grid->addWidget(lvInfo, 1, 1);
     grid->addWidget(lstList, 1, 2);
@@ -134,7 +134,9 @@ QWidget *frmInfoCard::composeKeys()
     on(cmdContact, &QAbstractButton::clicked, handlers(), [this] { cmdContact_Click(); });
     on(cmdPrint, &QAbstractButton::clicked, handlers(), [this] { cmdPrint_Click(); });
     on(close, &QAbstractButton::clicked, handlers(), [this] { Close(); });
-    return new controls::KeyRow({info, cmdContact}, m_state, {cmdPrint, close}, this);
+    auto *keys = new controls::KeyRow({info, cmdContact}, m_state, {cmdPrint, close}, this);
+    layout::chainTabs({lstContacts, lvInfo, cmdAdd, lstList, info, cmdContact, cmdPrint, close});
+    return keys;
 }
 
 void frmInfoCard::FillContacts()

@@ -184,7 +184,10 @@ QWidget *frmLabels::composeKeys()
     QWidgetList left;
     if (m_mode == LabelMode::Labels)
         left = {labelFor(u"&Start on Label #:"_s, txtNumber), txtNumber, cmdLayout};
-    return new controls::KeyRow(left, m_state, {cmdPrint, close}, this);
+    auto *keys = new controls::KeyRow(left, m_state, {cmdPrint, close}, this);
+    layout::chainTabs({cboCategory, m_all, lvList, m_sizes, txtAddress, chkReturnAddress, txtReturnAddress, Picture1,
+                       findChild<QWidget *>(u"cmdCloseLayout"_s), txtNumber, cmdLayout, cmdPrint, close});
+    return keys;
 }
 
 void frmLabels::FillCategoryList()

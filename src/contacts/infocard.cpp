@@ -70,6 +70,7 @@ QString birthdayOf(const dao::Recordset &row)
 // Millimetres. The card is as large as those of a bank.
 constexpr double cardWidth = 86, cardHeight = 54, cardPad = 3, columnGap = 3;
 constexpr int cardsAcross = 2, columnsOnCard = 2;
+constexpr int cutColour = 0x909090;
 constexpr double cardSize = 6;          // points
 constexpr double entryGap = 0.35;       // of a line
 
@@ -117,7 +118,7 @@ void CardWriter::openCard()
     }
     m_left = (m_job.GetScaleWidth() - cardsAcross * cardWidth) / 2 + m_card % cardsAcross * cardWidth;
     m_top = m_card / cardsAcross * cardHeight;
-    m_job.PrintLine(m_left, m_top, u"STEP"_s, cardWidth, cardHeight, basic::Value(0), u"B"_s);
+    m_job.PrintLine(m_left, m_top, u"STEP"_s, cardWidth, cardHeight, basic::Value(cutColour), u"B"_s);
     m_column = 0;
     m_y = 0;
 }

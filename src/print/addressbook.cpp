@@ -107,16 +107,17 @@ public:
     void write(dao::Recordset &rows);
 
 private:
-    static constexpr double barPad = 0.6, barIndent = 1.5, labelGap = 1, contactGap = 1.8, letterRule = 1;   // mm
+    static constexpr double barPad = 0.6, barIndent = 1.5, labelGap = 2.5, contactGap = 1.8, letterRule = 1;   // mm
     static constexpr double leastColumn = 40;       // mm of text that margins leave
     static constexpr double letterSize = 1.8;       // of the book's size
 
     void startPage();
-    void makeRoom(int lines);
+    void makeRoom(int lines, double more = 0);      // lines, and more millimetres
     void setFont(double size, bool bold);
     void writeLetter();
     void writeHeading(const QString &name);
-    void writeBlock(const QString &label, const QStringList &texts);
+    void writeBlock(const QString &label, const QStringList &lines);
+    QStringList blockLines(const dao::Recordset &rows, const BookBlock &block) const;
     void writeContact(const dao::Recordset &rows);
 
     PrintJob m_job;
@@ -167,10 +168,9 @@ void BookWriter::startPage()
         writeLetter();
 }
 
-void BookWriter::makeRoom(int lines)
+void BookWriter::makeRoom(int lines, double more)
 {
-    const bool isFull = m_lines + lines > m_style.linesPerPage
-                        || m_y + lines * m_lineHeight + 2 * barPad > m_job.GetScaleHeight();
+    const bool isFull = m_lines + lines > m_style.linesPerPage || m_y + lines * m_lineHeight + more > m_job.GetScaleHeight();
     if (!isFull || m_lines == 0)
         return;
     m_job.PrintNewPage();
@@ -193,7 +193,7 @@ void BookWriter::writeLetter()
 
 void BookWriter::writeHeading(const QString &name)
 {
-    makeRoom(2);                                    // never a bar alone at the foot of a page
+    makeRoom(2, 3 * barPad);                                    // never a bar alone at the foot of a page, however long the contact
     m_job.PrintLine(m_left, m_y, u"STEP"_s, m_width, m_lineHeight + 2 * barPad, basic::Value(m_style.headingColour), u"BF"_s);
     m_job.SetFontBold(true);
     m_job.SetForeColor(bookHeadingColour(m_style));
@@ -205,25 +205,30 @@ void BookWriter::writeHeading(const QString &name)
     ++m_lines;
 }
 
-void BookWriter::writeBlock(const QString &label, const QStringList &texts)
+void BookWriter::writeBlock(const QString &label, const QStringList &lines)
 {
     bool isFirst = true;
-    const double x = m_left + barIndent + m_labelWidth;
-    for (const QString &text : texts) {
-        for (const QString &line : fitLines(m_job, text, m_width - m_labelWidth - 2 * barIndent)) {
-            makeRoom(1);
-            if (std::exchange(isFirst, false)) {
-                m_job.SetFontBold(true);
-                m_job.SetCurrentY(m_y);
-                m_job.PrintField(m_left + barIndent, u"L"_s, elided(m_job, label, m_labelWidth), false);
-                m_job.SetFontBold(false);
-            }
+    for (const QString &line : lines) {
+        makeRoom(1);
+        if (std::exchange(isFirst, false)) {
+            m_job.SetFontBold(true);
             m_job.SetCurrentY(m_y);
-            m_job.PrintField(x, u"L"_s, line, false);
-            m_y += m_lineHeight;
-            ++m_lines;
+            m_job.PrintField(m_left + barIndent, u"L"_s, elided(m_job, label, m_labelWidth), false);
+            m_job.SetFontBold(false);
         }
+        m_job.SetCurrentY(m_y);
+        m_job.PrintField(m_left + barIndent + m_labelWidth, u"L"_s, line, false);
+        m_y += m_lineHeight;
+        ++m_lines;
     }
+}
+
+QStringList BookWriter::blockLines(const dao::Recordset &rows, const BookBlock &block) const
+{
+    QStringList lines;
+    for (const QString &text : blockTexts(rows, block))
+        lines += fitLines(m_job, text, m_width - m_labelWidth - 2 * barIndent);
+    return lines;
 }
 
 void BookWriter::writeContact(const dao::Recordset &rows)
@@ -235,9 +240,17 @@ void BookWriter::writeContact(const dao::Recordset &rows)
         m_letter = letter;
         startPage();
     }
+    std::vector<QStringList> blocks;
+    int lines = 1;                                  // the bar
+    for (const BookBlock &block : bookBlocks()) {
+        blocks.push_back(blockLines(rows, block));
+        lines += static_cast<int>(blocks.back().size());
+    }
+    if (lines <= m_style.linesPerPage)
+        makeRoom(lines, 3 * barPad);                            // a contact that a page can hold is not split
     writeHeading(headingOf(rows));
-    for (const BookBlock &block : bookBlocks())
-        writeBlock(block.label, blockTexts(rows, block));
+    for (std::size_t i = 0; i < blocks.size(); ++i)
+        writeBlock(bookBlocks()[i].label, blocks[i]);
     m_y += contactGap;
 }
 

@@ -110,6 +110,7 @@ void printEnvelopes(const std::vector<QStringList> &addresses, const QStringList
     PrintJob job;
     job.device().setPaper(paperOf(size));
     ReportStart(job, {u"Arial"_s, addressSize, printer::Twips, printer::Landscape});
+    job.fitsPreview = true;
     job.SetPreviewCaption(u"Envelope "_s + size.name);
     bool isFirst = true;
     for (const QStringList &address : addresses) {

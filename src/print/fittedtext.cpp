@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double step = 0.5;                // points
-constexpr double leastUnbroken = 0.75;      // of the size: a line is set that much smaller before it is broken
+constexpr double leastUnbroken = 0.85;      // of the size: a line is set that much smaller before it is broken
 constexpr QChar ellipsis(0x2026);
 
 // Measures at other sizes without a line in the script.

@@ -267,7 +267,7 @@ void frmPreview::placePage()
 void frmPreview::ShowModal()
 {
     cmdPrint->setFocus();
-    if (m_isFitted)
+    if (m_isFitted || m_job.fitsPreview)
         fitPage();
     Form::ShowModal();
 }
@@ -289,6 +289,8 @@ void frmPreview::restoreZoom()
 
 void frmPreview::keepZoom()
 {
+    if (m_job.fitsPreview)
+        return;
     const QString zoom = m_isFitted ? wholePage : Zoom == 1 ? QString() : scriptNumber(Zoom);
     if (zoom != m_keptZoom)             // in a folder that cannot be written the next preview just opens as this one did
         tryPutIniValue(iniSettings, zoomKey, zoom);

@@ -24,6 +24,7 @@ public:
 
     QString PreviewCaption;                         // also the title of the document that is printed or saved
     QString MailRecipient;                          // "": the preview offers no mail
+    bool fitsPreview = false;                       // it opens with the whole page in view, for sheets unlike a page of paper
     bool hideEmail = false;                         // nor does it with this set, whoever the recipient is
     QString EmailFileName;                          // "": no HTML side file
     std::vector<QString> ScriptStrings{QString()};  // the texts that [n] names

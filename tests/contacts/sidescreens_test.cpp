@@ -325,6 +325,14 @@ TEST_F(SideScreens, WithoutContactsNothingCanGoWrong)
     const auto envelopes = labels(LabelMode::Envelopes);
     m_prompts.expect(u"There is no address to print."_s);
     click(*envelopes, u"cmdPrint"_s);
+    QFile::remove(state().path(DataFile::Contacts));
+    for (int screen = 0; screen < 3; ++screen)
+        m_prompts.expect({});                       // the file that is gone is told, and the screen is usable
+    const auto goneCard = card();
+    const auto goneLabels = labels(LabelMode::Labels);
+    const auto goneBook = shown(std::make_unique<frmPrintAddressBook>());
+    for (QWidget *gone : std::initializer_list<QWidget *>{goneCard.get(), goneLabels.get(), goneBook.get()})
+        EXPECT_TRUE(gone->isVisible());
     installScreenHelp();
     QTest::keyClick(empty.get(), Qt::Key_F1);
     QWidget *help = nullptr;

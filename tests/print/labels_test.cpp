@@ -217,6 +217,7 @@ TEST_F(Labels, BookPagesFollowTheSettings)
     // 120 lines, a bar and a number for each contact.
     const struct { bool doubleSided; AddressBookStyle style; BookPages pages; QList<double> lefts; } cases[] = {
         {false, {.linesPerPage = 50, .leftMargin = 5}, BookPages::Filled, {5, 5, 5}},
+        {false, {.linesPerPage = 25, .leftMargin = 5}, BookPages::Filled, {5, 5, 5, 5, 5}},
         {true, {}, BookPages::Filled, {14, 28, 14}},
         {true, {.linesPerPage = 40, .leftMargin = 10}, BookPages::Filled, {10, 20, 10}},
         {false, {.linesPerPage = 100, .leftMargin = 7}, BookPages::EachLetter, {7, 7, 7}},
@@ -236,6 +237,7 @@ TEST_F(Labels, BookPagesFollowTheSettings)
                     lefts << bar.x1;
                 EXPECT_TRUE(bar.step && bar.x1 >= 0 && bar.x2 >= 39 && bar.x1 + bar.x2 <= 216 - 12.7 + 0.1) << qPrintable(line);
             } else if (line.contains(u"NAME0"_s) || line.contains(u"\"9555"_s)) {
+                EXPECT_FALSE(isNewPage) << "a contact is split: " << qPrintable(line);
                 mostTexts = std::max(mostTexts, ++texts);
             }
         }

@@ -109,6 +109,16 @@ void setMargins(QLayout *layout, int pixels)
     layout->setContentsMargins(pixels, pixels, pixels, pixels);
 }
 
+void chainTabs(std::initializer_list<QWidget *> widgets)
+{
+    QWidget *before = nullptr;
+    for (QWidget *widget : widgets) {
+        if (before && widget)
+            QWidget::setTabOrder(before, widget);
+        before = widget ? widget : before;
+    }
+}
+
 void setRoomyRows(QAbstractItemView *list)
 {
     list->setItemDelegate(new RoomyDelegate(list));

@@ -24,6 +24,7 @@ struct FormRow { QString label; Item field; };
 QLayout *Fields(std::initializer_list<FormRow> rows);
 QWidget *Group(const QString &name, const QString &title, QLayout *content);
 void setMargins(QLayout *layout, int pixels);
+void chainTabs(std::initializer_list<QWidget *> widgets);       // the order of the Tab key; all in one window
 void setRoomyRows(QAbstractItemView *list);     // rows with some air, for lists that are read rather than worked in
 
 }
