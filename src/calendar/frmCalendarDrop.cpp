@@ -28,7 +28,6 @@ namespace layout = controls::layout;
 
 namespace {
 
-constexpr int firstYear = 100, lastYear = 9999;     // of the calendar
 constexpr int yearsAround = 100;                    // reach of the year's scroll bar
 constexpr char shownTextProperty[] = "shownDateText", shownDayProperty[] = "shownDateSerial";     // of a date box
 
@@ -237,9 +236,7 @@ void frmCalendarDrop::cmdApply_Click()
 
 void frmCalendarDrop::keyPressEvent(QKeyEvent *event)
 {
-    const auto days = [this](int count) {
-        selectDate(basic::tryDateAdd(u"d", count, m_date).value_or(m_date));
-    };
+    const auto days = [this](int count) { selectDate(daysAway(m_date, count)); };
     const int months = event->modifiers() & Qt::ControlModifier ? 12 : 1;
     const bool rightToLeft = layoutDirection() == Qt::RightToLeft;
     switch (event->key()) {

@@ -1,13 +1,10 @@
 #include "calendar/picker.h"
 
-#include "platform/basic/dates.h"
-#include "platform/basic/error.h"
-#include "platform/basic/format.h"
-
 #include <algorithm>
 
 namespace vorel {
 
+<<<<<<< HEAD
 using basic::DateTime;
 
 MonthCells monthCells(int year, int month, int weekStartDay)
@@ -36,6 +33,8 @@ std::array<QString, 7> weekDayHeads(int weekStartDay)
     return heads;
 }
 
+=======
+>>>>>>> bf76637 (The calendar shows a month with its rows, its picture and its list, and the year)
 namespace {
 
 constexpr PickerTarget targets[] = {

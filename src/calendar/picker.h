@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/basic/value.h"
+#include "calendar/month.h"
 
 #include <QString>
-#include <array>
 #include <optional>
 
 class QRect;
@@ -37,21 +36,5 @@ struct PickerTarget {
     QStringView box;            // objectName of the date box, "" = the box that the picker was opened on
 };
 const PickerTarget *pickerTarget(const QString &code);      // nullptr: no such code
-
-inline constexpr int monthCellCount = 42;
-
-// The month as 42 day cells from the week's first day; what the picker draws.
-struct MonthCells {
-    int year = 0, month = 0;
-    int firstCell = 0;          // index of day 1
-    int days = 0;
-};
-MonthCells monthCells(int year, int month, int weekStartDay);
-// The same day so many months away, or the last day of a shorter month.
-basic::DateTime monthsAway(basic::DateTime date, int months);
-// "November 2026"
-QString monthTitle(int year, int month);
-// The week day heads from the week's first day: "Sun" ...
-std::array<QString, 7> weekDayHeads(int weekStartDay);
 
 }

@@ -1,1 +1,7 @@
-list(APPEND VOREL_ROUTINES calendar/picker.cpp)
+list(APPEND VOREL_ROUTINES
+  calendar/month.cpp
+  calendar/monthlist.cpp
+  calendar/monthpage.cpp
+  calendar/monthpicture.cpp
+  calendar/monthrows.cpp
+  calendar/picker.cpp)

@@ -1,1 +1,7 @@
-list(APPEND VOREL_SCREENS calendar/frmCalendarDrop.cpp calendar/frmCalendarDropCell.cpp)
+list(APPEND VOREL_SCREENS
+  calendar/frmCalendar.cpp
+  calendar/frmCalendarDay.cpp
+  calendar/frmCalendarDrop.cpp
+  calendar/frmCalendarDropCell.cpp
+  calendar/frmCalendarLayout.cpp
+  calendar/frmCalendarSmallMonth.cpp)

@@ -1,13 +1,11 @@
 #include "records/viewpage.h"
 
 #include "media/pictures.h"
-#include "platform/basic/error.h"
 #include "platform/basic/files.h"
 #include "platform/basic/text.h"
-#include "platform/desktop/desktop.h"
+#include "session/webpage.h"
 
 #include <QDir>
-#include <QFile>
 #include <QRegularExpression>
 #include <QUrl>
 #include <cmath>
@@ -28,24 +26,6 @@ p { margin: 0; white-space: pre-wrap; overflow-wrap: anywhere; }
 img { border: 0; float: right; max-width: 50%; height: auto; margin: 0 0 1em 1em; }
 )"_s;
 
-QString inProgramFolder(const QString &name)
-{
-    const QString plain = name.startsWith(u'\\') || name.startsWith(u'/') ? name.mid(1) : name;
-    return basic::realPath(basic::programFolder() + u'/' + plain);
-}
-
-// What HTML cannot hold is left out.
-QString escaped(const QString &text)
-{
-    QString kept;
-    kept.reserve(text.size());
-    for (const QChar c : text) {
-        if (c.category() != QChar::Other_Control || c == u'\t')
-            kept += c;
-    }
-    return kept.toHtmlEscaped();
-}
-
 // A picture within the program itself can be read by no browser.
 bool hasPicture(const QString &path)
 {
@@ -53,7 +33,7 @@ bool hasPicture(const QString &path)
         return false;
     const QString clean = QDir::cleanPath(basic::realPath(path));
     for (const QString &plain : {u"DefaultS.jpg"_s, u"DefaultL.jpg"_s}) {
-        if (clean.compare(QDir::cleanPath(inProgramFolder(plain)), Qt::CaseInsensitive) == 0)
+        if (clean.compare(QDir::cleanPath(pagePath(plain)), Qt::CaseInsensitive) == 0)
             return false;
     }
     return true;
@@ -78,10 +58,10 @@ QString blockElements(const ViewBlock &block)
     QStringList lines = block.text.split(lineEnd);
     while (!lines.isEmpty() && lines.last().isEmpty())
         lines.removeLast();
-    QString html = u"<h2>"_s + escaped(block.label) + u"</h2>\n"_s;
+    QString html = u"<h2>"_s + escapedForPage(block.label) + u"</h2>\n"_s;
     const QString dash = block.dashed ? u" - "_s : QString();
     for (const QString &line : std::as_const(lines))
-        html += u"<p>"_s + dash + (line.isEmpty() ? u"&nbsp;"_s : escaped(line)) + u"</p>\n"_s;
+        html += u"<p>"_s + dash + (line.isEmpty() ? u"&nbsp;"_s : escapedForPage(line)) + u"</p>\n"_s;
     return html;
 }
 
@@ -95,34 +75,16 @@ QString titleOf(const ViewPage &page)
     return page.heading;
 }
 
-void writePage(const QString &path, const QByteArray &html)
-{
-    QFile file(path);
-    const auto fail = [&] {
-        const QString reason = file.errorString();
-        throw basic::Error(75, u"The page "_s + QDir::toNativeSeparators(path) + u" cannot be written: "_s + reason);
-    };
-    if ((file.exists() || QFileInfo(path).isSymLink()) && !file.remove())
-        fail();
-    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly))
-        fail();
-    if (file.write(html) == html.size() && file.flush())
-        return;
-    file.close();       // half a page is worse than none
-    QFile::remove(path);
-    fail();
-}
-
 }
 
 QString viewPageText(const ViewPage &page)
 {
     QString html = u"<!DOCTYPE html>\n<html>\n<head>\n<meta charset=\"utf-8\">\n"
                    "<meta name=\"color-scheme\" content=\"light dark\">\n<title>"_s;
-    html += escaped(titleOf(page)) + u"</title>\n<style>\n"_s + pageStyle + u"</style>\n</head>\n<body>\n"_s;
+    html += escapedForPage(titleOf(page)) + u"</title>\n<style>\n"_s + pageStyle + u"</style>\n</head>\n<body>\n"_s;
     if (hasPicture(page.picture))
         html += pictureElement(page);
-    html += u"<h1>"_s + escaped(page.heading) + u"</h1>\n"_s;
+    html += u"<h1>"_s + escapedForPage(page.heading) + u"</h1>\n"_s;
     for (const ViewBlock &block : page.blocks)
         html += blockElements(block);
     return html + u"</body>\n</html>\n"_s;
@@ -130,13 +92,9 @@ QString viewPageText(const ViewPage &page)
 
 void showViewPage(const ViewPage &page)
 {
-    const QString path = inProgramFolder(page.file);
-    writePage(path, viewPageText(page).toUtf8());
-    // As an address: on a disk where every file may be run, the page would be started as a program.
-    const QString file = pictureFile(page.picture);
-    const QString address = QUrl::fromLocalFile(QFileInfo(path).absoluteFilePath()).toString(QUrl::FullyEncoded);
-    if (!desktop::ShellExecute(address))
-        throw basic::Error(53, u"No program on this desktop opens the page "_s + QDir::toNativeSeparators(path));
+    const QString path = pagePath(page.file);
+    writePage(path, viewPageText(page));
+    openPage(path);
 }
 
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include "platform/basic/value.h"
+
 #include <QString>
+#include <optional>
 
 namespace vorel {
 
@@ -9,6 +12,7 @@ namespace vorel {
 struct RecordCall {
     QString section;            // code
     qint32 id = 0;              // 0: a new row
+    std::optional<basic::DateTime> day{};   // of a new row that is for a day of its own
 };
 
 struct RecordOutcome {

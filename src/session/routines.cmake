@@ -36,4 +36,5 @@ list(APPEND VOREL_ROUTINES
   session/sections/todo.cpp
   session/sections/vehicle.cpp
   session/shared.cpp
-  session/state.cpp)
+  session/state.cpp
+  session/webpage.cpp)

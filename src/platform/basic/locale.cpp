@@ -122,6 +122,7 @@ bool usesLetter(const QString &name)
 Regional assemble(const QString &time, const QString &numeric, const QString &monetary, const QString &paper)
 {
     Regional settings;
+    settings.language = time;
     setDates(settings, time);
     setNumbers(settings, numeric);
     setMoney(settings, monetary);

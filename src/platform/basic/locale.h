@@ -11,6 +11,7 @@ namespace vorel::basic {
 enum class DateOrder { MonthFirst, DayFirst, YearFirst };
 
 struct Regional {
+    QString language = QStringLiteral("en_US");          // of LC_TIME, for names on paper; those of Format are English
     DateOrder order = DateOrder::MonthFirst;
     QString shortDate = QStringLiteral("M/d/yyyy");     // pattern for Format
     QString longDate = QStringLiteral("dddd, mmmm dd, yyyy");
