@@ -324,9 +324,10 @@ void frmCalendar::openDay(const DayEntry *entry)
         return;
     }
     const CalendarDay *cell = pickedCell();
-    if (cell->entries().empty())
-        openNew(DayKind::Appointment);
-    else if (cell->entries().size() == 1)
+    if (cell->entries().empty()) {
+        if (basic::askYesNo(u"Create a New Blank Record?"_s))       // a slip of the mouse leaves no row behind
+            openNew(DayKind::Appointment);
+    } else if (cell->entries().size() == 1)
         openRow(DayEntry(cell->entries().front()));
     else
         showDayMenu(cell->mapToGlobal(cell->rect().center()));
@@ -336,14 +337,12 @@ void frmCalendar::openRow(const DayEntry &entry)
 {
     if (m_calls.open)
         m_calls.open({codeOf(entry.kind), entry.id, {}}, this);
-    reload();
 }
 
 void frmCalendar::openNew(DayKind kind)
 {
     if (m_calls.open)
         m_calls.open({codeOf(kind), 0, m_date}, this);
-    reload();
 }
 
 void frmCalendar::fillDayMenu(QMenu &menu)

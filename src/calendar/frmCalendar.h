@@ -24,12 +24,6 @@ class RichTextBox;
 class CalendarDay;
 class SmallMonth;
 
-// What the printed calendar has beside the month itself.
-struct CalendarPaper {
-    ListKinds blocks{};
-    bool yearStrip = true;
-};
-
 // What the calendar asks of the rooms above it.
 struct CalendarCalls {
     std::function<void(const RecordCall &call, QWidget *screen)> open;      // the record screen of a reminder

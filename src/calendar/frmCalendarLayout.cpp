@@ -337,7 +337,10 @@ void frmCalendar::connectHandlers()
         });
     on(m_cboCategory, &QComboBox::activated, handlers(), [this] { reload(); });
     on(m_picture, &controls::PictureBox::Clicked, handlers(), [this] { picImage_Click(); });
-    on(&Changes::instance(), &Changes::changed, handlers(), [this] { reload(); });
+    on(&Changes::instance(), &Changes::changed, handlers(), [this](const QString &table) {
+        if (isOnCalendar(table))
+            reload();
+    });
     m_timer = new QTimer(this);
     m_timer->setSingleShot(true);
     m_timer->setInterval(0);

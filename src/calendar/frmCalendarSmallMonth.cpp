@@ -286,7 +286,10 @@ MonthBox::MonthBox(QWidget *parent) : SmallMonth(parent), m_today(basic::Date())
     setObjectName(u"picMonth"_s);
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Fixed);
     controls::on(this, &SmallMonth::Stepped, this, [this](int months) { step(months); });
-    controls::on(&Changes::instance(), &Changes::changed, this, [this] { reload(); });
+    controls::on(&Changes::instance(), &Changes::changed, this, [this](const QString &table) {
+        if (isOnCalendar(table))
+            reload();
+    });
 }
 
 void MonthBox::reload()

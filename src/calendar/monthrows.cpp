@@ -152,7 +152,9 @@ std::vector<DayEntry> readRows(dao::Database &database, DayKind kind, const QStr
         const basic::Value date = rows.Get(at.date);
         if (!date.isDate())
             continue;
-        DayEntry entry{.kind = kind, .began = date.get<DateTime>().dayOnly()};
+        DayEntry entry;
+        entry.kind = kind;
+        entry.began = date.get<DateTime>().dayOnly();
         entry.id = static_cast<qint32>(basic::Val(rows.Get(at.id).text()));
         entry.day = returnDay(entry.began, span);
         entry.text = at.textOf(at.text);
@@ -229,6 +231,11 @@ std::vector<ToDoTask> readToDo(dao::Database &database)
     for (; !rows.EOF_(); rows.MoveNext())
         tasks.push_back({shownApostrophes(rows.Get(0).text()).trimmed(), rows.Get(1).text().trimmed()});
     return tasks;
+}
+
+bool isOnCalendar(const QString &table)
+{
+    return QStringList{u"APPOINTMENTS"_s, u"BILLS"_s, u"EVENTS"_s, u"TODO"_s}.contains(table);
 }
 
 QStringList GetEventCategories(dao::Database &database)

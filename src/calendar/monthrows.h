@@ -65,6 +65,8 @@ struct ToDoTask {
 };
 std::vector<ToDoTask> readToDo(dao::Database &database);
 
+bool isOnCalendar(const QString &table);        // its rows stand on days or in the list
+
 // The categories that can be chosen: "ALL" and the subjects.
 QStringList GetEventCategories(dao::Database &database);
 

@@ -4,37 +4,6 @@
 
 namespace vorel {
 
-<<<<<<< HEAD
-using basic::DateTime;
-
-MonthCells monthCells(int year, int month, int weekStartDay)
-{
-    const int start = std::clamp(weekStartDay, 1, 7);
-    const DateTime first = basic::DateSerial(year, month, 1);
-    return {year, month, basic::Weekday(first, start) - 1, first.date().daysInMonth()};
-}
-
-DateTime monthsAway(DateTime date, int months)
-{
-    return basic::tryDateAdd(u"m", months, date).value_or(date);      // the calendar's ends hold
-}
-
-QString monthTitle(int year, int month)
-{
-    return basic::Format(basic::DateSerial(year, month, 1), u"mmmm yyyy");
-}
-
-std::array<QString, 7> weekDayHeads(int weekStartDay)
-{
-    const int start = std::clamp(weekStartDay, 1, 7);
-    std::array<QString, 7> heads;
-    for (int i = 0; i < 7; ++i)       // 4 January 1970 was a Sunday
-        heads[static_cast<std::size_t>(i)] = basic::Format(basic::DateSerial(1970, 1, 4 + (start - 1 + i) % 7), u"ddd");
-    return heads;
-}
-
-=======
->>>>>>> bf76637 (The calendar shows a month with its rows, its picture and its list, and the year)
 namespace {
 
 constexpr PickerTarget targets[] = {

@@ -11,6 +11,7 @@ namespace controls {
 class Grid;
 }
 struct CaddyControls;
+struct CalendarCalls;
 
 // The main screen: shows one section at a time, everything else opens from here and comes back here. Its rooms are
 // frmCaddy*.h: sections, periods, painting, search, menus, editing, the strip.
@@ -41,6 +42,8 @@ public:
     void saveTyped();
     // Sorts the section on show, by a column that is asked for where none was clicked.
     void SortData();
+    // The calendar over this screen, modal: CalendarStart.
+    void startCalendar();
 
 signals:
     void Activated();                   // the screen came up for the first time
@@ -58,6 +61,7 @@ private:
     void connectButtons();
     void answerMenus();
     void showInfoCard();
+    CalendarCalls calendarCalls();
     void loadSettings();
     void openData();
     void showStart();

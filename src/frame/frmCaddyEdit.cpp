@@ -53,20 +53,26 @@ CaddyEdit::CaddyEdit(CaddyControls &c, MainScreen &screen, QWidget *window)
 void CaddyEdit::editReminder(GridPane &pane)
 {
     if (m_screen.writeRows())
-        openReminder(pane, selectedId(pane.grid));
+        openReminder(pane, {pane.code, selectedId(pane.grid), {}}, m_window);
 }
 
 void CaddyEdit::EditRow(GridPane &pane, qint32 id)
 {
     if (m_screen.writeRows())
-        openReminder(pane, id);
+        openReminder(pane, {pane.code, id, {}}, m_window);
 }
 
-void CaddyEdit::openReminder(GridPane &pane, qint32 id)
+void CaddyEdit::openCall(const RecordCall &call, QWidget *over)
 {
-    pane.lastId = id;
+    if (GridPane *pane = m_c.reminder(call.section); pane && hasFile() && m_screen.writeRows())
+        openReminder(*pane, call, over);
+}
+
+void CaddyEdit::openReminder(GridPane &pane, const RecordCall &call, QWidget *over)
+{
+    pane.lastId = call.id;
     stopTimers();
-    basic::Trap([&] { pane.lastId = showReminder(pane, id).lastId; });
+    basic::Trap([&] { pane.lastId = showReminder(pane, call, over).lastId; });
     startTimers();
     showLast(pane);
 }
@@ -79,17 +85,17 @@ void CaddyEdit::showLast(GridPane &pane)
 }
 
 // A row that the period on show does not hold is opened among all rows.
-RecordOutcome CaddyEdit::showReminder(const GridPane &pane, qint32 id)
+RecordOutcome CaddyEdit::showReminder(const GridPane &pane, const RecordCall &call, QWidget *over)
 {
-    frmRecord record(pane.code, m_window);
+    frmRecord record(pane.code, over);
     controls::DataControl &rows = record.dtaData();
-    if (id == 0) {
+    if (call.id == 0) {
         rows.setRecordSource(pane.newRowSource);
-        record.AddNewRecord({});
+        record.AddNewRecord({}, call.day);
     } else {
         rows.setRecordSource(state().period.*pane.sql);
         rows.Refresh();
-        const QString criteria = u"ID = %1"_s.arg(id);
+        const QString criteria = u"ID = %1"_s.arg(call.id);
         if (!rows.FindFirst(criteria)) {
             rows.setRecordSource(pane.newRowSource);
             rows.Refresh();
@@ -159,7 +165,7 @@ void CaddyEdit::NewRecord()
         return;
     GridPane *reminder = currentReminder();
     if (reminder && !reminder->grid->isHidden()) {
-        openReminder(*reminder, 0);
+        openReminder(*reminder, {reminder->code, 0, {}}, m_window);
         m_c.txtSearch->clear();
         return;
     }

@@ -16,6 +16,7 @@ public:
     void EditBill() { editReminder(m_c.bills()); }
     void EditEvent() { editReminder(m_c.events()); }
     void EditRow(GridPane &pane, qint32 id);     // whatever row is selected, whatever the period on show
+    void openCall(const RecordCall &call, QWidget *over);       // of a reminder, for another screen
     void ShowEdit();
     void NewRecord();
     void panNew_Click();
@@ -31,9 +32,9 @@ signals:
 
 private:
     void editReminder(GridPane &pane);
-    void openReminder(GridPane &pane, qint32 id);
+    void openReminder(GridPane &pane, const RecordCall &call, QWidget *over);
     void showLast(GridPane &pane);
-    RecordOutcome showReminder(const GridPane &pane, qint32 id);
+    RecordOutcome showReminder(const GridPane &pane, const RecordCall &call, QWidget *over);
     bool hasFile() const;
     void openSubject(qint32 id);
     GridPane *currentReminder() const;

@@ -1,3 +1,4 @@
+#include "calendar/frmCalendar.h"
 #include "contacts/frmInfoCard.h"
 #include "contacts/frmLabels.h"
 #include "contacts/frmPrintAddressBook.h"
@@ -11,6 +12,7 @@
 #include "platform/basic/prompts.h"
 #include "platform/controls/form.h"
 #include "platform/desktop/desktop.h"
+#include "print/monthcalendar.h"
 #include "session/changes.h"
 #include "utilities/frmCalculator.h"
 #include "utilities/frmInformation.h"
@@ -112,6 +114,19 @@ void frmCaddy::connectButtons()
     });
 }
 
+CalendarCalls frmCaddy::calendarCalls()
+{
+    return {[this](const RecordCall &call, QWidget *screen) { d->edit.openCall(call, screen); },
+            [](int year, int month, const CalendarPaper &paper) { PrintMonthCalendar(month, year, paper); }};
+}
+
+void frmCaddy::startCalendar()
+{
+    DisableButtons(false);
+    basic::Trap([this] { showCalendarModal(calendarCalls(), this); });
+    DisableButtons(true);
+}
+
 void frmCaddy::answerMenus()
 {
     CaddyMenus &menus = d->menus;
@@ -136,6 +151,7 @@ void frmCaddy::answerMenus()
     menus.answer(u"mnuPrintAddressBook"_s, [this] { frmPrintAddressBook(this).ShowModal(); });
     menus.answer(u"mnuInfoCard"_s, [this] { showInfoCard(); });
     d->sections.answer(u"Calculator"_s, [this] { showCalculator(this); });
+    d->sections.answer(u"Calendar"_s, [this] { showCalendar(calendarCalls(), this); });
     d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
 }
 

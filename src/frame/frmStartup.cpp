@@ -105,7 +105,8 @@ void Startup::LoadVorel()
     m_caddy->show();
     m_caddy->activateWindow();      // the splash had the keyboard
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
-    // With CalendarStart the month screen opens here over the main screen, once there is one.
+    if (iniBoolean(GetIniValue(iniSettings, u"CalendarStart"_s, u"False"_s)))
+        m_caddy->startCalendar();
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 

@@ -12,4 +12,6 @@ list(APPEND VOREL_ROUTINES
   print/labels.cpp
   print/envelope.cpp
   print/addressbook.cpp
+  print/monthcalendar.cpp
+  print/yearcalendar.cpp
   print/lists.cpp)

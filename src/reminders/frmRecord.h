@@ -21,8 +21,9 @@ public:
     explicit frmRecord(const QString &section, QWidget *parent = nullptr);
 
     RecordOutcome outcome() const { return m_outcome; }
-    // A blank row dated today, or with a source ID a copy of that row, after its question. Refreshes the rows first.
-    void AddNewRecord(const QString &sourceID);
+    // A blank row of the day, today unless given, or with a source ID a copy of that row, after its question. Refreshes the
+    // rows first.
+    void AddNewRecord(const QString &sourceID, const std::optional<basic::DateTime> &day = {});
 
     void AllowInput();
     void FormatDates();

@@ -10,7 +10,7 @@ namespace vorel {
 
 using namespace Qt::StringLiterals;
 
-void frmRecord::AddNewRecord(const QString &sourceID)
+void frmRecord::AddNewRecord(const QString &sourceID, const std::optional<basic::DateTime> &day)
 {
     const bool copy = !sourceID.trimmed().isEmpty();
     if (copy && !basic::askYesNo(u"Create a Duplicate Record?"_s))
@@ -22,7 +22,7 @@ void frmRecord::AddNewRecord(const QString &sourceID)
     dtaData().Refresh();
     if (!dtaData().Recordset())
         return;
-    if (const auto added = reminders::addRow(dtaData().Recordset(), m_design, sourceID))
+    if (const auto added = reminders::addRow(dtaData().Recordset(), m_design, sourceID, day))
         dtaData().setBookmark(*added);
     AllowInput();
 }

@@ -42,13 +42,13 @@ void copyRow(const dao::Recordset &source, dao::Recordset &rows)
     }
 }
 
-void fillRow(dao::Recordset &rows, const ReminderDesign &design, const dao::Recordset &source)
+void fillRow(dao::Recordset &rows, const ReminderDesign &design, const dao::Recordset &source, DateTime day)
 {
     rows.Set(u"UsersName", state().settings.gUserName);
     if (source)
         copyRow(source, rows);
     else
-        rows.Set(u"DATE", basic::Date());
+        rows.Set(u"DATE", day);
     if (design.kind != ReminderKind::Appointment)
         return;
     if (!source)
@@ -105,7 +105,8 @@ void deleteRow(dao::Database &file, const ReminderDesign &design, qint32 id, boo
     all.Commit();
 }
 
-std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID)
+std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID,
+                                    const std::optional<DateTime> &day)
 {
     dao::Database file;
     dao::Recordset source;
@@ -117,7 +118,7 @@ std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &
             return std::nullopt;
     }
     dao::NewRow row(rows);
-    fillRow(rows, design, source);
+    fillRow(rows, design, source, day.value_or(basic::Date()));
     row.save();
     return rows.LastModified();
 }

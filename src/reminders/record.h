@@ -23,9 +23,10 @@ struct ReminderDesign {
 };
 const ReminderDesign &reminderDesign(const QString &recordCode);      // an unknown code is served as an appointment
 
-// Adds a row to the recordset: blank, dated today, or with a source number a copy of that row (but for ID and DATE).
+// Adds a row to the recordset: blank, of the day or of today, or with a source number a copy of that row (but for ID and DATE).
 // Returns the new row. nullopt: there is no such source row. Engine errors leave no row behind.
-std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID);
+std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &design, const QString &sourceID,
+                                    const std::optional<basic::DateTime> &day = {});
 
 // The rows of the same text on other dates, which the record screen takes for the row's series; 0 for an event, and for a
 // text that cannot be looked for.

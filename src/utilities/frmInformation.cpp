@@ -131,7 +131,7 @@ void installScreenHelp()
 {
     controls::Form::setHelp([](const QString &screen) {
         static const std::map<QString, QStringView> pages{
-            {u"frmCalculator"_s, infoCalculator}, {u"frmMessage"_s, u"M"}, {u"frmDataPath"_s, infoFilePath},
+            {u"frmCalculator"_s, infoCalculator}, {u"frmCalendar"_s, infoCalendar}, {u"frmMessage"_s, u"M"}, {u"frmDataPath"_s, infoFilePath},
             {u"frmInfoCard"_s, u"P"}, {u"frmLabels"_s, u"P"}, {u"frmPrintAddressBook"_s, u"P"}};
         if (screen == u"frmInformation")
             return;                         // help is on show

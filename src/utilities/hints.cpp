@@ -41,7 +41,7 @@ const std::vector<Feature> &features()
 {
     // Each becomes true with the screens of its section.
     static const std::vector<Feature> table{
-        {u"setup", false, u"Setup"}, {u"calendar", false}, {u"contacts", true}, {u"recipes", false}, {u"exchange", false, u"Export/Import"},
+        {u"setup", false, u"Setup"}, {u"calendar", true}, {u"contacts", true}, {u"recipes", false}, {u"exchange", false, u"Export/Import"},
         {u"vehicle", false}, {u"accounts", false}, {u"backup", false, u"File Backup"}, {u"admin", false},   {u"profile", false},
         {u"notes", false},   {u"health", false},   {u"sport", false},    {u"howto", false},   {u"garden", false}};
     return table;

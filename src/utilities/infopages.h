@@ -7,7 +7,7 @@ namespace vorel {
 
 // What has a page but no section code of its own.
 inline constexpr QStringView infoAll = u"All", infoPayBill = u"PAYBILL", infoAccountsSetup = u"ACCOUNTSSETUP",
-                             infoInvoice = u"INVOICE", infoFilePath = u"FILEPATH", infoCalculator = u"CALCULATOR";
+                             infoInvoice = u"INVOICE", infoFilePath = u"FILEPATH", infoCalculator = u"CALCULATOR", infoCalendar = u"CALENDAR";
 
 // The page's resource name, e.g. "\INFOBOOKS.RTF", for the code or the name of a section, or one of the above. What has
 // no page of its own gives the general one.
