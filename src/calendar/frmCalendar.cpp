@@ -376,10 +376,10 @@ void frmCalendar::keyPressEvent(QKeyEvent *event)
     const bool control = event->modifiers() & Qt::ControlModifier;
     const int months = control ? 12 : 1, way = layoutDirection() == Qt::RightToLeft ? -1 : 1;
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (isEnter && focusWidget() == m_txtDate)
-        return basic::Trap([this] { cmdFind_Click(); });
-    if (isEnter && cell)
-        return basic::Trap([this] { openDay(nullptr); });
+    if (isEnter && (cell || focusWidget() == m_txtDate)) {
+        basic::Trap([this, cell] { cell ? openDay(nullptr) : cmdFind_Click(); });
+        return;
+    }
     if (cell) {
         switch (event->key()) {
         case Qt::Key_Left: return selectDate(daysAway(m_date, -way));
@@ -396,13 +396,12 @@ void frmCalendar::keyPressEvent(QKeyEvent *event)
     case Qt::Key_Home: return selectDate(control ? basic::Date() : m_span.first);
     case Qt::Key_End: return selectDate(m_span.last);
     case Qt::Key_T: return selectDate(basic::Date());
-    case Qt::Key_P:
-        if (control)
-            return basic::Trap([this] { PrintWholeCalendar(); });
-        break;
     default: break;
     }
-    Form::keyPressEvent(event);
+    if (control && event->key() == Qt::Key_P)
+        basic::Trap([this] { PrintWholeCalendar(); });
+    else
+        Form::keyPressEvent(event);
 }
 
 void frmCalendar::wheelEvent(QWheelEvent *event)
