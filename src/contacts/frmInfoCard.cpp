@@ -101,6 +101,7 @@ QLayout *frmInfoCard::composeLists()
     lstList->setDefaultDropAction(Qt::MoveAction);
     lstList->setAlternatingRowColors(true);
     lstList->setWordWrap(true);
+    lstList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     lstList->installEventFilter(this);
     m_count->setObjectName(u"lblCount"_s);
     for (QAbstractItemView *list : std::initializer_list<QAbstractItemView *>{lstContacts, lvInfo, lstList})
@@ -208,6 +209,7 @@ void frmInfoCard::cmdAdd_Click()
     }
     auto *entry = new QListWidgetItem(lines.join(u'\n'), lstList);
     entry->setData(entryRole, lines);
+    entry->setToolTip(lines.join(u'\n'));
     lstList->setCurrentItem(entry);
     entriesChanged();
 }

@@ -162,7 +162,7 @@ QWidget *frmPrintAddressBook::composeSettings()
     cboAddressHeadingFontColor = colourList(u"cboAddressHeadingFontColor"_s, m_style.headingFontColour);
     QLayout *fields = layout::Column({layout::Row({font, m_font, layout::Stretch{}}),
                                       layout::Fields({{u"Lines &per page"_s, cboLinesPerPage},
-                                                      {u"&Top margin (mm)"_s, cboTopMargin},
+                                                      {u"Top &margin (mm)"_s, cboTopMargin},
                                                       {u"&Left margin (mm)"_s, cboLeftMargin},
                                                       {u"&Heading colour"_s, cboAddressHeadingColor},
                                                       {u"Heading f&ont colour"_s, cboAddressHeadingFontColor}}),
