@@ -1,7 +1,13 @@
 #include "app/caddyscreen.h"
+#include "contacts/frmContacts.h"
+#include "contacts/frmInfoCard.h"
 #include "frame/menus.h"
 #include "platform/printer/printer.h"
 #include "print/printfixture.h"
+#include "session/datafiles.h"
+#include "support/screens.h"
+
+#include <QListView>
 
 namespace vorel {
 
@@ -47,6 +53,32 @@ TEST_F(PrintMenu, EntryAndKeyPrintTheSectionOnShow)
         EXPECT_EQ(captions, (QStringList{one.caption, one.caption}));
     }
     test::FakePreview::whileOpen = {};
+}
+
+TEST_F(PrintMenu, ContactScreensOpen)
+{
+    start();
+    openDataFile(DataFile::Contacts).Execute(u"INSERT INTO [CONTACTS] ([SORTNAME],[LASTNAME],[PRIVATE],[INVISIBLE]) VALUES ('ADAMS','ADAMS',True,False)"_s);
+    openDataFile(DataFile::Contacts).Execute(u"INSERT INTO [CONTACTS] ([SORTNAME],[LASTNAME],[PRIVATE],[INVISIBLE]) VALUES ('O`BRIEN','O`BRIEN',True,False)"_s);
+    const struct { QString entry, screen, title; } cases[] = {
+        {u"mnuPrintLabels"_s, u"frmLabels"_s, u"Label Printing"_s}, {u"mnuPrintEnvelopes"_s, u"frmLabels"_s, u"Envelope Printing"_s},
+        {u"mnuPrintAddressBook"_s, u"frmPrintAddressBook"_s, u"Address Book Printing"_s},
+        {u"mnuInfoCard"_s, u"frmInfoCard"_s, u" Address and Phone Card"_s}};
+    for (const auto &one : cases) {
+        test::inModal<controls::Form>([&] { menu(one.entry)->trigger(); }, [&](controls::Form &form) {
+            EXPECT_EQ(form.objectName(), one.screen);
+            EXPECT_EQ(form.windowTitle(), one.title);
+        });
+    }
+    QString shown;
+    test::inModal<frmInfoCard>([&] { menu(u"mnuInfoCard"_s)->trigger(); }, [&](frmInfoCard &form) {
+        auto *names = test::control<QListView>(form, u"lstContacts"_s);
+        names->setCurrentIndex(names->model()->match(names->model()->index(0, 0), Qt::DisplayRole, u"O`BRIEN"_s).value(0));
+        test::inModal<frmContacts>([&] { test::click(form, u"cmdContact"_s); }, [&](frmContacts &contact) {
+            shown = contact.dtaData().Recordset().Get(u"SORTNAME").text();
+        });
+    });
+    EXPECT_EQ(shown, u"O`BRIEN"_s);
 }
 
 }
