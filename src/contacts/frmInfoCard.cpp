@@ -50,8 +50,8 @@ const QString cardNote = QStringLiteral(
     "<p>This feature prints a purse, wallet or pocket size list of the people whom you want to reach wherever you are.</p>"
     "<ol><li>Choose a contact at the left.</li>"
     "<li>Tick the items that the card should have. The next contact starts with the same ticks.</li>"
-    "<li>Add puts the name and these items on the card. It holds up to 20 entries; drag them into the order that you like. A double "
-    "click or Del removes one.</li>"
+    "<li>Add puts the name and these items on the card. It holds up to 20 entries; drag them into the order that you like, or "
+    "move one by Ctrl and the arrow keys. A double click or Del removes one.</li>"
     "<li>Print sends the card to the printer. Cut along the lines, fold it, and have it laminated.</li></ol></html>");
 
 }
@@ -220,6 +220,15 @@ void frmInfoCard::removeEntry()
     entriesChanged();
 }
 
+void frmInfoCard::moveEntry(int step)
+{
+    const int from = lstList->currentRow(), to = from + step;
+    if (from < 0 || to < 0 || to >= lstList->count())
+        return;
+    lstList->insertItem(to, lstList->takeItem(from));
+    lstList->setCurrentRow(to);
+}
+
 void frmInfoCard::entriesChanged()
 {
     m_count->setText(u"%1 of %2 entries"_s.arg(lstList->count()).arg(mostCardEntries));
@@ -230,11 +239,17 @@ void frmInfoCard::entriesChanged()
 
 bool frmInfoCard::eventFilter(QObject *watched, QEvent *event)
 {
-    if (watched == lstList && event->type() == QEvent::KeyPress && static_cast<QKeyEvent *>(event)->key() == Qt::Key_Delete) {
+    if (watched != lstList || event->type() != QEvent::KeyPress)
+        return Form::eventFilter(watched, event);
+    const auto *key = static_cast<QKeyEvent *>(event);
+    const bool isMove = key->modifiers() == Qt::ControlModifier && (key->key() == Qt::Key_Up || key->key() == Qt::Key_Down);
+    if (key->key() == Qt::Key_Delete)
         removeEntry();
-        return true;
-    }
-    return Form::eventFilter(watched, event);
+    else if (isMove)
+        moveEntry(key->key() == Qt::Key_Up ? -1 : 1);
+    else
+        return Form::eventFilter(watched, event);
+    return true;
 }
 
 void frmInfoCard::cmdPrint_Click()

@@ -34,6 +34,7 @@ private:
     void cmdContact_Click();
     void cmdInfo_Click();
     void removeEntry();
+    void moveEntry(int step);
     void entriesChanged();
 
     std::function<void(qint32 id)> m_open;

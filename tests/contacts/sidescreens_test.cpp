@@ -118,6 +118,11 @@ TEST_F(SideScreens, CardHoldsTwentyEntries)
         click(*screen, u"cmdAdd"_s);
     auto *list = control<QListWidget>(*screen, u"lstList"_s);
     EXPECT_EQ(list->item(0)->text(), u"ADAMS, Ann\nBIRTHDAY: 24/12/1950\nHOME: 9555 1"_s);
+    list->setCurrentRow(0);
+    QTest::keyClick(list, Qt::Key_Down, Qt::ControlModifier);
+    EXPECT_TRUE(list->item(1)->text().startsWith(u"ADAMS"_s)) << "an entry moves within the card";
+    EXPECT_EQ(list->currentRow(), 1);
+    list->setCurrentRow(19);
     m_prompts.expect(u"You have reached the maximum of 20 entries"_s);
     click(*screen, u"cmdAdd"_s);
     EXPECT_EQ(list->count(), 20);
