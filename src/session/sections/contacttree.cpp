@@ -17,7 +17,9 @@ namespace {
 // What the engine takes for one text has one key: case and trailing blanks do not count.
 QString keyOf(const QString &text)
 {
-    return basic::RTrim(text).normalized(QString::NormalizationForm_D).toCaseFolded();
+    const bool isPlain = std::all_of(text.begin(), text.end(), [](QChar c) { return c.unicode() < 0x80; });
+    const QString key = basic::RTrim(text);
+    return (isPlain ? key : key.normalized(QString::NormalizationForm_D)).toCaseFolded();
 }
 
 bool isSet(const dao::Value &value)
@@ -55,21 +57,18 @@ public:
             u"SELECT [ID],["_s + wish.name + u"],[PRIVATE],[NEWIMPORT],[COMPANYNAME] FROM [Contacts] WHERE "_s + wish.where
             + u"[INVISIBLE]=False ORDER BY ["_s + wish.name + u"];"_s);
         std::array<TreeNode, letterCount> groups;
-        std::array<QString, letterCount> before;
         for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
             const QString name = rows.cell(row, 1).text();
-            const int letter = letterOf(wish.trims ? basic::LTrim(name) : name);
+            const int letter = letterOf(name, wish.trims);
             const dao::Value id = rows.cell(row, 0);
             if (letter < 0 || id.isNull())
                 continue;
-            const auto at = static_cast<std::size_t>(letter);
-            if (QString capitals = name.toUpper(); groups[at].children.empty() || capitals != before[at]) {
-                TreeNode leaf{basic::CLng(id), name, isSet(rows.cell(row, 3)), {}};
-                if (!below.isEmpty() && !isSet(rows.cell(row, 2)))
-                    leaf.children = below.value(keyOf(rows.cell(row, 4).text()));
-                groups[at].children.push_back(std::move(leaf));
-                before[at] = std::move(capitals);
-            }
+            std::vector<TreeNode> &leaves = groups[static_cast<std::size_t>(letter)].children;
+            if (!leaves.empty() && leaves.back().text.compare(name, Qt::CaseInsensitive) == 0)
+                continue;
+            leaves.push_back({basic::CLng(id), name, isSet(rows.cell(row, 3)), {}});
+            if (!below.isEmpty() && !isSet(rows.cell(row, 2)))
+                leaves.back().children = below.value(keyOf(rows.cell(row, 4).text()));
         }
         for (std::size_t at = 0; at < groups.size(); ++at) {
             groups[at].text = QChar(static_cast<char16_t>(u'A' + at));
@@ -80,19 +79,23 @@ public:
 
     void byCategory(std::vector<TreeNode> &nodes)
     {
+        QHash<QString, std::size_t> places;
+        const dao::Recordset values = m_database.CreateSnapshot(
+            u"SELECT distinct(CATEGORY) FROM [CONTACTS] WHERE [INVISIBLE]=False ORDER BY [CATEGORY];"_s);
+        for (qsizetype row = 0; row < values.rowTotal(); ++row) {
+            const QString category = values.cell(row, 0).text();
+            if (const QString key = keyOf(category); !places.contains(key)) {       // none and an empty one are the same group
+                places.insert(key, nodes.size());
+                nodes.push_back({0, shownApostrophes(category)});
+            }
+        }
         const dao::Recordset rows = m_database.OpenRecordset(
-            u"SELECT [ID],[SORTNAME],[NEWIMPORT],[CATEGORY] FROM [Contacts] WHERE [INVISIBLE]=False ORDER BY [CATEGORY],[SORTNAME];"_s);
-        QString before;
+            u"SELECT [ID],[SORTNAME],[NEWIMPORT],[CATEGORY] FROM [Contacts] WHERE [INVISIBLE]=False ORDER BY [SORTNAME];"_s);
         for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
             const dao::Value id = rows.cell(row, 0);
-            if (id.isNull())
-                continue;
-            const QString category = rows.cell(row, 3).text();
-            if (QString key = keyOf(category); nodes.empty() || key != before) {
-                nodes.push_back({0, shownApostrophes(category)});
-                before = std::move(key);
-            }
-            nodes.back().children.push_back({basic::CLng(id), rows.cell(row, 1).text(), isSet(rows.cell(row, 2))});
+            const auto place = places.constFind(keyOf(rows.cell(row, 3).text()));
+            if (!id.isNull() && place != places.constEnd())
+                nodes[*place].children.push_back({basic::CLng(id), rows.cell(row, 1).text(), isSet(rows.cell(row, 2))});
         }
     }
 
@@ -100,11 +103,16 @@ private:
     static constexpr std::size_t letterCount = 26;
 
     // -1 for a name that begins with anything else. An accent makes another letter.
-    static int letterOf(const QString &name)
+    static int letterOf(const QString &name, bool trims)
     {
-        if (name.isEmpty())
+        qsizetype at = 0;
+        while (trims && at < name.size() && name.at(at) == u' ')
+            ++at;
+        if (at == name.size())
             return -1;
-        const QString first = name.left(1).normalized(QString::NormalizationForm_D).toCaseFolded();
+        if (const char16_t c = name.at(at).unicode(); c < 0x80)
+            return c >= u'a' && c <= u'z' ? c - u'a' : c >= u'A' && c <= u'Z' ? c - u'A' : -1;
+        const QString first = name.mid(at, 1).normalized(QString::NormalizationForm_D).toCaseFolded();
         const char16_t c = first.size() == 1 ? first.at(0).unicode() : u'\0';
         return c >= u'a' && c <= u'z' ? c - u'a' : -1;
     }
