@@ -60,7 +60,8 @@ void frmSection::Load()
     dtaData().Refresh();
     if (dtaData().Recordset()) {                        // else the reason has been shown
         FillLists();
-        rebuildTree();
+        if (m_treeButton)
+            showTree(*m_treeButton, true);
     }
     AllowInput();
     CheckOptions();
@@ -156,9 +157,10 @@ void frmSection::rebuildTree()
         showTree(*m_treeButton);
 }
 
-void frmSection::showTree(const records::TreeButton &button)
+void frmSection::showTree(const records::TreeButton &button, bool isJustRead)
 {
-    FillRecordTree(*m_tree, button.read, {state().path(m_design.file), m_design.table, button.field, button.leaf, m_design.names});
+    FillRecordTree(*m_tree, button.read, {state().path(m_design.file), m_design.table, button.field, button.leaf, m_design.names,
+                                          isJustRead ? dtaData().Recordset() : dao::Recordset()});
     selectNode();
 }
 

@@ -66,7 +66,7 @@ protected:
     qint32 currentId() const;                           // 0 without a row
     void placeBesideTrees(QWidget *widget);
     void rebuildTree();                                 // as its button says
-    void showTree(const records::TreeButton &button);   // whatever the buttons show
+    void showTree(const records::TreeButton &button, bool isJustRead = false);   // whatever the buttons show
     ChildGridView *child(const QString &grid) const { return m_children.value(grid); }
     const records::RecordDesign &design() const { return m_design; }
 

@@ -34,6 +34,7 @@ struct TreeRequest {
     QString field;                      // that groups, or orders the leaves of a group
     QString leaf;                       // whose text a leaf shows
     NameCase names = NameCase::Surnames;
+    dao::Recordset shown = {};          // the rows of the screen where they have just been read; else a closed one
 };
 
 // Adds the groups in their order. Where a query fails, what was read until then is there when its error comes out.

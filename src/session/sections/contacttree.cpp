@@ -2,10 +2,12 @@
 
 #include "platform/basic/convert.h"
 #include "platform/basic/text.h"
+#include "platform/dao/jet/collation.h"
 #include "session/datafiles.h"
 #include "session/shared.h"
 
 #include <QHash>
+#include <algorithm>
 #include <array>
 
 namespace vorel::records {
@@ -29,46 +31,32 @@ bool isSet(const dao::Value &value)
 
 using People = QHash<QString, std::vector<TreeNode>>;       // by the key of their company
 
-// The same rows as one query for each letter or category and one for each business, read in their order at once: a query a leaf
-// would pass over the whole table each time.
+// The same rows as one query for each letter or category and one for each business, which would pass over the whole table each time:
+// the order comes from one query, what the leaves show from one passage in the order of the file.
 class Reader {
 public:
-    explicit Reader(const TreeRequest &request) : m_database(openDataFileAt(request.path)), m_reads(m_database) {}
-
-    People people()
-    {
-        People all;
-        const dao::Recordset rows = m_database.OpenRecordset(
-            u"SELECT [COMPANYNAME],[ID],[CONTACT] FROM [Contacts] WHERE [CONTACT]<>'' ORDER BY [CONTACT];"_s);
-        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
-            const dao::Value id = rows.cell(row, 1);
-            if (!id.isNull())           // deleted since the rows were counted
-                all[keyOf(rows.cell(row, 0).text())].push_back({basic::CLng(id), u"-   "_s + rows.cell(row, 2).text()});
-        }
-        return all;
-    }
+    explicit Reader(const TreeRequest &request) : m_database(openDataFileAt(request.path)), m_reads(m_database), m_shown(request.shown) {}
 
     // name: the field that a leaf shows; where: what is wanted of the rows.
     struct Wish { QString name, where; bool trims; bool hasPeople; };
     void byLetter(const Wish &wish, std::vector<TreeNode> &nodes)
     {
+        readRows(wish.name);
+        const bool isShown = wish.where.isEmpty() && m_shown;
+        const dao::Recordset order = isShown ? m_shown : orderOf(wish.where, wish.name);
         const People below = wish.hasPeople ? people() : People();
-        const dao::Recordset rows = m_database.OpenRecordset(
-            u"SELECT [ID],["_s + wish.name + u"],[PRIVATE],[NEWIMPORT],[COMPANYNAME] FROM [Contacts] WHERE "_s + wish.where
-            + u"[INVISIBLE]=False ORDER BY ["_s + wish.name + u"];"_s);
         std::array<TreeNode, letterCount> groups;
-        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
-            const QString name = rows.cell(row, 1).text();
-            const int letter = letterOf(name, wish.trims);
-            const dao::Value id = rows.cell(row, 0);
-            if (letter < 0 || id.isNull())
+        for (qsizetype at = 0; at < order.rowTotal(); ++at) {
+            const Row *row = rowOf(order.bookmarkAt(at));
+            const int letter = row ? letterOf(row->name, wish.trims) : -1;
+            if (letter < 0)
                 continue;
             std::vector<TreeNode> &leaves = groups[static_cast<std::size_t>(letter)].children;
-            if (!leaves.empty() && leaves.back().text.compare(name, Qt::CaseInsensitive) == 0)
+            if (!leaves.empty() && leaves.back().text.compare(row->name, Qt::CaseInsensitive) == 0)
                 continue;
-            leaves.push_back({basic::CLng(id), name, isSet(rows.cell(row, 3)), {}});
-            if (!below.isEmpty() && !isSet(rows.cell(row, 2)))
-                leaves.back().children = below.value(keyOf(rows.cell(row, 4).text()));
+            leaves.push_back({row->id, row->name, row->isNew, {}});
+            if (!below.isEmpty() && !row->isPrivate)
+                leaves.back().children = below.value(keyOf(row->company));
         }
         for (std::size_t at = 0; at < groups.size(); ++at) {
             groups[at].text = QChar(static_cast<char16_t>(u'A' + at));
@@ -89,18 +77,64 @@ public:
                 nodes.push_back({0, shownApostrophes(category)});
             }
         }
-        const dao::Recordset rows = m_database.OpenRecordset(
-            u"SELECT [ID],[SORTNAME],[NEWIMPORT],[CATEGORY] FROM [Contacts] WHERE [INVISIBLE]=False ORDER BY [SORTNAME];"_s);
-        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
-            const dao::Value id = rows.cell(row, 0);
-            const auto place = places.constFind(keyOf(rows.cell(row, 3).text()));
-            if (!id.isNull() && place != places.constEnd())
-                nodes[*place].children.push_back({basic::CLng(id), rows.cell(row, 1).text(), isSet(rows.cell(row, 2))});
+        readRows(u"SORTNAME"_s);
+        const dao::Recordset order = orderOf({}, u"SORTNAME"_s);
+        for (qsizetype at = 0; at < order.rowTotal(); ++at) {
+            const Row *row = rowOf(order.bookmarkAt(at));
+            const auto place = row ? places.constFind(keyOf(row->category)) : places.constEnd();
+            if (place != places.constEnd())
+                nodes[*place].children.push_back({row->id, row->name, row->isNew, {}});
         }
     }
 
 private:
     static constexpr std::size_t letterCount = 26;
+
+    struct Row {
+        qint64 key;
+        qint32 id;
+        bool isPrivate, isNew;
+        QString name, company, contact, category;
+    };
+
+    dao::Recordset orderOf(const QString &where, const QString &name)
+    {
+        return m_database.OpenRecordset(u"SELECT [ID] FROM [Contacts] WHERE "_s + where + u"[INVISIBLE]=False ORDER BY ["_s + name + u"];"_s);
+    }
+
+    void readRows(const QString &name)
+    {
+        const dao::Recordset rows = m_database.OpenRecordset(u"SELECT [ID],["_s + name
+                                                             + u"],[PRIVATE],[NEWIMPORT],[COMPANYNAME],[CONTACT],[CATEGORY] FROM [Contacts];"_s);
+        m_rows.reserve(static_cast<std::size_t>(rows.rowTotal()));
+        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
+            const dao::Value id = rows.cell(row, 0);
+            if (!id.isNull())           // deleted since the rows were counted
+                m_rows.push_back({rows.bookmarkAt(row).key(), basic::CLng(id), isSet(rows.cell(row, 2)), isSet(rows.cell(row, 3)),
+                                  rows.cell(row, 1).text(), rows.cell(row, 4).text(), rows.cell(row, 5).text(), rows.cell(row, 6).text()});
+        }
+        std::sort(m_rows.begin(), m_rows.end(), [](const Row &a, const Row &b) { return a.key < b.key; });
+    }
+
+    const Row *rowOf(dao::Bookmark mark) const
+    {
+        const auto found = std::lower_bound(m_rows.begin(), m_rows.end(), mark.key(), [](const Row &row, qint64 key) { return row.key < key; });
+        return found != m_rows.end() && found->key == mark.key() ? &*found : nullptr;
+    }
+
+    // Whether they are put away or not.
+    People people() const
+    {
+        People all;
+        for (const Row &row : m_rows)
+            if (!basic::RTrim(row.contact).isEmpty())
+                all[keyOf(row.company)].push_back({row.id, u"-   "_s + row.contact});
+        for (std::vector<TreeNode> &company : all)
+            std::stable_sort(company.begin(), company.end(), [](const TreeNode &a, const TreeNode &b) {
+                return dao::jet::compareText(a.text.toStdString(), b.text.toStdString()) < 0;
+            });
+        return all;
+    }
 
     // -1 for a name that begins with anything else. An accent makes another letter.
     static int letterOf(const QString &name, bool trims)
@@ -119,6 +153,8 @@ private:
 
     dao::Database m_database;
     dao::ManyReads m_reads;
+    dao::Recordset m_shown;
+    std::vector<Row> m_rows;            // by their keys
 };
 
 }
