@@ -41,7 +41,11 @@ public:
     struct Wish { QString name, where; bool trims; bool hasPeople; };
     void byLetter(const Wish &wish, std::vector<TreeNode> &nodes)
     {
-        readRows(wish.name);
+        readRows(wish.name, wish.hasPeople ? u",[PRIVATE],[COMPANYNAME],[CONTACT]"_s : QString(), [](Row &row, const auto &cell) {
+            row.isPrivate = isSet(cell(3));
+            row.company = cell(4).text();
+            row.contact = cell(5).text();
+        });
         const bool isShown = wish.where.isEmpty() && m_shown;
         const dao::Recordset order = isShown ? m_shown : orderOf(wish.where, wish.name);
         const People below = wish.hasPeople ? people() : People();
@@ -77,7 +81,7 @@ public:
                 nodes.push_back({0, shownApostrophes(category)});
             }
         }
-        readRows(u"SORTNAME"_s);
+        readRows(u"SORTNAME"_s, u",[CATEGORY]"_s, [](Row &row, const auto &cell) { row.category = cell(3).text(); });
         const dao::Recordset order = orderOf({}, u"SORTNAME"_s);
         for (qsizetype at = 0; at < order.rowTotal(); ++at) {
             const Row *row = rowOf(order.bookmarkAt(at));
@@ -91,10 +95,10 @@ private:
     static constexpr std::size_t letterCount = 26;
 
     struct Row {
-        qint64 key;
-        qint32 id;
-        bool isPrivate, isNew;
-        QString name, company, contact, category;
+        qint64 key = 0;
+        qint32 id = 0;
+        bool isPrivate = false, isNew = false;
+        QString name{}, company{}, contact{}, category{};
     };
 
     dao::Recordset orderOf(const QString &where, const QString &name)
@@ -102,18 +106,23 @@ private:
         return m_database.OpenRecordset(u"SELECT [ID] FROM [Contacts] WHERE "_s + where + u"[INVISIBLE]=False ORDER BY ["_s + name + u"];"_s);
     }
 
-    void readRows(const QString &name)
+    // more: further columns, from the fourth, which `take` puts into the row.
+    template <class Take> void readRows(const QString &name, const QString &more, const Take &take)
     {
-        const dao::Recordset rows = m_database.OpenRecordset(u"SELECT [ID],["_s + name
-                                                             + u"],[PRIVATE],[NEWIMPORT],[COMPANYNAME],[CONTACT],[CATEGORY] FROM [Contacts];"_s);
+        const dao::Recordset rows = m_database.OpenRecordset(u"SELECT [ID],["_s + name + u"],[NEWIMPORT]"_s + more + u" FROM [Contacts];"_s);
         m_rows.reserve(static_cast<std::size_t>(rows.rowTotal()));
-        for (qsizetype row = 0; row < rows.rowTotal(); ++row) {
-            const dao::Value id = rows.cell(row, 0);
-            if (!id.isNull())           // deleted since the rows were counted
-                m_rows.push_back({rows.bookmarkAt(row).key(), basic::CLng(id), isSet(rows.cell(row, 2)), isSet(rows.cell(row, 3)),
-                                  rows.cell(row, 1).text(), rows.cell(row, 4).text(), rows.cell(row, 5).text(), rows.cell(row, 6).text()});
+        for (qsizetype at = 0; at < rows.rowTotal(); ++at) {
+            const auto cell = [&](int column) { return rows.cell(at, column); };
+            const dao::Value id = cell(0);
+            if (id.isNull())            // deleted since the rows were counted
+                continue;
+            Row &row = m_rows.emplace_back(Row{.key = rows.bookmarkAt(at).key(), .id = basic::CLng(id), .isNew = isSet(cell(2)), .name = cell(1).text()});
+            if (!more.isEmpty())
+                take(row, cell);
         }
-        std::sort(m_rows.begin(), m_rows.end(), [](const Row &a, const Row &b) { return a.key < b.key; });
+        const auto byKey = [](const Row &a, const Row &b) { return a.key < b.key; };
+        if (!std::is_sorted(m_rows.begin(), m_rows.end(), byKey))
+            std::sort(m_rows.begin(), m_rows.end(), byKey);
     }
 
     const Row *rowOf(dao::Bookmark mark) const
