@@ -56,7 +56,7 @@ void frmContacts::createOwn()
         copies += addButton(key);
     panel(u"panAddress"_s)->column()->insertLayout(1, layout::Row({copies[0], copies[1], copies[2], layout::Stretch{}}));
     QPushButton *sort = addButton({u"cmdSortPic"_s, u"View &All Pictures..."_s, {}, u" Shows and sorts all pictures "_s});
-    panel(u"picPictures"_s)->column()->insertLayout(1, layout::Row({layout::Stretch{}, sort}));
+    panel(u"picPictures"_s)->column()->addLayout(layout::Row({layout::Stretch{}, sort}));
 
     onClick(u"cmdPostal"_s, [this] { copyAddress(u"Home"_s); });
     onClick(u"cmdBusAsPostal"_s, [this] { copyAddress(u"Business"_s); });

@@ -108,8 +108,8 @@ void addMails(std::vector<Field> &fields)
     for (int i = 1; i <= 4; ++i) {
         const QString of = u"Email%1"_s.arg(i);
         add(fields, u"panEmail"_s, {address(u"txt"_s + of + u"Address"_s, of + u"Address"_s, u"E-mail &%1"_s.arg(i), u"&Write an E-mail"_s)});
-        add(fields, u"panEmail"_s, {{.control = u"txt"_s + of + u"DisplayName"_s, .field = of + u"DisplayName"_s, .label = u"Shown as"_s,
-                                     .spoken = u"E-mail %1 shown as"_s.arg(i)}}, {}, 1);
+        add(fields, u"panEmail"_s, {{.control = u"txt"_s + of + u"DisplayName"_s, .field = of + u"DisplayName"_s, .beside = true, .label = u"Shown as"_s,
+                                     .spoken = u"E-mail %1 shown as"_s.arg(i)}});
     }
 }
 
@@ -234,7 +234,7 @@ const RecordDesign &contactsRecord()
                   {u"cmdCategory"_s, u"Category"_s, u" By category "_s, readContactCategories, u"CATEGORY"_s, {}}},
         .rebuild = TreeRebuild::OnEverySave, .treeAfterDelete = TreeAfterDelete::SameMode, .deleteGoesBack = true,
         .panels = {{u"panPrivate"_s, u"Name"_s, 2}, {u"panAddress"_s, u"Address"_s, 2}, {u"panPhone"_s, u"Phone"_s, 2},
-                   {u"panEmail"_s, u"E-mail"_s, 2}, {u"panDates"_s, u"Dates"_s}, {u"panOther"_s, u"Other"_s, 2}, {u"panNotes"_s, u"Notes"_s},
+                   {u"panEmail"_s, u"E-mail"_s}, {u"panDates"_s, u"Dates"_s}, {u"panOther"_s, u"Other"_s, 2}, {u"panNotes"_s, u"Notes"_s},
                    {u"picPictures"_s, u"Pictures"_s, 1, u"Pics"_s, u" Add more pictures "_s}},
         .groups = {{u"fraPrivate"_s, u"Person"_s}, {u"fraBusiness"_s, u"Business"_s}, {u"fraLists"_s, u"Lists"_s},
                    {u"fraHomeAddress"_s, u"Home"_s}, {u"fraBusinessAddress"_s, u"Business"_s}, {u"fraOtherAddress"_s, u"Other"_s},
