@@ -31,6 +31,13 @@ namespace vorel {
 using namespace Qt::StringLiterals;
 using controls::on;
 
+namespace {
+
+// Above so many records the screen is painted before its tree is read.
+constexpr qsizetype manyRecords = 20000;
+
+}
+
 frmSection::frmSection(const records::RecordDesign &design, QWidget *parent)
     : RecordForm(design.screen, design.dataControl, parent), m_design(design)
 {
@@ -60,8 +67,10 @@ void frmSection::Load()
     dtaData().Refresh();
     if (dtaData().Recordset()) {                        // else the reason has been shown
         FillLists();
-        if (m_treeButton)
+        if (m_treeButton && dtaData().Recordset().rowTotal() <= manyRecords)
             showTree(*m_treeButton, true);
+        else if (m_tree)
+            m_treeAwaited = true;
     }
     AllowInput();
     CheckOptions();

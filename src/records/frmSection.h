@@ -127,6 +127,7 @@ private:
     std::vector<const records::Choices *> m_unread;     // lists that are read when they are used
     QString m_path;                                     // of the picture on show, emptied if its file no longer exists
     QColor m_back, m_fieldColour, m_focusColour;        // invalid: the palette's own
+    bool m_treeAwaited = false;                         // read once the screen is painted
     bool m_new = false;                                 // from AddNewRecord until the next cmdUpdate
 };
 

@@ -8,6 +8,7 @@
 #include "platform/controls/look.h"
 #include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
+#include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
 #include "records/inventory.h"
 #include "records/webaddress.h"
@@ -23,6 +24,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTabBar>
+#include <QTimer>
 
 // What the record sections add to the fields: dates and amounts in the user's form, the buttons of paths, the colours.
 namespace vorel {
@@ -155,6 +157,10 @@ bool frmSection::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_image && event->type() == QEvent::Resize)
         placePicInfo();
+    if (m_treeAwaited && event->type() == QEvent::Paint && watched == m_tree->viewport()) {
+        m_treeAwaited = false;
+        QTimer::singleShot(0, handlers(), [this] { showTree(*m_treeButton, true); });
+    }
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
         if (const Field *field = fieldOf(watched); field && event->type() == QEvent::FocusIn)
             fillWhenUsed(field->control);

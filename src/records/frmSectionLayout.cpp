@@ -156,6 +156,7 @@ QWidget *frmSection::createTree()
 {
     m_tree = new RecordTree(this);
     m_tree->setAccessibleName(u"Records"_s);
+    m_tree->viewport()->installEventFilter(this);
     keep(m_tree);
     m_empty = new QLabel(m_design.emptyNote, m_tree->viewport());
     m_empty->setObjectName(u"lblEmpty"_s);
