@@ -17,6 +17,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -165,6 +166,8 @@ void frmCalendar::drawMonth()
     for (std::size_t row = 0; row < m_weeks.size(); ++row) {
         const bool isShown = static_cast<int>(row) < month.rows();
         const int number = isShown ? weekNumber(month, static_cast<int>(row), m_weekStart) : 0;
+        m_weeks[row]->setVisible(isShown);
+        m_grid->setRowStretch(static_cast<int>(row) + 1, isShown ? 1 : 0);
         m_weeks[row]->setText(isShown ? QString::number(number) : QString());
         m_weeks[row]->setToolTip(isShown ? u"Week %1"_s.arg(number) : QString());
     }
@@ -176,6 +179,7 @@ void frmCalendar::drawMonth()
     for (int cell = 0; cell < monthCellCount; ++cell) {
         CalendarDay *shown = m_cells[static_cast<std::size_t>(cell)];
         const int day = month.dayAt(cell);
+        shown->setVisible(cell / monthColumns < month.rows());        // the rows in use share the room
         if (day == 0) {
             shown->showBlank();
             continue;
@@ -353,10 +357,8 @@ void frmCalendar::fillDayMenu(QMenu &menu)
         on(menu.addAction(menuText(entryText(entries[i]))), &QAction::triggered, handlers(), [this, entry = entries[i]] { openRow(entry); });
     if (!entries.empty())
         menu.addSeparator();
-    const std::pair<QString, DayKind> kindsOfNew[] = {
-        {u"New &appointment"_s, DayKind::Appointment}, {u"New &bill"_s, DayKind::Bill}, {u"New &event"_s, DayKind::Event}};
-    for (const auto &[text, kind] : kindsOfNew)
-        on(menu.addAction(text), &QAction::triggered, handlers(), [this, chosen = kind] { openNew(chosen); });
+    for (QAction *entry : m_newEntries)
+        menu.addAction(entry);
 }
 
 void frmCalendar::showDayMenu(const QPoint &screenPlace)
@@ -409,6 +411,23 @@ void frmCalendar::wheelEvent(QWheelEvent *event)
     if (!m_pages->geometry().contains(event->position().toPoint()) || event->angleDelta().y() == 0)
         return;
     selectDate(monthsAway(m_date, event->angleDelta().y() > 0 ? -1 : 1));
+}
+
+// A small screen shows the month or what is beside it, one at a time.
+void frmCalendar::arrange()
+{
+    constexpr int wide = 940;
+    const bool isNarrow = width() < wide, hasDetails = m_detailsKey->isChecked();
+    m_detailsKey->setVisible(isNarrow);
+    m_side->setVisible(!isNarrow || hasDetails);
+    m_pages->setVisible(!isNarrow || !hasDetails);
+    m_head->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+void frmCalendar::resizeEvent(QResizeEvent *event)
+{
+    arrange();
+    Form::resizeEvent(event);
 }
 
 void frmCalendar::changeEvent(QEvent *event)

@@ -6,8 +6,10 @@
 
 #include <array>
 
+class QAction;
 class QBoxLayout;
 class QComboBox;
+class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QMenu;
@@ -47,6 +49,7 @@ protected:
     void keyPressEvent(QKeyEvent *event) override;
     void changeEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     // Layout (frmCalendarLayout.cpp)
@@ -60,6 +63,7 @@ private:
     QAbstractButton *arrow(const QString &name, Qt::ArrowType arrow, const QString &spoken);
     void connectHandlers();
     void connectMonth();
+    void createNewEntries();
     void paintScreen();
 
     // The month (frmCalendar.cpp)
@@ -86,6 +90,7 @@ private:
     void DisplayPicture();
     QString GetFilePath(const QString &path);
     void chkInfo_Click();
+    void arrange();
 
     // The rows of a day
     void openDay(const DayEntry *entry);
@@ -103,10 +108,13 @@ private:
     QLabel *m_title = nullptr, *m_pictureFile = nullptr;
     QScrollBar *m_scrollMonth = nullptr, *m_scrollYear = nullptr;
     QComboBox *m_cboMonth = nullptr, *m_cboYear = nullptr, *m_cboCategory = nullptr;
-    QAbstractButton *m_yearKey = nullptr;
+    QAbstractButton *m_yearKey = nullptr, *m_detailsKey = nullptr;
     QLineEdit *m_txtDate = nullptr;
     QStackedWidget *m_pages = nullptr;
-    QWidget *m_side = nullptr, *m_list = nullptr;
+    QBoxLayout *m_head = nullptr;                   // its two halves lie below each other where the width does not do
+    std::array<QAction *, 3> m_newEntries{};        // New appointment, bill, event
+    QGridLayout *m_grid = nullptr;                  // of the days
+    QWidget *m_side = nullptr;
     controls::PictureBox *m_picture = nullptr;
     controls::RichTextBox *m_info = nullptr;
     QTimer *m_timer = nullptr;

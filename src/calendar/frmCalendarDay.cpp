@@ -26,12 +26,13 @@ QFont textFont(const QFont &font)
     return small;
 }
 
-// What a cell says of a row: the time without its seconds and blanks, the text, the amount in the tip alone.
-QString shortText(const DayEntry &entry)
+// What a cell says of a row; a narrow one leaves the time to the tip, as all do the amount.
+QString shortText(const DayEntry &entry, int width)
 {
+    constexpr int wide = 120;
     if (entry.kind == DayKind::Event)
         return entry.text.isEmpty() ? entry.subject : entry.text;
-    if (entry.kind == DayKind::Bill || !basic::IsDate(entry.time))
+    if (entry.kind == DayKind::Bill || width < wide || !basic::IsDate(entry.time))
         return entry.text;
     return basic::Format(basic::CDate(entry.time), u"h:nn") + u' ' + entry.text;
 }
@@ -117,7 +118,7 @@ void CalendarDay::showDay(basic::DateTime date, std::vector<DayEntry> entries, c
 
 QSize CalendarDay::minimumSizeHint() const
 {
-    return {fontMetrics().horizontalAdvance(u"0000000"_s) + 2 * pad, 2 * fontMetrics().height() + 2 * pad};
+    return {fontMetrics().horizontalAdvance(u"00000"_s) + 2 * pad, fontMetrics().height() + 2 * pad};
 }
 
 QSize CalendarDay::sizeHint() const { return {96, 84}; }
@@ -183,7 +184,7 @@ void CalendarDay::drawEntry(QPainter &painter, const DayEntry &entry, const QRec
     painter.setFont(font);
     painter.setPen(entry.isDone ? controls::blend(ink, ground, 0.35) : ink);
     painter.drawText(words, Qt::AlignLeft | Qt::AlignVCenter,
-                     QFontMetrics(font).elidedText(shortText(entry), Qt::ElideRight, words.width()));
+                     QFontMetrics(font).elidedText(shortText(entry, words.width()), Qt::ElideRight, words.width()));
     painter.restore();
 }
 

@@ -7,6 +7,7 @@
 #include "platform/basic/colournumber.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/elidedlabel.h"
+#include "platform/controls/keyrow.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturebox.h"
 #include "platform/controls/richtextbox.h"
@@ -14,6 +15,7 @@
 #include "session/datafiles.h"
 #include "session/ini.h"
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGridLayout>
@@ -36,7 +38,7 @@ namespace layout = controls::layout;
 namespace {
 
 constexpr int sideWidth = 296, pictureHeight = 186, yearsAround = 100;
-constexpr QSize usualSize(1040, 700);
+constexpr QSize usualSize(1040, 700), leastSize(600, 340);
 
 struct Kind {
     const char16_t *name, *caption, *tip;
@@ -124,18 +126,23 @@ QLayout *frmCalendar::composeHead()
     m_txtDate->setMaximumWidth(fontMetrics().horizontalAdvance(u"00-00-00000000"_s));
     m_yearKey = key(u"cmdMonth"_s, u"&Year"_s, u"view-calendar-timeline"_s, {});
     m_yearKey->setCheckable(true);
-    return layout::Row({arrow(u"cmdPrevious"_s, Qt::LeftArrow, u"Previous month (PgUp)"_s),
-                        arrow(u"cmdNext"_s, Qt::RightArrow, u"Next month (PgDn)"_s), m_title, layout::Stretch{},
-                        key(u"Today"_s, u"To&day"_s, u"go-jump-today"_s, u" Goes to today (T) "_s), m_cboMonth,
-                        arrow(u"cmdLessYear"_s, Qt::LeftArrow, u"Year before (Ctrl+PgUp)"_s), m_cboYear,
-                        arrow(u"cmdAddYear"_s, Qt::RightArrow, u"Year after (Ctrl+PgDn)"_s), m_txtDate,
-                        key(u"cmdFind"_s, u"&Find"_s, {}, u" Goes to the typed date "_s), m_yearKey});
+    m_detailsKey = key(u"cmdDetails"_s, u"D&etails"_s, {}, u" The picture, what is shown, and the list "_s);
+    m_detailsKey->setCheckable(true);
+    m_head = new QBoxLayout(QBoxLayout::LeftToRight);
+    m_head->setSpacing(layout::unit);
+    m_head->addLayout(layout::Row({arrow(u"cmdPrevious"_s, Qt::LeftArrow, u"Previous month (PgUp)"_s),
+                                   arrow(u"cmdNext"_s, Qt::RightArrow, u"Next month (PgDn)"_s), m_title, layout::Stretch{},
+                                   key(u"Today"_s, u"To&day"_s, u"go-jump-today"_s, u" Goes to today (T) "_s)}), 1);
+    m_head->addLayout(layout::Row({m_cboMonth, arrow(u"cmdLessYear"_s, Qt::LeftArrow, u"Year before (Ctrl+PgUp)"_s), m_cboYear,
+                                   arrow(u"cmdAddYear"_s, Qt::RightArrow, u"Year after (Ctrl+PgDn)"_s), m_txtDate,
+                                   key(u"cmdFind"_s, u"&Find"_s, {}, u" Goes to the typed date "_s), m_yearKey, m_detailsKey}));
+    return m_head;
 }
 
 QWidget *frmCalendar::composeMonth()
 {
     auto *page = new QWidget;
-    auto *grid = new QGridLayout;
+    auto *grid = m_grid = new QGridLayout;
     grid->setSpacing(0);
     QFont small = font();
     small.setPointSizeF(font().pointSizeF() * 0.88);
@@ -209,7 +216,7 @@ QWidget *frmCalendar::composeSide()
 {
     m_side = new QWidget;
     m_side->setObjectName(u"panSide"_s);
-    m_side->setFixedWidth(sideWidth);
+    m_side->setMinimumWidth(sideWidth);
     m_picture = new controls::PictureBox(u"picImage"_s);
     m_picture->setFixedHeight(pictureHeight);
     m_picture->setFocusPolicy(Qt::TabFocus);
@@ -227,24 +234,27 @@ QWidget *frmCalendar::composeSide()
     m_info->setAccessibleName(u"What falls in the month"_s);
     m_info->setReadOnly(true);
     m_info->setTabChangesFocus(true);
-    m_list = m_info;
-    QLayout *column = layout::Column({m_picture, m_pictureFile, composeKinds(), layout::Fields({{u"&Category:"_s, m_cboCategory}}), m_info,
-                                      layout::Stretch{0}});
+    auto *column = new QVBoxLayout(m_side);
     layout::setMargins(column, 0);
-    m_side->setLayout(column);
+    column->setSpacing(layout::unit);
+    column->addWidget(m_picture);
+    column->addWidget(m_pictureFile);
+    column->addLayout(composeKinds());
+    column->addLayout(layout::Fields({{u"&Category:"_s, m_cboCategory}}));
+    column->addWidget(m_info, 1);
+    column->addStretch();
     return m_side;
 }
 
 QWidget *frmCalendar::composeKeys()
 {
-    auto *row = new QWidget;
-    auto *close = key(u"cmdClose"_s, u"Cl&ose"_s, u"window-close"_s, {});
-    QLayout *keys = layout::Row({key(u"cmdPrint"_s, u"&Print..."_s, u"document-print"_s, u" Prints the month on paper (Ctrl+P) "_s),
-                                 key(u"cmdList"_s, u"Page with l&ist"_s, u"text-html"_s, u" Shows the month with its rows in the browser "_s),
-                                 key(u"cmdBlank"_s, u"Blan&k page"_s, u"text-html"_s, u" Shows the month with room to write in the browser "_s),
-                                 key(u"cmdColor"_s, u"Co&lour..."_s, {}, u" Back colour of this screen "_s), layout::Stretch{}, close});
-    layout::setMargins(keys, 0);
-    row->setLayout(keys);
+    auto *row = new controls::KeyRow(
+        {key(u"cmdPrint"_s, u"&Print..."_s, u"document-print"_s, u" Prints the month on paper (Ctrl+P) "_s)}, new QWidget,
+        {key(u"cmdList"_s, u"Page with l&ist"_s, u"text-html"_s, u" Shows the month with its rows in the browser "_s),
+         key(u"cmdBlank"_s, u"Blan&k page"_s, u"text-html"_s, u" Shows the month with room to write in the browser "_s),
+         key(u"cmdColor"_s, u"Co&lour..."_s, {}, u" Back colour of this screen "_s),
+         key(u"cmdClose"_s, u"Cl&ose"_s, u"window-close"_s, {})}, this);
+    layout::setMargins(row->layout(), 0);
     return row;
 }
 
@@ -252,20 +262,36 @@ void frmCalendar::compose()
 {
     m_pages = new QStackedWidget;
     m_pages->setObjectName(u"panPages"_s);
+    QLayout *head = composeHead();
     m_pages->addWidget(composeMonth());
     m_pages->addWidget(composeYear());
-    QLayout *head = composeHead();
     auto *middle = new QHBoxLayout;
     middle->setSpacing(2 * layout::unit);
-    middle->addWidget(m_pages, 1);
-    middle->addWidget(composeSide());
+    middle->addWidget(m_pages, 3);
+    middle->addWidget(composeSide(), 1);
     auto *whole = new QVBoxLayout(this);
     layout::setMargins(whole, 2 * layout::unit);
     whole->setSpacing(layout::unit);
     whole->addLayout(head);
     whole->addLayout(middle, 1);
     whole->addWidget(composeKeys());
+    whole->setSizeConstraint(QLayout::SetNoConstraint);     // narrower, the parts are laid out otherwise
+    setMinimumSize(leastSize);
     resize(usualSize);
+    createNewEntries();
+}
+
+void frmCalendar::createNewEntries()
+{
+    const std::tuple<QString, QString, DayKind> entries[] = {{u"mnuNewAppointment"_s, u"New &appointment"_s, DayKind::Appointment},
+                                                             {u"mnuNewBill"_s, u"New &bill"_s, DayKind::Bill},
+                                                             {u"mnuNewEvent"_s, u"New &event"_s, DayKind::Event}};
+    for (std::size_t i = 0; i < m_newEntries.size(); ++i) {
+        const auto &[name, text, kind] = entries[i];
+        m_newEntries[i] = new QAction(text, this);
+        m_newEntries[i]->setObjectName(name);
+        on(m_newEntries[i], &QAction::triggered, handlers(), [this, chosen = kind] { openNew(chosen); });
+    }
 }
 
 void frmCalendar::connectMonth()
@@ -308,6 +334,7 @@ void frmCalendar::connectHandlers()
     click(u"cmdAddYear"_s, [this] { selectDate(monthsAway(m_date, 12)); });
     click(u"Today"_s, [this] { selectDate(basic::Date()); });
     click(u"cmdFind"_s, [this] { cmdFind_Click(); });
+    click(u"cmdDetails"_s, [this] { arrange(); });
     click(u"cmdMonth"_s, [this] { cmdMonth_Click(); });
     click(u"cmdColor"_s, [this] { cmdColor_Click(); });
     click(u"cmdPrint"_s, [this] { PrintWholeCalendar(); });

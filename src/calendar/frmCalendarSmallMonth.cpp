@@ -322,7 +322,7 @@ void MonthBox::read()
         showMonth(basic::Date().year(), basic::Date().month());     // the month on show was the present one
     m_today = basic::Date();
     basic::IgnoreErrors([this] {
-        dao::Database database = openDataFile(DataFile::Main, false, true);
+        dao::Database database = openDataFile(DataFile::Main);
         setCounts(countDays(database, monthSpan(year(), month())));
     });
 }

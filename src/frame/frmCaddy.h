@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/basic/value.h"
 #include "session/mainscreen.h"
 
 #include <QMainWindow>
@@ -62,6 +63,7 @@ private:
     void answerMenus();
     void showInfoCard();
     CalendarCalls calendarCalls();
+    void showDay(basic::DateTime day);
     void loadSettings();
     void openData();
     void showStart();

@@ -24,6 +24,7 @@ namespace vorel {
 class CaddyGround;
 class DetailPane;
 class InfoPanel;
+class MonthBox;
 class Rail;
 
 // One of the main screen's four grids with all that belongs to it: three show the reminders of a period, the fourth
@@ -75,6 +76,7 @@ struct CaddyControls {
     QAbstractButton *panNew = nullptr;
     QSplitter *SSPanel1 = nullptr;
     DetailPane *picDetails = nullptr;
+    MonthBox *picMonth = nullptr;
     std::map<QString, QAbstractButton *> tools;     // cmdCalendar, cmdInfo, ... by name
 
     QStatusBar *StatusBar1 = nullptr;

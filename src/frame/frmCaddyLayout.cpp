@@ -1,5 +1,6 @@
 #include "frame/frmCaddyLayout.h"
 
+#include "calendar/frmCalendarSmallMonth.h"
 #include "frame/frmCaddyGround.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyInfo.h"
@@ -257,6 +258,8 @@ QWidget *buildSide(CaddyControls &c)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(unit);
     column->addWidget(c.picDetails, 1);
+    c.picMonth = new MonthBox;
+    column->addWidget(c.picMonth);
     auto *places = new QGridLayout;
     places->setSpacing(unit / 2);
     int place = 0;
@@ -328,6 +331,7 @@ void orderTabs(const CaddyControls &c)
         order.push_back(pane.panEdit);
     for (const GridPane &pane : c.panes)
         order.push_back(pane.grid);
+    order.push_back(c.picMonth);
     for (const Tool &tool : tools)
         order.push_back(c.tools.at(QString::fromUtf16(tool.name)));
     for (std::size_t i = 1; i < order.size(); ++i)

@@ -1,5 +1,6 @@
 #include "frame/frmCaddyPeriods.h"
 
+#include "calendar/frmCalendarSmallMonth.h"
 #include "frame/frmCaddyLayout.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/format.h"
@@ -30,6 +31,15 @@ void CaddyPeriods::choose(const PeriodEntry &period)
 {
     period.set();
     m_period = &period;
+    m_c.picMonth->setPicked({});
+    m_screen.GetData();
+}
+
+void CaddyPeriods::chooseDay(basic::DateTime day)
+{
+    state().period.gPeriodStart = state().period.gPeriodEnd = shortDate(day);
+    SetDayPeriod({});
+    m_period = nullptr;
     m_screen.GetData();
 }
 
@@ -61,11 +71,12 @@ void CaddyPeriods::DisplayDates()
 
 void CaddyPeriods::followDay()
 {
-    if (m_day == basic::Date() || !m_period || m_c.isTyping())
+    if (m_day == basic::Date() || !m_day.hasDate() || m_c.isTyping())
         return;
     state().period.gToday = basic::Date();
     showDates();
-    choose(*m_period);
+    if (m_period)
+        choose(*m_period);
     for (const GridPane &pane : m_c.panes)
         pane.grid->Repaint();                   // rows of today have a colour
 }

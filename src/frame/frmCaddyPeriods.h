@@ -13,6 +13,7 @@ public:
 
     void choose(const PeriodEntry &period);     // and show its rows
     void choose(const QString &menu);           // by the menu entry's name; an unknown one does nothing
+    void chooseDay(basic::DateTime day);        // one day, whatever its place to today
     // When the day has changed, all that depends on today is computed again: dates, captions, tips, the rows of the period
     // on show, which is relative to today. Rows that are being typed into are waited for.
     void followDay();

@@ -1,4 +1,5 @@
 #include "calendar/frmCalendar.h"
+#include "calendar/frmCalendarSmallMonth.h"
 #include "contacts/frmInfoCard.h"
 #include "contacts/frmLabels.h"
 #include "contacts/frmPrintAddressBook.h"
@@ -104,6 +105,9 @@ void frmCaddy::connectButtons()
     controls::on(c.txtSearch, &QLineEdit::textChanged, this, [this] { d->search.textChanged(); });
     controls::on(c.txtSearch, &QLineEdit::returnPressed, this, [this] { d->edit.editSearched(); });
     c.txtSearch->installEventFilter(this);
+    controls::on(c.picMonth, &SmallMonth::DayClicked, this, [this](basic::DateTime day) { showDay(day); });
+    controls::on(c.picMonth, &SmallMonth::DayDblClicked, this,
+                 [this](basic::DateTime day) { showCalendar(calendarCalls(), this, day); });
     controls::on(&Changes::instance(), &Changes::changed, this, [this](const QString &table) {
         basic::Trap([&] {
             d->sections.rowsChanged(table);
@@ -112,6 +116,16 @@ void frmCaddy::connectButtons()
                 CheckForMessages();
         });
     });
+}
+
+// The reminders of one day; from another section, all of them.
+void frmCaddy::showDay(basic::DateTime day)
+{
+    if (!writeRows())
+        return;
+    d->periods.chooseDay(day);
+    if (const SectionDesign *section = shownSection(); !section || section->kind != SectionKind::Reminder)
+        DisplayCategory(u"All"_s);
 }
 
 CalendarCalls frmCaddy::calendarCalls()

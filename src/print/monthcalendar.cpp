@@ -127,7 +127,8 @@ void CalendarWriter::writePicture(const Region &place)
     if (size.isEmpty())
         return;
     size.scale(place.right - place.left, place.bottom - place.top, Qt::KeepAspectRatio);
-    m_job.PrintPicture(m_picture, place.left + (place.right - place.left - size.width()) / 2, place.top, size.width(), size.height());
+    m_job.PrintPicture(m_picture, place.left + (place.right - place.left - size.width()) / 2,
+                       place.top + (place.bottom - place.top - size.height()) / 2, size.width(), size.height());
 }
 
 double CalendarWriter::writeHead()

@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "calendar/frmCalendar.h"
 #include "frame/frmCaddyScreens.h"
 #include "media/frmDataPath.h"
 #include "platform/controls/richtextbox.h"
@@ -61,6 +62,7 @@ protected:
             });
         }
         collect(frmCalculator());
+        collect(frmCalendar({}));
         collect(frmDataPath({u"Movie Picture"_s, {}, {}, nullptr}));
         for (const SectionDesign &section : sectionDesigns()) {
             if (section.list)
@@ -131,11 +133,13 @@ TEST_F(Help, F1ShowsThePageOfEachScreen)
     };
     frmMessage message;
     frmCalculator calculator;
+    frmCalendar calendar({});
     frmDataPath path({u"Movie Picture"_s, {}, {}, nullptr});
     frmRecord bill(u"B"_s);
     frmMusic music;
     EXPECT_EQ(titleAfterF1(message), u"Messages"_s);
     EXPECT_EQ(titleAfterF1(calculator), u"Calculator"_s);
+    EXPECT_EQ(titleAfterF1(calendar), u"Calendar"_s);
     EXPECT_EQ(titleAfterF1(path), u"Pictures and file paths"_s);
     EXPECT_EQ(titleAfterF1(bill), u"Bills"_s);
     EXPECT_EQ(titleAfterF1(music), u"Music"_s);

@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "calendar/frmCalendarSmallMonth.h"
 #include "support/table.h"
 
 #include <QToolButton>
@@ -107,6 +108,25 @@ TEST_F(Periods, KeysOfTheKeyboard)
     at(u"txtSearch"_s)->setFocus();
     QTest::keyClick(at(u"txtSearch"_s), Qt::Key_Home);
     EXPECT_EQ(appointments(), QStringList{u"silvester"_s});
+}
+
+TEST_F(Periods, SmallMonthShowsADay)
+{
+    fill();
+    start();
+    screen().DisplayCategory(u"Books"_s);
+    auto *month = at<MonthBox>(u"picMonth"_s);
+    month->grab();
+    QTest::mouseClick(month, Qt::LeftButton, {}, month->dayPlace(28).center());
+    EXPECT_EQ(state().selection.gSection, u"All"_s);
+    EXPECT_EQ(appointments(), QStringList{u"saturday"_s});
+    EXPECT_EQ(text(u"panPeriod"_s), u" ("_s + displayDate(basic::DateTime::fromParts(2026, 11, 28)) + u')');
+    EXPECT_TRUE(month->accessibleDescription().startsWith(u"Saturday 28 November 2026, 1 appointment"_s));
+    QTest::keyClick(month, Qt::Key_PageDown);
+    EXPECT_EQ(month->accessibleName(), u"December 2026"_s);
+    EXPECT_TRUE(appointments().isEmpty());
+    click(u"TODAY"_s);
+    EXPECT_FALSE(month->picked().hasDate());
 }
 
 }

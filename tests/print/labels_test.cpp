@@ -8,7 +8,6 @@
 #include "session/datafiles.h"
 #include "session/ini.h"
 
-#include <QProcess>
 #include <QRegularExpression>
 
 namespace vorel {
@@ -19,32 +18,10 @@ namespace {
 
 constexpr double border = 360;          // twips that the page leaves out
 
-// The word's box on the sheet, in twips, as the reader of the PDF finds it.
-struct Word { int page = 0; QString text; QRectF box; };
-
-std::vector<Word> wordsOf(const QString &pdf)
-{
-    QProcess reader;
-    reader.start(u"pdftotext"_s, {u"-bbox"_s, pdf, u"-"_s});
-    EXPECT_TRUE(reader.waitForFinished() && reader.exitCode() == 0) << "pdftotext";
-    static const QRegularExpression mark(
-        u"<page |<word xMin=\"([\\d.]+)\" yMin=\"([\\d.]+)\" xMax=\"([\\d.]+)\" yMax=\"([\\d.]+)\">([^<]*)"_s);
-    std::vector<Word> words;
-    int page = 0;
-    auto found = mark.globalMatch(QString::fromUtf8(reader.readAllStandardOutput()));
-    while (found.hasNext()) {
-        const QRegularExpressionMatch match = found.next();
-        if (match.capturedLength(5) == 0) {
-            ++page;
-            continue;
-        }
-        const auto twips = [&](int part) { return match.captured(part).toDouble() * printer::twipsPerPoint; };
-        words.push_back({page, match.captured(5), QRectF(QPointF(twips(1), twips(2)), QPointF(twips(3), twips(4)))});
-    }
-    return words;
 }
 
-}
+using test::Word;
+using test::wordsOf;
 
 class Labels : public test::PrintTest {
 protected:

@@ -77,6 +77,10 @@ protected:
     FakeJobs m_jobs;
 };
 
+// A word of a PDF with its box on the sheet, in twips.
+struct Word { int page = 0; QString text; QRectF box; };
+std::vector<Word> wordsOf(const QString &pdf);
+
 QStringList readPdf(const QString &path);       // the text of each page
 
 }

@@ -42,7 +42,7 @@ SectionDesign calculator()
 SectionDesign calendar()
 {
     return {.id = SectionId::Calendar, .name = u"Calendar"_s, .kind = SectionKind::Action,
-            .feature = FeatureDesign{u"Calendar"_s, {u"cmdCalendar"_s, u"mnuCalendar"_s}},
+            .feature = FeatureDesign{u"Calendar"_s, {u"cmdCalendar"_s, u"mnuCalendar"_s, u"picMonth"_s}},
             .pictures = PicturesDesign{u"CalendarPictures"_s, {{u"Calendar Picture"_s}, {u"Cal Pic"_s}, {u"CalcPic"_s}}},
             .help = HelpDesign{u"\\INFOCALENDAR.RTF"_s}};
 }
