@@ -81,7 +81,7 @@ public:
         const bool isGroup = node.id == 0;
         switch (role) {
         case Qt::DisplayRole:
-        case Qt::ToolTipRole: return oneLine(node.text);
+        case Qt::ToolTipRole: return isGroup && node.text.isEmpty() ? u"(none)"_s : oneLine(node.text);
         case Qt::UserRole: return isGroup ? QString() : QString::number(node.id);
         case Qt::FontRole: return isGroup ? QVariant(m_bold) : QVariant();
         case Qt::ForegroundRole: return isGroup ? QVariant(QBrush(m_red)) : node.marked ? QVariant(QBrush(m_mark)) : QVariant();
@@ -133,6 +133,11 @@ RecordTree::RecordTree(QWidget *parent) : QTreeView(parent), m_model(new RecordT
     m_model->setLook(*this);
     setModel(m_model);
     connect(this, &QAbstractItemView::pressed, this, [this] { m_pressed = true; });
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex &opened) {       // a group opens with what is below its leaves
+        for (int row = 0; !opened.parent().isValid() && row < m_model->rowCount(opened); ++row)
+            if (const QModelIndex leaf = m_model->index(row, 0, opened); m_model->hasChildren(leaf))
+                expand(leaf);
+    });
 }
 
 bool RecordTree::isEmpty() const

@@ -126,7 +126,7 @@ TEST_F(Contacts, CategoriesGroupAndArePutAway)
 {
     open({person(u"Ash"_s, u"Friends"_s), business(u"Bob's mill"_s, u"Bob's"_s), person(u"Cole"_s)});
     click(u"cmdCategory"_s);
-    EXPECT_EQ(nodes(), (QStringList{u": Cole"_s, u"Bob's: Bob's mill"_s, u"Friends: Ash"_s}));
+    EXPECT_EQ(nodes(), (QStringList{u"(none): Cole"_s, u"Bob's: Bob's mill"_s, u"Friends: Ash"_s}));
     const auto put = [this](const QString &name, Qt::CheckState state) {
         test::inModal<controls::Form>([this] { click(u"cmdCats"_s); }, [&](controls::Form &categories) {
             auto *list = test::control<QListWidget>(categories, u"lstCategories"_s);
@@ -137,7 +137,7 @@ TEST_F(Contacts, CategoriesGroupAndArePutAway)
         });
     };
     put(u"Bob's"_s, Qt::Unchecked);
-    EXPECT_EQ(nodes(), (QStringList{u": Cole"_s, u"Friends: Ash"_s}));
+    EXPECT_EQ(nodes(), (QStringList{u"(none): Cole"_s, u"Friends: Ash"_s}));
     EXPECT_EQ(form->dtaData().Recordset().rowTotal(), 2);
     click(u"cmdRefresh"_s);
     EXPECT_EQ(form->dtaData().Recordset().rowTotal(), 2) << "put away is put away";
@@ -281,6 +281,35 @@ TEST_F(Contacts, TheShortFormAddsAContact)
     test::click(nobody, u"cmdSave"_s);
     EXPECT_TRUE(nobody.isVisible() && nobody.savedId() == 0);
     EXPECT_EQ(user.beeps(), 1);
+}
+
+// A picture whose file is gone leaves its slot empty, and its path where it is.
+TEST_F(Contacts, PicturesAreKeptWithoutTheirFiles)
+{
+    run(DataFile::Contacts, {u"INSERT INTO [CONTACTDATA] ([ID],[USERNAME],[PICFILE2],[PICFILE2CAPTION]) VALUES(1,'Ash','/gone.jpg','Sea')"_s});
+    open({person(u"Ash"_s)});
+    form->findChild<QTabBar *>()->setCurrentIndex(7);
+    EXPECT_EQ(text(u"txtCaption(1)"_s), u"Sea"_s);
+    type(u"txtCaption(1)"_s, u"At sea"_s);
+    save();
+    EXPECT_EQ(read(DataFile::Contacts, u"select [PICFILE2],[PICFILE2CAPTION],[USERNAME] from [CONTACTDATA]"_s), QStringList{u"/gone.jpg|At sea|Ash"_s});
+    click(u"cmdNew"_s);                     // "Pics": another set, no other contact
+    EXPECT_EQ(contacts(u"ID"_s).size(), 1);
+    EXPECT_EQ(read(DataFile::Contacts, u"select [ID] from [CONTACTDATA]"_s).size(), 2);
+}
+
+// The people of a business stand open below it.
+TEST_F(Contacts, PeopleStandBelowTheirBusiness)
+{
+    open({business(u"Mill"_s), business(u"Ox"_s)});
+    run(DataFile::Contacts, {u"UPDATE [CONTACTS] SET [CONTACT]='Carl' WHERE [ID]=1"_s});
+    click(u"cmdBusiness"_s);
+    auto *tree = at<QTreeView>(u"TreeView"_s);
+    tree->collapseAll();
+    tree->expand(tree->model()->index(0, 0));
+    const QModelIndex mill = tree->model()->index(0, 0, tree->model()->index(0, 0));
+    EXPECT_TRUE(tree->isExpanded(mill));
+    EXPECT_EQ(tree->model()->index(0, 0, mill).data().toString(), u"-   Carl"_s);
 }
 
 TEST_F(Contacts, NoMnemonicTwice)
