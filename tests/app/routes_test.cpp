@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "contacts/frmContacts.h"
 #include "records/frmInventory.h"
 
 #include <QHelpEvent>
@@ -39,6 +40,31 @@ TEST_F(Routes, EditEndsWithRowsSearchAndTimersInOrder)
     EXPECT_EQ(QString(), text(u"txtSearch"_s));
     EXPECT_EQ(u"attic"_s, at<Grid>(u"SUBJECTGRID"_s)->CellText(3)) << "the rows are new and the cursor on its row";
     EXPECT_TRUE(c().Timer2->isActive() && c().TimerMessages->isActive());
+}
+
+TEST_F(Routes, EveryListOfContactsOpensTheContactsScreenOnItsRow)
+{
+    startOn(u"Contacts"_s);
+    {
+        dao::Database file = dao::DBEngine::OpenDatabase(state().path(DataFile::Contacts));
+        file.Execute(u"DELETE * FROM [CONTACTS]"_s);
+        for (const auto &[name, isPrivate] : {std::pair{u"Ash"_s, u"True"_s}, {u"Mill"_s, u"False"_s}, {u"Zoe"_s, u"True"_s}})
+            file.Execute(u"INSERT INTO [CONTACTS] (SORTNAME,LASTNAME,FULLNAME,COMPANYNAME,CATEGORY,[PRIVATE],EMERGENCY,CHRISTMASCARD,INVISIBLE) "
+                         "VALUES('%1','%1','%1','%1','Work',%2,True,True,False)"_s.arg(name, isPrivate));
+    }
+    for (const auto &[section, row, name] : {std::tuple{u"Contacts"_s, 1, u"Mill"_s}, {u"Private"_s, 1, u"Zoe"_s}, {u"Business"_s, 0, u"Mill"_s},
+                                             {u"Emergency"_s, 2, u"Zoe"_s}, {u"Christmas Cards"_s, 0, u"Ash"_s}}) {
+        screen().DisplayCategory(section);
+        select(u"SUBJECTGRID"_s, row);
+        test::inModal<frmContacts>([this] { click(u"panEditS"_s); }, [&, name = name, section = section](frmContacts &contacts) {
+            EXPECT_EQ(test::control<QLabel>(contacts, u"lblSortname"_s)->text(), name) << qPrintable(section);
+        });
+    }
+    m_prompts.expect(u"Create a New Blank Record?"_s, Answer::Yes);
+    test::inModal<frmContacts>([this] { click(u"panNew"_s); }, [](frmContacts &contacts) {
+        EXPECT_EQ(test::control<QLabel>(contacts, u"lblSortname"_s)->text(), QString());
+        EXPECT_EQ(contacts.dtaData().Recordset().rowTotal(), 4);
+    });
 }
 
 TEST_F(Routes, DoubleClickTurnsTheSectionInTheHeadsAndOpensTheRowBelow)
