@@ -1,3 +1,4 @@
+#include "calendar/frmCalendar.h"
 #include "frame/frmCaddy.h"
 #include "frame/frmCaddyControls.h"
 #include "frame/frmCaddyIcons.h"
@@ -8,6 +9,7 @@
 #include "platform/basic/locale.h"
 #include "testdata.h"
 
+#include <QAbstractButton>
 #include <QAction>
 #include <QApplication>
 #include <QElapsedTimer>
@@ -145,6 +147,27 @@ void measureSection(frmCaddy &screen)
     bench::report(u"search key over 100,000 contacts, no hit"_s, keys, 50);
 }
 
+// Each step shows another month or year, so that its rows are read.
+void measureCalendar()
+{
+    frmCalendar calendar({});
+    calendar.show();
+    QCoreApplication::processEvents();
+    const auto measure = [&calendar](const QString &name, int months, double budget) {
+        std::vector<double> times;
+        for (int run = 0; run < 9; ++run) {
+            times.push_back(elapsed([&] {
+                calendar.showDay(monthsAway(calendar.shownDate(), months));
+                calendar.grab();
+            }));
+        }
+        bench::report(name, times, budget);
+    };
+    measure(u"month over 100,000 appointments, painted"_s, -1, 100);
+    calendar.findChild<QAbstractButton *>(u"cmdMonth"_s)->click();
+    measure(u"year over 100,000 appointments, painted"_s, -12, 300);
+}
+
 void measurePeriods(const QString &folder)
 {
     basic::setProgramFolder(folder);
@@ -165,6 +188,7 @@ void measurePeriods(const QString &folder)
         }
         bench::report(u"change of period to painted grids, "_s + menu, times, periodBudget);
     }
+    measureCalendar();
     measureSection(screen);
 }
 

@@ -133,7 +133,7 @@ QRect CalendarDay::linePlace(int line) const
 int CalendarDay::lines() const
 {
     int count = 0;
-    while (linePlace(count).bottom() < height() - pad / 2)
+    while (linePlace(count).bottom() < height())
         ++count;
     return count;
 }

@@ -176,7 +176,7 @@ double CalendarWriter::writeMonth(double top)
 // The number, and as many short texts as the cell holds; all of them stand in the blocks.
 void CalendarWriter::writeDay(int cell, const std::vector<const DayEntry *> &entries, double top, double rowHeight)
 {
-    constexpr double markWidth = 45;
+    constexpr double markWidth = 45, markGap = 40;
     const double x = left + cell % monthColumns * pitch + cellPad;
     double y = top + cell / monthColumns * rowHeight + cellPad;
     const double bottom = y + rowHeight - 2 * cellPad;
@@ -192,7 +192,7 @@ void CalendarWriter::writeDay(int cell, const std::vector<const DayEntry *> &ent
     for (std::size_t i = 0; i < shown; ++i, y += line) {
         m_job.PrintLine(x, y + line * 0.15, u"STEP"_s, markWidth, line * 0.7, basic::Value(colourOf(entries[i]->kind)), u"BF"_s);
         const QString &words = entries[i]->text.isEmpty() ? entries[i]->subject : entries[i]->text;
-        text(x + markWidth + 25, u"L"_s, y, elided(m_job, words, pitch - 2 * cellPad - markWidth - 25));
+        text(x + markWidth + markGap, u"L"_s, y, elided(m_job, words, pitch - 2 * cellPad - markWidth - markGap));
     }
     if (shown < entries.size())
         text(x, u"L"_s, y, u"+%1"_s.arg(entries.size() - shown));

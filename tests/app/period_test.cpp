@@ -1,4 +1,6 @@
 #include "app/caddyscreen.h"
+#include "calendar/frmCalendar.h"
+#include "calendar/frmCalendarDay.h"
 #include "calendar/frmCalendarSmallMonth.h"
 #include "support/table.h"
 
@@ -127,6 +129,23 @@ TEST_F(Periods, SmallMonthShowsADay)
     EXPECT_TRUE(appointments().isEmpty());
     click(u"TODAY"_s);
     EXPECT_FALSE(month->picked().hasDate());
+}
+
+// The calendar opens at the start where it is asked for; a new row of a free day has that day, and the month follows.
+TEST_F(Periods, CalendarOpensAtTheStartAndItsDaysTakeRows)
+{
+    set(u"CalendarStart"_s, u"True"_s);
+    test::inModal<frmCalendar>([this] { start(); }, [this](frmCalendar &calendar) {
+        EXPECT_TRUE(calendar.isModal());
+        calendar.showDay(basic::DateTime::fromParts(2026, 11, 25));
+        auto *cell = test::control<CalendarDay>(calendar, u"LBL_Date(25)"_s);
+        m_prompts.expect(u"Create a New Blank Record?"_s, basic::Answer::Yes);
+        test::inModal<frmRecord>([cell] { QTest::keyClick(cell, Qt::Key_Return); },
+                           [](frmRecord &record) { test::control<QLineEdit>(record, u"txtDate"_s); });
+        QTest::qWait(20);
+        ASSERT_EQ(cell->entries().size(), 1U) << "read from the file by its day";
+    });
+    EXPECT_TRUE(at(u"SSPanel1"_s)->isEnabled());
 }
 
 }
