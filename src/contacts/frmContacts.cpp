@@ -178,6 +178,8 @@ bool frmContacts::isLinked() const
 void frmContacts::afterDelete(qint32)
 {
     FillLists();
+    if (m_wasLinked)
+        showLater(u"The deletion in the mail program's address book"_s);
 }
 
 void frmContacts::copyAddress(const QString &from)

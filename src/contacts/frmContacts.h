@@ -24,6 +24,7 @@ protected:
     bool prepareSave() override;
     void tidyRow(bool changed) override;
     void afterSave() override;
+    void beforeDelete() override { m_wasLinked = isLinked(); }
     void afterDelete(qint32 id) override;
     void tabShown(int tab) override;
     std::vector<records::ViewBlock> pageBlocks() const override;
@@ -58,6 +59,7 @@ private:
     void beepAt(const QString &name);
 
     bool m_saving = false;                              // cmdUpdate writes, changed or not
+    bool m_wasLinked = false;                           // the contact that is being deleted
     QString m_nameShown;                                // as it was stored
 };
 

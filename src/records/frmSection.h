@@ -45,6 +45,7 @@ protected:
     virtual bool prepareSave() { return true; }         // cmdUpdate is about to write; false: it does not
     virtual void tidyRow(bool changed) { Q_UNUSED(changed); }   // a row is written or left, by whichever way
     virtual void afterSave() {}                         // cmdUpdate has written; then the lists are filled again
+    virtual void beforeDelete() {}                      // the row on show is about to go
     virtual void afterDelete(qint32 id) { Q_UNUSED(id); }
     virtual void newClicked(int tab);                   // cmdNew; a new record, on the tab of the pictures a new set
     virtual void tabShown(int tab) { Q_UNUSED(tab); }   // from 1

@@ -95,6 +95,7 @@ void frmSection::cmdDelete_Click()
     if (dtaData().hasRows()) {
         dtaData().revert();                 // the edits are discarded with the row
         const qint32 id = currentId(), neighbour = neighbourId();
+        beforeDelete();
         dao::Transaction all(dtaData().Database());
         records::DeleteChildren(dtaData().Database(), m_design, id, text(m_design.nameControl));
         dtaData().Recordset().Delete();

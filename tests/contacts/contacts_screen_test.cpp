@@ -5,8 +5,11 @@
 #include "support/otherprocess.h"
 #include "support/screens.h"
 
+#include <QContextMenuEvent>
 #include <QFile>
 #include <QListWidget>
+#include <QMenu>
+#include <QTimer>
 
 // The address book as its user sees it.
 namespace vorel {
@@ -146,6 +149,23 @@ TEST_F(Contacts, CategoriesGroupAndArePutAway)
     EXPECT_EQ(read(DataFile::Contacts, u"select [CATEGORY],[INVISIBLE] from [CATEGORY]"_s), QStringList{u"Bob's|False"_s});
 }
 
+// What the mail program's address book would be asked for is told to come, and the contact is saved or deleted all the same.
+TEST_F(Contacts, ALinkedContactIsSavedAndDeletedHere)
+{
+    open({person(u"Ash"_s), person(u"Birch"_s)});
+    run(DataFile::Contacts, {u"UPDATE [CONTACTS] SET [ENTRYID]='77' WHERE [ID]=1"_s});
+    PutIniValue(iniSettings, u"EmailClient"_s, u"Outlook"_s);
+    click(u"cmdRefresh"_s);
+    type(u"txtNickName"_s, u"A"_s);
+    user.expect(u"The update of the mail program's address book is not part of this version yet."_s);
+    save();
+    user.expect(u"Do you want to Delete this Record ?"_s, Answer::Yes);
+    user.expect(u"The deletion in the mail program's address book is not part of this version yet."_s);
+    click(u"cmdDelete"_s);
+    EXPECT_EQ(contacts(u"ID"_s), QStringList{u"2"_s});
+    click(u"cmdUpdate"_s);                  // this one has no entry there
+}
+
 TEST_F(Contacts, AnImportedContactIsNewUntilItIsLeft)
 {
     open({person(u"Ash"_s, {}, 1), person(u"Birch"_s, u"Work"_s, 1), person(u"Cole"_s, {}, 0)});
@@ -187,6 +207,18 @@ TEST_F(Contacts, AddressesOpenByClickAndKey)
     QTest::mouseDClick(at(u"txtWebpage"_s), Qt::LeftButton);
     type(u"txtEmail2Address"_s, u"jo@example.org"_s);
     QTest::keyClick(at(u"txtEmail2Address"_s), Qt::Key_Return, Qt::ControlModifier);
+    QTimer::singleShot(0, form.get(), [] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        EXPECT_EQ(menu->actions().first()->text(), u"&Open"_s);
+        menu->actions().first()->trigger();
+        menu->close();
+    });
+    bringUp(at(u"txtWebpage"_s));
+    QContextMenuEvent byKey(QContextMenuEvent::Keyboard, {}, form->mapToGlobal(QPoint(50, 50)));
+    QCoreApplication::sendEvent(at(u"txtWebpage"_s), &byKey);
+    ASSERT_EQ(opened.urls.size(), 3) << "click, key and menu";
+    EXPECT_EQ(opened.urls.takeLast(), opened.urls.first());
     EXPECT_EQ(opened.urls, (QList<QUrl>{QUrl(u"http://www.example.org"_s), QUrl(u"mailto:jo@example.org"_s)}));
     type(u"txtFTPSite"_s, u"/bin/sh"_s);
     user.expect(u"\"/bin/sh\" is not an address of the web or of e-mail."_s);
