@@ -23,7 +23,10 @@ ChildGridView::ChildGridView(const records::ChildGrid &design, const QString &pa
     createColumns();
     // A row that is being typed belongs to the record that is left: it is written with it, or keeps it.
     parent->addRowWriter(this, [this] { return m_grid->UpdateRow(); }, [this] { m_grid->UndoRow(); },
-                         [this] { return m_grid->isRowChanged(); },
+                         [this] {
+                             m_grid->TakeOpenCell();        // the row and the cell still open are stored in one transaction
+                             return m_grid->isRowChanged();
+                         },
                          [this] { m_grid->RetakeRow(); });
     controls::on(m_grid, &controls::Grid::EnterKey, this, [this] { m_grid->EditCell(); });
     if (design.deletes)

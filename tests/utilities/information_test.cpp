@@ -54,7 +54,7 @@ TEST_F(Information, ShowsThePageOfTheSection)
     folder.write(u"INFOMUSIC.RTF"_s, "");
     ShowInfoPage(u"U");
     EXPECT_EQ(u""_s, openScreen()->txtInfo().Text());
-    ShowInfoPage(u"P");
+    ShowInfoPage(u"R");
     EXPECT_TRUE(openScreen()->txtInfo().Text().startsWith(u"This page describes the section as it is going to be"_s));
     ShowInfoPage(u"A");
     EXPECT_TRUE(openScreen()->txtInfo().Text().startsWith(u"Not part of this version yet: Setup.\nAppointments"_s));

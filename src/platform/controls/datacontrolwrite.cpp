@@ -120,16 +120,21 @@ bool DataControl::Private::writeAll(Written *result, Failure *failure)
         typed += binding.shown;
     if (!inTransaction)
         writers.forgetWritten();
+    bool others = false;
     try {
         dao::Transaction all(database);
         const QPointer<DataControl> alive(q);
-        const bool others = writers.write();
+        others = writers.write();
         if (!alive)
             return false;
         if (others)
             *result = write(failure);
-        all.Commit();
-        return others;
+        // The rows that hang on the row are stored with it or not at all. A row that was deleted on request takes them along;
+        // a writer that refuses has seen to its own rows.
+        if (!others || *result == Written::Done || (*result == Written::Gone && failure->number == 0)) {
+            all.Commit();
+            return others;
+        }
     } catch (const basic::Error &e) {
         for (std::size_t i = 0; i < bindings.size(); ++i)   // nothing was stored: the typing is unsaved again
             bindings[i].shown = typed[static_cast<qsizetype>(i)];
@@ -139,6 +144,9 @@ bool DataControl::Private::writeAll(Written *result, Failure *failure)
         *failure = {e.number(), e.text()};
         return false;
     }
+    if (!inTransaction && *result == Written::Refused)
+        writers.retake();
+    return others;
 }
 
 void DataControl::Private::restore(const std::vector<std::pair<QPointer<QWidget>, std::pair<QString, QString>>> &typed)

@@ -70,6 +70,7 @@ public:
     void UndoRow();
     void RetakeRow();                                   // the row written last is unsaved again: the store took it back
     bool isRowChanged() const;
+    void TakeOpenCell();                // what is typed in the open cell becomes part of the changed row
     // The row that is being changed, else the current one (-1: neither), and its cells as shown. setEditValue changes
     // one without the handlers of a cell, whether or not the column is open to typing.
     qsizetype EditRow() const;

@@ -393,6 +393,11 @@ bool Grid::isRowChanged() const
     return d->model->draft().isOpen();
 }
 
+void Grid::TakeOpenCell()
+{
+    d->closeOpenEditor();
+}
+
 qsizetype Grid::EditRow() const
 {
     return isRowChanged() ? d->model->draft().row : currentRow();
