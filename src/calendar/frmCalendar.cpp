@@ -23,6 +23,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPointer>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTimer>
@@ -224,7 +225,9 @@ void frmCalendar::drawYear()
         readYear();
     for (SmallMonth *month : m_months)
         month->setPicked(month->month() == m_date.month() ? m_date : DateTime());
-    m_months[static_cast<std::size_t>(m_date.month() - 1)]->setFocus();
+    SmallMonth *here = m_months[static_cast<std::size_t>(m_date.month() - 1)];
+    here->setFocus();
+    m_year->ensureWidgetVisible(here);
 }
 
 void frmCalendar::LBL_Date_Click(int index)
@@ -266,7 +269,7 @@ void frmCalendar::DisplayYearCalendar(bool show)
     m_pages->setCurrentIndex(show ? yearPage : monthPage);
     m_yearKey->setChecked(show);
     m_yearKey->setToolTip(show ? u" - Click to Hide Year Calendar "_s : u" - Click to Show Year Calendar "_s);
-    m_pages->widget(yearPage)->setToolTip(u" - Click to Hide Year Calendar "_s);
+    m_year->widget()->setToolTip(u" - Click to Hide Year Calendar "_s);
     if (!m_date.hasDate())
         return;
     UpdateTitle();
@@ -422,6 +425,13 @@ void frmCalendar::arrange()
     m_side->setVisible(!isNarrow || hasDetails);
     m_pages->setVisible(!isNarrow || !hasDetails);
     m_head->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
+}
+
+bool frmCalendar::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::MouseButtonRelease && watched == m_year->widget())
+        basic::Trap([this] { DisplayYearCalendar(false); });
+    return Form::eventFilter(watched, event);
 }
 
 void frmCalendar::resizeEvent(QResizeEvent *event)

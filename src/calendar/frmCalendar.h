@@ -13,6 +13,7 @@ class QGridLayout;
 class QLabel;
 class QLineEdit;
 class QMenu;
+class QScrollArea;
 class QScrollBar;
 class QStackedWidget;
 class QTimer;
@@ -50,6 +51,7 @@ protected:
     void changeEvent(QEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
     // Layout (frmCalendarLayout.cpp)
@@ -111,6 +113,7 @@ private:
     QAbstractButton *m_yearKey = nullptr, *m_detailsKey = nullptr;
     QLineEdit *m_txtDate = nullptr;
     QStackedWidget *m_pages = nullptr;
+    QScrollArea *m_year = nullptr;
     QBoxLayout *m_head = nullptr;                   // its two halves lie below each other where the width does not do
     std::array<QAction *, 3> m_newEntries{};        // New appointment, bill, event
     QGridLayout *m_grid = nullptr;                  // of the days

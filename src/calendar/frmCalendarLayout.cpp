@@ -23,6 +23,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QScrollBar>
 #include <QStackedWidget>
 #include <QTimer>
@@ -193,7 +194,15 @@ QWidget *frmCalendar::composeYear()
         m_months[static_cast<std::size_t>(month - 1)] = box;
         grid->addWidget(box, (month - 1) / 4, (month - 1) % 4);
     }
-    return page;
+    page->installEventFilter(this);                 // a click beside the months hides them
+    m_year = new QScrollArea;
+    m_year->setFrameShape(QFrame::NoFrame);
+    m_year->setWidgetResizable(true);
+    m_year->setFocusPolicy(Qt::NoFocus);
+    m_year->setWidget(page);
+    page->setAutoFillBackground(false);
+    m_year->viewport()->setAutoFillBackground(false);
+    return m_year;
 }
 
 QLayout *frmCalendar::composeKinds()

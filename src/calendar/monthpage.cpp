@@ -34,7 +34,7 @@ table { border-collapse: collapse; width: 100%; }
 .month img { border-radius: 4px; margin-left: 1em; }
 .month td { border: 1px solid #8888; height: 5.6em; padding: 0.3em 0.4em; vertical-align: top; overflow-wrap: anywhere; }
 .month .days td { border: 0; border-bottom: 2px solid #8888; height: auto; text-align: center; font-weight: bold; font-size: 0.9em; }
-.month .none { border-color: #8883; }
+.month .none { border: 0; height: auto; padding: 0; }
 .day { font-weight: bold; }
 .row { font-size: 0.72em; line-height: 1.25; margin-top: 0.25em; padding-left: 0.4em; border-left: 3px solid #2a7fd4; }
 .event { border-color: #2ea043; }
