@@ -185,7 +185,7 @@ QWidget *frmCalendar::composeYear()
     page->setObjectName(u"panYear"_s);
     auto *grid = new QGridLayout(page);
     layout::setMargins(grid, layout::unit / 2);
-    grid->setHorizontalSpacing(3 * layout::unit);
+    grid->setHorizontalSpacing(layout::unit);
     grid->setVerticalSpacing(layout::unit);
     for (int month = 1; month <= 12; ++month) {
         auto *box = new SmallMonth;

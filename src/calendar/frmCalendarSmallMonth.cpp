@@ -116,7 +116,7 @@ QString SmallMonth::tipOf(int day) const
 
 QSize SmallMonth::minimumSizeHint() const
 {
-    const int column = QFontMetrics(boxFont(dayPoints, true)).horizontalAdvance(u"00"_s) + 8;
+    const int column = QFontMetrics(boxFont(dayPoints, true)).horizontalAdvance(u"00"_s) + 5;
     return {monthColumns * column + 4, titleHeight() + 7 * lineHeight() + 4};
 }
 
