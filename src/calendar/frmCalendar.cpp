@@ -419,11 +419,12 @@ void frmCalendar::wheelEvent(QWheelEvent *event)
 // A small screen shows the month or what is beside it, one at a time.
 void frmCalendar::arrange()
 {
-    constexpr int wide = 940;
+    constexpr int wide = 940, pictureHeight = 186, smallPicture = 64;
     const bool isNarrow = width() < wide, hasDetails = m_detailsKey->isChecked();
     m_detailsKey->setVisible(isNarrow);
     m_side->setVisible(!isNarrow || hasDetails);
     m_pages->setVisible(!isNarrow || !hasDetails);
+    m_picture->setFixedHeight(isNarrow ? smallPicture : pictureHeight);
     m_head->setDirection(isNarrow ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight);
 }
 

@@ -38,7 +38,7 @@ namespace layout = controls::layout;
 
 namespace {
 
-constexpr int sideWidth = 296, pictureHeight = 186, yearsAround = 100;
+constexpr int sideWidth = 296;
 constexpr QSize usualSize(1040, 700), leastSize(600, 340);
 
 struct Kind {
@@ -227,7 +227,6 @@ QWidget *frmCalendar::composeSide()
     m_side->setObjectName(u"panSide"_s);
     m_side->setMinimumWidth(sideWidth);
     m_picture = new controls::PictureBox(u"picImage"_s);
-    m_picture->setFixedHeight(pictureHeight);
     m_picture->setFocusPolicy(Qt::TabFocus);
     m_picture->setCursor(Qt::PointingHandCursor);
     m_picture->setAccessibleName(u"Picture of the month"_s);
