@@ -82,12 +82,16 @@ QString mendingText(const Mending &mending)
         text += u"    The backup copy was restored."_s;
     else if (mending.beyondRepair)
         text += u"    No row could be read from it."_s;
-    else if (mending.rowsSeen > 0)
+    else if (mending.rowsSeen > mending.rowsSaved)
         text += u"    It was repaired: %1 of %2 rows came back."_s.arg(mending.rowsSaved).arg(mending.rowsSeen);
+    else if (mending.rowsSeen > 0)
+        text += u"    It was repaired: %1 rows came back."_s.arg(mending.rowsSaved);
     else
         text += u"    It was repaired."_s;
+    // How many rows a cut-off part held cannot be counted.
     if (!mending.lost.isEmpty() && !mending.beyondRepair)
-        text += u" Not complete: %1."_s.arg(mending.lost.join(u", "_s));
+        text += (mending.rowsSeen > mending.rowsSaved ? u" Rows are missing in: %1."_s : u" An unknown number of rows is missing in: %1."_s)
+                    .arg(mending.lost.join(u", "_s));
     return text + newLine + u"    The damaged file is kept as %1"_s.arg(QDir::toNativeSeparators(mending.original));
 }
 

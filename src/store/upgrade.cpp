@@ -207,7 +207,9 @@ void StartPass::serveFiles()
         else if (m_suspects.contains(file))
             attempt(file, [&] { rebuild(file, {store::currentVersion, true}); });
     }
-    const bool isWhole = isNew || m_failed.empty();
+    // Missing files are made by any start; one that was left as it was needs the next upgrade.
+    const bool isWhole = isNew ? std::none_of(m_failed.begin(), m_failed.end(), [](const auto &one) { return exists(one.first); })
+                               : m_failed.empty();
     for (const DataFile file : fileOrder)
         attempt(file, [&] { addRows(file); });
     serveMain(isOld, isWhole ? store::currentVersion : version);
@@ -221,7 +223,7 @@ void StartPass::serveMain(bool isOld, int stamp)
             // Without room for all first rows the installation stays a new one, which the next start completes.
             if (std::any_of(m_failed.begin(), m_failed.end(), [](const auto &one) { return one.second.number == dao::err::DiskFull; }))
                 throw dao::EngineError(dao::err::DiskFull);
-            rebuild(file, {store::currentVersion, false, [&](dao::Database &database) {
+            rebuild(file, {stamp, false, [&](dao::Database &database) {
                 dao::Transaction all(database);
                 store::addFirstRows(m_required, file, database);
                 all.Commit();

@@ -327,6 +327,7 @@ TEST(StartReport, OneTextOfAllThatHappened)
     const QTemporaryDir folder;
     const QString books = folder.filePath(u"BOOKS.MDB"_s), notes = folder.filePath(u"NOTES.MDB"_s), music = folder.filePath(u"MUSIC.MDB"_s);
     store::Mending mended{books, books + u".damaged"_s, 120, 118, false, false, {u"BOOKS"_s}};
+    store::Mending cutOff{music, music + u".damaged"_s, 635, 635, false, false, {u"MUSIC"_s, u"TRACKS"_s}};
     store::Mending lost{notes, notes + u".damaged2"_s, 0, 0, true, false, {}};
     const QString left = u"These data files were left as they were:"_s;
     const std::vector<store::Failure> failures = {
@@ -335,10 +336,11 @@ TEST(StartReport, OneTextOfAllThatHappened)
         {music, 61, u"Disk full"_s, left},
     };
     EXPECT_EQ(store::startReport({}, {}), QString());
-    const QString text = store::startReport({mended, lost}, failures);
+    const QString text = store::startReport({mended, cutOff, lost}, failures);
     EXPECT_EQ(text.split(u"\r\n\r\n"_s), (QStringList{
         u"These data files were damaged:"_s,
-        u"%1\r\n    It was repaired: 118 of 120 rows came back. Not complete: BOOKS.\r\n    The damaged file is kept as %1.damaged"_s.arg(books),
+        u"%1\r\n    It was repaired: 118 of 120 rows came back. Rows are missing in: BOOKS.\r\n    The damaged file is kept as %1.damaged"_s.arg(books),
+        u"%1\r\n    It was repaired: 635 rows came back. An unknown number of rows is missing in: MUSIC, TRACKS.\r\n    The damaged file is kept as %1.damaged"_s.arg(music),
         u"%1\r\n    No row could be read from it.\r\n    The damaged file is kept as %1.damaged2"_s.arg(notes),
         u"%1\r\n    %2\r\n    %3\r\nNot enough space on disk. Free about 1 MB in %4, then start the program again."_s
             .arg(left, books, music, folder.path()),
@@ -462,6 +464,23 @@ TEST_F(PassTest, aFileThatFailsIsToldAndTheOthersGoOn)
     EXPECT_EQ(GetDatabaseVersion(path()), 0);
     EXPECT_TRUE(QFile::exists(place));
     EXPECT_EQ(state().mainFile, MainFileAccess::Full);      // as it is
+}
+
+// The same where the main file is the one that is missing.
+TEST_F(PassTest, anOldFileOfANewInstallationIsTriedAgain)
+{
+    const QString notes = state().path(DataFile::Notes);
+    dao::DBEngine::CreateDatabase(notes, {}).Close();
+    dao::DBEngine::OpenDatabase(notes).Execute(u"CREATE TABLE [NOTES] ([ID] LONG, [NAME] TEXT(20), [DATE] TEXT(20))"_s);
+    dao::DBEngine::OpenDatabase(notes).Execute(u"INSERT INTO [NOTES] ([NAME],[DATE]) VALUES ('Emma','some day')"_s);
+    m_prompts.expect(u"These data files were left as they were:\r\n    "_s + notes + u"\r\nType mismatch"_s);
+    UpgradeAllDatabases();
+    EXPECT_TRUE(m_prompts.isDone());
+    EXPECT_EQ(state().mainFile, MainFileAccess::Full);
+    dao::DBEngine::OpenDatabase(notes).Execute(u"UPDATE [NOTES] SET [DATE]='11/22/2026'"_s);
+    UpgradeAllDatabases();
+    EXPECT_EQ(rowsOf(DataFile::Notes, u"SELECT [NAME],[DATE] FROM [NOTES]"_s), QStringList(u"Emma|2026-11-22"_s));
+    EXPECT_EQ(GetDatabaseVersion(path()), 290);
 }
 
 TEST_F(PassTest, aFolderThatTakesNoFilesIsToldOnce)
