@@ -5,6 +5,9 @@
 #include "platform/basic/dates.h"
 #include "platform/basic/text.h"
 #include "session/sectiondesign.h"
+#include "session/shared.h"
+
+#include <algorithm>
 
 using namespace Qt::StringLiterals;
 
@@ -126,6 +129,21 @@ void apply(const RowRule &rule, const SectionDesign &section, const RowReader &r
     }
 }
 
+// Of the columns on show alone: the others hold keys and paths.
+void showApostrophes(const SectionDesign &section, const std::function<Value(int)> &value, RowLook &look)
+{
+    for (RowLook::Cell &cell : look.texts)
+        cell.content = shownApostrophes(cell.content);
+    for (std::size_t i = 0; i < section.list->columns.size(); ++i) {
+        const int column = static_cast<int>(i);
+        const auto isBuilt = [column](const RowLook::Cell &cell) { return cell.column == column; };
+        if (section.list->columns[i].role != SectionColumn::Role::Shown || std::any_of(look.texts.begin(), look.texts.end(), isBuilt))
+            continue;
+        if (const QString text = value(column).text(); text.contains(u'`'))
+            look.texts.push_back({column, shownApostrophes(text)});
+    }
+}
+
 }
 
 bool isYearlyEvent(const QString &subject, const basic::Value &recurring)
@@ -144,6 +162,8 @@ RowLook subjectRowLook(const QString &sectionCode, const std::function<Value(int
     const RowReader row(*section, value);
     for (const RowRule &rule : section->list->rules)
         apply(rule, *section, row, look);
+    if (keepsGraveAccents(*section))
+        showApostrophes(*section, value, look);
     return look;
 }
 

@@ -90,7 +90,7 @@ QString textOf(const dao::Recordset &row, const TipLine &line, const SectionDesi
             parts << text;
     }
     const QString text = parts.join(u' ');
-    return section.kind == SectionKind::Reminder ? shownApostrophes(text) : text;
+    return keepsGraveAccents(section) ? shownApostrophes(text) : text;
 }
 
 QString lineOf(const dao::Recordset &row, const TipLine &line, const SectionDesign &section)

@@ -2,6 +2,7 @@
 
 #include "platform/basic/error.h"
 #include "platform/controls/colours.h"
+#include "session/shared.h"
 
 #include <QAbstractItemModel>
 #include <QIcon>
@@ -81,7 +82,7 @@ public:
         const bool isGroup = node.id == 0;
         switch (role) {
         case Qt::DisplayRole:
-        case Qt::ToolTipRole: return isGroup && node.text.isEmpty() ? u"(none)"_s : oneLine(node.text);
+        case Qt::ToolTipRole: return isGroup && node.text.isEmpty() ? u"(none)"_s : shownApostrophes(oneLine(node.text));
         case Qt::UserRole: return isGroup ? QString() : QString::number(node.id);
         case Qt::FontRole: return isGroup ? QVariant(m_bold) : QVariant();
         case Qt::ForegroundRole: return isGroup ? QVariant(QBrush(m_red)) : node.marked ? QVariant(QBrush(m_mark)) : QVariant();

@@ -14,6 +14,7 @@
 #include "records/frmRecordTree.h"
 #include "records/frmSectionPanel.h"
 #include "session/mainscreen.h"
+#include "session/shared.h"
 #include "utilities/frmInformation.h"
 
 #include <QCheckBox>
@@ -128,7 +129,7 @@ qint32 frmSection::currentId() const
 void frmSection::dtaData_Reposition()
 {
     m_outcome.lastId = currentId();
-    setRecordTitle(m_design.title, text(m_design.nameControl));
+    setRecordTitle(m_design.title, shownApostrophes(text(m_design.nameControl)));
     selectNode();
     m_path = text(u"lblPictureFile"_s);
     ShowPic();

@@ -8,6 +8,7 @@
 #include "platform/basic/format.h"
 #include "platform/basic/text.h"
 #include "platform/desktop/desktop.h"
+#include "session/datetexts.h"
 #include "session/shared.h"
 #include "session/state.h"
 
@@ -70,7 +71,9 @@ std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const Aler
         if (row.met || basic::Trim(row.time).isEmpty() || date != today)
             continue;
         Alert alert;
-        alert.when = date + u' ' + row.time;
+        // Files of before hold "09:00 Am" beside "09:00 am".
+        const QString time = typedTime(row.time);
+        alert.when = date + u' ' + time;
         const std::optional<std::int16_t> minutes = minutesTo(row.time, now);
         if (!minutes)
             continue;
@@ -82,7 +85,7 @@ std::vector<Alert> alertsFor(const std::vector<AppointmentRow> &rows, const Aler
             continue;
         alert.id = row.id;
         alert.minutes = *minutes;
-        alert.caption = u" Appointment Reminder "_s + row.time + u' ';
+        alert.caption = u" Appointment Reminder "_s + time + u' ';
         alert.toolTip = u" Appointment scheduled for "_s + alert.when + u' ';
         alert.text = longText(alert, row, now);
         alerts.push_back(std::move(alert));

@@ -1,4 +1,6 @@
+#include "session/recorddesign.h"
 #include "session/sections/parts.h"
+#include "session/shared.h"
 
 #include <algorithm>
 
@@ -14,6 +16,10 @@ SectionDesign numbered(SectionDesign design)
         for (SectionColumn &column : design.list->columns)
             if (column.isNumbered)
                 column.widthColumn = ++number;
+    if (design.print && keepsGraveAccents(design)) {
+        for (ListColumn &column : design.print->report.columns)
+            column.cell = [stored = column.cell](const dao::Recordset &rows) { return shownApostrophes(stored(rows)); };
+    }
     return design;
 }
 
@@ -68,6 +74,16 @@ const SectionDesign *sectionByScreen(const QString &screen)
 const SectionDesign *shownSection()
 {
     return sectionByCode(state().selection.gSection);
+}
+
+bool keepsGraveAccents(const SectionDesign &section)
+{
+    if (section.kind == SectionKind::Reminder)
+        return true;
+    if (!section.screen || !section.screen->record)
+        return false;
+    const auto &fields = section.screen->record().fields;
+    return std::any_of(fields.begin(), fields.end(), [](const auto &field) { return bool(field.rules & controls::FieldRule::Grave); });
 }
 
 bool isShown(SectionId id)

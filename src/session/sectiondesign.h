@@ -197,5 +197,7 @@ const SectionDesign *sectionByCode(QStringView code);
 const SectionDesign *sectionByScreen(const QString &screen); // that shows pictures, by the screen's name in any case
 const SectionDesign *shownSection();                         // that of gSection
 bool isShown(SectionId id);
+// Whether typed apostrophes are kept as grave accents in the section's names, so that they are turned back where rows are shown.
+bool keepsGraveAccents(const SectionDesign &section);
 
 }

@@ -132,7 +132,7 @@ TEST_F(AlertScreen, WarnsOverAnyPeriodAndPastMidnight)
     click(u"TODAY"_s);
     m_clock.set(QDate(2026, 11, 23), QTime(0, 1));
     tick();
-    EXPECT_EQ(text(u"panAppoint"_s), u" Appointment Reminder 00:05 am "_s);
+    EXPECT_EQ(text(u"panAppoint"_s), u" Appointment Reminder 12:05 am "_s);
     EXPECT_EQ(text(u"lblDate"_s), u"11/23/2026"_s);
     EXPECT_EQ(text(u"panPeriod"_s), u" (Today - Mon 11/23/2026)"_s);
     EXPECT_EQ(menu(u"mnuToday"_s)->text(), u"Today ......... 11/23/2026"_s);

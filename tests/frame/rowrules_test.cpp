@@ -80,11 +80,14 @@ TEST_F(RowRulesTest, cellsThatAreBuiltFromTheRow)
         {u"D"_s, {{b2, Value(u"2"_s)}}, 4, u"B2 :  2"_s},
         {u"P"_s, {{u"SORTNAME"_s, Value(u"ACME"_s)}, {u"CONTACT"_s, Value(u"Ann"_s)}}, 1, u"ACME [Ann]"_s},
         {u"X"_s, {{u"PHONENUM"_s, Value(u"\r\n'Work: 1\r\n'Pager: 2\r\n"_s)}}, 2, u"Work: 1\r\nPager: 2"_s},
+        {u"P"_s, {{u"SORTNAME"_s, Value(u"O`BRIEN"_s)}, {u"CONTACT"_s, Value(u"Ann"_s)}}, 1, u"O'BRIEN [Ann]"_s},
+        {u"K"_s, {{u"AUTHOR"_s, Value(u"Flann O`Brien"_s)}, {u"FILENAME"_s, Value(u"a`b.jpg"_s)}}, 3, u"Flann O'Brien"_s},
         {u"C"_s, {{u"ADDRESS"_s, Value(u"1 High St\r\n   \r\nPeru"_s)}}, 2, u"1 High St\r\nPeru"_s},
     };
     for (const auto &one : cases)
         EXPECT_EQ(look(one.code, one.fields).texts, (std::vector<RowLook::Cell>{{one.column, one.text}})) << one.code;
     EXPECT_TRUE(look(u"P"_s, {{u"SORTNAME"_s, Value(u"ACME"_s)}}).texts.empty());
+    EXPECT_TRUE(look(u"I"_s, {{u"ITEM"_s, Value(u"A `B` switch"_s)}}).texts.empty()) << "no names that queries quote: shown as stored";
 }
 
 }

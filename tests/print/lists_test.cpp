@@ -182,12 +182,13 @@ TEST_F(Lists, HowToStandsInBlocks)
 
 TEST_F(Lists, NullsKeepTheirPlaceAndNamelessRowsOnlyCount)
 {
-    put(DataFile::Books, {u"INSERT INTO [BOOKS] ([TITLE],[RATING]) VALUES ('Alone','Fine')"_s,
+    put(DataFile::Books, {u"INSERT INTO [BOOKS] ([TITLE],[RATING]) VALUES ('Ann`s tale','Fine')"_s,
                           u"INSERT INTO [BOOKS] ([AUTHOR]) VALUES ('Nobody')"_s,
                           u"INSERT INTO [BOOKS] ([TITLE]) VALUES ('"_s + u"1234567890"_s.repeated(4) + u"')"_s});
     QStringList lines = script(list(u"K"_s)).filter(u"LPRINT"_s);
     EXPECT_EQ(lines.filter(u"Nobody"_s).size(), 0);
     EXPECT_EQ(lines.filter(u"LISTED:3\""_s).size(), 1);
+    EXPECT_EQ(lines.filter(u"\"Ann's tale\""_s).size(), 1);
     EXPECT_EQ(lines.filter(u'"' + u"1234567890"_s.repeated(4).left(36) + u'"').size(), 1);
     const QString rating = lines.filter(u"\"RATING\""_s).value(0), fine = lines.filter(u"\"Fine\""_s).value(0);
     EXPECT_EQ(rating.section(u',', 0, 0), fine.section(u',', 0, 0));

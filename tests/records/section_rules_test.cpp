@@ -58,7 +58,7 @@ TEST_F(Rules, PastedAndCompletedApostrophesTooAndWhatAFieldCannotHoldIsCut)
     at<QComboBox>(u"cboCategory"_s)->lineEdit()->insert(QString(300, u'x'));
     click(u"cmdUpdate"_s);
     EXPECT_EQ(text(u"lblState"_s), u"Saved"_s);
-    EXPECT_TRUE(form->windowTitle().contains(u"Bea`s"_s));
+    EXPECT_TRUE(form->windowTitle().contains(u"Bea's"_s));
     EXPECT_FALSE(form->isWindowModified());
 }
 

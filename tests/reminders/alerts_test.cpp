@@ -106,9 +106,9 @@ TEST_F(Alerts, TextsInTheUsersFormat)
     const std::vector<Alert> alerts =
         alertsFor({row(u"10:00 Am"_s, 7, false, QDate(2026, 5, 12))}, {true, 15, 5}, now);
     ASSERT_EQ(alerts.size(), 1u);
-    EXPECT_EQ(alerts[0].caption, u" Appointment Reminder 10:00 Am "_s);
-    EXPECT_EQ(alerts[0].toolTip, u" Appointment scheduled for 12/05/2026 10:00 Am "_s);
-    EXPECT_EQ(alerts[0].text, u" Appointment scheduled for \t12/05/2026 10:00 Am\n It is Now \t12/05/2026 09:50 am\n"
+    EXPECT_EQ(alerts[0].caption, u" Appointment Reminder 10:00 am "_s);
+    EXPECT_EQ(alerts[0].toolTip, u" Appointment scheduled for 12/05/2026 10:00 am "_s);
+    EXPECT_EQ(alerts[0].text, u" Appointment scheduled for \t12/05/2026 10:00 am\n It is Now \t12/05/2026 09:50 am\n"
                               "10 minute/s remaining\n"_s + u"-"_s.repeated(85) + u"\nDentist"_s);
     state().settings.gDateDisplay = u"dddd, dd mmmm"_s;   // and one that no region reads
     EXPECT_EQ(alertsFor({row(u"10:00 Am"_s, 7, false, QDate(2026, 5, 12))}, {true, 15, 5}, now).size(), 1u);
