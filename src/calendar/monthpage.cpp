@@ -4,13 +4,13 @@
 #include "media/pictures.h"
 #include "platform/basic/files.h"
 #include "platform/basic/format.h"
+#include "platform/desktop/picturefile.h"
 #include "session/shared.h"
 #include "session/state.h"
 #include "session/webpage.h"
 
 #include <QDir>
 #include <QFile>
-#include <QImageReader>
 #include <QUrl>
 #include <algorithm>
 #include <cmath>
@@ -78,7 +78,7 @@ QString pictureElement(const QString &picture)
     const QString address = pictureAddress(picture);
     if (address.isEmpty())
         return {};
-    const QSize size = pagePictureSize(QImageReader(pictureFile(picture)).size());
+    const QSize size = pagePictureSize(desktop::inspectPicture(pictureFile(picture)).size);
     const QString measures = size.isEmpty() ? QString() : u" width='%1' height='%2'"_s.arg(size.width()).arg(size.height());
     return u"<img src='"_s + address.toHtmlEscaped().replace(u'\'', u"&#39;"_s) + u"'"_s + measures + u" align='right' alt=''>"_s;
 }

@@ -1,12 +1,12 @@
 #include "frame/frmCaddyPicture.h"
 
 #include "media/pictures.h"
-#include "platform/basic/files.h"
 #include "platform/controls/colours.h"
 #include "platform/controls/form.h"
 #include "platform/controls/grid.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturebox.h"
+#include "platform/desktop/picturefile.h"
 
 #include <QPainter>
 #include <QPainterPath>
@@ -51,7 +51,8 @@ DetailPane::DetailPane(QWidget *parent) : QWidget(parent), m_image(new controls:
 
 void DetailPane::setPaper(const QString &file)
 {
-    m_paper = file.isEmpty() ? QPixmap() : QPixmap(basic::realPath(file));
+    constexpr QSize most(1600, 1200);       // the user may have put a file of any size in its place
+    m_paper = QPixmap::fromImage(desktop::readPicture(file, most).image);
     update();
 }
 

@@ -1,6 +1,7 @@
 #include "frame/gridlayout.h"
 
 #include "frame/startup.h"
+#include "media/pictures.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/error.h"
 #include "platform/basic/files.h"
@@ -216,8 +217,7 @@ bool GridLayout::put(const QString &key, const QString &value)
 void LoadGridSettings(GridLayout &layout)
 {
     layout.outlookFunctions = GetIniValue(iniSettings, u"EmailClient"_s, {}) == u"Outlook";
-    const QString picture = GetIniValue(iniSettings, u"SetupPicture"_s, {});
-    layout.setupPicture = basic::Dir(picture).isEmpty() ? QString() : basic::realPath(picture);
+    layout.setupPicture = pictureFile(GetIniValue(iniSettings, u"SetupPicture"_s, {}));
     const auto fontColour = iniInteger(GetIniValue(iniSettings, u"ScreenFontColour"_s, u"0"_s));
     layout.screenFontColour = fontColour < 0 ? 0u : static_cast<quint32>(fontColour);
     loadFont(layout);

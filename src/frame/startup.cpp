@@ -1,5 +1,6 @@
 #include "frame/startup.h"
 
+#include "media/pictures.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
@@ -158,9 +159,8 @@ void loadSoundFile()
 {
     // A chosen file that no longer exists means silence, not the default sound.
     const QString chosen = setting(u"SoundFile"_s, {});
-    const QString path = chosen.isEmpty() ? desktop::findResource(u"\\WISH.wav"_s) : basic::realPath(chosen);
-    const bool exists = chosen.isEmpty() ? !path.isEmpty() : !basic::Dir(path).isEmpty();
-    state().settings.gSoundFile = exists ? path : QString();
+    // Found as a picture is: the folder may have moved since.
+    state().settings.gSoundFile = chosen.isEmpty() ? desktop::findResource(u"\\WISH.wav"_s) : pictureFile(chosen);
 }
 
 void loadFeatures()

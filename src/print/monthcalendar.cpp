@@ -3,6 +3,7 @@
 #include "calendar/monthpicture.h"
 #include "media/pictures.h"
 #include "platform/basic/format.h"
+#include "platform/desktop/picturefile.h"
 #include "print/fittedtext.h"
 #include "print/listwriter.h"
 #include "print/player.h"
@@ -12,7 +13,6 @@
 #include "session/datafiles.h"
 #include "session/datetexts.h"
 
-#include <QImageReader>
 #include <algorithm>
 #include <deque>
 #include <functional>
@@ -119,11 +119,7 @@ void CalendarWriter::writeTitle()
 // A picture that is damaged is left out: the page is worth more than its picture.
 void CalendarWriter::writePicture(const Region &place)
 {
-    QImageReader reader(m_picture);
-    reader.setAutoTransform(true);
-    QSizeF size = reader.size();
-    if (reader.transformation() & QImageIOHandler::TransformationRotate90)
-        size.transpose();
+    QSizeF size = desktop::inspectPicture(m_picture).size;
     if (size.isEmpty())
         return;
     size.scale(place.right - place.left, place.bottom - place.top, Qt::KeepAspectRatio);
@@ -133,7 +129,7 @@ void CalendarWriter::writePicture(const Region &place)
 
 double CalendarWriter::writeHead()
 {
-    const bool hasPicture = !m_picture.isEmpty() && QImageReader(m_picture).canRead();
+    const bool hasPicture = !m_picture.isEmpty() && desktop::inspectPicture(m_picture).size.isValid();
     double end = headTop;
     if (m_paper.yearStrip)
         end = PrintYearCalendar(m_job, headTop) + gap;

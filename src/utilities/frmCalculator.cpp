@@ -1,6 +1,7 @@
 #include "utilities/frmCalculator.h"
 
 #include "media/frmDataPath.h"
+#include "media/pictures.h"
 #include "platform/basic/colournumber.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/prompts.h"
@@ -325,7 +326,7 @@ void frmCalculator::picImage_Click()
 
 void frmCalculator::showPicture()
 {
-    const QPixmap picture = readPicture(GetIniValue(iniSettings, pictureKey, {}), devicePixelRatioF());
+    const QPixmap picture = readPicture(pictureFile(GetIniValue(iniSettings, pictureKey, {})), devicePixelRatioF());
     if (picture.isNull())
         m_picture->setText(u"Click here for a picture of your own"_s);
     else

@@ -88,6 +88,9 @@ TEST_F(GridLayoutTest, damagedValues)
     EXPECT_EQ(layout.fontSize, 11);
     EXPECT_EQ(stored(u"GridFontSize"_s), u"11"_s);
     EXPECT_EQ(layout.setupPicture, QString());
+    const QString picture = folder.write(u"behind.jpg"_s, "");
+    folder.write(u"vorelreminder.ini"_s, "[Settings]\nSetupPicture=/gone/behind.jpg\n");
+    EXPECT_EQ(restarted().setupPicture, picture) << "written before the folder moved";
     folder.write(u"vorelreminder.ini"_s, "[Settings]\nGridFontSize=-3\n");
     EXPECT_EQ(restarted().fontSize, 9);
 }

@@ -209,7 +209,7 @@ TEST_F(StartupTest, soundFile)
     const QString mine = folder.write(u"mine.wav"_s, "RIFF");
     loadSoundFile();
     EXPECT_EQ(state().settings.gSoundFile, wish);
-    for (const QByteArray &kept : {mine.toUtf8(), QByteArray("\\mine.wav")}) {       // the second moves with the folder
+    for (const QByteArray &kept : {mine.toUtf8(), QByteArray("\\mine.wav"), QByteArray("/gone/mine.wav")}) {    // the last: before the folder moved
         writeIni("SoundFile=" + kept + "\n");
         loadSoundFile();
         EXPECT_EQ(state().settings.gSoundFile, mine);

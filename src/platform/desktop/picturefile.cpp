@@ -101,7 +101,8 @@ PictureFile inspectPicture(const QString &path)
     const QSize size = affordableSize(file, reader);
     if (!size.isValid())
         return {};
-    return {size, qint64{size.width()} * size.height() > quickPixels || QFileInfo(file).size() > quickBytes};
+    const bool onItsSide = reader.transformation() & QImageIOHandler::TransformationRotate90;
+    return {onItsSide ? size.transposed() : size, qint64{size.width()} * size.height() > quickPixels || QFileInfo(file).size() > quickBytes};
 }
 
 Picture readPicture(const QString &path, QSize bounds)

@@ -7,7 +7,7 @@
 namespace vorel::desktop {
 
 struct PictureFile {
-    QSize size;             // pixels as stored; invalid: no picture, or one that is too large to be read
+    QSize size;             // pixels, turned as its camera says; invalid: no picture, or one that is too large to be read
     bool large = false;     // its decoding may be felt
 };
 
