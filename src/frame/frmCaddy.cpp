@@ -1,6 +1,7 @@
 #include "frame/frmCaddy.h"
 
 #include "frame/frmCaddyGround.h"
+#include "frame/frmCaddyHead.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyInfo.h"
 #include "frame/frmCaddyPicture.h"
@@ -213,9 +214,8 @@ void frmCaddy::fitDesktop()
     const QScreen *desktop = screen();
     const QSize room = desktop ? desktop->availableSize() - QSize(8, 40) : QSize(1272, 760);
     constexpr int leastWithPane = 700;
-    // At 200 % of a small screen the lists and their buttons need the whole width.
     if (room.width() < leastWithPane)
-        d->c.picDetails->parentWidget()->hide();
+        fitSmallScreen(d->c);
     resize(QSize(1272, 760).boundedTo(room));
 }
 

@@ -2,6 +2,7 @@
 
 #include "calendar/frmCalendarSmallMonth.h"
 #include "frame/frmCaddyGround.h"
+#include "frame/frmCaddyHead.h"
 #include "frame/frmCaddyIcons.h"
 #include "frame/frmCaddyInfo.h"
 #include "frame/frmCaddyPicture.h"
@@ -226,7 +227,7 @@ void buildGrids(QMainWindow *window, CaddyControls &c)
     }
 }
 
-QLayout *buildHead(CaddyControls &c)
+QWidget *buildHead(CaddyControls &c)
 {
     c.panPeriod = new controls::ElidedLabel;
     c.panPeriod->setObjectName(u"panPeriod"_s);
@@ -239,14 +240,7 @@ QLayout *buildHead(CaddyControls &c)
     for (GridPane &pane : c.reminders())
         pane.panEdit->setAccessibleName(u"Edit "_s + pane.panEdit->text());
     c.subjects().panEdit = controls::button(u"panEditS"_s, u"Edit"_s, {}, u"Open the selected record"_s);
-    auto *row = new QHBoxLayout;
-    row->setSpacing(unit);
-    row->addWidget(c.panPeriod, 1);
-    // The buttons stay at the right where no period is on show.
-    row->addStretch();
-    for (QAbstractButton *button : {c.panNew, c.appointments().panEdit, c.bills().panEdit, c.events().panEdit, c.subjects().panEdit})
-        row->addWidget(button);
-    return row;
+    return new CaddyHead(c.panPeriod, {c.panNew, c.appointments().panEdit, c.bills().panEdit, c.events().panEdit, c.subjects().panEdit});
 }
 
 QWidget *buildSide(CaddyControls &c)
@@ -288,7 +282,7 @@ void buildPage(QMainWindow *window, CaddyControls &c)
     auto *column = new QVBoxLayout(middle);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(unit);
-    column->addLayout(buildHead(c));
+    column->addWidget(buildHead(c));
     c.lblNotice = new QLabel;
     c.lblNotice->setObjectName(u"lblNotice"_s);
     c.lblNotice->setAccessibleName(u"Notice"_s);

@@ -5,6 +5,7 @@ list(APPEND VOREL_SCREENS
   frame/frmCaddyColumns.cpp
   frame/frmCaddyEdit.cpp
   frame/frmCaddyGround.cpp
+  frame/frmCaddyHead.cpp
   frame/frmCaddyIcons.cpp
   frame/frmCaddyInfo.cpp
   frame/frmCaddyLayout.cpp

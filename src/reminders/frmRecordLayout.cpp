@@ -221,7 +221,9 @@ void frmRecord::composeScreen()
 
     const QSize wanted = body->sizeHint() + QSize(0, keys->sizeHint().height() + layout::unit);
     SetScheduler(false);
-    resize(std::max({wanted.width(), keys->sizeHint().width(), 104 * layout::unit}), wanted.height());
+    // Wide enough for what a save says of its series beside the keys.
+    const int said = keys->fontMetrics().horizontalAdvance(u"365 further dates up to 12/28/2027"_s);
+    resize(std::max(wanted.width(), keys->sizeHint().width() + said), wanted.height());
 }
 
 // The Tab key goes as the screen reads: the fields with their buttons, the panels, the navigator, the keys.

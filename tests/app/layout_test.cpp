@@ -74,6 +74,14 @@ TEST_F(Layout, DraggedWidthsAndHeightsSurviveARestart)
 
 TEST_F(Layout, LongDatesAndNamesWidenNothing)
 {
+    startOn(u"All"_s);
+    screen().resize(640, 600);
+    QCoreApplication::processEvents();
+    const QWidget *period = at(u"panPeriod"_s);
+    EXPECT_GE(period->width(), period->sizeHint().width()) << "on a line of its own where the buttons leave too little";
+    screen().resize(1272, 600);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(period->geometry().center().y(), at(u"panNew"_s)->geometry().center().y());
     set(u"DateDisplay"_s, u"dddd, d mmmm yyyy"_s);
     set(u"UserName"_s, QString(255, u'W'));
     startOn(u"All"_s);

@@ -204,6 +204,11 @@ TEST_F(Sections, RowsOfTodayAndBirthdaysStandOut)
     EXPECT_EQ(ground(days, 0), at<Grid>(days)->styleSet(u"GREEN"_s).back);
     EXPECT_NE(ground(days, 1), at<Grid>(days)->styleSet(u"GREEN"_s).back);
     EXPECT_EQ(column(apps, dayColumn), (QStringList{u"Sun"_s, u"Mon"_s, u"Wed"_s}));
+    // A birthday's week day is that of the year on show, of all records that of this year.
+    click(u"LAST YEAR"_s);
+    EXPECT_EQ(column(days, dayColumn), QStringList(u"Sun"_s));
+    click(u"ALL RECORDS"_s);
+    EXPECT_EQ(column(days, dayColumn), (QStringList{u"Mon"_s, u"Tue"_s, u"Thu"_s}));
 }
 
 }

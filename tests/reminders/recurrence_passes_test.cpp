@@ -49,6 +49,17 @@ TEST_F(PassesTest, rollForwardChangesTheDateAlone)
               QStringList(u"Rent|2026-11-15|Thu|500|1|True"_s));
 }
 
+// A file from elsewhere may hold a period that leads out of the calendar: its row stays, and the next ones roll.
+TEST_F(PassesTest, APeriodBeyondTheCalendarMovesNothing)
+{
+    execute(u"DROP TABLE [Bills]"_s);
+    execute(u"CREATE TABLE [Bills] ([ID] LONG, [Bill] TEXT(100), [Date] DATETIME, [PeriodMonth] DOUBLE, [PeriodDays] DOUBLE)"_s);
+    for (const char *row : {"1,'Gas',#11/01/2026#,3000000000,0", "2,'Tea',#11/01/2026#,0,3000000000", "3,'Rent',#11/01/2026#,0,7"})
+        execute(u"INSERT INTO [Bills] VALUES (%1)"_s.arg(QString::fromLatin1(row)));
+    RollForwardDates();
+    EXPECT_EQ(dates(u"Bills"_s).join(u' '), u"2026-11-01 2026-11-01 2026-11-08");
+}
+
 // A row whose text holds a quote stays behind alone, and is reported once.
 TEST_F(PassesTest, ARowThatCannotRollHindersNoOther)
 {
