@@ -15,6 +15,7 @@
 #include <QMenuBar>
 #include <QShortcut>
 #include <QToolBar>
+#include <QToolButton>
 
 namespace vorel {
 
@@ -134,6 +135,9 @@ void CaddyMenus::addKeys()
     };
     on(Qt::CTRL | Qt::Key_N, [this] { m_c.panNew->click(); });
     on(Qt::CTRL | Qt::Key_F, [this] {
+        // On a narrow screen the box lies in the part of the bar that its own button unfolds.
+        if (auto *unfold = m_c.Toolbar1->findChild<QToolButton *>(u"qt_toolbar_ext_button"_s); unfold && !m_c.txtSearch->isVisible())
+            unfold->click();
         m_c.txtSearch->setFocus(Qt::ShortcutFocusReason);
         m_c.txtSearch->selectAll();
     });
