@@ -61,6 +61,7 @@ private:
     void connectGrids();
     void connectButtons();
     void answerMenus();
+    void printFridgeCopy();
     void showInfoCard();
     CalendarCalls calendarCalls();
     void showDay(basic::DateTime day);

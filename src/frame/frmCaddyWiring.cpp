@@ -160,6 +160,7 @@ void frmCaddy::answerMenus()
         if (hasProgram(u"Chimer.exe"_s) && writeRows() && startProgram(u"Chimer.exe"_s))
             Unload();
     });
+    menus.answer(u"mnuFridgeCopy"_s, [this] { printFridgeCopy(); });
     menus.answer(u"mnuPrintLabels"_s, [this] { frmLabels(LabelMode::Labels, this).ShowModal(); });
     menus.answer(u"mnuPrintEnvelopes"_s, [this] { frmLabels(LabelMode::Envelopes, this).ShowModal(); });
     menus.answer(u"mnuPrintAddressBook"_s, [this] { frmPrintAddressBook(this).ShowModal(); });
@@ -167,6 +168,13 @@ void frmCaddy::answerMenus()
     d->sections.answer(u"Calculator"_s, [this] { showCalculator(this); });
     d->sections.answer(u"Calendar"_s, [this] { showCalendar(calendarCalls(), this); });
     d->sections.answer(u"Help"_s, [this] { d->menus.run(u"mnuHelp"_s); });
+}
+
+// The month for the wall, with all its blocks: the one that the small month shows.
+void frmCaddy::printFridgeCopy()
+{
+    const SmallMonth &shown = *d->c.picMonth;
+    PrintMonthCalendar(shown.month(), shown.year(), {{{}, true}, true});
 }
 
 void frmCaddy::showInfoCard()

@@ -1,4 +1,5 @@
 #include "app/caddyscreen.h"
+#include "calendar/frmCalendarSmallMonth.h"
 #include "contacts/frmContacts.h"
 #include "contacts/frmInfoCard.h"
 #include "frame/menus.h"
@@ -53,6 +54,18 @@ TEST_F(PrintMenu, EntryAndKeyPrintTheSectionOnShow)
         EXPECT_EQ(captions, (QStringList{one.caption, one.caption}));
     }
     test::FakePreview::whileOpen = {};
+}
+
+TEST_F(PrintMenu, FridgeCopyIsTheMonthOnShow)
+{
+    start();
+    QStringList captions;
+    test::FakePreview::whileOpen = [&](test::FakePreview &preview) { captions << preview.job.PreviewCaption; };
+    menu(u"mnuFridgeCopy"_s)->trigger();
+    c().picMonth->showMonth(2028, 2);
+    menu(u"mnuFridgeCopy"_s)->trigger();
+    test::FakePreview::whileOpen = {};
+    EXPECT_EQ(captions, (QStringList{u"Calendar November 2026"_s, u"Calendar February 2028"_s}));
 }
 
 TEST_F(PrintMenu, ContactScreensOpen)
