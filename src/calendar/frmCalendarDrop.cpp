@@ -306,30 +306,20 @@ static std::optional<DateTime> pickDay(QWidget *parent, const QRect &area, const
     return picker.applied() ? std::optional(picker.selectedDate()) : std::nullopt;
 }
 
-std::optional<DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<DateTime> &day, const QString &code)
+std::optional<DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<DateTime> &day)
 {
-    const PickerTarget *target = pickerTarget(code);
-    if (!target || !target->box.isEmpty())
-        return std::nullopt;
     return pickDay(grid, {grid->mapToGlobal(cell.topLeft()), cell.size()}, day);
 }
 
-bool OpenDatePicker(QWidget *box, const QString &code) { return OpenDatePicker(box, code, state().settings.gDateDisplay); }
+bool OpenDatePicker(QWidget *box) { return OpenDatePicker(box, state().settings.gDateDisplay); }
 
-bool OpenDatePicker(QWidget *box, const QString &code, const QString &format)
+bool OpenDatePicker(QWidget *box, const QString &format)
 {
-    const PickerTarget *target = pickerTarget(code);
-    QPointer<QWidget> written = box;
-    if (target && !target->box.isEmpty() && box && box->window()->objectName() == target->screen) {
-        if (auto *named = box->window()->findChild<QWidget *>(target->box.toString()))
-            written = named;
-    }
-    if (!written)
-        return false;
-    const std::optional<DateTime> chosen = pickDay(box, {box->mapToGlobal(QPoint(0, 0)), box->size()}, shownDate(written, format));
+    const QPointer<QWidget> written = box;
+    const std::optional<DateTime> chosen = pickDay(box, {box->mapToGlobal(QPoint(0, 0)), box->size()}, shownDate(box, format));
     if (!chosen || !written)        // the screen may have gone while the picker was open
         return false;
-    showDate(written, *chosen, format);
+    showDate(box, *chosen, format);
     return true;
 }
 

@@ -19,22 +19,12 @@ void showDate(QWidget *box, basic::DateTime date, const QString &format);
 std::optional<basic::DateTime> shownDate(const QWidget *box, const QString &format);
 
 // Shows frmCalendarDrop, a drop-down beside the box, modally, on the box's date (today if it shows none), and writes the chosen
-// date into the box in the display date format. The code is the picker's return code, three characters at most ("R1").
-// Cancelling leaves the box as it was. true: a date was applied.
-bool OpenDatePicker(QWidget *box, const QString &code);
-bool OpenDatePicker(QWidget *box, const QString &code, const QString &format);    // of a box that shows another format
+// date into the box in the display date format. Cancelling leaves the box as it was. true: a date was applied.
+bool OpenDatePicker(QWidget *box);
+bool OpenDatePicker(QWidget *box, const QString &format);       // of a box that shows another format
 
-// The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates, on the cell's day. The code
-// is the grid's letter. The chosen day; nullopt: cancelled.
-std::optional<basic::DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<basic::DateTime> &day,
-                                                    const QString &code);
-
-// The box of a screen that a return code means. For a code without a box the caller names the box.
-struct PickerTarget {
-    QStringView code;
-    QStringView screen;         // objectName of the screen
-    QStringView box;            // objectName of the date box, "" = the box that the picker was opened on
-};
-const PickerTarget *pickerTarget(const QString &code);      // nullptr: no such code
+// The same for a cell of a grid: drops down below the cell, given in the grid's own coordinates, on the cell's day. The chosen
+// day; nullopt: cancelled.
+std::optional<basic::DateTime> openDatePickerOnCell(QWidget *grid, const QRect &cell, const std::optional<basic::DateTime> &day);
 
 }

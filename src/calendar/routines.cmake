@@ -3,5 +3,4 @@ list(APPEND VOREL_ROUTINES
   calendar/monthlist.cpp
   calendar/monthpage.cpp
   calendar/monthpicture.cpp
-  calendar/monthrows.cpp
-  calendar/picker.cpp)
+  calendar/monthrows.cpp)

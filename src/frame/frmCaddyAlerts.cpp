@@ -49,7 +49,7 @@ void CaddyAlerts::Timer2_Timer()
                 throw;
         }
     };
-    // Told once: a check that goes on failing says nothing new.
+    // Reported once: a check that goes on failing says nothing new.
     m_failing = m_failing ? basic::IgnoreErrors(check) != 0 : !basic::Trap(check);
     if (locked)
         m_busy();

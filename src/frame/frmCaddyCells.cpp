@@ -160,13 +160,13 @@ void CaddyCells::capitals(Grid *grid, int from, int to)
 void CaddyCells::pickDate(const GridPane &pane, int column, qsizetype row)
 {
     Grid &grid = *pane.grid;
-    if (column != dateColumn)
+    if (!pane.isReminder() || column != dateColumn)
         return;
     const QRect cell = grid.cellRect(column, row).translated(grid.viewport()->pos());
     const dao::Value stored = grid.CellValue(column, row);
     const auto shown = stored.isDate() && displayDate(stored) == grid.EditText(column)
         ? std::optional(stored.get<basic::DateTime>()) : typedDate(grid.EditText(column));
-    const auto day = openDatePickerOnCell(&grid, cell, shown, pane.code);
+    const auto day = openDatePickerOnCell(&grid, cell, shown);
     if (!day || grid.currentRow() != row)
         return;
     grid.setEditValue(dateColumn, *day);
@@ -301,7 +301,7 @@ void CaddyCells::deleteReminder(GridPane &pane)
                            u"Question?"_s);
     reminders::deleteRow(file, design, id, whole);
     Changes::instance().deliver();
-    if (next != 0 && pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(next)))
+    if (next != 0 && pane.data->hasRows() && pane.data->FindFirst(u"ID="_s + dao::literal(next)))
         grid.setBookmark(pane.data->Recordset().Bookmark());
 }
 

@@ -80,7 +80,7 @@ void CaddyEdit::openReminder(GridPane &pane, const RecordCall &call, QWidget *ov
 // The row that the record screen was left on.
 void CaddyEdit::showLast(GridPane &pane)
 {
-    if (pane.isShown() && pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
+    if (pane.isShown() && pane.data->hasRows() && pane.data->FindFirst(u"ID="_s + dao::literal(pane.lastId)))
         pane.grid->setBookmark(pane.data->Recordset().Bookmark());
 }
 

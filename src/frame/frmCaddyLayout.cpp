@@ -334,13 +334,13 @@ void orderTabs(const CaddyControls &c)
 
 QAbstractButton *signal(const QString &name, const QString &spokenName)
 {
-    auto *made = new SignalButton;
-    made->setObjectName(name);
-    made->setAutoDefault(false);
-    made->setToolTip(spokenName);
-    made->setAccessibleName(spokenName);
-    made->hide();
-    return made;
+    auto *button = new SignalButton;
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    button->setToolTip(spokenName);
+    button->setAccessibleName(spokenName);
+    button->hide();
+    return button;
 }
 
 void buildStrip(QMainWindow *window, CaddyControls &c)
@@ -348,13 +348,13 @@ void buildStrip(QMainWindow *window, CaddyControls &c)
     c.StatusBar1 = new QStatusBar;
     c.StatusBar1->setObjectName(u"StatusBar1"_s);
     const auto label = [](const QString &name, const QString &spokenName) {
-        auto *made = new controls::ElidedLabel;
-        made->setObjectName(name);
-        made->setAccessibleName(spokenName);
-        made->setMargin(unit / 2);
-        made->setMaximumWidth(28 * unit);
-        made->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
-        return made;
+        auto *text = new controls::ElidedLabel;
+        text->setObjectName(name);
+        text->setAccessibleName(spokenName);
+        text->setMargin(unit / 2);
+        text->setMaximumWidth(28 * unit);
+        text->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
+        return text;
     };
     c.panInfo = new InfoPanel;
     c.panInfo->setObjectName(u"panInfo"_s);

@@ -130,8 +130,8 @@ void CaddyMenus::addKeys()
     shortcut(u"mnuToday"_s, {QKeySequence(Qt::CTRL | Qt::Key_T), QKeySequence(Qt::Key_Home)});
     m_c.toolbarKeys.at(u"PRINT CURRENT CATEGORY"_s)->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
     const auto on = [this](QKeySequence key, std::function<void()> step) {
-        auto *made = new QShortcut(key, m_window);
-        controls::on(made, &QShortcut::activated, m_window, std::move(step));
+        auto *hidden = new QShortcut(key, m_window);
+        controls::on(hidden, &QShortcut::activated, m_window, std::move(step));
     };
     on(Qt::CTRL | Qt::Key_N, [this] { m_c.panNew->click(); });
     on(Qt::CTRL | Qt::Key_F, [this] {

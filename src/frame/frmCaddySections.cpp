@@ -347,7 +347,7 @@ bool CaddySections::readSubjects()
     pane.waits = false;
     if (!read(pane))
         return false;
-    if (pane.data->hasRows() && pane.data->FindFirst(u"ID=%1"_s.arg(pane.lastId)))
+    if (pane.data->hasRows() && pane.data->FindFirst(u"ID="_s + dao::literal(pane.lastId)))
         pane.grid->setBookmark(pane.data->Recordset().Bookmark());
     return true;
 }

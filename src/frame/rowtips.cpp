@@ -15,6 +15,7 @@
 #include "session/state.h"
 
 #include <algorithm>
+#include <functional>
 
 using namespace Qt::StringLiterals;
 
@@ -81,9 +82,8 @@ QString textOf(const dao::Recordset &row, const TipLine &line, const SectionDesi
 {
     QStringList parts;
     for (const QString &field : line.fields) {
-        QString text;
-        // A field that an old file lacks, or that cannot be read, says nothing.
-        basic::IgnoreErrors([&] { text = shown(row.Get(field), line.show); });
+        // A field that an old file lacks, or that cannot be read, is left out.
+        QString text = shown(row.valueOr(field, {}), line.show);
         if (field == u"APPTIME")
             text = typedTime(text);
         if (!text.isEmpty())
@@ -105,7 +105,7 @@ QString lineOf(const dao::Recordset &row, const TipLine &line, const SectionDesi
 // An empty handle: there is no such row, or it is locked by a password of its own.
 dao::Recordset openRow(dao::Database &database, const RowTipDesign &tip, qint32 id)
 {
-    dao::Recordset row = database.OpenRecordset(u"select * from [%1] WHERE [ID]=%2"_s.arg(tip.table).arg(id), dao::dbOpenSnapshot);
+    dao::Recordset row = database.OpenRecordset(u"select * from [%1] WHERE [ID]="_s.arg(tip.table) + dao::literal(id), dao::dbOpenSnapshot);
     if (row.EOF_())
         return {};
     const bool isLocked = tip.isLockable && hasField(row, u"PASSWORD"_s) && !basic::Trim(row.Get(u"PASSWORD").text()).isEmpty();
@@ -181,6 +181,15 @@ void addReminderLines(std::vector<RecordLine> &lines, dao::Database &database, c
     }
 }
 
+// Tip and pane come unasked: a row that cannot be read shows nothing there; the action that opens it says why.
+void withRow(dao::Database &database, const SectionDesign &section, qint32 id, const std::function<void(const dao::Recordset &)> &step)
+{
+    basic::IgnoreErrors([&] {
+        if (const dao::Recordset row = openRow(database, *section.rowTip, id))
+            step(row);
+    });
+}
+
 }
 
 QString SetToolTip(dao::Database database, const QString &sectionCode, qint32 id)
@@ -189,10 +198,9 @@ QString SetToolTip(dao::Database database, const QString &sectionCode, qint32 id
     if (!section || !section->rowTip || id == 0)
         return {};
     QStringList lines;
-    basic::IgnoreErrors([&] {
-        const dao::Recordset row = openRow(database, *section->rowTip, id);
+    withRow(database, *section, id, [&](const dao::Recordset &row) {
         for (const TipLine &line : section->rowTip->lines)
-            if (const QString text = row ? lineOf(row, line, *section) : QString(); !text.isEmpty())
+            if (const QString text = lineOf(row, line, *section); !text.isEmpty())
                 lines << text;
     });
     return lines.join(u'\n');
@@ -204,10 +212,7 @@ std::vector<RecordLine> recordDetails(dao::Database database, const QString &sec
     std::vector<RecordLine> lines;
     if (!section || !section->rowTip || id == 0 || !database)
         return lines;
-    basic::IgnoreErrors([&] {
-        const dao::Recordset row = openRow(database, *section->rowTip, id);
-        if (!row)
-            return;
+    withRow(database, *section, id, [&](const dao::Recordset &row) {
         for (const TipLine &line : section->rowTip->lines)
             if (const QString text = textOf(row, line, *section); !text.isEmpty())
                 lines.push_back({heading(line.label), text});

@@ -131,14 +131,14 @@ QWidget *frmDataPath::composeKeys()
 {
     using Me = frmDataPath;
     m_keys = new QWidget;
-    QLayout *keys = layout::Row({key(u"cmdSearch"_s, u"&Search..."_s, u" Choose a file "_s, &Me::cmdSearch_Click),
-                                 key(u"cmdAutoSearch"_s, autoSearchCaption,
-                                     u" Look for the file of the current path on all drives "_s, &Me::cmdAutoSearch_Click),
-                                 key(u"cmdTransfer"_s, u"&Transfer"_s, u" Copy the file into the folder of the program "_s,
-                                     &Me::cmdTransfer_Click),
-                                 key(u"cmdRemove"_s, u"&Remove"_s, u" No file any more "_s, &Me::cmdRemove_Click),
-                                 key(u"cmdSound"_s, u"&Play"_s, u" Play the sound "_s, &Me::cmdSound_Click), layout::Stretch{},
-                                 key(u"cmdApply"_s, u"&Apply"_s, u" Take the selected file and close "_s, &Me::cmdApply_Click)});
+    QAbstractButton *search = key(u"cmdSearch"_s, u"&Search..."_s, u" Choose a file "_s, &Me::cmdSearch_Click);
+    m_autoSearch = key(u"cmdAutoSearch"_s, autoSearchCaption, u" Look for the file of the current path on all drives "_s,
+                       &Me::cmdAutoSearch_Click);
+    m_transfer = key(u"cmdTransfer"_s, u"&Transfer"_s, u" Copy the file into the folder of the program "_s, &Me::cmdTransfer_Click);
+    m_remove = key(u"cmdRemove"_s, u"&Remove"_s, u" No file any more "_s, &Me::cmdRemove_Click);
+    m_sound = key(u"cmdSound"_s, u"&Play"_s, u" Play the sound "_s, &Me::cmdSound_Click);
+    m_apply = key(u"cmdApply"_s, u"&Apply"_s, u" Take the selected file and close "_s, &Me::cmdApply_Click);
+    QLayout *keys = layout::Row({search, m_autoSearch, m_transfer, m_remove, m_sound, layout::Stretch{}, m_apply});
     m_keys->setLayout(keys);
     auto *line = new QWidget;
     line->setLayout(layout::Row({m_keys, key(u"cmdClose"_s, u"&Close"_s, u" Close without taking the selected file "_s,
@@ -154,33 +154,21 @@ QWidget *frmDataPath::composeSlide()
     m_number->setAlignment(Qt::AlignCenter);
     m_number->setMinimumWidth(8 * layout::unit);
     using Me = frmDataPath;
-    QLayout *keys = layout::Row({layout::Stretch{},
-                                 key(u"cmdPrevious"_s, u"&Previous"_s, u" The picture before "_s, &Me::cmdPrevious_Click), m_number,
-                                 key(u"cmdNext"_s, u"&Next"_s, u" The next picture "_s, &Me::cmdNext_Click),
-                                 key(u"cmdAuto"_s, u"Auto"_s, u" The next picture every five seconds "_s, &Me::cmdAuto_Click),
-                                 layout::Stretch{}});
+    m_previous = key(u"cmdPrevious"_s, u"&Previous"_s, u" The picture before "_s, &Me::cmdPrevious_Click);
+    m_next = key(u"cmdNext"_s, u"&Next"_s, u" The next picture "_s, &Me::cmdNext_Click);
+    m_auto = key(u"cmdAuto"_s, u"Auto"_s, u" The next picture every five seconds "_s, &Me::cmdAuto_Click);
+    QLayout *keys = layout::Row({layout::Stretch{}, m_previous, m_number, m_next, m_auto, layout::Stretch{}});
     QLayout *content = layout::Column({m_words, keys});
     layout::setMargins(content, 0);
     panel->setLayout(content);
     return panel;
 }
 
-QAbstractButton *frmDataPath::at(const QString &name) const
-{
-    return findChild<QAbstractButton *>(name);
-}
-
 void frmDataPath::Load()
 {
     m_slide->setVisible(m_call.slideShow);
     m_chooser->setVisible(!m_call.slideShow);
-    m_section = m_call.section;
-    if (m_section.isEmpty() && m_call.screen) {
-        if (const SectionDesign *section = sectionByScreen(m_call.screen->objectName()))
-            m_section = section->code;
-    }
-    if (m_section.isEmpty())
-        m_section = state().selection.gSection;
+    m_section = m_call.section.isEmpty() ? state().selection.gSection : m_call.section;
     if (m_call.slideShow) {
         m_title->hide();
         basic::Trap([this] { GetSlideShowFiles(); });
@@ -189,9 +177,9 @@ void frmDataPath::Load()
     m_title->setText(u" Select Picture or Sound File as appropriate"_s);
     m_current->setText(m_path);
     const bool isUnset = m_path.trimmed().isEmpty() || isPlainDefault(m_path);
-    at(u"cmdApply"_s)->setEnabled(!isUnset);
-    at(u"cmdTransfer"_s)->setEnabled(!isUnset && !m_allotment.folder.isEmpty());
-    at(u"cmdSound"_s)->setVisible(m_allotment.kind == PathKind::Sound);
+    m_apply->setEnabled(!isUnset);
+    m_transfer->setEnabled(!isUnset && !m_allotment.folder.isEmpty());
+    m_sound->setVisible(m_allotment.kind == PathKind::Sound);
     m_image->setVisible(m_allotment.kind == PathKind::Picture);
     if (m_allotment.kind == PathKind::Picture)
         showInBox(m_path);
@@ -203,7 +191,7 @@ void frmDataPath::showInBox(const QString &path)
     const bool isLost = !path.trimmed().isEmpty() && !path.contains(u'*') && pictureFile(path).isEmpty();
     m_image->setUnreadableText(isLost ? u"This picture was not found. Auto Search looks for it on all drives."_s
                                       : u"This picture cannot be shown."_s);
-    ShowPic(this, shown, m_section);
+    ShowPic({.image = m_image, .keepsBroken = true}, shown, m_section);
     m_image->setToolTip(GetTipInfo(path));
     m_image->setCursor(basic::Dir(path).isEmpty() ? Qt::ArrowCursor : Qt::PointingHandCursor);
 }
@@ -222,9 +210,9 @@ void frmDataPath::showSelected(const QString &path)
 {
     m_selected->setText(path);
     m_status->clear();
-    at(u"cmdApply"_s)->setEnabled(true);
-    at(u"cmdRemove"_s)->setEnabled(true);
-    at(u"cmdTransfer"_s)->setEnabled(!m_allotment.folder.isEmpty());
+    m_apply->setEnabled(true);
+    m_remove->setEnabled(true);
+    m_transfer->setEnabled(!m_allotment.folder.isEmpty());
     if (isPictureName(path))
         return showInBox(path);
     m_image->hide();
@@ -247,7 +235,7 @@ void frmDataPath::setSearching(bool searching)
     if (m_searching && !searching)
         m_task.cancel();
     m_searching = searching;
-    at(u"cmdAutoSearch"_s)->setText(searching ? u"&Stop"_s : autoSearchCaption);
+    m_autoSearch->setText(searching ? u"&Stop"_s : autoSearchCaption);
     m_status->setText(searching ? u" Searching ... Please wait "_s : QString());
 }
 
@@ -310,8 +298,8 @@ void frmDataPath::cmdRemove_Click()
     m_path.clear();
     m_current->clear();
     m_selected->clear();
-    at(u"cmdApply"_s)->setEnabled(false);
-    at(u"cmdTransfer"_s)->setEnabled(false);
+    m_apply->setEnabled(false);
+    m_transfer->setEnabled(false);
     if (m_allotment.kind == PathKind::Picture)
         showInBox(m_path);
 }
@@ -374,8 +362,8 @@ void frmDataPath::Unload()
 void frmDataPath::GetSlideShowFiles()
 {
     m_slides = vorel::GetSlideShowFiles(m_call.section, m_call.owner);
-    for (const QString &name : {u"cmdPrevious"_s, u"cmdNext"_s, u"cmdAuto"_s})
-        at(name)->setEnabled(m_slides.size() > 1);
+    for (QAbstractButton *key : {m_previous, m_next, m_auto})
+        key->setEnabled(m_slides.size() > 1);
     if (m_slides.empty())
         m_words->setText(u"NO PICTURES TO VIEW"_s);
     else
@@ -412,7 +400,7 @@ void frmDataPath::cmdAuto_Click()
         m_timer->start();
     else
         m_timer->stop();
-    at(u"cmdAuto"_s)->setText(starts ? u"Stop"_s : u"Auto"_s);
+    m_auto->setText(starts ? u"Stop"_s : u"Auto"_s);
 }
 
 qsizetype textRoom(const dao::Recordset &row, QStringView field)

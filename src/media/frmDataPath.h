@@ -25,7 +25,7 @@ struct DataPathCall {
     QWidget *screen = nullptr;          // the caller's, over which the chooser opens
     qsizetype room = 0;                 // how many characters the field holds; 0 = any number
     bool slideShow = false;             // of the picture set of `owner` in `section`, instead of the chooser
-    QString section{};
+    QString section{};                  // whose default picture is shown, "" = that of the section in view
     PictureOwner owner{};
 };
 
@@ -44,7 +44,6 @@ private:
     QWidget *composeKeys();
     QWidget *composeSlide();
     QAbstractButton *key(const QString &name, const QString &caption, const QString &toolTip, void (frmDataPath::*step)());
-    QAbstractButton *at(const QString &name) const;
     void Load();
     void showSelected(const QString &path);
     void showInBox(const QString &path);
@@ -79,6 +78,8 @@ private:
     basic::Task m_task;                                 // the search, or the copying
     controls::TaskStrip *m_strip;
     QWidget *m_keys = nullptr;
+    QAbstractButton *m_autoSearch = nullptr, *m_transfer = nullptr, *m_remove = nullptr, *m_sound = nullptr, *m_apply = nullptr;
+    QAbstractButton *m_previous = nullptr, *m_next = nullptr, *m_auto = nullptr;
     bool m_searching = false;
     std::vector<PictureSlot> m_slides;
     std::ptrdiff_t m_place = 0;

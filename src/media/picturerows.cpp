@@ -16,6 +16,8 @@ using basic::Value;
 
 namespace {
 
+constexpr int invalidCallError = 5;
+
 QString pathField(int slot)
 {
     return u"PICFILE%1"_s.arg(slot);
@@ -38,15 +40,11 @@ QString textOf(const Value &value)
 
 QString selectOf(const PictureSetDesign &table, const PictureOwner &owner)
 {
-    QString sql = table.select;
-    if (table.readKey == u"USERNAME")
-        sql += graveApostrophes(owner.user) + u'\'';
-    else
-        sql += QString::number(owner.id);
+    const Value key = table.readKey == u"USERNAME" ? Value(graveApostrophes(owner.user)) : Value(owner.id);
     QStringList order;
     for (int slot = 1; slot <= table.slotCount; ++slot)
         order << u"VAL(["_s + numberField(slot) + u"])"_s;
-    return sql + u" ORDER BY "_s + order.join(u',');
+    return table.select + dao::literal(key) + u" ORDER BY "_s + order.join(u',');
 }
 
 PictureSlot slotOf(dao::Recordset &row, int slot)
@@ -90,7 +88,7 @@ Table open(const QString &section)
 {
     const SectionDesign *design = sectionByCode(section);
     if (!design || !design->pictures || !design->pictures->set)
-        throw basic::BasicError(5);
+        throw basic::BasicError(invalidCallError);      // the section has no such table
     return {*design->pictures->set, openDataFile(design->file)};
 }
 
@@ -156,7 +154,7 @@ void removePictureSet(const QString &section, const PictureOwner &owner, const P
 void removePictureRows(const QString &section, const PictureOwner &owner)
 {
     auto [table, file] = open(section);
-    file.Execute(table.remove + QString::number(owner.id));
+    file.Execute(table.remove + dao::literal(owner.id));
 }
 
 void movePicture(PictureSet &set, std::size_t from, std::size_t to)

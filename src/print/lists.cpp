@@ -55,7 +55,7 @@ void PrintHealthVisits(int id, const QString &name)
     if (!PrinterReady())
         return;
     printList({.titleWord = u"DOCTORS VISITS for "_s + name + u" as at "_s, .file = DataFile::HowTo,
-               .query = u"SELECT * FROM [HEALTHVISITS] where [ID]=%1 ORDER BY [VISITDATE],[PROFESSION]"_s.arg(id), .orientation = 2,
+               .query = u"SELECT * FROM [HEALTHVISITS] where [ID]="_s + dao::literal(id) + u" ORDER BY [VISITDATE],[PROFESSION]"_s, .orientation = 2,
                .columns = {column(u"PROFESSION"_s, 1), column(u"NAME"_s, u"PROFESSIONNAME"_s, 16), column(u"LOCATION"_s, 32),
                            column(u"VISIT DATE"_s, u"VISITDATE"_s, 48), column(u"REASON"_s, 57), column(u"NOTES"_s, 75)}});
 }

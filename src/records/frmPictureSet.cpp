@@ -6,6 +6,7 @@
 #include "platform/controls/form.h"
 #include "platform/controls/layout.h"
 #include "platform/controls/picturebox.h"
+#include "session/sectiondesign.h"
 
 #include <QContextMenuEvent>
 #include <QGridLayout>
@@ -34,8 +35,7 @@ QString member(const QString &array, std::size_t index)
 
 }
 
-PictureSetView::PictureSetView(const QString &section, const QString &chooser, QWidget *parent)
-    : QWidget(parent), m_section(section), m_chooser(chooser)
+PictureSetView::PictureSetView(const QString &section, QWidget *parent) : QWidget(parent), m_section(section)
 {
     auto *column = new QVBoxLayout(this);
     layout::setMargins(column, 0);
@@ -177,7 +177,8 @@ void PictureSetView::step(int direction)
 void PictureSetView::chooseFor(std::size_t slot)
 {
     const QString old = m_place < m_sets.size() ? m_sets[m_place].pictures[slot].path : QString();
-    const QString path = chooseDataPath({m_chooser + QString::number(slot), old, m_name, window()});
+    const QString caption = sectionByCode(m_section)->pictures->set->chooser + QString::number(slot);
+    const QString path = chooseDataPath({.caption = caption, .path = old, .name = m_name, .screen = window(), .section = m_section});
     if (path == old)
         return;
     if (m_place >= m_sets.size())

@@ -17,12 +17,12 @@ class PictureBox;
 
 // The further pictures of a record: sets of six or ten, each with a caption. A click chooses a slot's picture; Ctrl+Left and
 // Ctrl+Right, or its menu, move it among the slots.
-//     auto *pictures = new PictureSetView("P", "Contact Other Picture ", panel);
+//     auto *pictures = new PictureSetView("P", panel);
 //     pictures->showSetsOf({id, name}, name);
 class PictureSetView : public QWidget {
     Q_OBJECT
 public:
-    PictureSetView(const QString &section, const QString &chooser, QWidget *parent);
+    PictureSetView(const QString &section, QWidget *parent);
 
     void showSetsOf(const PictureOwner &owner, const QString &name);    // an ID of 0: no record
     void addSet();                                      // shown then
@@ -49,7 +49,7 @@ private:
     void showMenu(std::size_t slot, QPoint where);
     void put(std::size_t slot, const QString &path);
 
-    const QString m_section, m_chooser;
+    const QString m_section;
     PictureOwner m_owner;
     QString m_name;
     std::vector<PictureSet> m_sets;

@@ -158,7 +158,7 @@ void frmSection::TreeView_NodeClick(qint32 id)
     if (!dtaData().Leave())
         selectNode();
     else if (id > 0 && id != currentId())
-        dtaData().FindFirst(u"ID="_s + QString::number(id));
+        dtaData().FindFirst(u"ID="_s + dao::literal(id));
 }
 
 void frmSection::rebuildTree()
@@ -224,8 +224,8 @@ void frmSection::fillList(const records::Choices &list)
 
 void frmSection::fillWhenUsed(const QString &name)
 {
-    const auto list = std::find_if(m_unread.begin(), m_unread.end(), [&](const records::Choices *one) {
-        return std::find(one->controls.begin(), one->controls.end(), name) != one->controls.end();
+    const auto list = std::find_if(m_unread.begin(), m_unread.end(), [&](const records::Choices *choices) {
+        return std::find(choices->controls.begin(), choices->controls.end(), name) != choices->controls.end();
     });
     if (list == m_unread.end())
         return;
@@ -264,28 +264,29 @@ void frmSection::GetFilePath()
     if (!dtaData().hasRows())
         return;
     m_path = text(u"lblPictureFile"_s);
-    m_path = choosePath(m_design.chooser, u"lblPictureFile"_s);
+    m_path = choosePath(PathKind::Picture, u"lblPictureFile"_s);
     setText(u"lblPictureFile"_s, m_path);
     ShowPic();
 }
 
 void frmSection::chooseSound(const QString &name)
 {
-    setText(name, choosePath(m_design.sound, name));
+    setText(name, choosePath(PathKind::Sound, name));
 }
 
-QString frmSection::choosePath(const QString &caption, const QString &name)
+QString frmSection::choosePath(PathKind kind, const QString &name)
 {
     qsizetype room = 0;
     for (const records::Field &field : m_design.fields)
         if (field.control == name)
             room = textRoom(dtaData().Recordset(), field.field);
-    return chooseDataPath({caption, text(name), text(m_design.nameControl), this, room});
+    return chooseDataPath({.caption = chooserOf(*sectionByCode(m_design.letter), kind), .path = text(name),
+                           .name = text(m_design.nameControl), .screen = this, .room = room, .section = m_design.letter});
 }
 
 void frmSection::ShowPic()
 {
-    vorel::ShowPic(this, m_path, m_design.letter);
+    vorel::ShowPic({m_image, {control<QLabel>(u"lblPicInfo1"_s), control<QLabel>(u"lblPicInfo2"_s)}}, m_path, m_design.letter);
     placePicInfo();
 }
 

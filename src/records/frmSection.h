@@ -4,6 +4,7 @@
 #include "records/recordrows.h"
 #include "records/viewpage.h"
 #include "session/recordcall.h"
+#include "session/sectiondesign.h"
 
 class QStackedWidget;
 class QTabBar;
@@ -77,7 +78,7 @@ private:
     void chooseSound(const QString &control);
     void fillList(const records::Choices &list);
     void fillWhenUsed(const QString &control);
-    QString choosePath(const QString &caption, const QString &name);
+    QString choosePath(PathKind kind, const QString &name);
 
     // Layout (frmSectionLayout.cpp)
     void createButtons();

@@ -97,7 +97,7 @@ QFormLayout *frmSection::formOf(const Field &field)
 // The box shows the short form in which the field is stored.
 void frmSection::pickDate(const Field &field)
 {
-    OpenDatePicker(control<QWidget>(field.control), field.code, state().settings.gDateShort);
+    OpenDatePicker(control<QWidget>(field.control), state().settings.gDateShort);
 }
 
 void frmSection::revealField(QWidget *widget)

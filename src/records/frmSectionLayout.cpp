@@ -254,7 +254,7 @@ void frmSection::createChildren()
     if (m_design.picturePanel.isEmpty())
         return;
     SectionPanel *on = panel(m_design.picturePanel);
-    m_pictures = new PictureSetView(m_design.letter, m_design.otherChooser, on);
+    m_pictures = new PictureSetView(m_design.letter, on);
     on->column()->addWidget(m_pictures, 1);
     dtaData().addRowWriter(m_pictures, [this] { return m_pictures->save(); }, [this] { m_pictures->undo(); },
                            [this] { return m_pictures->isChanged(); }, [this] { m_pictures->retake(); });

@@ -52,7 +52,7 @@ void frmSection::cmdUpdate_Click()
 {
     if (!dtaData().hasRows() || !prepareSave())
         return;
-    const QString id = text(u"lblIDNum"_s);
+    const qint32 id = currentId();
     keepCopyNumber();
     if (!dtaData().UpdateRecord())
         return;
@@ -64,7 +64,7 @@ void frmSection::cmdUpdate_Click()
         showTree(m_design.trees.front());
     afterSave();
     FillLists();
-    if (dtaData().FindFirst(u"ID="_s + id))
+    if (dtaData().FindFirst(u"ID="_s + dao::literal(id)))
         showState(u"Saved"_s);
 }
 
@@ -102,7 +102,7 @@ void frmSection::cmdDelete_Click()
         all.Commit();
         dtaData().Refresh();
         if (neighbour != 0)
-            dtaData().FindFirst(u"ID="_s + QString::number(neighbour));
+            dtaData().FindFirst(u"ID="_s + dao::literal(neighbour));
         afterDelete(id);
     }
     AllowInput();
@@ -124,7 +124,7 @@ void frmSection::cmdColor_Click()
     if (m_tree)
         m_tree->setFocus();
     if (dtaData().hasRows())
-        dtaData().FindFirst(u"ID="_s + text(u"lblIDNum"_s));
+        dtaData().FindFirst(u"ID="_s + dao::literal(currentId()));
 }
 
 }

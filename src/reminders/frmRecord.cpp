@@ -110,12 +110,8 @@ void frmRecord::pickDate(const controls::Field &field)
 
 void frmRecord::cmdCalc_Click()
 {
-    static constexpr std::pair<QStringView, QStringView> codes[] = {
-        {u"txtDate", u"R1"}, {u"txtDateTo", u"R2"}, {u"txtBillingDate", u"R3"}, {u"txtPaymentDate", u"R4"}};
-    for (const auto &[box, code] : codes) {
-        if (m_calcBox == box && OpenDatePicker(control(m_calcBox), code.toString()) && box == u"txtDate")
-            correctDate();
-    }
+    if (OpenDatePicker(control(m_calcBox)) && m_calcBox == u"txtDate")
+        correctDate();
 }
 
 void frmRecord::cmdWebsite_Click()

@@ -130,7 +130,7 @@ void frmRecord::cmdDelete_Click()
     dao::Transaction all(file);
     if (canHaveSeries(fields))
         DeleteFutureDates(file, fields);
-    file.Execute(u"DELETE * FROM [%1] WHERE [ID]="_s.arg(m_design.table) + dao::literal(reminders::wholeNumber(text(u"lblID1"_s))));
+    file.Execute(u"DELETE * FROM [%1] WHERE [ID]="_s.arg(m_design.table) + dao::literal(reminders::rowNumber(text(u"lblID1"_s))));
     all.Commit();
     dao::DBEngine::Idle(dao::dbRefreshCache);
     const qint32 next = survivorAfterDelete();

@@ -11,6 +11,7 @@
 
 #include <algorithm>
 #include <array>
+#include <limits>
 
 namespace vorel::reminders {
 
@@ -112,7 +113,7 @@ std::optional<dao::Bookmark> addRow(dao::Recordset &rows, const ReminderDesign &
     dao::Recordset source;
     if (const QString id = basic::Trim(sourceID); !id.isEmpty()) {
         file = openDataFile(DataFile::Main);
-        source = file.CreateSnapshot(u"select * from ["_s + design.table.toString() + u"] WHERE [ID]="_s + id + u";"_s);
+        source = file.CreateSnapshot(u"select * from [%1] WHERE [ID]="_s.arg(design.table) + dao::literal(rowNumber(id)) + u';');
         dao::DBEngine::Idle(dao::dbRefreshCache);
         if (source.RecordCount() == 0)
             return std::nullopt;
@@ -141,6 +142,12 @@ int wholeNumber(const QString &text)
 {
     constexpr double most = 1'000'000;
     return static_cast<int>(std::clamp(basic::Round(number(text)), -most, most));
+}
+
+qint32 rowNumber(const QString &text)
+{
+    constexpr double most = std::numeric_limits<qint32>::max();
+    return static_cast<qint32>(std::clamp(number(text), -most, most));
 }
 
 // An amount typed with its sign or separators is read whole; Val alone would cut "1,250.00" to 1.
@@ -223,9 +230,8 @@ Greeting greetingOf(bool birthday, bool email, const QString &address, const QSt
 QString contactAddress(const QString &emailID)
 {
     dao::Database contacts = openDataFile(DataFile::Contacts);
-    const QString id = basic::Trim(emailID).isEmpty() ? u"0"_s : emailID;
     const dao::Recordset rows =
-        contacts.CreateSnapshot(u"SELECT [EMAIL1ADDRESS] FROM [CONTACTS] WHERE [ID]="_s + id + u";"_s);
+        contacts.CreateSnapshot(u"SELECT [EMAIL1ADDRESS] FROM [CONTACTS] WHERE [ID]="_s + dao::literal(rowNumber(emailID)) + u';');
     return rows.RecordCount() == 0 ? QString() : rows.Get(u"EMAIL1ADDRESS").text();
 }
 

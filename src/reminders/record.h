@@ -39,6 +39,7 @@ std::optional<basic::DateTime> storedDay(const basic::Value &stored);
 QString weekDayOf(const std::optional<basic::DateTime> &date);      // "Sun", "" without a date
 double number(const QString &text);                                 // at the text's head; 0 without a number
 int wholeNumber(const QString &text);                               // rounded as the fields round, kept within a million
+qint32 rowNumber(const QString &text);                              // an ID as a box shows it; 0 without one
 basic::Value amount(const QString &text);                           // as typed, with its sign and separators
 QString moneyText(const QString &amount);                           // in the money format
 QStringList timeList();                                             // "All Day", then every five minutes from 8 o'clock

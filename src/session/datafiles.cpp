@@ -140,7 +140,7 @@ dao::Database openDataFileAt(const QString &path, const QString &connect)
 {
     const auto open = [&] { return dao::DBEngine::OpenDatabase(path, false, false, connect); };
     const auto &files = dataFiles();
-    const auto entry = std::find_if(files.begin(), files.end(), [&](const DataFileEntry &one) { return state().path(one.file) == path; });
+    const auto entry = std::find_if(files.begin(), files.end(), [&](const DataFileEntry &known) { return state().path(known.file) == path; });
     return entry == files.end() ? open() : openMended(entry->file, open, entry->isProtected);
 }
 

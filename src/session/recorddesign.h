@@ -100,7 +100,6 @@ struct RecordDesign {
     QString table, rows, dataControl;               // rows: the record source
     QString colourKey;
     QString pictureKey = {}, picture = {};          // no key: the background is shown whatever the configuration says
-    QString chooser = {}, sound = {};               // captions of the chooser of paths
     QString web = {};
     QString nameControl;                            // what the record is called by
     QString newFocus;
@@ -122,8 +121,7 @@ struct RecordDesign {
     std::vector<FirstValue> newRow = {};
     std::vector<PageBlock> page = {};
     std::vector<ChildGrid> children = {};
-    QString picturePanel = {};                      // of the record's sets of six or ten pictures; "" = it has none
-    QString otherChooser = {};                      // caption of the chooser for them, the slot's number follows
+    QString picturePanel = {};                      // of the section's sets of six or ten pictures; "" = it has none
     QStringList childDeletes = {};                  // statements; %id and %name are replaced by the record's, as literals
     std::vector<ScreenKey> keys = {};               // further buttons of the screen
 };

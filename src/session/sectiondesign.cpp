@@ -64,11 +64,15 @@ const SectionDesign *sectionByCode(QStringView code)
     return code.isEmpty() ? nullptr : find([&](const SectionDesign &design) { return design.code == code; });
 }
 
-const SectionDesign *sectionByScreen(const QString &screen)
+QString chooserOf(const SectionDesign &section, PathKind kind)
 {
-    return find([&](const SectionDesign &design) {
-        return design.pictures && design.screen && design.screen->name.compare(screen, Qt::CaseInsensitive) == 0;
-    });
+    if (section.pictures) {
+        for (const ChooserDesign &chooser : section.pictures->choosers) {
+            if (chooser.kind == kind)
+                return chooser.caption;
+        }
+    }
+    return {};
 }
 
 const SectionDesign *shownSection()

@@ -194,7 +194,7 @@ const std::vector<SectionDesign> &sectionDesigns();
 const SectionDesign &sectionDesign(SectionId id);
 const SectionDesign *sectionByName(const QString &name);     // exact, whatever the case; nullptr: no such section
 const SectionDesign *sectionByCode(QStringView code);
-const SectionDesign *sectionByScreen(const QString &screen); // that shows pictures, by the screen's name in any case
+QString chooserOf(const SectionDesign &section, PathKind kind);  // caption of its first chooser of the kind; "" = it has none
 const SectionDesign *shownSection();                         // that of gSection
 bool isShown(SectionId id);
 // Whether typed apostrophes are kept as grave accents in the section's names, so that they are turned back where rows are shown.

@@ -106,15 +106,15 @@ QString startReport(const std::vector<Mending> &mendings, const std::vector<Fail
         parts << mendingText(mending);
     QStringList grouped;
     for (const Failure &first : failures) {
-        const auto same = [&](const Failure &one) { return one.outcome == first.outcome && wordsOf(one) == wordsOf(first); };
+        const auto same = [&](const Failure &other) { return other.outcome == first.outcome && wordsOf(other) == wordsOf(first); };
         const QString key = first.outcome + wordsOf(first);
         if (grouped.contains(key))
             continue;
         grouped << key;
         QList<const Failure *> group;
-        for (const Failure &one : failures) {
-            if (same(one))
-                group << &one;
+        for (const Failure &other : failures) {
+            if (same(other))
+                group << &other;
         }
         parts << groupText(group);
     }

@@ -221,7 +221,7 @@ void StartPass::serveMain(bool isOld, int stamp)
     if (!exists(file)) {
         attempt(file, [&] {
             // Without room for all first rows the installation stays a new one, which the next start completes.
-            if (std::any_of(m_failed.begin(), m_failed.end(), [](const auto &one) { return one.second.number == dao::err::DiskFull; }))
+            if (std::any_of(m_failed.begin(), m_failed.end(), [](const auto &failure) { return failure.second.number == dao::err::DiskFull; }))
                 throw dao::EngineError(dao::err::DiskFull);
             rebuild(file, {stamp, false, [&](dao::Database &database) {
                 dao::Transaction all(database);

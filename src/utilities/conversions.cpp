@@ -15,6 +15,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr int overflowError = 6;
+
 struct Conversion {
     QStringView from, to;
     double (*convert)(double x);
@@ -137,7 +139,7 @@ std::optional<QString> convertUnits(double amount, const QString &from, const QS
         return {};
     const double result = row->convert(amount);
     if (!std::isfinite(result))
-        throw basic::BasicError(6);
+        throw basic::BasicError(overflowError);
     const QString shown = basic::Format(result, row->format);
     // The patterns have no digit that must be shown: what they round to nothing would leave no figure at all.
     const bool hasDigit = std::any_of(shown.begin(), shown.end(), [](QChar c) { return c.isDigit(); });

@@ -14,10 +14,10 @@ using namespace Qt::StringLiterals;
 class PickerScreen : public test::MainFileTest {
 protected:
     // What a user does once the picker is open.
-    bool pick(const std::function<void(frmCalendarDrop &)> &user, const QString &code = u"X"_s)
+    bool pick(const std::function<void(frmCalendarDrop &)> &user, const QString &format = state().settings.gDateDisplay)
     {
         bool applied = false;
-        test::inModal<frmCalendarDrop>([&] { applied = OpenDatePicker(&box, code); }, user);
+        test::inModal<frmCalendarDrop>([&] { applied = OpenDatePicker(&box, format); }, user);
         return applied;
     }
     template <class W = QAbstractButton> static W *at(frmCalendarDrop &picker, const QString &name)
@@ -178,22 +178,6 @@ TEST_F(PickerScreen, CalendarsEndsHold)
         click(picker, u"cmdApply"_s);
     }));
     EXPECT_EQ(box.text(), u"12/31/9999"_s);
-}
-
-// The code names the box of its screen, wherever the picker was opened.
-TEST_F(PickerScreen, CodeStandsForItsBox)
-{
-    QWidget screen;
-    screen.setObjectName(u"frmRecord"_s);
-    QLineEdit dateTo(&screen), other(&screen);
-    dateTo.setObjectName(u"txtDateTo"_s);
-    dateTo.setText(u"12/25/2026"_s);
-    test::inModal<frmCalendarDrop>([&] { EXPECT_TRUE(OpenDatePicker(&other, u"R2"_s)); }, [](frmCalendarDrop &picker) {
-        QTest::keyClick(picker.focusWidget(), Qt::Key_Right);
-        click(picker, u"cmdApply"_s);
-    });
-    EXPECT_EQ(dateTo.text(), u"12/26/2026"_s);
-    EXPECT_EQ(other.text(), QString());
 }
 
 }

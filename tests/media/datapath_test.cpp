@@ -51,7 +51,7 @@ protected:
         form = std::make_unique<frmDataPath>(call);
         form->show();
     }
-    void openBooks(const QString &path) { open({u"Book Picture"_s, path, u"A title"_s, &screen}); }
+    void openBooks(const QString &path) { open({.caption = u"Book Picture"_s, .path = path, .name = u"A title"_s, .screen = &screen, .section = u"K"_s}); }
     QAbstractButton *key(const QString &name) { return form->findChild<QAbstractButton *>(name); }
     void click(const QString &name)
     {

@@ -130,6 +130,7 @@ TEST(Allotments, TheCaptionNamesFolderAndKind)
         {u"Data"_s, PathKind::Data}, {u"Backup"_s, PathKind::Backup}, {u"Picture"_s, PathKind::Picture}, {u"Sound"_s, PathKind::Sound}};
     test::forEachRow("pictures", "captions", [&kinds](const test::Row &row) {
         const Allotment found = allotmentOf(row["caption"]);
+        ASSERT_TRUE(kinds.contains(row["kind"]));
         EXPECT_EQ(found.folder, row["folder"]);
         EXPECT_EQ(found.kind, kinds.value(row["kind"]));
     });

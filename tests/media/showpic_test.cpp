@@ -17,18 +17,16 @@ TEST(ShowPic, TheNoteStandsOnlyOverADefault)
     QWidget screen;
     auto *image = new controls::PictureBox(u"picImage"_s, &screen);
     auto *note = new QLabel(u"note"_s, &screen);
-    note->setObjectName(u"lblPicInfo1"_s);
-    for (const QString &name : {u"frmBooks"_s, u"frmDataPath"_s}) {
-        screen.setObjectName(name);
-        const bool record = name == u"frmBooks";
+    for (const bool record : {true, false}) {
+        const PictureView view{image, record ? std::vector{note} : std::vector<QLabel *>{}, !record};
         note->hide();
         QString path = folder.path(u"gone.jpg"_s);
-        ShowPic(&screen, path, u"K"_s);
+        ShowPic(view, path, u"K"_s);
         EXPECT_EQ(path.isEmpty(), record);
         EXPECT_EQ(!note->isHidden(), record);
         EXPECT_EQ(image->isShown(), record);
         path = folder.path(u"own.jpg"_s);
-        ShowPic(&screen, path, u"K"_s);
+        ShowPic(view, path, u"K"_s);
         EXPECT_TRUE(note->isHidden());
         EXPECT_EQ(image->path(), path);
         EXPECT_EQ(image->pictureSize(), QSize(40, 30));

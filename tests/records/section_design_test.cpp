@@ -44,7 +44,7 @@ records::RecordDesign personDesign()
                    {.control = u"lblIDNum"_s, .field = u"ID"_s, .kind = FieldKind::Hidden}},
         .lists = {{{u"cboCategory"_s, u"cboOther"_s}, {u"Friend"_s}, u"select distinct [CATEGORY] from [PROFILE];"_s}},
         .newRow = {{u"SURNAME"_s}, {u"DOB"_s, today}, {u"NoSuchField"_s, true}},
-        .picturePanel = u"picPictures"_s, .otherChooser = u"Profile Other Picture "_s,
+        .picturePanel = u"picPictures"_s,
         .childDeletes = {u"DELETE * FROM [PROFILEDATA] WHERE [USERNAME]=%name AND [ID]=%id"_s},
         .keys = {{u"cmdPrint"_s, u"Print"_s}, {u"cmdEnvelope"_s, u"Envelope"_s}, {u"cmdSlides"_s, u"A key with a long caption"_s}},
     };
@@ -177,6 +177,19 @@ TEST_F(Design, SurplusButtonsGoIntoAMenuThatClicksThem)
     form->resize(1400, 600);
     QCoreApplication::processEvents();
     EXPECT_TRUE(at(u"cmdInfo"_s)->isVisible() && !more->isVisible());
+}
+
+TEST_F(Design, AScreenOverAnotherLeavesItsOutcomeAlone)
+{
+    frmTest &below = open();
+    below.dtaData().MoveNext();
+    frmTest above(m_design);
+    above.show();
+    above.dtaData().MoveLast();
+    above.close();
+    EXPECT_EQ(above.outcome().lastId, 3);
+    below.close();
+    EXPECT_EQ(below.outcome().lastId, 2);
 }
 
 TEST_F(Design, AScreenWithoutATree)

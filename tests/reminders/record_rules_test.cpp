@@ -100,8 +100,8 @@ TEST_F(RecordRules, NewRowsAndCopies)
     ASSERT_TRUE(copy);
     rows.setBookmark(*copy);
     EXPECT_EQ(rows.Get(u"ID").text(), u"3"_s);
-    EXPECT_EQ(addRow(rows, reminderDesign(u"A"_s), u"77"_s), std::nullopt);
-    EXPECT_NE(test::errorOf([&] { addRow(rows, reminderDesign(u"A"_s), u"x'y"_s); }), 0);
+    for (const QString &gone : {u"77"_s, u"x'y"_s})
+        EXPECT_EQ(addRow(rows, reminderDesign(u"A"_s), gone), std::nullopt);
     EXPECT_FALSE(rows.editPending());
     rows.Close();
 

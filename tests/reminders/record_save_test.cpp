@@ -248,6 +248,12 @@ TEST_F(RecordSave, DeleteTakesTheSeries)
     EXPECT_EQ(count(u"APPOINTMENTS"_s), 0);
     EXPECT_FALSE(at(u"cmdDelete"_s)->isEnabled());
     EXPECT_TRUE(form->Close());
+
+    execute(u"INSERT INTO [APPOINTMENTS] ([ID],[DATE]) VALUES (2000000,#12/02/2026#)"_s);
+    openScreen(u"A"_s, 2000000);
+    user.expect(u"Do you want to Delete this Record ?"_s, Answer::Yes);
+    click(u"cmdDelete"_s);
+    EXPECT_EQ(count(u"APPOINTMENTS"_s), 0) << "however great its number";
 }
 
 TEST_F(RecordSave, EveryWayOutWritesTheTyping)

@@ -315,13 +315,11 @@ TEST_F(RecordDesigns, everyNameIsAControlOfTheScreen)
             for (const QString &name : list.controls)
                 EXPECT_TRUE(fields[name] == records::FieldKind::List || fields[name] == records::FieldKind::Choice) << qPrintable(name);
         // The choosers that the screen opens are those of the section.
-        QStringList choosers;
-        for (const ChooserDesign &chooser : one->pictures->choosers)
-            choosers << chooser.caption;
-        EXPECT_TRUE(choosers.contains(record.chooser)) << qPrintable(record.chooser);
-        EXPECT_TRUE(record.sound.isEmpty() || choosers.contains(record.sound)) << qPrintable(record.sound);
+        EXPECT_EQ(sectionByCode(record.letter), one);
+        EXPECT_FALSE(chooserOf(*one, PathKind::Picture).isEmpty());
+        EXPECT_EQ(fields.contains(u"lblSoundFile"_s), !chooserOf(*one, PathKind::Sound).isEmpty());
         EXPECT_TRUE(known(panels, record.picturePanel));
-        EXPECT_TRUE(record.picturePanel.isEmpty() || record.otherChooser == one->pictures->set->chooser);
+        EXPECT_TRUE(record.picturePanel.isEmpty() || one->pictures->set);
     }
 }
 

@@ -41,7 +41,7 @@ struct Field {
     // "" = "lbl" and the control's name without its prefix. A check box bears its label itself unless this is given.
     QString labelName = {};
     FieldRules rules = {};
-    QString button = {}, code = {}; // of a date: the button that opens the date picker, and the picker's code
+    QString button = {};            // of a date: opens the date picker
     QString spoken = {};            // accessible name where no label says it
     QString action = {};            // what a double click, Ctrl+Enter and the context menu do with the text: "&Open"
     int lines = 4;                  // shown, of several

@@ -82,7 +82,7 @@ bool opens(const QByteArray &content, const QString &password)
 bool looksEnciphered(const QByteArray &content)
 {
     if (content.size() < pageBytes || !isEven(content.constData()))
-        return false;       // even the salt stands in the first page, so that without it no password fits
+        return false;       // even the salt lies in the first page, so that without it no password fits
     return true;
 }
 

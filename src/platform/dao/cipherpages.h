@@ -3,7 +3,7 @@
 #include <QByteArray>
 #include <QString>
 
-// What a protected file's pages tell without its first one: each carries a seal under the password.
+// What a protected file's pages reveal without its first one: each carries a seal under the password.
 namespace vorel::dao::cipherpages {
 
 // Whether the password opens some page after the first: what fails to open then is damaged.

@@ -24,7 +24,7 @@ constexpr qint64 pollEvery = 200;       // milliseconds
 int lockWaitMilliseconds = 5000;
 
 // After a wait that was in vain the next statements on the file fail at once for so long, or until one gets through: a
-// screen asks many statements in a row, and each would stand still anew.
+// screen asks many statements in a row, and each would wait again.
 constexpr qint64 busyFor = 5000;
 
 // Coarse, because it is asked for each row that is shown.
@@ -145,7 +145,7 @@ void Connection::openHandle(bool create)
 
 // A protected file keeps the format of SQLCipher 3 whatever library opens it: AES-256-CBC, pages of 1024 bytes, 64,000
 // rounds of PBKDF2-HMAC-SHA1, HMAC-SHA1 a page. Version 3 has these as defaults and passes over the second line; version
-// 4 is told by it. Both must come before the first read.
+// 4 takes them from it. Both must come before the first read.
 void Connection::setUp(Purpose purpose)
 {
     const bool create = purpose == Purpose::Create || purpose == Purpose::Scratch;

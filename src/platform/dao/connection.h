@@ -11,7 +11,7 @@
 // One open file of this process, shared by all handles on it.
 namespace vorel::dao {
 
-// What tells one file at a path from another that took its place.
+// What distinguishes one file at a path from another that took its place.
 struct FileIdentity {
     quint64 device = 0;
     quint64 node = 0;
@@ -27,7 +27,7 @@ public:
     // Open reads the header and the schema; Salvage takes what a damaged file still gives.
     // Scratch is Create without a wait for the disk.
     enum class Purpose { Open, Create, Scratch, Salvage };
-    // EngineError as DBEngine::OpenDatabase tells. An empty password means a plain file.
+    // EngineError as DBEngine::OpenDatabase throws it. An empty password means a plain file.
     Connection(const QString &path, const QString &password, Purpose purpose);
     ~Connection();
     Connection(const Connection &) = delete;

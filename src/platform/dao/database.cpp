@@ -20,7 +20,7 @@ DatabasePrivate &opened(const std::shared_ptr<DatabasePrivate> &d)
     return *d;
 }
 
-// A row that a unique index or a rule refuses is passed over without an error, as Execute does unless it is told to fail.
+// A row that a unique index or a rule refuses is passed over without an error, as Execute does unless it is asked to fail.
 QByteArray passingOverFailures(QByteArray sql)
 {
     for (const QByteArray &verb : { QByteArray("INSERT INTO "), QByteArray("UPDATE ") }) {
@@ -86,7 +86,7 @@ void Database::Execute(const QString &sql)
         throw;
     }
     d->affected = sqlite3_changes(file.handle());
-    // Emptying a whole table is not told row by row.
+    // Emptying a whole table is not reported row by row.
     if (translation->kind == jet::StatementKind::Delete)
         file.everythingChanged();
 }

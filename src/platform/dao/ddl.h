@@ -8,12 +8,12 @@
 // that the design reads back field by field as it was appended:
 //  - the declared type names the DAO type in a spelling with the right affinity (VARCHAR(50), LONGTEXT, DATETEXT,
 //    CURRENCY_INT, BOOLEAN_INT, TINYINT, SMALLINT, LONGINT, FLOAT, DOUBLE, BLOB);
-//  - what SQL has no word for stands in a comment of the field's definition: /* ValidationText=... */;
+//  - what SQL has no word for is kept in a comment of the field's definition: /* ValidationText=... */;
 //  - an auto-increment field is the row id; its index, if the design has one, is the constraint's name;
 //  - other indexes are named "INDEX on TABLE", the store's own helpers "~FIELD on TABLE".
 namespace vorel::dao::ddl {
 
-// One column as the store itself tells it (PRAGMA table_info).
+// One column as the store itself reports it (PRAGMA table_info).
 struct StoredColumn {
     QString name;
     QString declaredType;
@@ -22,12 +22,12 @@ struct StoredColumn {
     int keyPosition = 0;        // within the primary key, from 1; 0 outside
 };
 
-// One index as the store tells it.
+// One index as the store reports it.
 struct StoredIndex {
     QString name;
     QString sql;                // "" for one that belongs to a constraint
     bool unique = false;
-    bool primary = false;       // made by PRIMARY KEY
+    bool primary = false;       // created by PRIMARY KEY
     QStringList columns;        // without expressions
 };
 

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// What a CREATE TABLE says of one column beyond what the store tells.
+// What a CREATE TABLE says of one column beyond what the store reports.
 struct ColumnText {
     QString keyName;                    // of its own PRIMARY KEY
     bool refusesZeroLength = false;

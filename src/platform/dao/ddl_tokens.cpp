@@ -6,7 +6,7 @@ namespace vorel::dao::ddl {
 
 namespace {
 
-// Reads what `close` ends, from the character after the opening one; a doubled closing mark stands for itself.
+// Reads what `close` ends, from the character after the opening one; a doubled closing mark means itself.
 QString quotedText(QStringView sql, qsizetype &at, QChar close)
 {
     QString text;

@@ -16,7 +16,7 @@ struct Token {
 };
 
 std::vector<Token> tokens(QStringView sql);
-// What stands between the first opening bracket and its closing one, cut at the commas of that level.
+// What lies between the first opening bracket and its closing one, cut at the commas of that level.
 std::vector<std::vector<Token>> listItems(const std::vector<Token> &statement);
 
 // A property's value within a comment: nothing in it can end the comment or break the line.

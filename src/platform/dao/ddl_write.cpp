@@ -251,7 +251,7 @@ Value defaultValue(const FieldDef &field)
         default: return text;
         }
     } catch (const basic::Error &) {
-        return {};      // a default that does not fit the field is none
+        return {};      // a default that does not fit the field is left out
     }
 }
 

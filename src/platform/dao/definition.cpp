@@ -68,7 +68,7 @@ void dropColumns(TableDef &design, const QStringList &names)
     }
 }
 
-// The store cannot drop a column or name a key later: the table is made anew and takes over the rows.
+// The store cannot drop a column or name a key later: the table is created anew and takes over the rows.
 void rebuild(Connection &file, const TableDef &before, const TableDef &design)
 {
     const QByteArray old = quoted(before.Name + u"$old"_s);

@@ -2,7 +2,7 @@
 
 #include "platform/dao/connection.h"
 
-// Data definition: tables and indexes made, changed and dropped. Internal.
+// Data definition: creates, changes and drops tables and indexes. Internal.
 namespace vorel::dao {
 
 // Within a transaction of the caller's.

@@ -8,7 +8,7 @@
 
 namespace vorel::dao {
 
-// Where each row number stands in a list of them. Numbers are mostly close together: then a plain table tells.
+// The place of each row number in a list of them. Numbers are mostly close together: then a plain table answers.
 class KeyPlaces {
 public:
     KeyPlaces() = default;

@@ -14,7 +14,7 @@ class KeySort {
 public:
     explicit KeySort(const std::vector<jet::Translation::SortKey> &order) : m_order(order) {}
 
-    // The row at which the statement stands: its number, then its keys. False if the row has no such place (a whole number
+    // The current row of the statement: its number, then its keys. False if the row has no such place (a whole number
     // beyond a Double's digits) or the rows are too many; the store has to sort them then.
     bool add(const Statement &row);
     // The rows' numbers in order; equal ones as they came. Of the first `most` of them, with those level with the last.

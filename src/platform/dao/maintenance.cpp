@@ -31,14 +31,14 @@ bool takesWrites(const Connection &file)
     return (code & 0xff) != SQLITE_READONLY;
 }
 
-// Without a password that fits, a damaged beginning looks like a protected file; its pages tell.
+// Without a password that fits, a damaged beginning looks like a protected file; its pages decide.
 bool isDamaged(const QString &place, const QString &password)
 {
     const QByteArray content = contentOf(place);
     return cipherpages::opens(content, password) || !cipherpages::looksEnciphered(content);
 }
 
-// False for a damaged file; throws for what is none.
+// False for a damaged file; throws if it is not a database at all.
 bool isWhole(const QString &place, const QString &password)
 {
     try {
@@ -71,7 +71,7 @@ void copyWithJournal(const QString &place, const QString &password, const Scratc
     } catch (const EngineError &) { }
 }
 
-// What a repair goes by and what it tells.
+// What a repair works by and what it reports.
 struct Order {
     const QString &password;
     const std::vector<TableDef> &wanted;
@@ -106,13 +106,13 @@ bool saveProtected(const QString &copy, const Order &order, Connection &mended)
 }
 
 // The readable rows go into a new file, which takes the damaged one's place only when it is whole itself.
-bool save(const QString &place, const Order &order, const Scratch &made)
+bool save(const QString &place, const Order &order, const Scratch &scratch)
 {
     const Scratch copy(place, u".rescue"_s);
     const bool plain = registry::looksPlain(place) || order.password.isEmpty() || !cipherpages::looksEnciphered(contentOf(place));
     const QString key = plain ? QString() : order.password;
     copyWithJournal(place, key, copy);
-    Connection mended(made.path(), key, Connection::Purpose::Create);
+    Connection mended(scratch.path(), key, Connection::Purpose::Create);
     const bool saved = plain ? savePlain(copy.path(), order, mended) : saveProtected(copy.path(), order, mended);
     if (saved && !mended.isSound())
         throw EngineError(err::Damaged, QDir::toNativeSeparators(place));
@@ -121,17 +121,17 @@ bool save(const QString &place, const Order &order, const Scratch &made)
 
 void mend(const QString &place, const Order &order)
 {
-    const Scratch made(place, making);
+    const Scratch scratch(place, making);
     const FileLock lock(place);
-    const bool saved = save(place, order, made);
+    const bool saved = save(place, order, scratch);
     if (saved) {
-        setSamePermissions(place, made.path());
+        setSamePermissions(place, scratch.path());
         order.report.original = keepDamaged(place);
     }
-    // Before the new file stands there: it must not have the old one's journal played into it.
+    // Before the new file is in place: it must not have the old one's journal played into it.
     sidefiles::setAllAside(place);
     if (saved)
-        made.moveTo(place);
+        scratch.moveTo(place);
     else
         order.report.original = setAside(place);
 }

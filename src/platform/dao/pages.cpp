@@ -44,7 +44,7 @@ bool readNumber(const uchar *&at, const uchar *end, qint64 *value)
     return false;
 }
 
-// Bytes that a value of the serial type takes, -1 for a type that is none.
+// Bytes that a value of the serial type takes, -1 for an invalid type.
 qint64 sizeOfType(qint64 type)
 {
     static constexpr qint64 sizes[] = { 0, 1, 2, 3, 4, 6, 8, 8, 0, 0, -1, -1 };
@@ -105,7 +105,7 @@ bool decode(const QByteArray &record, qint64 whole, std::vector<Cell> *cells)
     return true;
 }
 
-int told(const QByteArray &content)
+int statedSize(const QByteArray &content)
 {
     const int stored = twoBytes(reinterpret_cast<const uchar *>(content.constData()) + 16);
     return stored == 1 ? largestPage : stored;
@@ -134,13 +134,13 @@ Layout layoutOf(const QByteArray &content)
         return {};
     std::vector<Layout> candidates;
     if (content.startsWith(plainMark)) {
-        const int size = told(content);
+        const int size = statedSize(content);
         const int usable = size - static_cast<uchar>(content[20]);
         if (size >= smallestPage && std::has_single_bit(static_cast<unsigned>(size)) && usable >= smallestUsable)
             candidates.push_back({ size, usable });
-        // The same size told in another way.
-        const qint64 pagesTold = fourBytes(reinterpret_cast<const uchar *>(content.constData()) + 28);
-        if (!candidates.empty() && usable == size && pagesTold * size == content.size())
+        // Size and number of pages must agree with the length.
+        const qint64 statedPages = fourBytes(reinterpret_cast<const uchar *>(content.constData()) + 28);
+        if (!candidates.empty() && usable == size && statedPages * size == content.size())
             return candidates.front();
     }
     for (const int size : { 4096, 1024, 2048, 8192, 16384, 32768, 65536, 512 })
@@ -159,7 +159,7 @@ Layout layoutOf(const QByteArray &content)
 
 PageFile::PageFile(const QByteArray &content, Layout layout) : m_content(content), m_layout(layout)
 {
-    // A last page that was cut does not count: what is missing could not be told from what is there.
+    // A last page that was cut does not count: what is missing could not be distinguished from what exists.
     if (layout.pageSize > 0)
         m_count = static_cast<int>(std::min<qsizetype>(content.size() / layout.pageSize, std::numeric_limits<int>::max()));
 }

@@ -5,7 +5,7 @@
 #include <vector>
 
 // The pages of a plain file, read without the store's help, so that a damaged one hides no more than itself. Nothing
-// here trusts a number that the file tells.
+// here trusts a number from the file.
 namespace vorel::dao::pages {
 
 struct Cell {
@@ -28,7 +28,7 @@ struct Layout {
     int usable = 0;         // bytes of a page
 };
 
-// As the header tells it, or as most pages can be read where that is damaged.
+// As the header says, or as most pages can be read where that is damaged.
 Layout layoutOf(const QByteArray &content);
 
 class PageFile {

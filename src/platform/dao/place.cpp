@@ -24,15 +24,20 @@ namespace {
     throw EngineError(err::NoPermission, QDir::toNativeSeparators(path));
 }
 
-void sync(const QString &path, int flags)
+// The system's error; 0: what was written is on the disk.
+int trySync(const QString &path, int flags)
 {
     const int file = ::open(QFile::encodeName(path).constData(), flags | O_CLOEXEC);
     if (file < 0)
-        fail(errno, path);
-    const int outcome = ::fsync(file);
-    const int error = errno;
+        return errno;
+    const int error = ::fsync(file) == 0 ? 0 : errno;
     ::close(file);
-    if (outcome != 0)
+    return error;
+}
+
+void sync(const QString &path, int flags)
+{
+    if (const int error = trySync(path, flags); error != 0)
         fail(error, path);
 }
 
@@ -82,8 +87,8 @@ void DBEngine::putInPlace(const QString &scratch, const QString &place)
     }
     if (error != 0)
         fail(error, to);
-    // The new file stands there whatever the folder answers.
-    basic::IgnoreErrors([&] { sync(QFileInfo(to).absolutePath(), O_RDONLY | O_DIRECTORY); });
+    // Some file systems refuse to sync a folder; the new file is in its place all the same.
+    trySync(QFileInfo(to).absolutePath(), O_RDONLY | O_DIRECTORY);
 }
 
 }

@@ -51,7 +51,7 @@ void RecordsetPrivate::addNew()
     buffer = std::move(fresh);
 }
 
-// The row is read anew, as stored, so that Update can tell whether somebody else has changed it since.
+// The row is read anew, as stored, so that Update can see whether somebody else has changed it since.
 void RecordsetPrivate::readBefore(CopyBuffer &fresh)
 {
     if (!m_before) {
@@ -188,7 +188,7 @@ void RecordsetPrivate::insertRow()
     lastModified = key;
 }
 
-// Told why no row answered to its key and its former values.
+// Throws the error that says why no row matched its key and its former values.
 void RecordsetPrivate::rowGone(qint64 key) const
 {
     const bool there = integerOf(connection().handle(), "SELECT count(*) FROM " + quoted(translation->keyTable)

@@ -154,7 +154,7 @@ private:
     Connection *m_connection = nullptr;     // the database's, for as long as that is open
     mutable bool m_walking = false;
     const quint64 *m_changes = nullptr;
-    mutable KeyPlaces m_places;         // made at the first search in keys without order
+    mutable KeyPlaces m_places;         // built at the first search in keys without order
     mutable std::array<std::pair<QString, int>, 64> m_fieldNames;   // last spellings asked for, by address
 };
 

@@ -61,7 +61,7 @@ bool usableAfterChange(Entry &entry, const QString &path, const QString &passwor
         entry.connection->verify();
         entry.connection->poll();
     } catch (const EngineError &) {
-        return false;           // opening afresh tells the right error
+        return false;           // opening it afresh throws the right error
     }
     return true;
 }

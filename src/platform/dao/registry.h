@@ -16,7 +16,7 @@ QString knownPassword(const QString &path);     // of a protected file opened be
 bool looksPlain(const QString &path);           // by its first bytes
 void pollAll();                                 // those in use
 
-// What stands at the path, told without opening it as a database. Throws 3024, 3044, 3051, 3343, 3049.
+// What is at the path, found without opening it as a database. Throws 3024, 3044, 3051, 3343, 3049.
 enum class FileKind { Plain, Protected };
 FileKind inspect(const QString &path, const QString &password);
 

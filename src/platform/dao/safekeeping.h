@@ -40,7 +40,7 @@ bool isBeingWritten(const QString &path);
 
 // The whole content; 3051 or 3043 if it cannot be read.
 QByteArray contentOf(const QString &path);
-// Byte for byte onto the disk, over what stands there; 3026, 3043, 3051.
+// Byte for byte onto the disk, over what is there; 3026, 3043, 3051.
 void copyFile(const QString &from, const QString &to);
 void setSamePermissions(const QString &from, const QString &to);
 

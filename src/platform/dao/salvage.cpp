@@ -89,7 +89,7 @@ public:
     int root() const { return m_root; }
     size_t columns() const { return m_columns.size(); }
 
-    // A text column never holds a number, and the row's number stands beside the row. A wanted design says more.
+    // A text column never holds a number, and the row's number is kept beside the row. A wanted design says more.
     bool fits(const Row &row) const
     {
         if (!mayHold(row))
@@ -264,7 +264,7 @@ public:
     }
 
 private:
-    // The entry of a table, an index or a view in the file's table of designs; its kind and its texts tell it.
+    // The entry of a table, an index or a view in the file's table of designs; recognised by its kind and its texts.
     bool readDesign(const Row &row, Item *item)
     {
         if (row.cells.size() != 5)

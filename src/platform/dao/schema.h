@@ -18,7 +18,7 @@ struct StoredTable {
     bool view = false;
     bool hasRowId = false;      // can be the source of a keyset
     QString counter;            // its auto-increment field, "" if none
-    const FieldDef *field(QStringView name) const;      // nullptr if there is none
+    const FieldDef *field(QStringView name) const;      // nullptr: no such field
 };
 
 // All tables of a file, read once and kept until the schema changes.

@@ -26,7 +26,7 @@ quint32 number(const QByteArray &bytes, qsizetype at)
     return value;
 }
 
-// Whether the first page tells that the journal is the file's.
+// Whether the first page shows that the journal belongs to the file.
 enum class Told { Nothing, Own, Foreign };
 
 // A journal keeps the pages as they were before the write: the first one with the number of writes up to then.
@@ -77,7 +77,7 @@ private:
 
 enum class Trial { Sound, Damaged, Locked };
 
-// How a copy of the file fares, with what stands beside it or without.
+// How a copy of the file fares, with what lies beside it or without.
 Trial tryOut(const QString &path, const QString &password, const QString &beside)
 {
     const Scratch copy(path, u".trial"_s);
@@ -101,9 +101,9 @@ bool isForeign(const QString &path, const QString &password, const QString &besi
         return true;
     const Trial with = tryOut(path, password, beside);
     if (without == Trial::Locked && with == Trial::Locked)
-        return false;           // under another password nothing can be told
+        return false;           // under another password nothing can be decided
     if (with == Trial::Sound) {
-        // Sound either way, and nothing tells which way is right: the rows as they stand must not get lost.
+        // Sound either way, and nothing says which way is right: the present rows must not get lost.
         if (without == Trial::Sound && told == Told::Nothing)
             copyFile(path, freeDamagedName(path));
         return false;
@@ -131,7 +131,7 @@ void checkJournal(const QString &path, const QString &password)
         setAside(path + beside);
 }
 
-// Only another tool makes such a log, and then the file's header tells so.
+// Only another tool writes such a log, and then the file's header says so.
 void checkLog(const QString &path)
 {
     const QString beside = u"-wal"_s;

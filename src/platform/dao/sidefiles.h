@@ -9,7 +9,7 @@ namespace vorel::dao::sidefiles {
 // Sets aside a journal that does not belong to the file. To be called before the file is opened, while no connection of
 // this process uses it. Costs nothing without a journal. 3051 if the folder cannot be written.
 void setForeignAside(const QString &path, const QString &password);
-// Sets aside whatever stands beside the file.
+// Sets aside whatever lies beside the file.
 void setAllAside(const QString &path);
 
 }

@@ -12,7 +12,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// "NOT NULL constraint failed: TABLE.FIELD" and its like: what stands after the colon.
+// "NOT NULL constraint failed: TABLE.FIELD" and its like: what follows the colon.
 QString failedName(const QString &text)
 {
     const qsizetype colon = text.indexOf(u": "_s);
@@ -68,7 +68,7 @@ void throwStoreError(int code, const QString &text, const QString &path, int sys
     case SQLITE_LOCKED:
         throw EngineError(err::Locked);
     case SQLITE_READONLY:
-        if (code == SQLITE_READONLY_DBMOVED)        // what it would write to has no name any more, or stands elsewhere
+        if (code == SQLITE_READONLY_DBMOVED)        // what it would write to has no name any more, or lies elsewhere
             throw EngineError(err::FileNotFound, name);
         throw EngineError(err::ReadOnly);
     case SQLITE_CONSTRAINT:
@@ -101,8 +101,8 @@ void throwStoreError(int code, const QString &text, const QString &path, int sys
     }
     jet::throwFunctionError(text.toUtf8().constData());
     // Code 0 says "not an error", which nobody must ever read as an error's text.
-    const bool told = (code & 0xff) != SQLITE_OK && !text.isEmpty();
-    throw EngineError(err::InvalidOperation, told ? u"Invalid operation. ("_s + text + u')' : EngineError::standardText(err::InvalidOperation), nullptr);
+    const bool hasText = (code & 0xff) != SQLITE_OK && !text.isEmpty();
+    throw EngineError(err::InvalidOperation, hasText ? u"Invalid operation. ("_s + text + u')' : EngineError::standardText(err::InvalidOperation), nullptr);
 }
 
 void throwStoreError(sqlite3 *connection, int code)

@@ -12,7 +12,7 @@ struct Text {
     const char16_t *text;
 };
 
-// In ascending order of the numbers; `|` stands for the insert.
+// In ascending order of the numbers; `|` marks the place of the insert.
 constexpr Text texts[] = {
     { 3010, u"Table '|' already exists." },
     { 3011, u"The database engine could not find the object '|'. Make sure the object exists and that you spell its name and "

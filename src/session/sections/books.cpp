@@ -11,7 +11,7 @@ const RecordDesign &booksRecord()
     static const RecordDesign design{
         .letter = u"K"_s, .screen = u"frmBooks"_s, .title = u"Books"_s,
         .file = DataFile::Books, .table = u"BOOKS"_s, .rows = u"SELECT * FROM [BOOKS] ORDER BY [Title]"_s, .dataControl = u"dtaBookData"_s,
-        .colourKey = u"BookBackColour"_s, .pictureKey = u"ShowBookPic"_s, .picture = u"\\books.jpg"_s, .chooser = u"Book Picture"_s,
+        .colourKey = u"BookBackColour"_s, .pictureKey = u"ShowBookPic"_s, .picture = u"\\books.jpg"_s,
         .web = u"https://openlibrary.org"_s,
         .nameControl = u"txtTitle"_s, .newFocus = u"txtTitle"_s, .emptyNote = u"No books yet.\nNew adds the first one."_s,
         .copyCheck = u"chkOwnCopy"_s, .copyNumber = u"txtStorageID"_s, .pageFile = u"\\Book.HTML"_s, .pageHeading = u"BOOKS"_s,

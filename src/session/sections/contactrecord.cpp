@@ -222,7 +222,7 @@ const RecordDesign &contactsRecord()
         .letter = u"P"_s, .screen = u"frmContacts"_s, .title = u"Contacts"_s,
         .file = DataFile::Contacts, .table = u"Contacts"_s, .rows = u"SELECT * FROM [Contacts] WHERE [INVISIBLE]=False ORDER BY [SORTNAME]"_s,
         .dataControl = u"dtaContactsData"_s,
-        .colourKey = u"ContactsBackColour"_s, .chooser = u"Contact Picture"_s,
+        .colourKey = u"ContactsBackColour"_s,
         .web = u"https://www.openstreetmap.org"_s,
         .nameControl = u"lblSortname"_s, .newFocus = u"txtSurname"_s,
         .emptyNote = u"PLEASE NOTE:\nThere are no contacts yet.\nNew adds the first one."_s,
@@ -245,7 +245,7 @@ const RecordDesign &contactsRecord()
         .newRow = {{u"PRINT"_s, false}, {u"PRIVATE"_s, true}, {u"LASTNAME"_s}, {u"FIRSTNAME"_s}, {u"MIDDLENAME"_s}, {u"COMPANYNAME"_s},
                    {u"CATEGORY"_s}, {u"SORTNAME"_s}, {u"FULLNAME"_s}, {u"INVISIBLE"_s, false}},
         .page = contactPage(),
-        .picturePanel = u"picPictures"_s, .otherChooser = u"Contact Other Picture "_s,
+        .picturePanel = u"picPictures"_s,
         // Pictures go by the name, but those of another contact of that name stay.
         .childDeletes = {u"DELETE * FROM [CONTACTDATA] where [ID]=%id"_s,
                          u"DELETE * FROM [CONTACTDATA] where [USERNAME]=%name AND [ID] NOT IN (SELECT [ID] FROM [CONTACTS])"_s},

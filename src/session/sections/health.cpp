@@ -28,7 +28,7 @@ SectionDesign health()
         .pictures = PicturesDesign{u"HealthPictures"_s,
                                    {{u"Health Picture"_s}},
                                    {},
-                                   PictureSetDesign{u"Health Picture "_s, u"select * from [GENERALHEALTH] WHERE [USERNAME]='"_s,
+                                   PictureSetDesign{u"Health Picture "_s, u"select * from [GENERALHEALTH] WHERE [USERNAME]="_s,
                                                     u"DELETE * FROM [GENERALHEALTH] where [IDNUM]="_s, u"USERNAME"_s, u"IDNUM"_s, 10}},
         .help = HelpDesign{u"\\INFOHEALTH.RTF"_s, u"health"_s},
     };

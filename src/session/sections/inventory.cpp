@@ -31,7 +31,7 @@ std::vector<Field> inventoryFields()
         {.control = u"txtOnLoan"_s, .field = u"ONLOAN"_s, .label = u"Curr&ently On loan to"_s}});
     add(fields, u"picPurchase"_s, {
         {.control = u"txtDatePurchased"_s, .field = u"DATEPURCHASED"_s, .kind = Date, .label = u"&Date purchased"_s,
-         .rules = FieldRule::DoubleClick, .button = u"cmdDatePurchased"_s, .code = u"P"_s},
+         .rules = FieldRule::DoubleClick, .button = u"cmdDatePurchased"_s},
         {.control = u"txtPurchasedFrom"_s, .field = u"PURCHASEDFROM"_s, .label = u"Purchased &from"_s},
         {.control = u"txtReceiptNum"_s, .field = u"RECEIPTNUM"_s, .label = u"Receipt &#"_s},
         {.control = u"txtPaymentMethod"_s, .field = u"PAYMENTMETHOD"_s, .label = u"Payment &method"_s},
@@ -40,7 +40,7 @@ std::vector<Field> inventoryFields()
         {.control = u"txtOtherTax"_s, .field = u"OTHERTAX"_s, .kind = Amount, .label = u"Other ta&x"_s},
         {.control = u"txtWarrantyPeriod"_s, .field = u"WARRANTYPERIOD"_s, .kind = Digits, .label = u"Warrant&y (months)"_s},
         {.control = u"txtWarrantyExpiryDate"_s, .field = u"WARRANTYEXPIRYDATE"_s, .kind = Date, .label = u"W&arranty expires"_s,
-         .rules = FieldRule::DoubleClick, .button = u"cmdCal"_s, .code = u"Y"_s}});
+         .rules = FieldRule::DoubleClick, .button = u"cmdCal"_s}});
     add(fields, u"picOther"_s, {{.control = u"chkInsured"_s, .field = u"INSURED"_s, .kind = Check, .label = u"In&sured"_s}});
     add(fields, u"picOther"_s, {
         {.control = u"txtInsuredWith"_s, .field = u"INSUREDWITH"_s, .label = u"Insured wit&h"_s},
@@ -53,7 +53,7 @@ std::vector<Field> inventoryFields()
         {.control = u"txtComments"_s, .field = u"NOTES"_s, .kind = Rich, .label = u"No&tes"_s}});
     add(fields, u"picDisposal"_s, {
         {.control = u"txtDateDisposed"_s, .field = u"DATEDISPOSED"_s, .kind = Date, .label = u"&Date disposed"_s,
-         .rules = FieldRule::DoubleClick, .button = u"cmdDateDisposed"_s, .code = u"D"_s},
+         .rules = FieldRule::DoubleClick, .button = u"cmdDateDisposed"_s},
         {.control = u"txtDisposedTo"_s, .field = u"DISPOSEDTO"_s, .label = u"Disposed &to"_s},
         {.control = u"txtDisposalCost"_s, .field = u"DISPOSALCOST"_s, .kind = Amount, .label = u"&Amount"_s}});
     add(fields, {}, {{.control = u"lblIDNum"_s, .field = u"ID"_s, .kind = Hidden}});
@@ -68,7 +68,7 @@ const RecordDesign &inventoryRecord()
         .letter = u"I"_s, .screen = u"frmInventory"_s, .title = u"Inventory"_s,
         .file = DataFile::Main, .table = u"INVENTORY"_s, .rows = u"SELECT * FROM [Inventory] ORDER BY [Item]"_s,
         .dataControl = u"dtaInventoryData"_s,
-        .colourKey = u"AssetBackColour"_s, .pictureKey = u"ShowAssetPic"_s, .picture = u"\\assets.jpg"_s, .chooser = u"Asset Picture"_s,
+        .colourKey = u"AssetBackColour"_s, .pictureKey = u"ShowAssetPic"_s, .picture = u"\\assets.jpg"_s,
         .web = u"https://www.wikipedia.org"_s,
         .nameControl = u"cboItem"_s, .newFocus = u"cboItem"_s, .emptyNote = u"No items yet.\nNew adds the first one."_s,
         .pageFile = u"\\PROFILE.HTML"_s,            // the very file that the page of a profile is written to

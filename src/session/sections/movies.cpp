@@ -11,7 +11,7 @@ const RecordDesign &moviesRecord()
     static const RecordDesign design{
         .letter = u"V"_s, .screen = u"frmMovies"_s, .title = u"Movies"_s,
         .file = DataFile::Movies, .table = u"MOVIES"_s, .rows = u"SELECT * FROM [MOVIES] ORDER BY [TITLE]"_s, .dataControl = u"dtaMoviesData"_s,
-        .colourKey = u"MovieBackColour"_s, .picture = u"\\movies.jpg"_s, .chooser = u"Movie Picture"_s, .sound = u"Movie Sound"_s,
+        .colourKey = u"MovieBackColour"_s, .picture = u"\\movies.jpg"_s,
         .web = u"https://www.themoviedb.org"_s,
         .nameControl = u"txtTitle"_s, .newFocus = u"txtTitle"_s, .emptyNote = u"No movies yet.\nNew adds the first one."_s,
         .copyCheck = u"chkOwnCopy"_s, .copyNumber = u"txtStorageID"_s, .pageFile = u"\\Movie.HTML"_s, .pageHeading = u"MOVIES"_s,

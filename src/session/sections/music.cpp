@@ -11,7 +11,7 @@ const RecordDesign &musicRecord()
     static const RecordDesign design{
         .letter = u"U"_s, .screen = u"frmMusic"_s, .title = u"Music"_s,
         .file = DataFile::Music, .table = u"MUSIC"_s, .rows = u"SELECT * FROM [MUSIC] ORDER BY [Title]"_s, .dataControl = u"dtaMusicData"_s,
-        .colourKey = u"MusicBackColour"_s, .picture = u"\\music.jpg"_s, .chooser = u"Music Picture"_s, .sound = u"Music Sound"_s,
+        .colourKey = u"MusicBackColour"_s, .picture = u"\\music.jpg"_s,
         .web = u"https://musicbrainz.org"_s,
         .nameControl = u"txtTitle"_s, .newFocus = u"txtTitle"_s, .emptyNote = u"No music yet.\nNew adds the first title."_s,
         .copyCheck = u"chkOwnCopy"_s, .copyNumber = u"txtStorageID"_s, .pageFile = u"\\Music.HTML"_s, .pageHeading = u"MUSIC"_s,

@@ -1,4 +1,5 @@
 #include "people.h"
+#include "platform/controls/refusal.h"
 #include "support/scriptedprompts.h"
 
 #include <QLabel>
@@ -145,6 +146,19 @@ TEST(DataControl, RefusedRowIsSavedWholeOrNotAtAll)
         EXPECT_EQ(c.name, s.name.text());
         EXPECT_EQ(u"Ann 30"_s, s.people.text(1, u"Name"_s) + u' ' + s.people.text(1, u"Age"_s));
     }
+}
+
+TEST(DataControl, ARefusalNamesTheFieldAndWhatItHolds)
+{
+    const auto text = [](dao::DataType type, int error, const QString &typed) {
+        dao::RecordsetField field;
+        field.Type = type;
+        field.Size = 100;
+        return controls::refusalText(u"Author"_s, typed, field, typed, dao::EngineError(error));
+    };
+    EXPECT_EQ(text(dao::dbText, dao::err::TooLong, QString(110, u'x') + u"\r\n"_s), u"Author: too long, 112 of 100"_s);
+    EXPECT_EQ(text(dao::dbDate, dao::err::Conversion, u"30/2/26"_s), u"Author: \"30/2/26\" is not a date"_s);
+    EXPECT_EQ(text(dao::dbText, dao::err::ValueRequired, {}), u"Author: must be filled in"_s);
 }
 
 TEST(DataControl, UnheardErrorGetsABox)

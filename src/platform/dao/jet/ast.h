@@ -42,7 +42,7 @@ struct Expr {
     bool parenthesized = false;
     int depth = 4;                  // what it takes of SQLite's parser stack, at most
     int weight = 1;                 // of an output column: nodes, with those of the columns that it names
-    qsizetype begin = 0;            // where it stands in the text
+    qsizetype begin = 0;            // where it begins in the text
     qsizetype end = 0;
 
     QString text;                   // text, name, function name; a decimal as written; a date in stored form
@@ -71,7 +71,7 @@ struct Source {
     QString name;                   // as written
     QString alias;                  // as written, else the name
     const TableDesign *design = nullptr;
-    std::unique_ptr<Select> select; // a sub-query; its columns stand in derived
+    std::unique_ptr<Select> select; // a sub-query; its columns are in derived
     TableDesign derived;
 };
 

@@ -123,10 +123,10 @@ constexpr char32_t firstBeyondLatin = 0x250;
 const std::array<std::u32string, firstBeyondLatin> &foldedLatin()
 {
     static const auto table = [] {
-        std::array<std::u32string, firstBeyondLatin> made;
+        std::array<std::u32string, firstBeyondLatin> foldings;
         for (char32_t c = 0; c < firstBeyondLatin; ++c)
-            made[c] = folded(QString(QChar(static_cast<char16_t>(c))).toUtf8().toStdString()).toStdU32String();
-        return made;
+            foldings[c] = folded(QString(QChar(static_cast<char16_t>(c))).toUtf8().toStdString()).toStdU32String();
+        return foldings;
     }();
     return table;
 }

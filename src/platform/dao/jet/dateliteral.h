@@ -6,7 +6,7 @@
 namespace vorel::dao::jet {
 
 // A date literal's content (month first whatever the regional settings; another order only where that is impossible)
-// in stored form, "YYYY-MM-DD HH:MM:SS"; a time alone stands on 1899-12-30. Nothing if it cannot be read.
+// in stored form, "YYYY-MM-DD HH:MM:SS"; a time alone is one of 1899-12-30. Nothing if it cannot be read.
 std::optional<QString> parseDateLiteral(QStringView text);
 
 }

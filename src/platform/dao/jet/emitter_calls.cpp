@@ -99,9 +99,10 @@ void Emitter::plainCall(const Expr &expr)
         case 'D':
             date(operand);
             break;
-        default:
+        case 'V':
             value(operand);
             m_out += ',' + QByteArray::number(operand.type);
+            break;
         }
     }
     m_out += ')';

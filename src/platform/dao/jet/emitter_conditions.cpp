@@ -13,7 +13,7 @@ bool isLogical(Operator op)
     return rowOf(op).kind == OperatorKind::Logical;
 }
 
-// Whether the bounds of a Between stand in the wrong order; nothing if that is known only when it runs.
+// Whether the bounds of a Between are in the wrong order; nothing if that is known only when it runs.
 std::optional<bool> boundsSwapped(const Expr &low, const Expr &high)
 {
     const bool numbers = (low.kind == ExprKind::Integer || low.kind == ExprKind::Decimal)

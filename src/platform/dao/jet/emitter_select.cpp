@@ -61,7 +61,7 @@ void Emitter::keys(const Select &select, const char *head)
         condition(*select.where);
     }
     orderBy(select);
-    // Else the keys would come in the order of whatever index covers the query; rows stand as they were written.
+    // Else the keys would come in the order of whatever index covers the query; rows keep the order in which they were written.
     if (select.orderBy.empty())
         m_out += QByteArray(" ORDER BY ") + head;
     limit(select);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <string_view>
 
 namespace vorel::dao::jet {
 
@@ -71,6 +72,11 @@ constexpr std::array functions = {
 
 static_assert(std::is_sorted(functions.begin(), functions.end(), [](const FunctionInfo &a, const FunctionInfo &b) {
     return std::u16string_view(a.name.utf16(), size_t(a.name.size())) < std::u16string_view(b.name.utf16(), size_t(b.name.size()));
+}));
+
+// The emitter's plain calls write no argument of another letter.
+static_assert(std::all_of(functions.begin(), functions.end(), [](const FunctionInfo &info) {
+    return info.form != CallForm::Plain || std::string_view(info.parameters).find_first_not_of("TNLDV|") == std::string_view::npos;
 }));
 
 int numericRank(DataType type)

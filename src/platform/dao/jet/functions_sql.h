@@ -16,7 +16,7 @@ QString textOf(sqlite3_value *value);
 void resultText(sqlite3_context *context, const QString &text);
 void resultStored(sqlite3_context *context, double serial);     // a date; 3175 out of range
 
-// Thrown by a function that meets a stored date which is none: its result is Null, so that one damaged row does not
+// Thrown by a function that meets an invalid stored date: its result is Null, so that one damaged row does not
 // fail the query.
 struct UnreadableDate {};
 

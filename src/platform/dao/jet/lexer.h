@@ -29,7 +29,7 @@ struct Token {
     char16_t symbol = 0;        // of a Symbol; <=, >= and <> are the constants below
     QStringView text;           // as written, without brackets, quotes or hashes
 
-    // A word that cannot stand where an operand or a table is wanted, unless in brackets.
+    // A word that is not allowed where an operand or a table is wanted, unless in brackets.
     bool isReserved() const;
 };
 

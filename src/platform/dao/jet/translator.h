@@ -10,7 +10,7 @@
 struct sqlite3;
 
 // From Jet's query dialect to SQLite. A text is lexed, parsed to a typed tree and emitted; nothing is searched and
-// replaced. A translation depends on the schema only (names and types), so callers may keep it as long as that stands.
+// replaced. A translation depends on the schema only (names and types), so callers may keep it until that changes.
 namespace vorel::dao::jet {
 
 struct ColumnDesign {
@@ -59,7 +59,7 @@ struct Translation {
     QString keyTable;                   // design spelling
     QByteArray keySql;                  // SELECT rowid FROM ... WHERE ... ORDER BY ... (and LIMIT for TOP)
     // The same rows where a text orders them, which is done sooner outside of the store, or where TOP takes the first of
-    // them, which are more than asked for if others stand level with the last: "" or SELECT rowid, <the keys of the order>
+    // them, which are more than asked for if others are equal to the last: "" or SELECT rowid, <the keys of the order>
     // FROM ... WHERE ...
     QByteArray sortSql;
     struct SortKey {
