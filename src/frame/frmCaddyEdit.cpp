@@ -278,7 +278,7 @@ void CaddyEdit::showDetails()
             texts << text;
         }
     }
-    // The record tells more than the list's columns.
+    // The record holds more than the list's columns.
     const std::vector<RecordLine> record = row >= 0 && row < grid->rows()
         ? recordDetails(grid->dataControl()->Database(), m_c.paneOf(grid).sectionCode(), selectedId(grid)) : std::vector<RecordLine>();
     if (!record.empty()) {

@@ -77,7 +77,7 @@ bool hasField(const dao::Recordset &row, const QString &name)
     });
 }
 
-// What stands behind the label. A name in which an apostrophe was typed is stored with a grave accent.
+// What follows the label. A name in which an apostrophe was typed is stored with a grave accent.
 QString textOf(const dao::Recordset &row, const TipLine &line, const SectionDesign &section)
 {
     QStringList parts;

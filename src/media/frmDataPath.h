@@ -71,6 +71,9 @@ private:
     const DataPathCall m_call;
     const Allotment m_allotment;
     QString m_path, m_section;
+    // Before the panels that create them.
+    QAbstractButton *m_autoSearch = nullptr, *m_transfer = nullptr, *m_remove = nullptr, *m_sound = nullptr, *m_apply = nullptr;
+    QAbstractButton *m_previous = nullptr, *m_next = nullptr, *m_auto = nullptr;
     QLabel *m_title, *m_current, *m_selected, *m_status, *m_number, *m_words;
     controls::PictureBox *m_image;
     QWidget *m_chooser, *m_slide;
@@ -78,8 +81,6 @@ private:
     basic::Task m_task;                                 // the search, or the copying
     controls::TaskStrip *m_strip;
     QWidget *m_keys = nullptr;
-    QAbstractButton *m_autoSearch = nullptr, *m_transfer = nullptr, *m_remove = nullptr, *m_sound = nullptr, *m_apply = nullptr;
-    QAbstractButton *m_previous = nullptr, *m_next = nullptr, *m_auto = nullptr;
     bool m_searching = false;
     std::vector<PictureSlot> m_slides;
     std::ptrdiff_t m_place = 0;

@@ -42,7 +42,7 @@ struct Region {
     double left, top, right, bottom;
 };
 
-// One optional block of the page. Columns: where they begin as a part of the width; the last may stand at the right.
+// One optional block of the page. Columns: where they begin as a part of the width; the last may be set to the right.
 struct Block {
     QString title;
     int colour;
@@ -169,7 +169,7 @@ double CalendarWriter::writeMonth(double top)
     return top + headsHeight + m_month.rows() * rowHeight;
 }
 
-// The number, and as many short texts as the cell holds; all of them stand in the blocks.
+// The number, and as many short texts as the cell holds; all of them are in the blocks.
 void CalendarWriter::writeDay(int cell, const std::vector<const DayEntry *> &entries, double top, double rowHeight)
 {
     constexpr double markWidth = 45, markGap = 40;
@@ -289,7 +289,7 @@ void CalendarWriter::headBlock(const Block &block, bool isContinued)
     setFont(bodySize, false);
 }
 
-// The fields of a row stand beside each other, each in as many lines as it needs.
+// The fields of a row are beside each other, each in as many lines as it needs.
 void CalendarWriter::writeRow(const Block &block, const std::array<QString, 3> &row)
 {
     const double width = m_regions.front().right - m_regions.front().left, line = m_job.GetTextHeight(u"A"_s);

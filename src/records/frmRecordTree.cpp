@@ -26,7 +26,7 @@ QString oneLine(QString text)
 
 }
 
-// The nodes as they were read, and beside them a table of their places: children lie in one run, so that a number tells
+// The nodes as they were read, and beside them a table of their places: children lie in one run, so that a number says
 // parent and row of any node.
 class RecordTreeModel : public QAbstractItemModel {
 public:

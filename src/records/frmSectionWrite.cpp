@@ -97,7 +97,7 @@ void frmSection::cmdDelete_Click()
         const qint32 id = currentId(), neighbour = neighbourId();
         beforeDelete();
         dao::Transaction all(dtaData().Database());
-        records::DeleteChildren(dtaData().Database(), m_design, id, text(m_design.nameControl));
+        records::deleteChildren(dtaData().Database(), m_design, id, text(m_design.nameControl));
         dtaData().Recordset().Delete();
         all.Commit();
         dtaData().Refresh();

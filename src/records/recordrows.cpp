@@ -38,7 +38,7 @@ dao::Bookmark addRow(dao::Recordset &rows, const RecordDesign &design)
     return rows.LastModified();
 }
 
-void DeleteChildren(dao::Database &database, const RecordDesign &design, qint32 id, const QString &name)
+void deleteChildren(dao::Database &database, const RecordDesign &design, qint32 id, const QString &name)
 {
     for (QString sql : design.childDeletes) {
         sql.replace(u"%id"_s, dao::literal(id));         // before the name, which may contain it

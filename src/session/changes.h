@@ -15,7 +15,7 @@ class Changes : public QObject {
 public:
     static Changes &instance();
     ~Changes() override;
-    void deliver();                             // what waits to be told, at once
+    void deliver();                             // what waits to be reported, at once
 
 signals:
     void changed(const QString &table);         // in capital letters

@@ -8,7 +8,7 @@
 #include <vector>
 
 // All that the program knows about its sections, as plain data: one SectionDesign a section, one file a section under
-// session/sections. Letters, indexes and menu names belong to the edge (configuration file, date picker, buttons); the code
+// session/sections. Letters, indexes and menu names belong to the edge (configuration file, buttons, menus); the code
 // names a section by its SectionId.
 namespace vorel {
 

@@ -5,7 +5,7 @@
 // Pages for the browser that the program writes into its folder.
 namespace vorel {
 
-// A text as it may stand in a page; what HTML cannot hold is left out.
+// A text as a page may hold it; what HTML cannot hold is left out.
 QString escapedForPage(const QString &text);
 // The path of a page by its name "\CALENDAR.HTML" in the program folder.
 QString pagePath(const QString &name);

@@ -21,7 +21,7 @@ struct FirstRows {
 
 // The one-row tables. dayFirst: the regional order, which decides the tax year's start and the tax system.
 std::vector<FirstRows> requiredRows(basic::DateTime today, bool dayFirst);
-// Made-up rows that show each section at work. Their pictures lie in the program folder.
+// Sample rows that show each section at work. Their pictures lie in the program folder.
 std::vector<FirstRows> sampleRows(basic::DateTime today);
 
 // Writes those of the groups that belong to the file and find their table empty. A text that does not fit its field (a

@@ -4,7 +4,7 @@
 
 #include <functional>
 
-// One data file made, mended or brought to the current design of its tables.
+// One data file created, mended or brought to the current design of its tables.
 namespace vorel {
 
 // Serves the file at the path as the given one of the thirteen: makes it where it is missing; else repairs it, leaves a

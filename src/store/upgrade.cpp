@@ -25,7 +25,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// In the order in which missing files are made. The upgrade takes the plain ones in this order, then the protected ones.
+// In the order in which missing files are created. The upgrade takes the plain ones in this order, then the protected ones.
 constexpr DataFile fileOrder[] = {
     DataFile::Garden, DataFile::Books, DataFile::Movies, DataFile::Music, DataFile::Notes, DataFile::HowTo,
     DataFile::Recipe, DataFile::Sports, DataFile::Contacts, DataFile::DataJ, DataFile::DataP, DataFile::Accounts,
@@ -157,7 +157,7 @@ void StartPass::upgrade(DataFile file, int version)
     attempt(file, [&] {
         // An earlier pass that was cut short came as far as this file: its safety copy is the one of the older version.
         const bool isDone = store::wasUpgraded(file);
-        // The upgraded file is in place by now; one that cannot be made smaller, for want of room, is as good.
+        // The upgraded file is in place by now; one that cannot be made smaller, for want of room, is equivalent.
         if (rebuild(file, {version, isDone}) && !isProtected(file))
             basic::IgnoreErrors([&] { CompactFile(state().path(file)); });
     });

@@ -46,6 +46,10 @@ TEST_F(Script, HeaderNamesTimeAndProgram)
 TEST_F(Script, LinesOfEachOperation)
 {
     const double x = 10, y = 20;
+    const QString picture = m_folder.path(u"a.png"_s);
+    QImage drawn(4, 3, QImage::Format_RGB32);
+    drawn.fill(Qt::black);
+    ASSERT_TRUE(drawn.save(picture));
     const struct { std::function<void(PrintJob &)> step; QString line; } cases[] = {
         {[](PrintJob &job) { job.SetFontName(u" Arial "_s); }, u"FONTNAME = \"Arial\""_s},
         {[](PrintJob &job) { job.SetFontSize(7.5); }, u"FONTSIZE = 7.5"_s},
@@ -62,13 +66,12 @@ TEST_F(Script, LinesOfEachOperation)
         {[](PrintJob &job) { job.PrintLine(0.5, 1, u"step"_s, 300, 0, u"0"_s); }, u"LINE (0.5,1)-STEP(300,0),0,"_s},
         {[](PrintJob &job) { job.PrintLine(1, 2, {}, 3, 4, Value(16777215), u"B"_s); }, u"LINE (1,2)-(3,4),16777215,B"_s},
         {[](PrintJob &job) { job.PrintLine(1, 2, {}, 3, 4); }, u"LINE (1,2)-(3,4),,"_s},
-        {[&](PrintJob &job) { job.PrintPicture(u"c:\\a.jpg"_s, x, y); }, u"PAINTPICTURE [c:\\a.jpg](10)<20>"_s},
-        {[&](PrintJob &job) { job.PrintPicture(u"c:\\a.jpg"_s, x, y, 30.0, 40.0); }, u"PAINTPICTURE [c:\\a.jpg](10)<20 30,40,"_s},
+        {[&](PrintJob &job) { job.PrintPicture(picture, x, y); }, u"PAINTPICTURE [%1](10)<20>"_s.arg(picture)},
+        {[&](PrintJob &job) { job.PrintPicture(picture, x, y, 30.0, 40.0); }, u"PAINTPICTURE [%1](10)<20 30,40,"_s.arg(picture)},
         {[](PrintJob &job) { job.PrintNewPage(); }, u"NEWPAGE"_s},
         {[](PrintJob &job) { job.PrintDateField(5, u"L"_s, Value(basic::DateTime::fromParts(2026, 3, 4)), false); }, u"LPRINT 5,200, \"Mar 04 2026\""_s},
         {[](PrintJob &job) { job.PrintCurrencyField(5, u"R"_s, -1234.5, false); }, u"RPRINT 5,200, \"($1,234.50)\""_s},
         {[](PrintJob &job) { job.PrintDollarField(5, u"L"_s, -1234.5, false); }, u"LPRINT 5,200, \"($1,234.50)\""_s}};
-    m_folder.write(u"a.jpg"_s, "no picture");
     for (const auto &one : cases)
         EXPECT_EQ(lines(one.step), QStringList{one.line}) << qPrintable(one.line);
 }

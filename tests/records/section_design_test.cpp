@@ -137,6 +137,22 @@ TEST_F(Design, HooksOfSavingLeavingAndDeleting)
     EXPECT_EQ(read(DataFile::Main, u"select [DOB],[UsersName] from [PROFILE] where [ID]=4"_s), QStringList{u"2026-11-23|Rosemary"_s});
 }
 
+TEST_F(Design, ADeleteThatFailsHalfWayTakesNothing)
+{
+    m_design.childDeletes << u"DELETE * FROM [Gone]"_s;
+    run(DataFile::Main, {u"INSERT INTO [PROFILEDATA] ([ID],[USERNAME]) VALUES(1,'Ash')"_s});
+    frmTest &screen = open();
+    user.expect(u"Do you want to Delete this Record ?"_s, basic::Answer::Yes);
+    user.expect(u"Gone"_s);
+    click(u"cmdDelete"_s);
+    EXPECT_TRUE(user.isDone());
+    EXPECT_EQ(screen.deleted, 0);
+    EXPECT_EQ(read(DataFile::Main, u"select [ID] from [PROFILEDATA]"_s), QStringList{u"1"_s});
+    type(u"txtName(1)"_s, u"Kim"_s);
+    click(u"cmdUpdate"_s);
+    EXPECT_EQ(read(DataFile::Main, u"select [SURNAME],[OTHERNAMES] from [PROFILE] where [ID]=1"_s), QStringList{u"Ash|Kim"_s});
+}
+
 TEST_F(Design, PictureSetsAreTypedAddedAndStoredWithTheRecord)
 {
     frmTest &screen = open();

@@ -121,7 +121,7 @@ private:
             ++run;
         switch (letter) {
         case u'd':
-            // A regional pattern is not made of regional patterns.
+            // A regional pattern contains no regional patterns.
             return std::min(run, nested ? 4 : 6);
         case u'm':
         case u'y':

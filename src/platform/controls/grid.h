@@ -55,7 +55,7 @@ public:
     const std::vector<GridColumn> &columns() const;
     void setTitle(const QString &title);                // the caption line above the column heads
     const QString &title() const;
-    void setEmptyText(const QString &text);             // what stands in place of the rows while there are none
+    void setEmptyText(const QString &text);             // shown in place of the rows while the list is empty
     void setAllowAddNew(bool allow);                    // an empty line after the last row (its ID reads as 0)
     void setRecordSelectors(bool on);
 

@@ -157,7 +157,7 @@ QString Grid::Private::refusedCell(const dao::Recordset &rows, const RowDraft &d
     return refusalText(model->column(column).caption, value.text(), rows.Fields()[static_cast<std::size_t>(field)], value, error);
 }
 
-// The row by its longest text, for its name stands in another column in each section.
+// The row by its longest text, for its name is in another column in each section.
 QString Grid::Private::rowName(qsizetype row, int besides) const
 {
     QString name;

@@ -14,7 +14,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The folder holds private records: made for its owner alone.
+// The folder holds private records: created for its owner alone.
 void make(const QString &folder)
 {
     if (QDir(folder).exists() || !QDir().mkpath(folder))
