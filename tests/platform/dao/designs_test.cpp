@@ -1,4 +1,4 @@
-#include "daotest.h"
+#include "script.h"
 
 #include <QProcess>
 
@@ -140,21 +140,9 @@ TEST_F(Designs, RenamingAndReplacingATableKeepsRowsAndIndexNames)
     EXPECT_EQ(errorOf([&] { file.AppendTable(twice); }), 3191);
 }
 
-TEST_F(Designs, DefinitionStatementsMakeUsableTables)
-{
-    Database file = create();
-    file.Execute(u"CREATE TABLE [Database Info] ([Version] INTEGER)"_s);
-    EXPECT_EQ(errorOf([&] { file.Execute(u"CREATE TABLE [database info] ([Version] INTEGER)"_s); }), 3010);
-    file.Execute(u"INSERT INTO [Database Info] ([Version]) VALUES (290);"_s);
-    EXPECT_EQ(file.RecordsAffected(), 1);
-    file.Execute(u"UPDATE [Database Info] SET [Version] = 291;"_s);
-    Recordset rows = file.CreateSnapshot(u"SELECT [Version] FROM [Database Info]"_s);
-    EXPECT_EQ(rows.Get(0).text(), u"291");
-    file.Execute(u"DROP TABLE [Database Info]"_s);
-    EXPECT_EQ(errorOf([&] { file.CreateSnapshot(u"SELECT [Version] FROM [Database Info]"_s); }), 3078);
-    EXPECT_EQ(errorOf([&] { file.Execute(u"DROP TABLE [Database Info]"_s); }), 3376);
-    EXPECT_EQ(errorOf([&] { file.Execute(u"SELECT * FROM SAMPLE"_s); }), 3078);
-}
+using DesignStatements = Script;
+
+TEST_F(DesignStatements, MakeUsableTables) { play("definition statements"); }
 
 TEST_F(Designs, ChangeStatementsKeepTheRows)
 {

@@ -1,5 +1,5 @@
-#include "daotest.h"
 #include "platform/dao/connection.h"
+#include "script.h"
 #include "support/fulldisk.h"
 
 #include <QProcess>
@@ -97,102 +97,85 @@ TEST(Child, DISABLED_Run)
         runJob(job.split(u'\n'));
 }
 
-class Processes : public DaoTest {
+class Processes : public Script {
 protected:
+    Processes()
+    {
+        m_verbs[u"other"_s] = [this](const QString &sql) { run(sql); return QString(); };
+        m_verbs[u"idle"_s] = [](const QString &) { DBEngine::Idle(dbRefreshCache); return QString(); };
+    }
     void SetUp() override
     {
-        m_file = create();
-        m_file.AppendTable(sample());
+        Script::SetUp();
         addRows(m_file, { u"a"_s, u"b"_s, u"c"_s });
     }
     void TearDown() override { DBEngine::setLockWait(5000); }
+    void closeFile()
+    {
+        m_file.Close();
+        DBEngine::Forget(path());
+    }
 
-    // An SQL statement, or one of the jobs above.
-    void start(QProcess &process, const QString &job, const QString &file = u"DATA.MDB"_s, const QString &connect = {})
-    {
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert(QString::fromLatin1(jobVariable), QStringList { job, path(file), connect }.join(u'\n'));
-        process.setProcessEnvironment(environment);
-        process.start(QCoreApplication::applicationFilePath(),
-                      { u"--gtest_filter=Child.DISABLED_Run"_s, u"--gtest_also_run_disabled_tests"_s });
-        ASSERT_TRUE(process.waitForStarted());
-    }
-    // What the other process says next, without its mark.
-    QString word(QProcess &process)
-    {
-        while (true) {
-            while (process.canReadLine()) {
-                const QString line = QString::fromUtf8(process.readLine()).trimmed();
-                if (line.startsWith(u'#'))
-                    return line.mid(1);
+    // Another process at an SQL statement, or at one of the jobs above.
+    struct Other : QProcess {
+        explicit Other(const QString &job, const QString &file, const QString &connect = {})
+        {
+            QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+            environment.insert(QString::fromLatin1(jobVariable), QStringList { job, file, connect }.join(u'\n'));
+            setProcessEnvironment(environment);
+            start(QCoreApplication::applicationFilePath(), { u"--gtest_filter=Child.DISABLED_Run"_s, u"--gtest_also_run_disabled_tests"_s });
+            EXPECT_TRUE(waitForStarted());
+            if (QStringList { u"hold"_s, u"exclusive"_s, u"kill"_s }.contains(job)) {
+                EXPECT_EQ(word(), u"ready");
             }
-            if (!process.waitForReadyRead(30000))
-                return {};
         }
-    }
+        // What it says next, without its mark.
+        QString word()
+        {
+            while (true) {
+                while (canReadLine()) {
+                    const QString line = QString::fromUtf8(readLine()).trimmed();
+                    if (line.startsWith(u'#'))
+                        return line.mid(1);
+                }
+                if (!waitForReadyRead(30000))
+                    return {};
+            }
+        }
+        void letGo()
+        {
+            write("go\n");
+            EXPECT_TRUE(waitForFinished());
+        }
+        void end()
+        {
+            kill();
+            waitForFinished();
+        }
+    };
     void run(const QString &job)
     {
-        QProcess process;
-        start(process, job);
+        Other process(job, path());
         ASSERT_TRUE(process.waitForFinished(60000));
         ASSERT_EQ(process.exitCode(), 0) << process.readAllStandardOutput().constData();
     }
-    Database m_file;
 };
 
-TEST_F(Processes, ChangesOfOthersAreSeen)
-{
-    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
-    EXPECT_EQ(rows.Get(u"NAME"), Value(u"a"_s));
-    EXPECT_EQ(rows.cell(1, 1), Value(u"b"_s));
-    run(update);
-    run(u"DELETE FROM SAMPLE WHERE ID=2"_s);
-    run(u"CREATE TABLE MORE (A LONG)"_s);
-    DBEngine::Idle(dbRefreshCache);
-    EXPECT_EQ(rows.Get(u"NAME"), Value(u"other"_s));
-    EXPECT_EQ(rows.cell(1, 1), Value());
-    EXPECT_EQ(rows.rowTotal(), 3);
-    rows.MoveNext();
-    EXPECT_EQ(errorOf([&] { rows.Get(u"NAME"); }), 3167);
-    EXPECT_EQ(errorOf([&] { rows.Edit(); }), 3167);
-    EXPECT_EQ(errorOf([&] { rows.Delete(); }), 3167);
-    EXPECT_TRUE(m_file.hasTable(u"MORE"));
-    EXPECT_EQ(m_file.OpenRecordset(u"SELECT A FROM MORE"_s).rowTotal(), 0);
-}
+// The waits are spent on a clock of the test's own.
+struct VainWaits {
+    VainWaits() { now = slept = 0; DBEngine::setLockWait(5000); }
+    ~VainWaits() { setLockClock(before); }
+    static inline qint64 now, slept;
+    const LockClock before = setLockClock({ [] { return now; }, [](int pause) { now += pause; slept += pause; } });
+};
 
-TEST_F(Processes, ARowChangedSinceEditIsNotOverwritten)
-{
-    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
-    rows.Edit();
-    rows.Set(u"LARGE", 99);
-    run(update);
-    EXPECT_EQ(errorOf([&] { rows.Update(); }), 3197);
-    EXPECT_TRUE(rows.editPending());
-    rows.CancelUpdate();
-    EXPECT_EQ(rows.Get(u"NAME"), Value(u"other"_s));
-    EXPECT_EQ(rows.Get(u"LARGE"), Value(1));
-    edit(rows, { { u"LARGE", 99 } });
-    EXPECT_EQ(rows.Get(u"LARGE"), Value(99));
-}
-
-TEST_F(Processes, ANumberTakenMeanwhileIsReplaced)
-{
-    Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
-    rows.AddNew();
-    EXPECT_EQ(rows.Get(u"ID"), Value(4));
-    rows.Set(u"NAME", u"ours"_s);
-    run(u"INSERT INTO SAMPLE (NAME) VALUES ('theirs')"_s);
-    rows.Update();
-    rows.setBookmark(rows.LastModified());
-    EXPECT_EQ(rows.Get(u"ID"), Value(5));
-    EXPECT_EQ(m_file.OpenRecordset(u"SELECT * FROM SAMPLE WHERE NAME IN ('ours','theirs')"_s).rowTotal(), 2);
-}
+TEST_F(Processes, ChangesOfOthersAreSeen) { play("changed elsewhere"); }
+TEST_F(Processes, ARowChangedSinceEditIsNotOverwritten) { play("changed since Edit"); }
+TEST_F(Processes, ANumberTakenMeanwhileIsReplaced) { play("number taken meanwhile"); }
 
 TEST_F(Processes, AWriteWaitsAndThenReportsALock)
 {
-    QProcess other;
-    start(other, u"hold"_s);
-    ASSERT_EQ(word(other), u"ready");
+    Other other(u"hold"_s, path());
     DBEngine::setLockWait(50);
     Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE"_s);
     rows.MoveLast();
@@ -216,9 +199,8 @@ TEST_F(Processes, AnExclusiveHandleKeepsOthersOut)
     create(u"LOCKED.MDB"_s, protectedConnect).AppendTable(sample());
     for (const auto &[file, connect] : { std::pair(u"DATA.MDB"_s, QString()), std::pair(u"LOCKED.MDB"_s, protectedConnect) }) {
         const auto elsewhere = [&, name = file, password = connect] {
-            QProcess other;
-            start(other, u"open"_s, name, password);
-            const QString result = word(other);
+            Other other(u"open"_s, path(name), password);
+            const QString result = other.word();
             other.waitForFinished();
             return result;
         };
@@ -239,16 +221,12 @@ TEST_F(Processes, AnExclusiveHandleKeepsOthersOut)
 
 TEST_F(Processes, AnExclusiveOpeningLeavesAnothersWriteAlone)
 {
-    m_file.Close();
-    DBEngine::Forget(path());
-    QProcess other;
-    start(other, u"kill"_s);
-    ASSERT_EQ(word(other), u"ready");
+    closeFile();
+    Other other(u"kill"_s, path());
     DBEngine::setLockWait(50);
     EXPECT_NE(errorOf([&] { DBEngine::OpenDatabase(path(), true); }), 0);
     EXPECT_TRUE(QFile::exists(path() + u"-journal"_s));
-    other.kill();
-    other.waitForFinished();
+    other.end();
     m_file = DBEngine::OpenDatabase(path(), true);
     EXPECT_EQ(m_file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 3);
 }
@@ -256,65 +234,44 @@ TEST_F(Processes, AnExclusiveOpeningLeavesAnothersWriteAlone)
 // A screen asks many statements in a row. The wait is spent on a clock of the test's own.
 TEST_F(Processes, AfterOneVainWaitTheNextStatementsFailAtOnce)
 {
-    static qint64 now, slept;
-    now = slept = 0;
-    const LockClock before = setLockClock({ [] { return now; }, [](int pause) { now += pause; slept += pause; } });
-    DBEngine::setLockWait(5000);
-    QProcess other;
-    start(other, u"hold"_s);
-    ASSERT_EQ(word(other), u"ready");
+    const VainWaits clock;
+    Other other(u"hold"_s, path());
     const auto write = [&] { return errorOf([&] { m_file.Execute(u"UPDATE SAMPLE SET LARGE=7"_s); }); };
     EXPECT_EQ(write(), 3218);
-    EXPECT_EQ(slept, 5000);
+    EXPECT_EQ(clock.slept, 5000);
     for (int i = 0; i < 20; ++i)
         EXPECT_EQ(write(), 3218);
-    EXPECT_EQ(slept, 5000);
+    EXPECT_EQ(clock.slept, 5000);
     EXPECT_EQ(m_file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 3);     // what needs no lock is not refused
-    now += 5000;
+    VainWaits::now += 5000;
     EXPECT_EQ(write(), 3218);       // after a while it is worth waiting again
-    EXPECT_EQ(slept, 10000);
-    other.write("go\n");
-    other.waitForFinished();
+    EXPECT_EQ(clock.slept, 10000);
+    other.letGo();
     EXPECT_EQ(write(), 0);
-    QProcess next;                  // and what got through ends the time early
-    start(next, u"hold"_s);
-    ASSERT_EQ(word(next), u"ready");
+    Other next(u"hold"_s, path());                  // and what got through ends the time early
     EXPECT_EQ(write(), 3218);
-    EXPECT_EQ(slept, 15000);
-    next.kill();
-    next.waitForFinished();
-    setLockClock(before);
+    EXPECT_EQ(clock.slept, 15000);
+    next.end();
 }
 
 // However often it is opened: 5 s once, not for each.
 TEST_F(Processes, AFileThatIsLockedForLongIsAskedForQuickly)
 {
-    static qint64 now, slept;
-    now = slept = 0;
-    const LockClock before = setLockClock({ [] { return now; }, [](int pause) { now += pause; slept += pause; } });
-    DBEngine::setLockWait(5000);
-    m_file.Close();
-    DBEngine::Forget(path());
-    QProcess other;
-    start(other, u"exclusive"_s);
-    ASSERT_EQ(word(other), u"ready");
+    const VainWaits clock;
+    closeFile();
+    Other other(u"exclusive"_s, path());
     for (int i = 0; i < 12; ++i)
         EXPECT_EQ(errorOf([&] { DBEngine::OpenDatabase(path()); }), 3356);
-    EXPECT_EQ(slept, 5000);
-    other.kill();
-    other.waitForFinished();
-    setLockClock(before);
+    EXPECT_EQ(clock.slept, 5000);
+    other.end();
     m_file = DBEngine::OpenDatabase(path());
     EXPECT_EQ(m_file.OpenRecordset(u"SAMPLE"_s).rowTotal(), 3);
 }
 
 TEST_F(Processes, AKillLeavesAllOrNone)
 {
-    QProcess other;
-    start(other, u"kill"_s);
-    ASSERT_EQ(word(other), u"ready");
-    other.kill();
-    other.waitForFinished();
+    Other other(u"kill"_s, path());
+    other.end();
     DBEngine::Idle();
     Recordset rows = m_file.OpenRecordset(u"SELECT * FROM SAMPLE ORDER BY ID"_s);
     ASSERT_EQ(rows.rowTotal(), 3);
@@ -328,11 +285,8 @@ TEST_F(Processes, AKillLeavesAllOrNone)
 
 TEST_F(Processes, ADamagedFileInUseIsNotMended)
 {
-    m_file.Close();
-    DBEngine::Forget(path());
-    QProcess other;
-    start(other, u"hold"_s);
-    ASSERT_EQ(word(other), u"ready");
+    closeFile();
+    Other other(u"hold"_s, path());
     QFile file(path());
     ASSERT_TRUE(file.open(QIODevice::ReadWrite));
     file.write(QByteArray(100, 'x'));
@@ -342,16 +296,14 @@ TEST_F(Processes, ADamagedFileInUseIsNotMended)
     EXPECT_EQ(errorOf([&] { DBEngine::RepairDatabase(path()); }), 3356);
     EXPECT_EQ(contentOf(path()), before);
     EXPECT_FALSE(QFile::exists(path() + u".damaged"_s));
-    other.kill();
-    other.waitForFinished();
+    other.end();
 }
 
 TEST_F(Processes, AFullDiskIsToldAndLosesNothing)
 {
-    QProcess other;
-    start(other, u"full"_s);
-    EXPECT_EQ(word(other), u"3026 Not enough space on disk.");
-    EXPECT_EQ(word(other), u"pending kept");
+    Other other(u"full"_s, path());
+    EXPECT_EQ(other.word(), u"3026 Not enough space on disk.");
+    EXPECT_EQ(other.word(), u"pending kept");
     other.waitForFinished();
     EXPECT_EQ(other.exitCode(), 0);
     DBEngine::Idle();
