@@ -2,6 +2,7 @@
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
 #include "support.h"
+#include "support/table.h"
 
 #include <limits>
 
@@ -42,24 +43,14 @@ TEST_F(Dates, EverySecondAndDayComesBack)
     }
 }
 
+// Without a serial: refused.
 TEST_F(Dates, StoredFormRefusesGarbage)
 {
-    const QStringView bad[] = {
-        u"", u"garbage", u"2003-12-25 09:00:0", u"2003-12-25 09:00:000", u"2003/12/25 09:00:00", u"2003-13-01 00:00:00",
-        u"2003-02-29 00:00:00", u"2003-00-10 00:00:00", u"2003-01-32 00:00:00", u"2003-01-10 24:00:00",
-        u"2003-01-10 10:60:00", u"2003-01-10 10:00:60", u"2003-01-10x10:00:00", u"0099-01-01 00:00:00", u"-003-01-10 00:00:00",
-        u"2003-01-1\u0663 00:00:00", u"2003-01-10 10.00.00", u"37991",
-    };
-    for (const QStringView text : bad) {
-        bool ok = true;
-        EXPECT_EQ(DateTime::fromStored(text, &ok), DateTime()) << text.toString().toStdString();
-        EXPECT_FALSE(ok) << text.toString().toStdString();
-    }
-    bool ok = false;
-    EXPECT_EQ(DateTime::fromStored(u"2003-12-25", &ok), DateTime(37980));
-    EXPECT_TRUE(ok);
-    EXPECT_EQ(DateTime::fromStored(u"2003-12-25T18:00", &ok), DateTime(37980.75));
-    EXPECT_TRUE(ok);
+    vorel::test::forEachRow("text", "stored dates", [](const vorel::test::Row &row) {
+        bool ok = row["serial"].isEmpty();
+        EXPECT_EQ(DateTime::fromStored(row["text"], &ok), DateTime(row.real("serial")));
+        EXPECT_EQ(ok, !row["serial"].isEmpty());
+    });
 }
 
 TEST_F(Dates, SerialsOutsideTheRangeStayInside)
@@ -108,32 +99,18 @@ TEST_F(Dates, TheOrderOfAMachineShowsInOneText)
     }
 }
 
+// What is shown is 5 January 2004, 21:05:07.
 TEST_F(Dates, RegionalSettings)
 {
-    const struct {
-        QStringView name;
-        DateOrder order;
-        QStringView shown;           // 5 January 2004, 21:05:07
-        QStringView price;           // -1234.5
-        bool metricPaper;
-    } cases[] = {
-        {u"en_US", DateOrder::MonthFirst, u"1/5/2004 9:05:07 PM", u"($1,234.50)", false},
-        {u"C", DateOrder::MonthFirst, u"1/5/2004 9:05:07 PM", u"($1,234.50)", false},
-        {u"en_AU", DateOrder::DayFirst, u"5/01/2004 9:05:07 PM", u"-$1,234.50", true},
-        {u"en_GB", DateOrder::DayFirst, u"05/01/2004 21:05:07", u"-£1,234.50", true},
-        {u"de_DE", DateOrder::DayFirst, u"05.01.2004 21:05:07", u"-1.234,50 €", true},
-    };
     const DateTime moment = DateTime::fromParts(2004, 1, 5, 21, 5, 7);
-    for (const auto &c : cases) {
-        SCOPED_TRACE(c.name.toString().toStdString());
-        setRegional(regionalFor(c.name.toString()));
-        EXPECT_EQ(regional().order, c.order);
-        EXPECT_EQ(Value(moment).text(), c.shown);
-        EXPECT_EQ(Format(Value(-1234.5), u"Currency"), c.price);
-        EXPECT_EQ(regional().metricPaper, c.metricPaper);
-        // A query's date keeps its form everywhere.
-        EXPECT_EQ(Format(Value(moment), u"mm/dd/yyyy"), u"01/05/2004"_s);
-    }
+    vorel::test::forEachRow("text", "regions", [&](const vorel::test::Row &row) {
+        setRegional(regionalFor(row["region"]));
+        EXPECT_EQ(regional().order == DateOrder::MonthFirst, row["order"] == u"month");
+        EXPECT_EQ(Value(moment).text(), row["shown"]);
+        EXPECT_EQ(Format(Value(-1234.5), u"Currency"), row["price"]);
+        EXPECT_EQ(regional().metricPaper, row.flag("metric"));
+        EXPECT_EQ(Format(Value(moment), u"mm/dd/yyyy"), u"01/05/2004"_s) << "a query's date keeps its form everywhere";
+    });
 }
 
 TEST_F(Dates, WhatAMachineWritesItReads)

@@ -1,6 +1,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
 #include "support.h"
+#include "support/steps.h"
 
 #include <limits>
 
@@ -31,12 +32,9 @@ TEST_F(Numbers, CurrencyIsExact)
 
 TEST_F(Numbers, CurrencyRoundsTiesToEven)
 {
-    const struct { QStringView text; std::int64_t scaled; } cases[] = {
-        {u"0.00005", 0}, {u"0.00015", 2}, {u"0.00025", 2}, {u"-0.00015", -2}, {u"0.000050000001", 1},
-        {u"0.00004999", 0}, {u"0.00009999", 1}, {u"123456789012.34565", 1234567890123456}, {u"1e-9", 0}, {u"9.99999", 100000},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(money(c.text.toString()).scaled(), c.scaled) << c.text.toString().toStdString();
+    vorel::test::forEachRow("text", "money", [](const vorel::test::Row &row) {
+        EXPECT_EQ(vorel::test::answerOf([&] { return QString::number(money(row["text"]).scaled()); }), row["scaled"]);
+    });
     EXPECT_EQ(Currency::fromDouble(0.25).scaled(), 2500);
     EXPECT_EQ(Currency::fromDouble(-2.00006).scaled(), -20001);
 }
@@ -46,8 +44,6 @@ TEST_F(Numbers, CurrencyOverflows)
     const Currency highest = Currency::fromScaled(std::numeric_limits<std::int64_t>::max());
     EXPECT_EQ(errorOf([&] { return highest + Currency::fromScaled(1); }), 6);
     EXPECT_EQ(errorOf([&] { return -highest - Currency::fromScaled(1); }), 6);
-    for (const QString &text : {u"922337203685477.5808"_s, u"-922337203685477.58075"_s, u"1e15"_s, u"1e99"_s})
-        EXPECT_EQ(errorOf([&] { money(text); }), 6) << text.toStdString();
     for (const double number : {1e15, -1e300, std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()})
         EXPECT_EQ(errorOf([&] { Currency::fromDouble(number); }), 6) << number;
 }
@@ -97,12 +93,9 @@ TEST_F(Numbers, TextOfValues)
 
 TEST_F(Numbers, RoundIsHalfToEven)
 {
-    const struct { double number; int digits; double expected; } cases[] = {
-        {2.5, 0, 2}, {3.5, 0, 4}, {-2.5, 0, -2}, {0.5, 0, 0}, {0.125, 2, 0.12}, {0.375, 2, 0.38}, {2.51, 0, 3},
-        {12.3456, 3, 12.346}, {99.96, 1, 100}, {-0.004, 2, 0}, {1e20, 2, 1e20},
-    };
-    for (const auto &c : cases)
-        EXPECT_EQ(Round(c.number, c.digits), c.expected) << c.number;
+    vorel::test::forEachRow("text", "round", [](const vorel::test::Row &row) {
+        EXPECT_EQ(Round(row.real("number"), row.number("digits")), row.real("expected"));
+    });
     EXPECT_EQ(errorOf([] { Round(1, -1); }), 5);
 }
 

@@ -1,6 +1,6 @@
 #include "platform/basic/text.h"
 #include "support.h"
-#include "support/table.h"
+#include "support/steps.h"
 
 using namespace vorel::basic;
 using namespace Qt::StringLiterals;
@@ -9,21 +9,15 @@ namespace {
 
 TEST(Text, PartsOfATextStopAtItsEnds)
 {
-    EXPECT_EQ(Trim(u"  \ta b\t  "), u"\ta b\t"_s);
-    EXPECT_EQ(LTrim(u"  a "), u"a "_s);
-    EXPECT_EQ(RTrim(u" a  "), u" a"_s);
-    EXPECT_EQ(Trim(u"   "), QString());
-    EXPECT_EQ(Left(u"abc", 0), QString());
-    EXPECT_EQ(Left(u"abc", 9), u"abc"_s);
-    EXPECT_EQ(Right(u"abc", 2), u"bc"_s);
-    EXPECT_EQ(Right(u"abc", 9), u"abc"_s);
-    EXPECT_EQ(Mid(u"abc", 2), u"bc"_s);
-    EXPECT_EQ(Mid(u"abc", 2, 1), u"b"_s);
-    EXPECT_EQ(Mid(u"abc", 3, 2000000000), u"c"_s);
-    EXPECT_EQ(Mid(u"abc", 4, 1), QString());
-    EXPECT_EQ(errorOf([] { Left(u"abc", -1); }), 5);
-    EXPECT_EQ(errorOf([] { Right(u"abc", -1); }), 5);
-    EXPECT_EQ(errorOf([] { Mid(u"abc", 0); }), 5);
+    vorel::test::forEachRow("text", "parts", [](const vorel::test::Row &row) {
+        const QString call = row["call"], text = row["text"];
+        const int first = vorel::test::word(call, 1).toInt(), count = vorel::test::word(call, 2).toInt();
+        EXPECT_EQ(row["expected"], vorel::test::answerOf([&] {
+            return call == u"Trim" ? Trim(text) : call == u"LTrim" ? LTrim(text) : call == u"RTrim" ? RTrim(text)
+                : call.startsWith(u'L') ? Left(text, first) : call.startsWith(u'R') ? Right(text, first)
+                : count ? Mid(text, first, count) : Mid(text, first);
+        }));
+    });
 }
 
 TEST(Text, Like)
