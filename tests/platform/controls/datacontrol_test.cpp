@@ -1,6 +1,7 @@
 #include "people.h"
 #include "platform/controls/refusal.h"
 #include "support/scriptedprompts.h"
+#include "support/steps.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -37,61 +38,85 @@ struct Screen {
         box.selectAll();
         QTest::keyClicks(&box, text);
     }
+
+    // Steps in controls.tsv. A move shows the name it comes to, "no: " before it if it did not move.
+    test::Verbs verbs;
+    QLabel echo;
+    void play(const char *table);
 };
+
+void Screen::play(const char *table)
+{
+    const auto act = [this](const QString &verb, const std::function<void(const QString &)> &step) {
+        verbs[verb] = [step](const QString &rest) { step(rest); return QString(); };
+    };
+    const auto move = [this](const QString &verb, const std::function<bool(const QString &)> &step) {
+        verbs[verb] = [this, step](const QString &rest) {
+            const QString mark = step(rest) ? QString() : u"no: "_s;
+            return mark + name.text();
+        };
+    };
+    const auto box = [this](const QString &rest) -> QLineEdit & { return test::word(rest, 0) == u"age" ? age : name; };
+    act(u"type"_s, [=, this](const QString &rest) { type(box(rest), rest.section(u' ', 1)); });
+    act(u"put"_s, [=](const QString &rest) { box(rest).setText(rest.section(u' ', 1)); });
+    act(u"bind"_s, [this](const QString &rest) {
+        data.bind(test::word(rest, 0) == u"echo" ? static_cast<QWidget *>(&echo) : &name, test::word(rest, 1));
+    });
+    act(u"sql"_s, [this](const QString &sql) { people.execute(sql); });
+    act(u"source"_s, [this](const QString &sql) { data.setRecordSource(sql); data.Refresh(); });
+    act(u"remove"_s, [this](const QString &) { QFile::remove(people.file()); });
+    act(u"sorted"_s, [this](const QString &sort) {
+        data.Recordset().setSort(sort);
+        data.setRecordset(data.Recordset().OpenRecordset());
+    });
+    act(u"revert"_s, [this](const QString &) { data.revert(); });
+    act(u"Close"_s, [this](const QString &) { data.Close(); });
+    act(u"delete"_s, [this](const QString &) { data.Recordset().Delete(); });
+    act(u"AddNew"_s, [this](const QString &) { data.Recordset().AddNew(); });
+    act(u"Set"_s, [this](const QString &text) { data.Recordset().Set(u"Name", text); });
+    act(u"Update"_s, [this](const QString &) { data.Recordset().Update(); });
+    act(u"goto"_s, [this](const QString &) { data.Recordset().setBookmark(data.Recordset().LastModified()); data.showRow(); });
+    move(u"MoveFirst"_s, [this](const QString &) { return data.MoveFirst(); });
+    move(u"MoveLast"_s, [this](const QString &) { return data.MoveLast(); });
+    move(u"MoveNext"_s, [this](const QString &) { return data.MoveNext(); });
+    move(u"MovePrevious"_s, [this](const QString &) { return data.MovePrevious(); });
+    move(u"FindFirst"_s, [this](const QString &criteria) { return data.FindFirst(criteria); });
+    move(u"row"_s, [this](const QString &row) { return data.setBookmark(data.Recordset().bookmarkAt(row.toInt())); });
+    verbs[u"name"_s] = [this](const QString &) { return name.text(); };
+    verbs[u"echo"_s] = [this](const QString &) { return echo.text(); };
+    verbs[u"save"_s] = [this](const QString &) { return test::yes(data.UpdateRecord()); };
+    verbs[u"dirty"_s] = [this](const QString &) { return test::yes(data.isDirty()); };
+    verbs[u"hasRows"_s] = [this](const QString &) { return test::yes(data.hasRows()); };
+    verbs[u"open"_s] = [this](const QString &) { return test::yes(static_cast<bool>(data.Recordset())); };
+    verbs[u"total"_s] = [this](const QString &) { return QString::number(data.Recordset().rowTotal()); };
+    verbs[u"stored"_s] = [this](const QString &rest) { return people.text(test::word(rest, 0).toInt(), test::word(rest, 1)); };
+    verbs[u"errors"_s] = [this](const QString &) {
+        QStringList numbers;
+        for (const int number : std::exchange(errors, {}))
+            numbers << QString::number(number);
+        return numbers.join(u' ');
+    };
+    test::play("controls", table, verbs);
+}
 
 }
 
 TEST(DataControl, ShowsTheFirstRowAndMoves)
 {
     Screen s;
-    EXPECT_EQ(u"Ann"_s, s.name.text());
     EXPECT_EQ(1, s.repositions);
     EXPECT_EQ(1, s.exchanges);
-    struct Step { const char *name; std::function<bool()> move; bool moved; QString shown; };
-    const std::vector<Step> steps {
-        {"next", [&] { return s.data.MoveNext(); }, true, u"Bob"_s},
-        {"last", [&] { return s.data.MoveLast(); }, true, u"Cid"_s},
-        {"next stays on the last", [&] { return s.data.MoveNext(); }, true, u"Cid"_s},
-        {"previous", [&] { return s.data.MovePrevious(); }, true, u"Bob"_s},
-        {"first", [&] { return s.data.MoveFirst(); }, true, u"Ann"_s},
-        {"previous stays on the first", [&] { return s.data.MovePrevious(); }, true, u"Ann"_s},
-        {"find", [&] { return s.data.FindFirst(u"ID = 3"_s); }, true, u"Cid"_s},
-        {"not found stays", [&] { return s.data.FindFirst(u"ID = 99"_s); }, false, u"Cid"_s},
-        {"bookmark", [&] { return s.data.setBookmark(s.data.Recordset().bookmarkAt(1)); }, true, u"Bob"_s},
-    };
-    for (const Step &step : steps) {
-        EXPECT_EQ(step.moved, step.move()) << step.name;
-        EXPECT_EQ(step.shown, s.name.text()) << step.name;
-    }
-    EXPECT_FALSE(s.data.FindFirst(u"Nonsense = = 1"_s));
-    EXPECT_EQ(u"Bob"_s, s.name.text());
-    EXPECT_EQ(1, s.errors.size());
+    s.play("moves");
 }
 
-TEST(DataControl, WritesOnlyWhatWasTyped)
-{
-    Screen s;
-    EXPECT_FALSE(s.data.isDirty());
-    s.people.execute(u"UPDATE [People] SET [Age]=44 WHERE [ID]=1"_s);      // someone else, another field
-    s.type(s.name, u"Anna"_s);
-    EXPECT_TRUE(s.data.isDirty());
-    EXPECT_TRUE(s.data.UpdateRecord());
-    EXPECT_FALSE(s.data.isDirty());
-    EXPECT_EQ(u"Anna"_s, s.people.text(1, u"Name"_s));
-    EXPECT_EQ(u"44"_s, s.people.text(1, u"Age"_s)) << "an untouched box must not write its old text back";
-}
-
-TEST(DataControl, TypingAndTakingItBackWritesNothing)
-{
-    Screen s;
-    for (const QString &text : {u"X"_s, u"Ann"_s})
-        s.type(s.name, text);
-    EXPECT_FALSE(s.data.isDirty());
-    s.type(s.name, u"Y"_s);
-    s.data.revert();
-    EXPECT_TRUE(s.data.MoveNext());
-    EXPECT_EQ(u"Ann"_s, s.people.text(1, u"Name"_s));
-}
+TEST(DataControl, WritesOnlyWhatWasTyped) { Screen().play("only what was typed"); }
+TEST(DataControl, TypingAndTakingItBackWritesNothing) { Screen().play("taken back"); }
+TEST(DataControl, RowDeletedElsewhereIsToldOnceAndDropped) { Screen().play("deleted elsewhere"); }
+TEST(DataControl, OwnDeletionAsksNothing) { Screen().play("own deletion"); }
+TEST(DataControl, RowAddedByCodeBecomesCurrent) { Screen().play("added by code"); }
+TEST(DataControl, SourceThatCannotBeOpenedLeavesTheOldRows) { Screen().play("no source"); }
+TEST(DataControl, TwoWidgetsOfOneFieldAgree) { Screen().play("two widgets"); }
+TEST(DataControl, ExchangedAndClosedRecordsets) { Screen().play("exchanged and closed"); }
 
 TEST(DataControl, EveryMoveSavesFirst)
 {
@@ -231,14 +256,10 @@ TEST(DataControl, RowWritersEndWithTheirOwners)
 TEST(DataControl, TellsWhenItGetsDirtyAndClean)
 {
     Screen s;
-    QList<bool> said;
-    QObject::connect(&s.data, &DataControl::DirtyChanged, [&](bool dirty) { said += dirty; });
-    s.type(s.name, u"Zoe"_s);
-    s.name.setText(u"Ann"_s);               // as it was
-    s.type(s.age, u"31"_s);
-    s.data.MoveNext();
-    s.data.MovePrevious();
-    EXPECT_EQ((QList<bool>{true, false, true, false}), said);
+    QStringList said;
+    QObject::connect(&s.data, &DataControl::DirtyChanged, [&](bool dirty) { said += dirty ? u"dirty"_s : u"clean"_s; });
+    s.verbs[u"said"_s] = [&](const QString &) { return said.join(u' '); };
+    s.play("dirty");
     // Typed texts stop at what the field holds; a text of any length fits a memo.
     s.type(s.name, QString(50, u'x'));
     EXPECT_EQ(20, s.name.text().size());
@@ -246,89 +267,6 @@ TEST(DataControl, TellsWhenItGetsDirtyAndClean)
     s.data.bind(&notes, u"Notes"_s);
     notes.setText(QString(5000, u'x'));
     EXPECT_EQ(5000, notes.text().size());
-}
-
-TEST(DataControl, RowDeletedElsewhereIsToldOnceAndDropped)
-{
-    Screen s;
-    s.data.MoveNext();
-    s.type(s.name, u"Robert"_s);
-    s.people.execute(u"DELETE FROM [People] WHERE [ID]=2"_s);
-    EXPECT_FALSE(s.data.UpdateRecord());
-    EXPECT_EQ(QList<int>{3167}, s.errors);
-    EXPECT_EQ(u"Cid"_s, s.name.text());
-    EXPECT_EQ(2, s.data.Recordset().rowTotal());
-    EXPECT_TRUE(s.data.UpdateRecord()) << "the screen can be left now";
-
-    s.people.execute(u"DELETE FROM [People] WHERE [ID]=1"_s);
-    s.data.MovePrevious();
-    EXPECT_EQ(u"Cid"_s, s.name.text()) << "the move lands on the row that took its place";
-    EXPECT_EQ(1, s.data.Recordset().rowTotal());
-}
-
-TEST(DataControl, OwnDeletionAsksNothing)
-{
-    Screen s;
-    s.data.MoveNext();
-    s.type(s.name, u"Robert"_s);
-    s.data.Recordset().Delete();
-    EXPECT_TRUE(s.data.MoveNext());
-    EXPECT_EQ(u"Cid"_s, s.name.text());
-    s.data.Recordset().Delete();
-    s.data.MoveNext();
-    EXPECT_EQ(u"Ann"_s, s.name.text()) << "beyond the last row stands the last";
-    s.type(s.name, u"X"_s);
-    s.data.Recordset().Delete();
-    s.data.MoveNext();
-    EXPECT_EQ(u""_s, s.name.text());
-    EXPECT_FALSE(s.data.hasRows());
-    EXPECT_TRUE(s.errors.isEmpty());
-    for (const auto move : {&DataControl::MoveFirst, &DataControl::MoveLast, &DataControl::MoveNext, &DataControl::MovePrevious})
-        EXPECT_FALSE((s.data.*move)());
-    s.type(s.name, u"typed into nothing"_s);
-    EXPECT_FALSE(s.data.isDirty());
-    EXPECT_TRUE(s.data.UpdateRecord());
-}
-
-TEST(DataControl, RowAddedByCodeBecomesCurrent)
-{
-    Screen s;
-    s.type(s.name, u"Anna"_s);
-    dao::Recordset &rows = s.data.Recordset();
-    rows.AddNew();
-    rows.Set(u"Name", u"Dora"_s);
-    rows.Update();
-    rows.setBookmark(rows.LastModified());
-    s.data.showRow();
-    EXPECT_EQ(u"Dora"_s, s.name.text());
-    EXPECT_EQ(u"Anna"_s, s.people.text(1, u"Name"_s)) << "what was typed on the row before";
-
-    rows.AddNew();
-    rows.Set(u"Name", u"Bob"_s);
-    EXPECT_THROW(rows.Update(), dao::EngineError);          // a duplicate; the addition stays pending
-    s.type(s.name, u"Doris"_s);
-    EXPECT_TRUE(s.data.UpdateRecord());
-    EXPECT_EQ(u"Doris"_s, s.people.text(4, u"Name"_s));
-    EXPECT_EQ(4, rows.rowTotal());
-}
-
-TEST(DataControl, SourceThatCannotBeOpenedLeavesTheOldRows)
-{
-    Screen s;
-    s.data.setRecordSource(u"SELECT * FROM [Nowhere]"_s);
-    s.data.Refresh();
-    ASSERT_EQ(1, s.errors.size());
-    EXPECT_EQ(u"Ann"_s, s.name.text());
-    s.data.setRecordSource(u""_s);
-    s.data.Refresh();
-    EXPECT_EQ(u""_s, s.name.text());
-    EXPECT_FALSE(s.data.hasRows());
-    QFile::remove(s.people.file());
-    s.data.setRecordSource(u"SELECT * FROM [People]"_s);
-    s.data.Refresh();
-    EXPECT_EQ(2, s.errors.size());
-    EXPECT_EQ(3024, s.errors[1]);
-    EXPECT_FALSE(s.data.hasRows());
 }
 
 TEST(DataControl, OutlivesItsWidgetsAndDiesUnderItsOwnError)
@@ -351,37 +289,6 @@ TEST(DataControl, OutlivesItsWidgetsAndDiesUnderItsOwnError)
     box.setText(u"old"_s);
     EXPECT_FALSE(dying->MoveNext());
     EXPECT_FALSE(dying);
-}
-
-TEST(DataControl, TwoWidgetsOfOneFieldAgree)
-{
-    Screen s;
-    QLabel echo;
-    s.data.bind(&echo, u"Name"_s);
-    EXPECT_EQ(u"Ann"_s, echo.text()) << "filled at once while a row is on show";
-    s.type(s.name, u"Anna"_s);
-    ASSERT_TRUE(s.data.UpdateRecord());
-    EXPECT_EQ(u"Anna"_s, echo.text());
-    s.data.bind(&s.name, u"Email"_s);           // the widget changes its field
-    s.type(s.name, u"a@b"_s);
-    ASSERT_TRUE(s.data.UpdateRecord());
-    EXPECT_EQ(u"Anna"_s, s.people.text(1, u"Name"_s));
-    EXPECT_EQ(u"a@b"_s, s.people.text(1, u"Email"_s));
-}
-
-TEST(DataControl, ExchangedAndClosedRecordsets)
-{
-    Screen s;
-    s.data.Recordset().setSort(u"[Name] desc"_s);
-    s.data.setRecordset(s.data.Recordset().OpenRecordset());
-    EXPECT_EQ(u"Cid"_s, s.name.text());
-    s.type(s.name, u"unsaved"_s);
-    s.data.Close();
-    EXPECT_EQ(u"Cid"_s, s.people.text(3, u"Name"_s));
-    EXPECT_FALSE(s.data.isDirty());
-    EXPECT_TRUE(s.data.UpdateRecord());
-    EXPECT_FALSE(s.data.Recordset());
-    EXPECT_TRUE(s.errors.isEmpty());
 }
 
 TEST(DataNavigator, StepsAndTellsThePosition)

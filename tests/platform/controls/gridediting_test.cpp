@@ -1,6 +1,7 @@
 #include "people.h"
 #include "platform/controls/grid.h"
 #include "support/scriptedprompts.h"
+#include "support/steps.h"
 
 #include <QAbstractItemView>
 #include <QComboBox>
@@ -75,27 +76,58 @@ struct Editing : testing::Test {
         ASSERT_TRUE(editor()) << qPrintable(text);
         QTest::keyClicks(editor(), text.mid(1));
     }
-    QStringList taken() { return std::exchange(events, {}); }
+    QComboBox *list() { return grid.viewport()->findChild<QComboBox *>(u"EMAILS"_s); }
+    void play(const char *table);
 };
 
+// Steps in controls.tsv: typein and keyin go to the open cell, typelist and keylist to its list.
+void Editing::play(const char *table)
+{
+    test::Verbs verbs;
+    const auto act = [&verbs](const QString &verb, const std::function<void(const QString &)> &step) {
+        verbs[verb] = [step](const QString &rest) { step(rest); return QString(); };
+    };
+    const auto column = [](const QString &cell) {
+        return static_cast<int>(QStringList{u"Id"_s, u"Name"_s, u"Email"_s, u"Owed"_s, u"Born"_s, u"Friend"_s}.indexOf(test::word(cell, 0)));
+    };
+    const auto row = [](const QString &cell) { return test::word(cell, 1).toInt(); };
+    const auto keyOf = [](const QString &name) { return static_cast<Qt::Key>(QKeySequence(name)[0].key()); };
+    act(u"click"_s, [=, this](const QString &at) { click(column(at), row(at)); QCoreApplication::processEvents(); });
+    act(u"clickbeside"_s, [=, this](const QString &at) {
+        QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.cellRect(column(at), row(at)).topLeft() + QPoint(3, 3));
+    });
+    act(u"dblclick"_s, [=, this](const QString &at) { QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, cell(column(at), row(at))); });
+    act(u"type"_s, [this](const QString &text) { type(text); });
+    act(u"typein"_s, [this](const QString &text) { QTest::keyClicks(editor(), text); });
+    act(u"typelist"_s, [this](const QString &text) { QTest::keyClicks(list(), text); });
+    act(u"key"_s, [=, this](const QString &name) { key(keyOf(name)); });
+    act(u"keyin"_s, [=, this](const QString &name) { key(keyOf(name), editor()); });
+    act(u"keylist"_s, [=, this](const QString &name) { key(keyOf(name), list()); });
+    act(u"EditNewRow"_s, [this](const QString &) { grid.EditNewRow(); });
+    act(u"expect"_s, [this](const QString &text) { prompts.expect(text, basic::Answer::Ok); });
+    act(u"sql"_s, [this](const QString &sql) { people.execute(sql); });
+    act(u"open"_s, [this](const QString &sql) { people.open(data, sql); });
+    verbs[u"cell"_s] = [=, this](const QString &at) { return grid.CellText(column(at), row(at)); };
+    verbs[u"stored"_s] = [this](const QString &rest) { return people.text(test::word(rest, 0).toInt(), test::word(rest, 1)); };
+    verbs[u"changed"_s] = [this](const QString &) { return test::yes(grid.isRowChanged()); };
+    verbs[u"current"_s] = [this](const QString &) { return QString::number(grid.currentRow()); };
+    verbs[u"rows"_s] = [this](const QString &) { return QString::number(grid.rows()); };
+    verbs[u"lines"_s] = [this](const QString &) { return QString::number(grid.model()->rowCount()); };
+    verbs[u"list"_s] = [this](const QString &) { return list() ? QString::number(list()->count()) : u"none"_s; };
+    verbs[u"editor"_s] = [this](const QString &) { return test::yes(editor()); };
+    verbs[u"told"_s] = [this](const QString &) {
+        return std::exchange(events, {}).filter(QRegularExpression(u"before|after"_s)).join(u',');
+    };
+    test::play("controls", table, verbs);
 }
 
-TEST_F(Editing, TypedTextIsWrittenWhenTheRowIsLeft)
-{
-    click(Name, 1);
-    type(u"Ben"_s);
-    EXPECT_EQ(u"Bob"_s, people.text(2, u"Name"_s));
-    key(Qt::Key_Tab, editor());
-    EXPECT_EQ(u"Ben"_s, grid.CellText(Name, 1));
-    EXPECT_TRUE(grid.isRowChanged());
-    EXPECT_EQ(u"Bob"_s, people.text(2, u"Name"_s)) << "the cell was left, not the row";
-    ASSERT_TRUE(grid.viewport()->findChild<QComboBox *>(u"EMAILS"_s)) << "Tab opens the next cell";
-    click(Name, 0);
-    EXPECT_EQ(u"Ben"_s, people.text(2, u"Name"_s));
-    EXPECT_EQ(0, grid.currentRow());
-    EXPECT_FALSE(grid.isRowChanged());
-    EXPECT_TRUE(taken().contains(u"after 1"_s));
 }
+
+TEST_F(Editing, TypedTextIsWrittenWhenTheRowIsLeft) { play("typed cells"); }
+TEST_F(Editing, EscapeDropsTheCellThenTheRow) { play("escape"); }
+TEST_F(Editing, NewRowLineTakesRowAfterRow) { play("new rows"); }
+TEST_F(Editing, ReadOnlyRowsTakeNoTypingAndShowNoNewLine) { play("read-only"); }
+TEST_F(Editing, RowThatSomebodyElseDeletedIsToldAndLetGo) { play("deleted row"); }
 
 TEST_F(Editing, EveryRoadWritesTheRow)
 {
@@ -148,72 +180,12 @@ TEST_F(Editing, RefusedRowIsNotLeftByAnyRoad)
     EXPECT_EQ(2, grid.currentRow());
 }
 
-TEST_F(Editing, EscapeDropsTheCellThenTheRow)
-{
-    click(Name, 0);
-    type(u"Amy"_s);
-    key(Qt::Key_Tab, editor());
-    auto *list = grid.viewport()->findChild<QComboBox *>(u"EMAILS"_s);
-    ASSERT_TRUE(list);
-    EXPECT_EQ(2, list->count());
-    QTest::keyClicks(list, u"zz"_s);
-    key(Qt::Key_Escape, list);
-    EXPECT_EQ(u""_s, grid.CellText(Email, 0));
-    EXPECT_EQ(u"Amy"_s, grid.CellText(Name, 0));
-    key(Qt::Key_Escape);
-    EXPECT_EQ(u"Ann"_s, grid.CellText(Name, 0));
-    EXPECT_FALSE(grid.isRowChanged());
-    EXPECT_EQ(u"Ann"_s, people.text(1, u"Name"_s));
-}
-
-TEST_F(Editing, NewRowLineTakesRowAfterRow)
-{
-    grid.EditNewRow();
-    ASSERT_TRUE(editor());
-    QTest::keyClicks(editor(), u"Dan"_s);
-    key(Qt::Key_Return, editor());
-    EXPECT_EQ(u"Dan"_s, people.text(4, u"Name"_s));
-    EXPECT_EQ(4, grid.rows());
-    EXPECT_EQ(4, grid.currentRow()) << "on the next new line";
-    type(u"Eve"_s);
-    key(Qt::Key_Tab, editor());
-    key(Qt::Key_Escape, grid.viewport()->findChild<QComboBox *>(u"EMAILS"_s));
-    EXPECT_EQ(u"Eve"_s, grid.CellText(Name, 4));
-    key(Qt::Key_Up);
-    EXPECT_EQ(u"Eve"_s, people.text(5, u"Name"_s));
-    EXPECT_EQ(3, grid.currentRow());
-    EXPECT_EQ(u"5"_s, grid.CellText(Id, 4));
-    EXPECT_EQ((QStringList{u"before 3 new"_s, u"after 3"_s, u"before 4 new"_s, u"after 4"_s}),
-              taken().filter(QRegularExpression(u"before|after"_s)));
-    prompts.expect(u"duplicate"_s, basic::Answer::Ok);      // the name has a unique index
-    grid.EditNewRow();
-    QTest::keyClicks(editor(), u"Eve"_s);
-    key(Qt::Key_Return, editor());
-    EXPECT_EQ(5, grid.rows());
-    EXPECT_EQ(5, grid.currentRow());
-    key(Qt::Key_Escape);
-    EXPECT_EQ(u""_s, grid.CellText(Name, 5));
-}
-
 TEST_F(Editing, ChecksAreToggledByTheBoxAndSpace)
 {
-    click(Friend, 1);
-    EXPECT_EQ(u"-1"_s, grid.CellText(Friend, 1));
-    EXPECT_TRUE(people.stored(2, u"Friend"_s).get<bool>()) << "at once, for it is all there is to write";
-    key(Qt::Key_Space);
-    EXPECT_FALSE(people.stored(2, u"Friend"_s).get<bool>());
-    QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, grid.cellRect(Friend, 0).topLeft() + QPoint(3, 3));
-    EXPECT_EQ(u"0"_s, grid.CellText(Friend, 0)) << "beside the box";
     int opened = 0;
     QObject::connect(&grid, &Grid::DblClick, [&] { ++opened; });
-    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, cell(Friend, 0));
+    play("checks");
     EXPECT_EQ(0, opened);
-    click(Name, 0);
-    type(u"Amy"_s);
-    click(Friend, 0);
-    EXPECT_EQ(u"Ann"_s, people.text(1, u"Name"_s)) << "with more to write it waits for the row";
-    key(Qt::Key_Down);
-    EXPECT_EQ(u"Amy"_s, people.text(1, u"Name"_s));
 }
 
 TEST_F(Editing, HandlersChangeRefuseAndAnswer)
@@ -267,39 +239,11 @@ TEST_F(Editing, ButtonAtTheCellsEndAndKeys)
     EXPECT_EQ((QStringList{u"button 4 1"_s, u"button 4 1"_s, u"delete"_s, u"head 4"_s}), told);
     const QRect mail = grid.cellRect(Email, 1);
     QTest::mouseClick(grid.viewport(), Qt::LeftButton, {}, {mail.right() - 8, mail.center().y()});
-    auto *list = grid.viewport()->findChild<QComboBox *>(u"EMAILS"_s);
-    ASSERT_TRUE(list && list->view()->isVisible()) << "the mark of a list opens it";
-    list->hidePopup();
-    key(Qt::Key_Escape, list);
+    ASSERT_TRUE(list() && list()->view()->isVisible()) << "the mark of a list opens it";
+    list()->hidePopup();
+    key(Qt::Key_Escape, list());
     told.clear();
     click(Name, 1);
     EXPECT_EQ(QStringList{u"2 to 1"_s}, told);
 }
 
-TEST_F(Editing, ReadOnlyRowsTakeNoTypingAndShowNoNewLine)
-{
-    people.open(data, u"SELECT DISTINCT [ID],[Name],[Friend] FROM [People] ORDER BY [ID]"_s);
-    EXPECT_EQ(3, grid.model()->rowCount());
-    click(Name, 0);
-    QTest::keyClick(&grid, Qt::Key_X);
-    EXPECT_FALSE(editor());
-    click(Friend, 0);
-    EXPECT_EQ(u"0"_s, grid.CellText(Friend, 0));
-    grid.EditNewRow();
-    EXPECT_FALSE(editor());
-}
-
-TEST_F(Editing, RowThatSomebodyElseDeletedIsToldAndLetGo)
-{
-    click(Name, 1);
-    type(u"Ben"_s);
-    key(Qt::Key_Tab, editor());
-    people.execute(u"DELETE FROM [People] WHERE [ID]=2"_s);
-    prompts.expect(u"deleted"_s, basic::Answer::Ok);
-    click(Name, 2);
-    QCoreApplication::processEvents();
-    EXPECT_EQ(u"Ben"_s, grid.CellText(Name, 1)) << "kept to be read off";
-    key(Qt::Key_Escape);
-    key(Qt::Key_Down);
-    EXPECT_EQ(2, grid.currentRow());
-}
