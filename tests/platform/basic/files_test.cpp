@@ -1,5 +1,6 @@
 #include "platform/basic/files.h"
 #include "support.h"
+#include "support/table.h"
 
 #include <QDir>
 #include <QFile>
@@ -29,33 +30,17 @@ private:
     QTemporaryDir m_folder;
 };
 
+// What is not there has no name.
 TEST_F(Files, AreFoundWhateverTheirCase)
 {
-    const struct { QStringView asked; QStringView real; QStringView name; } cases[] = {
-        {u"/VOREL.mdb", u"/VOREL.mdb", u"VOREL.mdb"},
-        {u"/vorel.MDB", u"/VOREL.mdb", u"VOREL.mdb"},
-        {u"\\vorel.mdb", u"/VOREL.mdb", u"VOREL.mdb"},
-        {u"\\pictures\\cal pic\\MAY.SVG", u"/Pictures/Cal Pic/may.svg", u"may.svg"},
-        {u"/PICTURES\\dog.jpg", u"/Pictures/Dog.JPG", u"Dog.JPG"},
-        {u"/BOTH.TXT", u"/BOTH.TXT", u"BOTH.TXT"},
-        {u"/both.txt", u"/both.txt", u"both.txt"},
-        {u"/.HIDDEN", u"/.hidden", u".hidden"},
-    };
-    for (const auto &c : cases) {
-        const QString asked = root + c.asked.toString();
-        EXPECT_EQ(realPath(asked), root + c.real.toString()) << asked.toStdString();
-        EXPECT_EQ(Dir(asked), c.name) << asked.toStdString();
-    }
-}
-
-TEST_F(Files, WhatIsNotThereHasNoName)
-{
-    for (const QStringView asked : {u"/none.txt", u"\\pictures\\none.txt", u"/Pictures", u"\\pictures\\", u"/nothing/at/all"})
-        EXPECT_EQ(Dir(root + asked.toString()), QString()) << asked.toString().toStdString();
+    vorel::test::forEachRow("text", "files", [this](const vorel::test::Row &row) {
+        const QString asked = root + row["asked"];
+        EXPECT_EQ(Dir(asked), row["name"]);
+        if (!row["real"].isEmpty()) {
+            EXPECT_EQ(realPath(asked), root + row["real"]);
+        }
+    });
     EXPECT_EQ(Dir(QString()), QString());
-    EXPECT_EQ(realPath(root + u"/nothing/at/all"_s), root + u"/nothing/at/all"_s);
-    // A file to be written goes into the folder that is there.
-    EXPECT_EQ(realPath(root + u"\\PICTURES\\New.Jpg"_s), root + u"/Pictures/New.Jpg"_s);
 }
 
 TEST_F(Files, ABackslashMayBePartOfAName)
