@@ -68,10 +68,6 @@ frmCalendar::frmCalendar(CalendarCalls calls, QWidget *parent)
     compose();
     connectHandlers();
     paintScreen();
-    basic::Trap([this] {
-        dao::Database database = openDataFile(DataFile::Main);
-        m_cboCategory->addItems(GetEventCategories(database));
-    });
     DisplayYearCalendar(false);
     DefaultDate({});
 }
@@ -134,26 +130,27 @@ void frmCalendar::setControls()
 
 void frmCalendar::readMonth()
 {
-    m_isStale = false;
+    m_isStale = true;
     m_span = monthSpan(m_date.year(), m_date.month());
     m_days = static_cast<int>(m_span.first.date().daysTo(m_span.last.date())) + 1;
     m_entries.clear();
+    m_info->clear();
+    // One message for all of it; a file that another program holds is tried again with the next step.
     basic::Trap([this] {
         dao::Database database = openDataFile(DataFile::Main);
+        if (m_cboCategory->count() == 0)
+            m_cboCategory->addItems(GetEventCategories(database));
         m_entries = readDays(database, m_span, kinds());
+        GetCalendarData(database);
+        m_isStale = false;
     });
-    GetCalendarData();
 }
 
 // While the list is hidden nobody waits for it.
-void frmCalendar::GetCalendarData()
+void frmCalendar::GetCalendarData(dao::Database &database)
 {
-    if (m_info->isHidden())
-        return;
-    basic::Trap([this] {
-        dao::Database database = openDataFile(DataFile::Main);
+    if (!m_info->isHidden())
         m_info->setHtml(vorel::GetCalendarData(database, m_span, listKinds()));
-    });
 }
 
 void frmCalendar::drawMonth()
@@ -317,8 +314,11 @@ void frmCalendar::picImage_Click()
 void frmCalendar::DisplayPicture()
 {
     const QString path = monthPicture(m_date.month()), file = pictureFile(path);
-    m_picture->setUnreadableText(path.isEmpty() ? u"Click here for a picture of this month"_s : u"The picture of this month was not found.\nClick here to choose another one."_s);
-    m_picture->showFile(file);
+    const QString hint = path.isEmpty() ? u"Click here for a picture of this month"_s
+                                        : u"The picture of this month was not found.\nClick here to choose another one."_s;
+    m_picture->setUnreadableText(hint);
+    m_picture->showFile(file.isEmpty() ? u":/"_s : file);       // a box without any path would stay blank, without the hint
+    m_picture->setAccessibleDescription(m_picture->isShown() || m_picture->isDecoding() ? QString() : hint);
     m_pictureFile->setText(QFileInfo(QString(path).replace(u'\\', u'/')).fileName());
     m_pictureFile->setVisible(!path.isEmpty());
 }

@@ -86,7 +86,7 @@ private:
     void cmdColor_Click();
     void cmdMonth_Click();
     void DisplayYearCalendar(bool show);
-    void GetCalendarData();
+    void GetCalendarData(dao::Database &database);
     void PrintWholeCalendar();
     void picImage_Click();
     void DisplayPicture();

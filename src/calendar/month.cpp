@@ -56,7 +56,8 @@ int weekNumber(const MonthCells &month, int row, int weekStartDay)
         return first.weekNumber();
     const QDate last = first.addDays(monthColumns - 1);
     const QDate newYear(last.year(), 1, 1);
-    const int before = basic::Weekday(DateTime::fromQDate(newYear), weekStartOf(weekStartDay)) - 1;
+    // The last week of 9999 ends beyond the dates that a DateTime holds.
+    const int before = (newYear.dayOfWeek() % monthColumns + 1 - weekStartOf(weekStartDay) + monthColumns) % monthColumns;
     return static_cast<int>((newYear.daysTo(last) + before) / monthColumns) + 1;
 }
 

@@ -3,6 +3,7 @@
 #include "platform/basic/convert.h"
 #include "platform/basic/dates.h"
 #include "platform/basic/format.h"
+#include "session/datetexts.h"
 #include "session/shared.h"
 #include "session/state.h"
 
@@ -262,7 +263,11 @@ QString entryText(const DayEntry &entry)
     }
     QString text = entry.subject.isEmpty() || entry.text.isEmpty() ? entry.subject + entry.text : entry.subject + u" - "_s + entry.text;
     if (entry.isBack())
-        text += u" (%1)"_s.arg(entry.began.year());
+        return text + u" (%1)"_s.arg(entry.began.year());
+    // It stands on its first day alone, so it says how long it lasts.
+    const std::optional<DateTime> end = entry.dateTo.isEmpty() ? std::nullopt : typedDate(entry.dateTo, {});
+    if (end && entry.began < end->dayOnly() && !isNoDate(basic::Value(*end)))
+        text += u", until "_s + displayDate(*end);
     return text;
 }
 

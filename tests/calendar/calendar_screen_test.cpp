@@ -76,6 +76,7 @@ TEST_F(CalendarScreen, KeysAndControlsGoToTheirDay)
         {"year bar", [&] { at<QScrollBar>(u"scrollYear"_s)->setValue(9999); }, u"9999-01-31"},
         {"year after", [&] { test::click(screen, u"cmdAddYear"_s); }, u"2028-01-31"},
         {"next month", [&] { test::click(screen, u"cmdNext"_s); }, u"2027-02-28"},
+        {"the last month", [&] { at<QComboBox>(u"cboYear"_s)->setCurrentText(u"9999"_s); at<QComboBox>(u"cboMonth"_s)->setCurrentIndex(11); }, u"9999-12-31"},
         {"a cell", [&] { QTest::mouseClick(cell(7), Qt::LeftButton); }, u"2027-01-07"},
         {"typed", [&] { at<QLineEdit>(u"txtDate"_s)->setText(u"3/5/1999"_s); test::click(screen, u"cmdFind"_s); }, u"1999-03-05"},
     };
@@ -153,6 +154,20 @@ TEST_F(CalendarScreen, DayTellsItsRowsAndOpensThem)
     EXPECT_EQ(takeCalls().join(u'|'), u"print 2026-11 01101"_s);
 }
 
+TEST_F(CalendarScreen, FileThatIsAwayIsReportedOnceAndReadLater)
+{
+    appointment(u"11/23/2026"_s, u"Dentist"_s);
+    ASSERT_TRUE(QFile::rename(path(), path() + u".away"_s));
+    m_prompts.expect(u"Could not find file"_s);
+    show();
+    EXPECT_TRUE(m_prompts.isDone());
+    EXPECT_TRUE(cell(23)->entries().empty());
+    ASSERT_TRUE(QFile::rename(path() + u".away"_s, path()));
+    key(Qt::Key_Left);
+    EXPECT_EQ(cell(23)->entries().size(), 1U);
+    EXPECT_EQ(at<QComboBox>(u"cboCategory"_s)->currentText(), u"ALL"_s);
+}
+
 TEST_F(CalendarScreen, YearMarksItsDays)
 {
     appointment(u"03/05/2026"_s, u"Dentist"_s);
@@ -183,6 +198,11 @@ TEST_F(CalendarScreen, PictureOfTheMonth)
     EXPECT_EQ(monthPicture(11), u"gone.png"_s);
     show();
     EXPECT_EQ(at<QLabel>(u"lblPictureFile"_s)->text(), u"gone.png"_s) << "stays chosen: its disk may come back";
+    EXPECT_TRUE(at(u"picImage"_s)->accessibleDescription().contains(u"was not found"_s));
+    const QImage hint = at(u"picImage"_s)->grab().toImage();
+    QImage blank(hint.size(), hint.format());
+    blank.fill(hint.pixelColor(0, 0));
+    EXPECT_NE(hint, blank) << "the box says what is missing";
     dao::Database database = open();
     EXPECT_FALSE(monthPageText(database, 2026, 11, {}, monthPicture(11)).contains(u"<img"_s));
     for (const auto &[picture, page] : {std::pair{QSize(1600, 900), QSize(220, 124)}, {QSize(600, 900), QSize(123, 185)},

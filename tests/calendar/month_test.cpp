@@ -76,6 +76,7 @@ TEST_F(Month, WeeksAreNumberedByTheirFirstDay)
         {2027, 1, 2, {53, 1, 2, 3, 4}},                 // 1 January 2027 is a Friday
         {2026, 1, 1, {1, 2, 3, 4, 5}},                  // from Sunday: the week of 1 January is the first
         {2026, 12, 1, {49, 50, 51, 52, 1}},
+        {9999, 12, 1, {49, 50, 51, 52, 1}},             // ends on a Friday: the week's last day is no date any more
     };
     for (const Case &c : cases) {
         const MonthCells cells = monthCells(c.year, c.month, c.start);
@@ -157,6 +158,8 @@ TEST_F(Month, DaysHoldTheirRowsInOrder)
         execute(u"INSERT INTO APPOINTMENTS ([DATE],[APPTIME],[APPOINTMENT]) VALUES (#11/23/2026#,'%1','%2')"_s.arg(time, text));
     execute(u"INSERT INTO BILLS ([DATE],[BILL],[AMOUNT]) VALUES (#11/23/2026#,'RENT',450)"_s);
     event(u"11/23/1950"_s, u"BIRTHDAY"_s, u"Mum"_s);
+    for (const QString &until : {u"11/26/2026"_s, u"11/24/2026"_s, u"01/01/1900"_s, u"soon"_s})
+        execute(u"INSERT INTO EVENTS ([DATE],[DATETO],[SUBJECT],[EVENT]) VALUES (#11/24/2026#,'%1','GENERAL','Trip')"_s.arg(until));
     dao::Database database = open();
     const auto texts = [&](const MonthKinds &kinds) {
         QStringList found;
@@ -164,11 +167,13 @@ TEST_F(Month, DaysHoldTheirRowsInOrder)
             found << entryText(entry);
         return found.join(u'|');
     };
-    EXPECT_EQ(texts({}), u"BIRTHDAY - Mum (1950)|All Day - Fair|09:00 Am - Dentist|02:00 Pm - Tea|RENT 450.00"_s);
+    EXPECT_EQ(texts({}), u"BIRTHDAY - Mum (1950)|All Day - Fair|09:00 Am - Dentist|02:00 Pm - Tea|RENT 450.00"
+                         "|GENERAL - Trip, until 11/26/2026|GENERAL - Trip|GENERAL - Trip|GENERAL - Trip"_s);
     EXPECT_EQ(texts({.appointments = false, .events = false}), u"RENT 450.00"_s);
     const std::vector<DayCount> counts = countDays(database, monthSpan(2026, 11));
     EXPECT_EQ(dayText(day(2026, 11, 23), counts[22]), u"Monday 23 November 2026, 3 appointments, 1 bill, 1 event"_s);
-    EXPECT_EQ(dayText(day(2026, 11, 24), counts[23]), u"Tuesday 24 November 2026"_s);
+    EXPECT_EQ(dayText(day(2026, 11, 24), counts[23]), u"Tuesday 24 November 2026, 4 events"_s);
+    EXPECT_EQ(dayText(day(2026, 11, 25), counts[24]), u"Wednesday 25 November 2026"_s);
 }
 
 }
