@@ -15,6 +15,13 @@ QString categoryIs(const QString &name)
     return u" WHERE [CATEGORY]="_s + dao::literal(name) + u';';
 }
 
+bool isMarked(dao::Database &file, const QString &category)
+{
+    const dao::Recordset kept = file.CreateSnapshot(u"SELECT [INVISIBLE] FROM [CATEGORY]"_s + categoryIs(category));
+    const dao::Value hidden = kept.valueOr(u"INVISIBLE", false);
+    return !hidden.isNull() && basic::CBool(hidden);
+}
+
 }
 
 std::vector<CategoryRow> readCategories(const QString &databasePath)
@@ -24,11 +31,17 @@ std::vector<CategoryRow> readCategories(const QString &databasePath)
     std::vector<CategoryRow> rows;
     for (; !names.EOF_(); names.MoveNext()) {
         const QString name = names.Get(0).text();
-        const dao::Recordset kept = file.CreateSnapshot(u"SELECT [INVISIBLE] FROM [CATEGORY]"_s + categoryIs(name));
-        const dao::Value hidden = kept.valueOr(u"INVISIBLE", false);
-        rows.push_back({name, hidden.isNull() || !basic::CBool(hidden)});
+        rows.push_back({name, !isMarked(file, name)});
     }
     return rows;
+}
+
+bool isPutAway(const QString &databasePath, const QString &category)
+{
+    if (category.trimmed().isEmpty())
+        return false;
+    dao::Database file = openDataFileAt(databasePath);
+    return isMarked(file, category);
 }
 
 void showCategory(const QString &databasePath, const QString &name, bool isShown)

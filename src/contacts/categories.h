@@ -11,6 +11,7 @@ struct CategoryRow {
     bool isShown = true;
 };
 std::vector<CategoryRow> readCategories(const QString &databasePath);
+bool isPutAway(const QString &databasePath, const QString &category);
 // Marks the category and all of its contacts, in one transaction.
 void showCategory(const QString &databasePath, const QString &name, bool isShown);
 

@@ -1,5 +1,6 @@
 #include "contacts/frmContacts.h"
 
+#include "contacts/categories.h"
 #include "contacts/frmCategories.h"
 #include "contacts/frmEdit.h"
 #include "contacts/newcontact.h"
@@ -90,6 +91,7 @@ void frmContacts::rowShown()
     m_nameShown = text(u"txtFullName"_s);
     if (basic::Val(text(u"lblNewImport"_s)) != 0 && text(u"cboCategory"_s).isEmpty())
         setText(u"cboCategory"_s, u"UnCategorised"_s);
+    m_categoryShown = text(u"cboCategory"_s);
     FormatDates();
 }
 
@@ -148,8 +150,22 @@ void frmContacts::tidyRow(bool changed)
         return;
     if (basic::Val(text(u"lblNewImport"_s)) != 0)
         setText(u"lblNewImport"_s, u"0"_s);             // it has been looked at
-    if (std::exchange(m_saving, false) || changed)
+    if (std::exchange(m_saving, false) || changed) {
         UpdateRecord();
+        followCategory();
+    }
+}
+
+// A contact that comes into a category that is put away would be the only one of it on show. It goes there only with the user's
+// knowledge: it leaves the lists, too.
+void frmContacts::followCategory()
+{
+    const QString category = text(u"cboCategory"_s);
+    if (category.compare(m_categoryShown, Qt::CaseInsensitive) == 0 || !contacts::isPutAway(state().path(design().file), category))
+        return;
+    if (basic::askYesNo(u"The category \"%1\" is put away.\r\nDo you want to put this Contact away, too?"_s.arg(shownApostrophes(category)),
+                        u"Categories"_s))
+        setText(u"lblInvisible"_s, u"True"_s);
 }
 
 void frmContacts::afterSave()
@@ -158,6 +174,8 @@ void frmContacts::afterSave()
         CheckForDuplicates();
     if (isLinked())
         showLater(u"The update of the mail program's address book"_s);
+    if (text(u"lblInvisible"_s) == u"True")
+        readAgain();
 }
 
 // The row itself counts.

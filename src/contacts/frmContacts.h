@@ -38,6 +38,7 @@ protected:
 
 private:
     contacts::ContactName shownName() const;
+    void followCategory();                              // which may be put away
     void chkPrivate_Click();
     void cboSalutation_Click();
     void copyAddress(const QString &from);
@@ -60,7 +61,7 @@ private:
 
     bool m_saving = false;                              // cmdUpdate writes, changed or not
     bool m_wasLinked = false;                           // the contact that is being deleted
-    QString m_nameShown;                                // as it was stored
+    QString m_nameShown, m_categoryShown;               // as they were stored
 };
 
 }

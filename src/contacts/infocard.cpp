@@ -1,5 +1,6 @@
 #include "contacts/infocard.h"
 
+#include "contacts/contactevents.h"
 #include "platform/basic/clock.h"
 #include "platform/basic/convert.h"
 #include "platform/basic/format.h"
@@ -61,10 +62,9 @@ void addAddress(const dao::Recordset &row, std::vector<CardItem> &items)
 QString birthdayOf(const dao::Recordset &row)
 {
     const basic::Value kept = row.Get(u"BIRTHDAY");
-    const std::optional<basic::DateTime> day = typedDate(kept.text().trimmed());
-    if (isNoDate(kept))
-        return {};
-    return day ? basic::Format(basic::Value(*day), u"dd/mm/yyyy") : oneLine(kept);
+    if (const std::optional<basic::DateTime> day = contacts::contactDay(kept.text().trimmed()))
+        return basic::Format(basic::Value(*day), u"dd/mm/yyyy");
+    return isNoDate(kept) ? QString() : oneLine(kept);
 }
 
 // Millimetres. The card is as large as those of a bank.

@@ -4,7 +4,9 @@
 
 namespace vorel {
 
-// How the pages of the address book look. Lengths in millimetres; colours are numbers of the sixteen colours.
+// How the pages of the address book look. Lengths in millimetres; colours are numbers of the sixteen colours. What stands here is a
+// book without settings: sober, with a margin wide enough to be bound. The settings screen starts from other values, which use the
+// paper better (addressBookStyle).
 struct AddressBookStyle {
     QString font = QStringLiteral("Arial");
     double size = 10;                   // points

@@ -10,6 +10,8 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QTimer>
+#include <sys/stat.h>
+#include <unistd.h>
 
 // The address book as its user sees it.
 namespace vorel {
@@ -18,6 +20,32 @@ using namespace Qt::StringLiterals;
 using basic::Answer;
 
 namespace {
+
+// A file and its folder that cannot be written for as long as this lives. No right holds root back, who becomes somebody else.
+class ReadOnly {
+public:
+    explicit ReadOnly(const QString &file) : m_file(QFile::encodeName(file)), m_folder(QFile::encodeName(QFileInfo(file).path()))
+    {
+        EXPECT_EQ(::chmod(m_file.constData(), 0444) + ::chmod(m_folder.constData(), 0555), 0);
+        if (::geteuid() == 0) {
+            m_isRoot = true;
+            EXPECT_EQ(::seteuid(65534), 0);
+        }
+    }
+    ~ReadOnly()
+    {
+        if (m_isRoot) {
+            EXPECT_EQ(::seteuid(0), 0);
+        }
+        EXPECT_EQ(::chmod(m_file.constData(), 0644) + ::chmod(m_folder.constData(), 0700), 0);
+    }
+    ReadOnly(const ReadOnly &) = delete;
+    ReadOnly &operator=(const ReadOnly &) = delete;
+
+private:
+    QByteArray m_file, m_folder;
+    bool m_isRoot = false;
+};
 
 class Contacts : public test::SectionScreen {
 protected:
@@ -147,6 +175,24 @@ TEST_F(Contacts, CategoriesGroupAndArePutAway)
     put(u"Bob's"_s, Qt::Checked);
     EXPECT_EQ(form->dtaData().Recordset().rowTotal(), 3);
     EXPECT_EQ(read(DataFile::Contacts, u"select [CATEGORY],[INVISIBLE] from [CATEGORY]"_s), QStringList{u"Bob's|False"_s});
+    // A contact that comes into one that is put away follows it, if its user wants that.
+    put(u"Friends"_s, Qt::Unchecked);
+    clickNode(u"Cole"_s);
+    const QString question = u"The category \"Friends\" is put away.\r\nDo you want to put this Contact away, too?"_s;
+    type(u"cboCategory"_s, u"Friends"_s);
+    user.expect(question, Answer::No);
+    save();
+    save();                                 // asked once
+    EXPECT_EQ(contacts(u"CATEGORY,INVISIBLE"_s), (QStringList{u"Friends|True"_s, u"Bob's|False"_s, u"Friends|False"_s}));
+    type(u"cboCategory"_s, u"Work"_s);
+    save();
+    type(u"cboCategory"_s, u"Friends"_s);
+    user.expect(question, Answer::Yes);
+    save();
+    EXPECT_EQ(nodes(), QStringList{u"Bob's: Bob's mill"_s});
+    EXPECT_EQ(form->dtaData().Recordset().rowTotal(), 1);
+    put(u"Friends"_s, Qt::Checked);
+    EXPECT_EQ(form->dtaData().Recordset().rowTotal(), 3);
 }
 
 // What the mail program's address book would be asked for is told to come, and the contact is saved or deleted all the same.
@@ -280,6 +326,40 @@ TEST_F(Contacts, AFileThatCannotBeWrittenAndARowThatIsGone)
     user.expect({});
     click(u"cmdRefresh"_s);
     form.reset();
+}
+
+// Whatever would write says why it cannot, and takes nothing from the file or the screen.
+TEST_F(Contacts, AReadOnlyFileIsReadAndKept)
+{
+    open({person(u"Ash"_s, u"Friends"_s), person(u"Birch"_s)});
+    const QStringList before = contacts(u"SORTNAME,NICKNAME,CATEGORY,INVISIBLE"_s);
+    {
+        const ReadOnly held(state().path(DataFile::Contacts));
+        click(u"cmdRefresh"_s);
+        EXPECT_EQ(nodes(), (QStringList{u"A: Ash"_s, u"B: Birch"_s}));
+        for (const QString &key : {u"cmdNew"_s, u"cmdUCase"_s}) {
+            user.expect({});
+            click(key);
+        }
+        test::inModal<controls::Form>([this] { click(u"cmdCats"_s); }, [this](controls::Form &categories) {
+            auto *item = test::control<QListWidget>(categories, u"lstCategories"_s)->item(0);
+            user.expect({});
+            item->setCheckState(Qt::Unchecked);
+            EXPECT_EQ(item->checkState(), Qt::Checked) << "what is stored";
+        });
+        user.expect(u"Do you want to Delete this Record ?"_s, Answer::Yes);
+        user.expect({});
+        click(u"cmdDelete"_s);
+        type(u"txtNickName"_s, u"A"_s);
+        user.expect({});
+        save();
+        EXPECT_TRUE(form->isWindowModified());
+        EXPECT_EQ(contacts(u"SORTNAME,NICKNAME,CATEGORY,INVISIBLE"_s), before);
+        EXPECT_FALSE(user.texts().contains(QString())) << "each refusal has its text";
+    }
+    EXPECT_EQ(text(u"txtNickName"_s), u"A"_s);
+    save();
+    EXPECT_EQ(contacts(u"NICKNAME"_s).first(), u"A"_s);
 }
 
 TEST_F(Contacts, CapitalsRewriteAllNames)

@@ -84,14 +84,15 @@ protected:
 
 TEST_F(SideScreens, CardShowsWhatIsPresent)
 {
+    state().settings.gDateDisplay = u"dd/mm/yyyy"_s;        // contacts keep the short date, whatever is chosen for show
     put({{u"O`BRIEN, Pat"_s, {{u"HOME2TELEPHONENUMBER"_s, u"9555 2"_s}, {u"BIRTHDAY"_s, u"01/01/4501"_s}, {u"HOMEADDRESSSTREET"_s, u"1 High St"_s},
                               {u"EMAIL3ADDRESS"_s, u"pat@example.org"_s}}},
-         {u"ADAMS, Ann"_s, {{u"BIRTHDAY"_s, u"12/24/1950"_s}, {u"HOMETELEPHONENUMBER"_s, u"9555 1"_s}, {u"BUSINESSFAXNUMBER"_s, u"9555 3"_s}}},
+         {u"ADAMS, Ann"_s, {{u"BIRTHDAY"_s, u"12/11/1950"_s}, {u"HOMETELEPHONENUMBER"_s, u"9555 1"_s}, {u"BUSINESSFAXNUMBER"_s, u"9555 3"_s}}},
          {u"ZERO"_s, {{u"BIRTHDAY"_s, u"01/01/1900"_s}}},
          {u"ADAMS, Ann"_s, {{u"MOBILETELEPHONENUMBER"_s, u"0400 9"_s}}}});
     const auto screen = card();
     const std::map<QString, QString> expected[] = {
-        {{u"BIRTHDATE"_s, u"24/12/1950"_s}, {u"HOME"_s, u"9555 1"_s}, {u"FAX"_s, u"9555 3"_s}},
+        {{u"BIRTHDATE"_s, u"11/12/1950"_s}, {u"HOME"_s, u"9555 1"_s}, {u"FAX"_s, u"9555 3"_s}},
         {{u"MOBILE"_s, u"0400 9"_s}},               // another one of the same name
         {{u"STREET"_s, u"1 High St"_s}, {u"HOME"_s, u"9555 2"_s}, {u"EMAIL - 3"_s, u"pat@example.org"_s}},
         {}};
@@ -99,6 +100,7 @@ TEST_F(SideScreens, CardShowsWhatIsPresent)
         choose(*screen, u"lstContacts"_s, row);
         EXPECT_EQ(itemsOf(*screen), expected[row]) << row;
     }
+    state().settings.gDateDisplay.clear();
 }
 
 TEST_F(SideScreens, CardHoldsTwentyEntries)

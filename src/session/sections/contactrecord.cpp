@@ -161,7 +161,8 @@ void addOthers(std::vector<Field> &fields)
     add(fields, {}, {{.control = u"lblIDNum"_s, .field = u"ID"_s, .kind = Hidden},
                      {.control = u"txtFullName"_s, .field = u"FULLNAME"_s, .kind = Hidden, .spoken = u"Full name"_s},
                      {.control = u"lblFileAs"_s, .field = u"FILEAS"_s, .kind = Hidden},
-                     {.control = u"lblNewImport"_s, .field = u"NEWIMPORT"_s, .kind = Hidden}});
+                     {.control = u"lblNewImport"_s, .field = u"NEWIMPORT"_s, .kind = Hidden},
+                     {.control = u"lblInvisible"_s, .field = u"INVISIBLE"_s, .kind = Hidden}});
 }
 
 std::vector<Field> contactFields()

@@ -71,24 +71,26 @@ public:
 
     void byCategory(std::vector<TreeNode> &nodes)
     {
-        QHash<QString, std::size_t> places;
-        const dao::Recordset values = m_database.CreateSnapshot(
-            u"SELECT distinct(CATEGORY) FROM [CONTACTS] WHERE [INVISIBLE]=False ORDER BY [CATEGORY];"_s);
-        for (qsizetype row = 0; row < values.rowTotal(); ++row) {
-            const QString category = values.cell(row, 0).text();
-            if (const QString key = keyOf(category); !places.contains(key)) {       // none and an empty one are the same group
-                places.insert(key, nodes.size());
-                nodes.push_back({0, shownApostrophes(category)});
-            }
-        }
         readRows(u"SORTNAME"_s, u",[CATEGORY]"_s, [](Row &row, const auto &cell) { row.category = cell(3).text(); });
+        QHash<QString, std::size_t> places;             // of the groups; none and an empty one are the same
         const dao::Recordset order = orderOf({}, u"SORTNAME"_s);
         for (qsizetype at = 0; at < order.rowTotal(); ++at) {
             const Row *row = rowOf(order.bookmarkAt(at));
-            const auto place = row ? places.constFind(keyOf(row->category)) : places.constEnd();
-            if (place != places.constEnd())
-                nodes[*place].children.push_back({row->id, row->name, row->isNew, {}});
+            if (!row)
+                continue;
+            const QString key = keyOf(row->category);
+            auto place = places.constFind(key);
+            if (place == places.constEnd()) {
+                place = places.insert(key, nodes.size());
+                nodes.push_back({0, row->category});
+            }
+            nodes[*place].children.push_back({row->id, row->name, row->isNew, {}});
         }
+        std::sort(nodes.begin(), nodes.end(), [](const TreeNode &a, const TreeNode &b) {
+            return dao::jet::compareText(a.text.toStdString(), b.text.toStdString()) < 0;
+        });
+        for (TreeNode &group : nodes)
+            group.text = shownApostrophes(group.text);
     }
 
 private:
