@@ -94,7 +94,7 @@ TEST_F(Contacts, NamesAreBuiltOnSavingAndANamelessOneIsAsked)
     type(u"txtMiddleName"_s, u"Ann"_s);
     save();
     EXPECT_EQ(contacts(u"SORTNAME,FULLNAME,FILEAS,LASTNAME"_s), QStringList{u"O`Hara, Jo|O`Hara, Jo Ann|O`Hara, Jo|O`Hara"_s});
-    EXPECT_EQ(nodes(), QStringList{u"O: O`Hara, Jo"_s});
+    EXPECT_EQ(nodes(), QStringList{u"O: O'Hara, Jo"_s});
     // A row that is left without a click on Update is named alike.
     PutIniValue(iniSettings, u"ContactsUpperCase"_s, u"True"_s);
     type(u"txtSurname"_s, u"miller"_s);
