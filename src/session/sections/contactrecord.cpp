@@ -226,7 +226,7 @@ const RecordDesign &contactsRecord()
         .colourKey = u"ContactsBackColour"_s,
         .web = u"https://www.openstreetmap.org"_s,
         .nameControl = u"lblSortname"_s, .newFocus = u"txtSurname"_s,
-        .emptyNote = u"PLEASE NOTE:\nThere are no contacts yet.\nNew adds the first one."_s,
+        .emptyNote = u"PLEASE NOTE:\nThere is no contact to show.\nNew adds one; Categories brings back those that are put away."_s,
         .pageFile = u"\\CONTACT.HTML"_s, .pageHeading = u"CONTACT"_s,
         .tabStrip = u"SSTab1"_s, .search = u"UCASE([LASTNAME]) LIKE '%1*'"_s,
         .trees = {{u"cmdAll"_s, u"All"_s, u" People and businesses "_s, readContacts, u"SORTNAME"_s, {}},
