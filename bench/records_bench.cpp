@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int books = 10000;
-constexpr double treeBudget = 150;
+constexpr double treeBudget = 100;
 
 // Titles of some words that begin with all letters and digits, a page of comments each, as many collections have them.
 void makeBooks(const QString &path)
@@ -93,7 +93,7 @@ int main(int argc, char **argv)
                       opened.show();
                       opened.repaint();
                       QCoreApplication::processEvents();
-                  }), 250);
+                  }), 150);
     frmBooks screen;
     screen.show();
     bench::report(u"a book by its number, shown"_s, timesOf([&] {

@@ -125,8 +125,8 @@ QString listTable(const QString &title, const QStringList &heads, const std::vec
                   const std::function<QString(const DayEntry &)> &cells)
 {
     QString html = u"<h2>"_s + title + u"</h2>\n<table class='list'>\n<tr>"_s;
-    for (const QString &head : heads)
-        html += u"<th>"_s + head + u"</th>"_s;
+    for (const QString &head : heads)       // an amount's head stands over its figures
+        html += (head == u"Amount" ? u"<th class='amount'>"_s : u"<th>"_s) + head + u"</th>"_s;
     html += u"</tr>\n"_s;
     for (const DayEntry &row : rows)
         html += u"<tr><td class='narrow'>"_s + basic::Format(row.day, u"ddd d") + u"</td>"_s + cells(row) + u"</tr>\n"_s;

@@ -159,7 +159,7 @@ std::vector<DayEntry> readRows(dao::Database &database, DayKind kind, const QStr
         entry.id = static_cast<qint32>(basic::Val(rows.Get(at.id).text()));
         entry.day = returnDay(entry.began, span);
         entry.text = at.textOf(at.text);
-        entry.time = at.textOf(at.time);
+        entry.time = typedTime(at.textOf(at.time));
         entry.subject = at.textOf(at.subject);
         entry.dateTo = at.textOf(at.dateTo);
         if (at.amount >= 0) {

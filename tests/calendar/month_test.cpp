@@ -167,7 +167,7 @@ TEST_F(Month, DaysHoldTheirRowsInOrder)
             found << entryText(entry);
         return found.join(u'|');
     };
-    EXPECT_EQ(texts({}), u"BIRTHDAY - Mum (1950)|All Day - Fair|09:00 Am - Dentist|02:00 Pm - Tea|RENT 450.00"
+    EXPECT_EQ(texts({}), u"BIRTHDAY - Mum (1950)|All Day - Fair|09:00 am - Dentist|02:00 pm - Tea|RENT 450.00"
                          "|GENERAL - Trip, until 11/26/2026|GENERAL - Trip|GENERAL - Trip|GENERAL - Trip"_s);
     EXPECT_EQ(texts({.appointments = false, .events = false}), u"RENT 450.00"_s);
     const std::vector<DayCount> counts = countDays(database, monthSpan(2026, 11));
