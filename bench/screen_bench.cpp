@@ -29,7 +29,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr double startBudget = 120;     // ms, and 60 MB resident
-constexpr double periodBudget = 100;
+constexpr double periodBudget = 60;
 
 double residentMegabytes()
 {

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Runs clang-tidy over the sources that changed since a commit (default: the commit before the last), or over the files named.
+# Runs clang-tidy over the sources of the program and its tests (the benchmarks need a release build) that changed since a commit (default: the commit before the last), or over the files named.
 # Usage: scripts/lint.sh [COMMIT | FILE...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -10,7 +10,7 @@ if [ $# -gt 0 ] && [ -f "$1" ]; then
 else
   base="${1:-HEAD~1}"
   git rev-parse -q --verify "$base" >/dev/null || { echo "lint: no commit $base; nothing to compare with"; exit 0; }
-  mapfile -t files < <(git diff --name-only --diff-filter=d "$base" -- 'src/*.cpp' 'tests/*.cpp' 'bench/*.cpp')
+  mapfile -t files < <(git diff --name-only --diff-filter=d "$base" -- 'src/*.cpp' 'tests/*.cpp')
 fi
 [ ${#files[@]} -eq 0 ] && { echo "lint: no source changed"; exit 0; }
 
