@@ -8,10 +8,8 @@
 #include "testdata.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTemporaryDir>
-#include <functional>
 
 // What the user of a large address book waits for: 100,000 contacts, a third of them businesses.
 using namespace vorel;
@@ -42,18 +40,6 @@ void makeContacts(const QString &path)
     all.Commit();
 }
 
-std::vector<double> timesOf(const std::function<void()> &step)
-{
-    std::vector<double> times;
-    for (int run = 0; run < 7; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        step();
-        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    return times;
-}
-
 }
 
 int main(int argc, char **argv)
@@ -77,13 +63,13 @@ int main(int argc, char **argv)
     const Mode modes[] = {{u"all by letter"_s, records::readContacts}, {u"businesses by letter"_s, records::readBusinesses},
                           {u"private ones by letter"_s, records::readPrivateContacts}, {u"by category"_s, records::readContactCategories}};
     for (const Mode &mode : modes) {
-        bench::report(u"tree of 100,000 contacts, "_s + mode.name, timesOf([&] {
+        bench::report(u"tree of 100,000 contacts, "_s + mode.name, bench::timesOf([&] {
                           FillRecordTree(tree, mode.read, request);
                           SelectTreeNode(tree, u"50001"_s);
                           tree.viewport()->repaint();
                       }), 300);
     }
-    bench::report(u"screen of 100,000 contacts, opened and painted"_s, timesOf([] {
+    bench::report(u"screen of 100,000 contacts, opened and painted"_s, bench::timesOf([] {
                       frmContacts opened;
                       opened.show();
                       opened.repaint();         // its tree follows
@@ -92,7 +78,7 @@ int main(int argc, char **argv)
     screen.show();
     auto *search = screen.findChild<QLineEdit *>(u"txtSearch"_s);
     const auto type = [&](const QString &words) {
-        return timesOf([&, words] {
+        return bench::timesOf([&, words] {
             screen.dtaData().MoveFirst();
             search->setText(words);
             emit search->textEdited(words);
@@ -101,7 +87,7 @@ int main(int argc, char **argv)
     };
     bench::report(u"a key of the search, found"_s, type(u"Z"_s), 50);
     bench::report(u"a key of the search, no hit"_s, type(u"no such name"_s), 50);
-    bench::report(u"the next contact, shown"_s, timesOf([&] {
+    bench::report(u"the next contact, shown"_s, bench::timesOf([&] {
                       screen.dtaData().MoveNext();
                       screen.repaint();
                   }), 50);

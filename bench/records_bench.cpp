@@ -8,9 +8,7 @@
 #include "testdata.h"
 
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QTemporaryDir>
-#include <functional>
 
 // What the user of a large collection waits for: the tree of 10,000 books, read, shown and painted.
 using namespace vorel;
@@ -41,18 +39,6 @@ void makeBooks(const QString &path)
     all.Commit();
 }
 
-std::vector<double> timesOf(const std::function<void()> &step)
-{
-    std::vector<double> times;
-    for (int run = 0; run < 9; ++run) {
-        QElapsedTimer timer;
-        timer.start();
-        step();
-        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
-    }
-    return times;
-}
-
 }
 
 int main(int argc, char **argv)
@@ -78,17 +64,17 @@ int main(int argc, char **argv)
     for (const Mode &mode : modes) {
         const records::TreeRequest request{path, u"BOOKS"_s, mode.field, u"TITLE"_s};
         bench::report(u"10,000 titles "_s + mode.name + u", rows alone"_s,
-                      timesOf([&] {
+                      bench::timesOf([&] {
                           std::vector<records::TreeNode> nodes;
                           mode.read(request, nodes);
                       }), treeBudget);
-        bench::report(u"tree of 10,000 titles "_s + mode.name + u", painted"_s, timesOf([&] {
+        bench::report(u"tree of 10,000 titles "_s + mode.name + u", painted"_s, bench::timesOf([&] {
                           FillRecordTree(tree, mode.read, request);
                           SelectTreeNode(tree, u"5000"_s);
                           tree.viewport()->repaint();
                       }), treeBudget);
     }
-    bench::report(u"screen of 10,000 books, opened and painted"_s, timesOf([] {
+    bench::report(u"screen of 10,000 books, opened and painted"_s, bench::timesOf([] {
                       frmBooks opened;
                       opened.show();
                       opened.repaint();
@@ -96,12 +82,12 @@ int main(int argc, char **argv)
                   }), 150);
     frmBooks screen;
     screen.show();
-    bench::report(u"a book by its number, shown"_s, timesOf([&] {
+    bench::report(u"a book by its number, shown"_s, bench::timesOf([&] {
                       screen.dtaData().FindFirst(u"ID=9876"_s);
                       screen.dtaData().MoveFirst();
                       screen.repaint();
                   }), 100);
     bench::report(u"search of 10,000 titles, no hit"_s,
-                  timesOf([&] { screen.dtaData().Recordset().FindFirst(u"[TITLE] Like '*no such title*'"_s); }), 50);
-    bench::report(u"row change with its node in the tree"_s, timesOf([&] { SelectTreeNode(tree, u"9999"_s); SelectTreeNode(tree, u"1"_s); }), 10);
+                  bench::timesOf([&] { screen.dtaData().Recordset().FindFirst(u"[TITLE] Like '*no such title*'"_s); }), 50);
+    bench::report(u"row change with its node in the tree"_s, bench::timesOf([&] { SelectTreeNode(tree, u"9999"_s); SelectTreeNode(tree, u"1"_s); }), 10);
 }

@@ -8,6 +8,7 @@
 #include "store/rebuild.h"
 #include "store/upgrade.h"
 
+#include <QElapsedTimer>
 #include <algorithm>
 #include <cstdio>
 
@@ -57,6 +58,18 @@ void addAppointments(const QString &path, const AppointmentData &data)
     rows.Close();
     all.Commit();
     database.Close();
+}
+
+std::vector<double> timesOf(const std::function<void()> &step)
+{
+    std::vector<double> times;
+    for (int run = 0; run < 9; ++run) {
+        QElapsedTimer timer;
+        timer.start();
+        step();
+        times.push_back(static_cast<double>(timer.nsecsElapsed()) / 1e6);
+    }
+    return times;
 }
 
 void report(const QString &name, std::vector<double> milliseconds, double budget)

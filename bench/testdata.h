@@ -2,6 +2,8 @@
 
 #include "platform/dao/dao.h"
 
+#include <functional>
+
 // Data of the size that the budgets speak of, the same in each run.
 namespace vorel::bench {
 
@@ -15,6 +17,8 @@ basic::DateTime benchDay();
 // Makes the main file at the path as a first start does, and sets the clock, the region and the state for it.
 void makeMainFile(const QString &path);
 void addAppointments(const QString &path, const AppointmentData &data);
+// Milliseconds of nine runs of a step.
+std::vector<double> timesOf(const std::function<void()> &step);
 // "name: 12.3 ms, 0.12 of the budget of 100 ms", the median of the runs.
 void report(const QString &name, std::vector<double> milliseconds, double budget);
 
